@@ -1,0 +1,13 @@
+#include "forms/laboratory.h"
+
+namespace tarvex {
+
+Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(std::move(dataRoot)), desk(screen) {
+    s.say = [this](const std::string& text, const std::string& title) { desk.message(text, title); };
+    addNames(names, s);
+    addForms(*this);
+}
+
+Laboratory::~Laboratory() = default;
+
+}  // namespace tarvex

@@ -1,0 +1,30 @@
+#pragma once
+// The whole laboratory: the one program-wide state, the data tree and the forms that work on them.
+
+#include <filesystem>
+
+#include "core/data_tree.h"
+#include "core/model_state.h"
+#include "core/name_table.h"
+#include "runtime/desk.h"
+
+namespace tarvex {
+
+struct Laboratory {
+    /// @param screen    where the forms are shown; must outlive the laboratory
+    /// @param dataRoot  folder of the data tree
+    Laboratory(Screen& screen, std::filesystem::path dataRoot);
+    ~Laboratory();
+    Laboratory(const Laboratory&) = delete;
+    Laboratory& operator=(const Laboratory&) = delete;
+
+    ModelState s;
+    DataTree tree;
+    NameTable names;   ///< every shared variable by its name
+    Desk desk;         ///< last: the forms go before the state they work on
+};
+
+/// Makes every form of the laboratory known to its desk (all_forms.cpp).
+void addForms(Laboratory& lab);
+
+}  // namespace tarvex

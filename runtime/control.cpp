@@ -1,0 +1,95 @@
+#include "runtime/control.h"
+
+#include <algorithm>
+
+#include "runtime/form.h"
+
+namespace tarvex {
+
+Control::Control(Form* form, Kind kind, std::string name, std::string caption, std::string hint)
+    : form_(form), kind_(kind), name_(std::move(name)), caption_(std::move(caption)), hint_(std::move(hint)) {
+    form_->enter(*this);
+}
+
+void Control::changed() { form_->controlChanged(*this); }
+void Control::run(const Handler& handler) { form_->guarded(handler); }
+
+void Control::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+void Control::setEnabled(bool on) {
+    enabled_ = on;
+    changed();
+}
+
+void Control::setVisible(bool on) {
+    visible_ = on;
+    changed();
+}
+
+void Control::setHint(std::string hint) {
+    hint_ = std::move(hint);
+    changed();
+}
+
+TextField::TextField(Form* form, Spec spec)
+    : Control(form, Kind::Text, std::move(spec.name), std::move(spec.label), std::move(spec.hint)),
+      text_(std::move(spec.text)), readOnly_(spec.readOnly), lines_(spec.lines), width_(spec.width) {
+    if (spec.hidden) setVisible(false);
+}
+
+void TextField::setText(std::string text) {
+    text_ = std::move(text);
+    changed();
+    run(change_);
+}
+
+CheckBox::CheckBox(Form* form, Spec spec)
+    : Control(form, Kind::Check, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)), on_(spec.on) {}
+
+void CheckBox::set(bool on) {
+    if (on_ == on) return;
+    on_ = on;
+    changed();
+    run(change_);
+}
+
+OptionButton::OptionButton(Form* form, Spec spec)
+    : Control(form, Kind::Option, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)), on_(spec.on),
+      group_(std::move(spec.group)) {}
+
+void OptionButton::choose() {
+    for (Control* control : form().controls()) {
+        auto* other = control->kind() == Kind::Option ? static_cast<OptionButton*>(control) : nullptr;
+        if (other == nullptr || other == this || other->group_ != group_ || !other->on_) continue;
+        other->on_ = false;
+        other->changed();
+    }
+    on_ = true;
+    changed();
+    run(choice_);
+}
+
+CommandButton::CommandButton(Form* form, Spec spec)
+    : Control(form, Kind::Command, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)),
+      isDefault_(spec.isDefault) {}
+
+void CommandButton::press() {
+    if (enabled()) run(press_);
+}
+
+ScrollBar::ScrollBar(Form* form, Spec spec)
+    : Control(form, Kind::Scroll, std::move(spec.name), "", std::move(spec.hint)), min_(spec.min), max_(spec.max),
+      value_(spec.value) {}
+
+void ScrollBar::setValue(int value) {
+    value = std::clamp(value, min_, max_);
+    if (value == value_) return;
+    value_ = value;
+    changed();
+    run(change_);
+}
+
+}  // namespace tarvex

@@ -1,0 +1,226 @@
+#pragma once
+// The controls of a form, without any toolkit.  A control is known by its name ("Text31", "Check2(5)"); writing
+// to it runs its handler at once, inside the writer's call, under the guard of its form.
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/failure.h"
+#include "core/numbers.h"
+
+namespace tarvex {
+
+class Form;
+
+/// The fixed message that a handler shows when its body fails.
+struct Shown {
+    std::string text = "Задайте правильно данные";
+    std::string title = "Tarvex7m";
+};
+inline Shown orShow(std::string text, std::string title) { return {std::move(text), std::move(title)}; }
+
+struct Handler {
+    std::function<void()> action;
+    Shown message;
+};
+
+class Control {
+public:
+    enum class Kind { Text, Check, Option, Command, Scroll, Label, Picture };
+
+    Control(Form* form, Kind kind, std::string name, std::string caption, std::string hint);
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Kind kind() const { return kind_; }
+    Form& form() const { return *form_; }
+    const std::string& name() const { return name_; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool on);
+    bool visible() const { return visible_; }
+    void setVisible(bool on);
+    /// One line: what the control means, its unit, where its value goes.
+    const std::string& hint() const { return hint_; }
+    void setHint(std::string hint);
+
+protected:
+    void changed();            ///< tells the screen that this control must be shown anew
+    void run(const Handler&);  ///< runs a handler under the form's guard
+
+private:
+    Form* form_;
+    Kind kind_;
+    std::string name_, caption_, hint_;
+    bool enabled_ = true, visible_ = true;
+};
+
+/// A field that holds a text; its change handler runs on every write, also of an equal text.
+class TextField final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        std::string label = "";      ///< caption beside the field
+        std::string text = "";
+        std::string hint = "";
+        bool readOnly = false;       ///< a result: shown, not typed into
+        bool hidden = false;         ///< a trigger between forms
+        int lines = 1;               ///< more than one: a box of text lines
+        int width = 0;               ///< in digits; 0: the usual width of a number
+    };
+    TextField(Form* form, Spec spec);
+
+    const std::string& text() const { return text_; }
+    void setText(std::string text);
+    /// Shows a number with up to 15 digits and a decimal comma; throws ArithmeticFailure for no number.
+    void show(double v) { setText(toText(v)); }
+
+    double number() const { return toNumber(text_); }
+    std::int16_t int16() const { return toInt16(number()); }
+    std::int32_t int32() const { return toInt32(number()); }
+
+    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+
+    bool readOnly() const { return readOnly_; }
+    int lines() const { return lines_; }
+    int width() const { return width_; }
+
+private:
+    std::string text_;
+    bool readOnly_;
+    int lines_, width_;
+    Handler change_;
+};
+
+/// A box that is ticked or not; its handler runs when the tick changes.
+class CheckBox final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        std::string caption = "";
+        bool on = false;
+        std::string hint = "";
+    };
+    CheckBox(Form* form, Spec spec);
+
+    bool on() const { return on_; }
+    void set(bool on);
+    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+
+private:
+    bool on_;
+    Handler change_;
+};
+
+/// One of a group of which exactly one (or, before the first choice, none) is on.
+class OptionButton final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        std::string caption = "";
+        std::string group = "";      ///< options of the same group on a form exclude each other
+        bool on = false;
+        std::string hint = "";
+    };
+    OptionButton(Form* form, Spec spec);
+
+    bool on() const { return on_; }
+    const std::string& group() const { return group_; }
+    /// Switches this option on and the others of its group off, and runs its handler (also when it was on).
+    void choose();
+    void onChoose(std::function<void()> action, Shown message = {}) { choice_ = {std::move(action), std::move(message)}; }
+
+private:
+    bool on_;
+    std::string group_;
+    Handler choice_;
+};
+
+class CommandButton final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        std::string caption = "";
+        std::string hint = "";
+        bool isDefault = false;      ///< pressed by Enter
+    };
+    CommandButton(Form* form, Spec spec);
+
+    /// Runs the handler to its end; a disabled command does nothing.
+    void press();
+    void onPress(std::function<void()> action, Shown message = {}) { press_ = {std::move(action), std::move(message)}; }
+    bool isDefault() const { return isDefault_; }
+
+private:
+    bool isDefault_;
+    Handler press_;
+};
+
+class ScrollBar final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        int min = 0, max = 100, value = 0;
+        std::string hint = "";
+    };
+    ScrollBar(Form* form, Spec spec);
+
+    int min() const { return min_; }
+    int max() const { return max_; }
+    int value() const { return value_; }
+    /// Sets the value, held within min..max, and runs the change handler when it differs from the old one.
+    void setValue(int value);
+    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+
+private:
+    int min_, max_, value_;
+    Handler change_;
+};
+
+/// A caption that the program changes.
+class Label final : public Control {
+public:
+    struct Spec {
+        std::string name;
+        std::string caption = "";
+        std::string hint = "";
+    };
+    Label(Form* form, Spec spec) : Control(form, Kind::Label, spec.name, spec.caption, spec.hint) {}
+};
+
+/// Controls of one name with an index: Text1(0) .. Text1(10).  A bad index is a SubscriptFailure.
+template <class T>
+class ControlArray {
+public:
+    /// @param spec  called with each index, gives the Spec of that control without its index in the name
+    template <class MakeSpec>
+    ControlArray(Form* form, int first, int last, MakeSpec spec) : first_(first) {
+        for (int i = first; i <= last; ++i) {
+            typename T::Spec one = spec(i);
+            one.name += "(" + std::to_string(i) + ")";
+            items_.push_back(std::make_unique<T>(form, std::move(one)));
+        }
+    }
+    T& operator()(int i) const {
+        if (i < first_ || i > last()) throw SubscriptFailure("no control with index " + std::to_string(i));
+        return *items_[i - first_];
+    }
+    int first() const { return first_; }
+    int last() const { return first_ + static_cast<int>(items_.size()) - 1; }
+
+private:
+    int first_;
+    std::vector<std::unique_ptr<T>> items_;
+};
+
+using TextFields = ControlArray<TextField>;
+using CheckBoxes = ControlArray<CheckBox>;
+using OptionButtons = ControlArray<OptionButton>;
+
+}  // namespace tarvex

@@ -1,0 +1,81 @@
+#pragma once
+// The desk holds the loaded forms.  A form is made at the first reference to it, stays beside the others until it
+// is unloaded, and outlives the handler in which it was unloaded.
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "runtime/form.h"
+#include "runtime/screen.h"
+
+namespace tarvex {
+
+class Desk {
+public:
+    using Maker = std::function<std::unique_ptr<Form>()>;
+
+    explicit Desk(Screen& screen) : screen_(screen) {}
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    Screen& screen() const { return screen_; }
+    void message(const std::string& text, const std::string& title);
+    /// Gives way to the user; the floating-point flags of the calculation are kept.
+    void yield();
+
+    /// Makes a form known under its name; forms are counted in the order they are added.
+    void add(const std::string& name, Maker maker);
+    bool knows(const std::string& name) const { return makers_.contains(name); }
+    const std::vector<std::string>& names() const { return order_; }
+
+    bool isLoaded(const std::string& name) const { return loaded_.contains(name); }
+    bool anyLoaded() const { return !loaded_.empty(); }
+    /// The form, loaded at the first reference.  Throws Failure for an unknown name.
+    Form& form(const std::string& name);
+    /// The form by its type, which names it: lab.desk.get<Form2>().
+    template <class F>
+    F& get() {
+        return static_cast<F&>(form(F::formName));
+    }
+    /// Loads the form without showing it and unloads it at once, for what its load writes into the state.
+    void loadAndUnload(const std::string& name);
+
+    /// Opens the form's window without blocking and turns to it.
+    void show(const std::string& name);
+    /// The user or a script now works on this form: its activation runs if another form was active before.
+    void turnTo(Form& form);
+    void unload(const std::string& name);
+    /// Unloads the form `first` and then all others in their order; the program ends with the last.
+    void unloadAll(const std::string& first);
+
+    /// Held while a handler runs.
+    class InHandler {
+    public:
+        explicit InHandler(Desk& desk) : desk_(desk) { ++desk_.depth_; }
+        ~InHandler() { desk_.leaveHandler(); }
+        InHandler(const InHandler&) = delete;
+        InHandler& operator=(const InHandler&) = delete;
+
+    private:
+        Desk& desk_;
+    };
+    /// True while some handler is running (a calculation that has given way, for instance).
+    bool busy() const { return depth_ > 0; }
+
+private:
+    void leaveHandler();
+
+    Screen& screen_;
+    std::vector<std::string> order_;
+    std::map<std::string, Maker> makers_;
+    std::map<std::string, std::unique_ptr<Form>> loaded_;
+    std::vector<std::unique_ptr<Form>> leaving_;   ///< unloaded in a handler that still runs
+    std::string active_;
+    int depth_ = 0;
+};
+
+}  // namespace tarvex

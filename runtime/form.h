@@ -1,0 +1,62 @@
+#pragma once
+// A screen of the laboratory: its controls in tab order, their layout, and the guard under which handlers run.
+
+#include <string>
+#include <vector>
+
+#include "runtime/control.h"
+#include "runtime/layout.h"
+#include "runtime/picture.h"
+
+namespace tarvex {
+
+class Desk;
+
+class Form {
+public:
+    Form(Desk& desk, std::string name, std::string title);
+    virtual ~Form() = default;
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    const std::string& name() const { return name_; }
+    const std::string& title() const { return title_; }
+    Desk& desk() const { return desk_; }
+
+    /// After the controls exist and the desk knows the form, before it is first shown.
+    virtual void load() {}
+    /// Each time the user (or a script) turns to this form from another.
+    virtual void activate() {}
+    /// Before the form goes.
+    virtual void unload() {}
+
+    const std::vector<Control*>& controls() const { return controls_; }
+    /// Control by name, "Text1(3)"; null when there is none.
+    Control* find(const std::string& name) const;
+    const Layout& layout() const { return layout_; }
+
+    /// Runs a handler: whatever fails inside ends in its fixed message, what it wrote before stays.
+    void guarded(const Handler& handler);
+
+    /// Progress of a long run for the status line: share done 0..1, below 0 when the run is over.
+    void progress(double share);
+
+protected:
+    /// Binds a command to opening another form; while the laboratory has no such form the command is disabled.
+    void opens(CommandButton& command, const std::string& formName);
+    /// Unloads this form; it lives on until the running handler has ended.
+    void close();
+
+    Layout layout_;
+
+private:
+    friend class Control;
+    void enter(Control& control) { controls_.push_back(&control); }
+    void controlChanged(Control& control);
+
+    Desk& desk_;
+    std::string name_, title_;
+    std::vector<Control*> controls_;
+};
+
+}  // namespace tarvex

@@ -1,0 +1,126 @@
+#include "runtime/picture.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/arithmetic.h"
+#include "runtime/desk.h"
+#include "runtime/form.h"
+
+namespace tarvex {
+
+namespace {
+constexpr double farOutside = 20;     ///< in picture sizes: beyond it a point is not drawn
+constexpr double lineHeight = 15;     ///< of texts, in canvas units
+}  // namespace
+
+Picture::Picture(Form* form, Spec spec)
+    : Control(form, Kind::Picture, std::move(spec.name), "", std::move(spec.hint)), width_(spec.width),
+      height_(spec.height), background_(spec.background) {}
+
+Canvas* Picture::canvas() {
+    if (!canvas_) {
+        canvas_ = form().desk().screen().makeCanvas(*this);
+        if (canvas_) canvas_->clear(background_);
+    }
+    return canvas_.get();
+}
+
+void Picture::setScale(double left, double top, double right, double bottom) {
+    if (finite(left) == finite(right) || finite(top) == finite(bottom)) throw ArithmeticFailure("picture scale is empty");
+    left_ = left;
+    top_ = top;
+    right_ = right;
+    bottom_ = bottom;
+}
+
+void Picture::resize(int width, int height) {
+    width_ = std::clamp(width, 50, 8000);
+    height_ = std::clamp(height, 50, 8000);
+    canvas_.reset();
+    changed();
+}
+
+void Picture::clear() {
+    const FlagsKept flags;
+    if (Canvas* c = canvas()) c->clear(background_);
+    changed();
+}
+
+bool Picture::place(double x, double y, double& cx, double& cy) {
+    Canvas* c = canvas();
+    if (c == nullptr) return false;
+    const double sx = (x - left_) / (right_ - left_), sy = (y - top_) / (bottom_ - top_);
+    if (!(std::abs(sx) < farOutside) || !(std::abs(sy) < farOutside)) return false;
+    cx = sx * c->width();
+    cy = sy * c->height();
+    return true;
+}
+
+void Picture::line(double x1, double y1, double x2, double y2, Color color) {
+    const FlagsKept flags;
+    double a, b, c, d;
+    if (!place(x1, y1, a, b) || !place(x2, y2, c, d)) return;
+    canvas_->line(a, b, c, d, color);
+    changed();
+}
+
+void Picture::circle(double x, double y, double radius, Color color) {
+    const FlagsKept flags;
+    double a, b;
+    if (!place(x, y, a, b)) return;
+    canvas_->circle(a, b, std::abs(radius / (right_ - left_)) * canvas_->width(), color, false);
+    changed();
+}
+
+void Picture::disc(double x, double y, double radius, Color color) {
+    const FlagsKept flags;
+    double a, b;
+    if (!place(x, y, a, b)) return;
+    canvas_->circle(a, b, std::abs(radius / (right_ - left_)) * canvas_->width(), color, true);
+    changed();
+}
+
+void Picture::cross(double x, double y, double half, Color color) {
+    line(x - half, y, x + half, y, color);
+    line(x, y - half, x, y + half, color);
+}
+
+void Picture::text(double x, double y, const std::string& text, Color color) {
+    const FlagsKept flags;
+    double a, b;
+    if (!place(x, y, a, b)) return;
+    for (std::size_t from = 0; from <= text.size(); b += lineHeight) {
+        const auto end = std::min(text.find('\n', from), text.size());
+        std::string one = text.substr(from, end - from);
+        if (!one.empty() && one.back() == '\r') one.pop_back();
+        canvas_->text(a, b, one, color, lineHeight);
+        from = end + 1;
+    }
+    changed();
+}
+
+void Picture::save(const std::filesystem::path& path) {
+    const FlagsKept flags;
+    if (Canvas* c = canvas()) c->save(path);
+}
+
+void Picture::onClick(Mouse action, Shown message) {
+    click_ = std::move(action);
+    clickMessage_ = std::move(message);
+}
+
+void Picture::onRelease(Mouse action, Shown message) {
+    release_ = std::move(action);
+    releaseMessage_ = std::move(message);
+}
+
+void Picture::click(double x, double y, Button button) {
+    if (click_) run({[&] { click_(x, y, button); }, clickMessage_});
+}
+
+void Picture::release(double x, double y, Button button) {
+    if (release_) run({[&] { release_(x, y, button); }, releaseMessage_});
+}
+
+}  // namespace tarvex

@@ -1,0 +1,91 @@
+#pragma once
+// Picture areas with a user scale.  What is drawn goes straight to a canvas of fixed size, so memory does not
+// grow with the number of points; a screen shows the canvas at any size.
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "runtime/control.h"
+
+namespace tarvex {
+
+struct Color {
+    int r = 0, g = 0, b = 0;
+    bool operator==(const Color&) const = default;
+};
+
+/// Where a picture is drawn.  Coordinates are canvas units: x to the right from 0 to width(), y down from 0 to
+/// height(); text is placed by its top left corner.
+class Canvas {
+public:
+    virtual ~Canvas() = default;
+    virtual double width() const = 0;
+    virtual double height() const = 0;
+    virtual void clear(Color background) = 0;
+    virtual void line(double x1, double y1, double x2, double y2, Color color) = 0;
+    virtual void circle(double x, double y, double radius, Color color, bool filled) = 0;
+    virtual void text(double x, double y, const std::string& text, Color color, double size) = 0;
+    /// Writes the picture; the ending of the name (.bmp, .png) tells the format.  Throws FileFailure.
+    virtual void save(const std::filesystem::path& path) const = 0;
+};
+
+class Picture final : public Control {
+public:
+    enum class Button { Left, Right };
+    struct Spec {
+        std::string name;
+        int width = 700, height = 500;   ///< usual size in pixels; its shape is kept when a window resizes
+        Color background = {255, 255, 255};
+        std::string hint = "";
+    };
+    using Mouse = std::function<void(double x, double y, Button button)>;
+
+    Picture(Form* form, Spec spec);
+
+    /// User coordinates of the left top and right bottom corners, "(-10, 12)-(10, -10)".
+    void setScale(double left, double top, double right, double bottom);
+    /// Changes the shape of the picture (a plan with more rows); clears it.
+    void resize(int width, int height);
+    void clear();
+    void setBackground(Color background) { background_ = background; }
+
+    // All in user coordinates.  A point far outside, or no number, is not drawn.
+    void line(double x1, double y1, double x2, double y2, Color color);
+    void circle(double x, double y, double radius, Color color);   ///< outline; the radius counts in units of x
+    void disc(double x, double y, double radius, Color color);     ///< filled
+    void cross(double x, double y, double half, Color color);
+    /// Text with its top left corner at (x, y); a line end starts a new line below.
+    void text(double x, double y, const std::string& text, Color color = {0, 0, 0});
+
+    /// Saves the picture as it stands.  Throws FileFailure; the old file stays whole then.
+    void save(const std::filesystem::path& path);
+
+    void onClick(Mouse action, Shown message = {});
+    void onRelease(Mouse action, Shown message = {});
+    /// Mouse events at user coordinates, from the screen or the script player.
+    void click(double x, double y, Button button);
+    void release(double x, double y, Button button);
+    bool hasMouseMeaning() const { return static_cast<bool>(click_) || static_cast<bool>(release_); }
+
+    int width() const { return width_; }
+    int height() const { return height_; }
+    Color background() const { return background_; }
+    double toUserX(double share) const { return left_ + share * (right_ - left_); }   ///< share of the width, 0..1
+    double toUserY(double share) const { return top_ + share * (bottom_ - top_); }    ///< share of the height, 0..1
+    /// The canvas, made at the first use.  Null where the screen draws nothing.
+    Canvas* canvas();
+
+private:
+    bool place(double x, double y, double& cx, double& cy);
+
+    int width_, height_;
+    Color background_;
+    double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
+    std::unique_ptr<Canvas> canvas_;
+    Mouse click_, release_;
+    Shown clickMessage_, releaseMessage_;
+};
+
+}  // namespace tarvex

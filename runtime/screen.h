@@ -1,0 +1,40 @@
+#pragma once
+// What a screen must be able to do for the forms.  The desktop, the script player and the tests each have one.
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tarvex {
+
+class Canvas;
+class Control;
+class Form;
+class Picture;
+
+class Screen {
+public:
+    virtual ~Screen() = default;
+
+    // --- talking to the user
+    virtual void message(const std::string& text, const std::string& title) = 0;
+    virtual bool ask(const std::string& question, const std::string& title) = 0;   ///< true for yes
+    virtual void notify(const std::string& text) = 0;                              ///< end of a long run
+    virtual void progress(Form& form, double share) = 0;                           ///< share < 0: the run is over
+
+    // --- giving way
+    /// Lets the user act in the middle of a long calculation.  Cheap however often it is called.
+    virtual void yield() = 0;
+    /// Waits, answering the user meanwhile.
+    virtual void pause(int milliseconds) = 0;
+    /// Runs an action after the present handler has returned to the event loop.
+    virtual void post(std::function<void()> action) = 0;
+
+    // --- forms and controls
+    virtual void formShown(Form& form) = 0;       ///< open its window, or bring it to the front
+    virtual void formUnloaded(Form& form) = 0;    ///< close its window
+    virtual void controlChanged(Control& control) = 0;
+    virtual std::unique_ptr<Canvas> makeCanvas(Picture& picture) = 0;   ///< may be null: nothing is drawn
+};
+
+}  // namespace tarvex

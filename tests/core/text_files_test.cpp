@@ -1,0 +1,90 @@
+#include "core/text_files.h"
+
+#include <gtest/gtest.h>
+
+#include "core/data_tree.h"
+#include "core/failure.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvex {
+
+using test::readBytes;
+using test::TempFolder;
+using test::writeBytes;
+
+TEST(TextFiles, ReadsItemsAcrossLinesAndTextsBetween) {
+    const TempFolder folder;
+    const auto path = folder.path() / "a.txt";
+    writeBytes(path, "\xEF\xBB\xBF 1500 , 1,1801   MK=1 000\r\n\r\nзаголовок\n-0.5D+01 7\r\n");
+    TextReader reader(path);
+    EXPECT_EQ(reader.number(), 1500);
+    EXPECT_EQ(reader.int32(), 1);
+    EXPECT_EQ(reader.int16(), 1801);
+    EXPECT_EQ(reader.line(), "   MK=1 000");
+    EXPECT_EQ(reader.line(), "");
+    EXPECT_EQ(reader.line(), "заголовок");
+    EXPECT_EQ(reader.number(), -5);
+    EXPECT_FALSE(reader.noMoreItems());
+    EXPECT_EQ(reader.number(), 7);
+    EXPECT_TRUE(reader.noMoreItems());
+    EXPECT_THROW(reader.number(), FileFailure);
+    EXPECT_THROW(reader.line(), FileFailure);
+}
+
+TEST(TextFiles, OldCodePageIsRead) {
+    const TempFolder folder;
+    const auto path = folder.path() / "old.txt";
+    writeBytes(path, "\xCC\xE5\xF0\xEA\xF3\xF0\xE8\xE9 \xB9 5\r\n");
+    EXPECT_EQ(TextReader(path).line(), "Меркурий № 5");
+    EXPECT_EQ(decoded("Ёж"), "Ёж");
+    EXPECT_EQ(decoded("\xA8"), "Ё");
+    EXPECT_EQ(decoded("\xD0"), "Р");                 // a lone lead byte is no UTF-8
+}
+
+TEST(TextFiles, DamagedInputIsAFailureNotACrash) {
+    const TempFolder folder;
+    const auto path = folder.path() / "b.txt";
+    EXPECT_THROW(TextReader(folder.path() / "none.txt"), OpenFailure);
+    EXPECT_THROW(TextReader(folder.path()), OpenFailure);
+    writeBytes(path, "12 слово 40000");
+    TextReader words(path);
+    EXPECT_EQ(words.number(), 12);
+    EXPECT_THROW(words.number(), FileFailure);
+    EXPECT_THROW(words.int16(), FileFailure);
+    writeBytes(path, std::string(3 << 20, 'x'));
+    EXPECT_THROW(TextReader(path).number(), FileFailure);
+    writeBytes(path, std::string("\x01\xFF\0\x90", 4));
+    EXPECT_THROW(TextReader(path).number(), FileFailure);
+}
+
+TEST(TextFiles, RewriteIsWholeOrNotAtAll) {
+    const TempFolder folder;
+    const auto path = folder.path() / "c.txt";
+    writeBytes(path, "old");
+    {
+        TextWriter abandoned(path);
+        abandoned.line("new");
+    }
+    EXPECT_EQ(readBytes(path), "old");
+    TextWriter writer(path);
+    writer.line("Привет");
+    writer.items(1, -2.5, 1e14);
+    EXPECT_EQ(readBytes(path), "old");
+    writer.commit();
+    EXPECT_EQ(readBytes(path), "Привет\r\n 1 -2.5  100000000000000 \r\n");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_THROW(TextWriter(folder.path() / "none" / "c.txt"), OpenFailure);
+    EXPECT_THROW(TextWriter(folder.path()), OpenFailure);
+    appendLine(path, "хвост");
+    EXPECT_TRUE(readBytes(path).ends_with("хвост\r\n"));
+    EXPECT_THROW(appendLine(folder.path() / "none" / "c.txt", ""), OpenFailure);
+}
+
+TEST(TextFiles, NamesOfTheTree) {
+    const DataTree tree("/top");
+    EXPECT_EQ(files::parameters(7), "\\Dat\\Tarvex7.dat");
+    EXPECT_EQ(tree.at(files::runRecord(0, 1, 12)), std::filesystem::path("/top/Plan0/Txt1/Tarvex1Ras12.txt"));
+    EXPECT_EQ(tree.at(files::series("\\Ser\\Plan3", 11)), std::filesystem::path("/top/Ser/Plan3/Tarvex11Nab.txt"));
+}
+
+}  // namespace tarvex

@@ -1,0 +1,78 @@
+#pragma once
+// A screen for tests: it keeps every message, answers questions from a queue, calls back at each yield, and its
+// canvases record what was drawn.
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "runtime/picture.h"
+#include "runtime/screen.h"
+
+namespace tarvex::test {
+
+struct Drawn {
+    enum class Kind { Line, Circle, Disc, Text } kind;
+    double x, y, x2, y2;   ///< second point of a line; x2 the radius of a circle
+    Color color;
+    std::string text;
+};
+
+class RecordingCanvas final : public Canvas {
+public:
+    RecordingCanvas(double width, double height) : width_(width), height_(height) {}
+    double width() const override { return width_; }
+    double height() const override { return height_; }
+    void clear(Color) override { drawn.clear(); }
+    void line(double x1, double y1, double x2, double y2, Color color) override;
+    void circle(double x, double y, double radius, Color color, bool filled) override;
+    void text(double x, double y, const std::string& text, Color color, double size) override;
+    void save(const std::filesystem::path& path) const override;
+
+    std::vector<Drawn> drawn;
+
+private:
+    double width_, height_;
+};
+
+class RecordingScreen final : public Screen {
+public:
+    struct Message {
+        std::string text, title;
+        bool operator==(const Message&) const = default;
+    };
+
+    void message(const std::string& text, const std::string& title) override { messages.push_back({text, title}); }
+    bool ask(const std::string& question, const std::string& title) override;
+    void notify(const std::string& text) override { notices.push_back(text); }
+    void progress(Form&, double share) override { lastProgress = share; }
+    void yield() override;
+    void pause(int milliseconds) override { paused += milliseconds; }
+    void post(std::function<void()> action) override { posted.push_back(std::move(action)); }
+    void formShown(Form& form) override;
+    void formUnloaded(Form& form) override;
+    void controlChanged(Control&) override { ++changes; }
+    std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
+
+    /// Runs what was posted, also what that posts, until nothing is left.
+    void runPosted();
+    /// Title and text of the only message since the last call; fails the test when there is not exactly one.
+    Message onlyMessage();
+
+    std::vector<Message> messages;
+    std::vector<Message> questions;
+    std::deque<bool> answers;                 ///< none left: the answer is no
+    std::vector<std::string> notices;
+    std::vector<std::string> shown;           ///< names of forms in the order they were shown
+    std::vector<std::string> unloaded;
+    std::deque<std::function<void()>> posted;
+    std::function<void(int count)> atYield;   ///< called at each yield with its number from 1
+    int yields = 0, paused = 0, changes = 0;
+    double lastProgress = -1;
+};
+
+/// What a picture has drawn on its recording canvas.
+const std::vector<Drawn>& drawnOn(Picture& picture);
+
+}  // namespace tarvex::test
