@@ -1,3 +1,4 @@
+#include "forms/form14.h"
 #include "forms/laboratory.h"
 
 namespace tarvex {
@@ -6,12 +7,14 @@ namespace {
 
 /// The form F under its own name.
 template <class F>
-[[maybe_unused]] void add(Laboratory& lab) {
+void add(Laboratory& lab) {
     lab.desk.add(F::formName, [&lab] { return std::make_unique<F>(lab); });
 }
 
 }  // namespace
 
-void addForms([[maybe_unused]] Laboratory& lab) {}   // in the order of their numbers, the order in which exit unloads them
+void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
+    add<Form14>(lab);
+}
 
 }  // namespace tarvex
