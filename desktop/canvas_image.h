@@ -1,0 +1,46 @@
+#pragma once
+// A canvas on an image: what the desktop shows and what the script player saves.
+
+#include <QImage>
+#include <memory>
+
+#include "runtime/picture.h"
+
+class QPainter;
+
+namespace tarvex {
+
+/// Draws at twice the size of the canvas, so that it stays sharp when a window shows it larger.
+/// Lines and circles are not smoothed: a form erases a line by drawing it again in the background colour.
+class ImageCanvas final : public Canvas {
+public:
+    ImageCanvas(int width, int height);
+    ~ImageCanvas() override;
+
+    double width() const override { return width_; }
+    double height() const override { return height_; }
+    void clear(Color background) override;
+    void line(double x1, double y1, double x2, double y2, Color color) override;
+    void circle(double x, double y, double radius, Color color, bool filled) override;
+    void text(double x, double y, const std::string& text, Color color, double size) override;
+    void save(const std::filesystem::path& path) const override;
+
+    /// What has been drawn, at pixelsPerUnit; null while nothing but the background has been.
+    const QImage& image() const;
+    Color background() const { return background_; }
+
+    static constexpr int pixelsPerUnit = 2;
+
+private:
+    QPainter& painter(Color color);
+
+    int width_, height_;
+    Color background_{255, 255, 255};
+    QImage image_;                               ///< made at the first line: an unused picture costs nothing
+    mutable std::unique_ptr<QPainter> painter_;  ///< kept between lines, ended when the image is read
+};
+
+/// A canvas of this size in canvas units.  Works in a program without any window too.
+std::unique_ptr<Canvas> makeImageCanvas(int width, int height);
+
+}  // namespace tarvex
