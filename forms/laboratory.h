@@ -7,6 +7,7 @@
 #include "core/model_state.h"
 #include "core/name_table.h"
 #include "runtime/desk.h"
+#include "stats/plan_block.h"
 
 namespace tarvex {
 
@@ -19,6 +20,7 @@ struct Laboratory {
     Laboratory& operator=(const Laboratory&) = delete;
 
     ModelState s;
+    PlanBlock plan;    ///< the plan of a multifactor experiment
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on

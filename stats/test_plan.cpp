@@ -1,0 +1,71 @@
+#include "stats/test_plan.h"
+
+#include <cmath>
+
+#include "core/arithmetic.h"
+#include "core/data_tree.h"
+#include "core/text_files.h"
+
+namespace tarvex {
+
+namespace {
+void needExperiment(int u) {
+    if (u < 1 || u > maxPoints) throw SubscriptFailure("experiment number");
+}
+}  // namespace
+
+double testCriterion(const PlanBlock& p, int u, double km5, double km2) {
+    needExperiment(u);
+    const double target[] = {0, 100, 100, 100, 100, 1, km5, km2};
+    double linear = 0, squared = 0;
+    for (int i = 1; i <= 7; ++i) {
+        const double away = ratio(p.XU[i][u] - target[i], target[i]);
+        linear += std::abs(away);
+        squared += away * away;
+    }
+    return linear + squared;
+}
+
+std::string testPlanTitle(const PlanBlock& p, bool roto) {
+    return "эксперименты выполненные на форме 2 по тесту для  " + toText(p.Nf) + " факторного   " +
+           (roto ? "Roto" : "Orto") + "   плана ";
+}
+
+void writeTestPlanHead(const DataTree& tree, const PlanBlock& p, bool roto) {
+    TextWriter file(tree.at(files::testPlan(p.Nf)));
+    file.line(testPlanTitle(p, roto));
+    file.items(p.Nf, p.Nplan, 0);
+    for (int i = 1; i <= p.Nf; ++i) file.items(Fix(MK * p.Xnul[i]), Fix(MK * p.dXvar[i]));
+    file.line("   ");
+    file.commit();
+}
+
+void appendTestExperiment(const DataTree& tree, const PlanBlock& p, int u, double y) {
+    appendLine(tree.at(files::testPlan(p.Nf)), fileItem(u) + fileItem(Fix(MK * y)));
+}
+
+bool readTestPlan(const DataTree& tree, PlanBlock& p) {
+    TextReader file(tree.at(files::testPlan(p.Nf)));
+    file.line();
+    if (file.int16() != p.Nf || file.int16() != p.Nplan) return false;
+    const double Yopt = file.number() / MK;
+    auto Xnul = p.Xnul;
+    auto dXvar = p.dXvar;
+    auto Yu = p.Yu;
+    for (int i = 1; i <= p.Nf; ++i) {
+        Xnul[i] = file.number() / MK;
+        dXvar[i] = file.number() / MK;
+    }
+    for (int n = 1; n <= p.Nplan; ++n) {
+        const int u = file.int16();
+        if (u < 1 || u > p.Nplan) throw FileFailure("experiment outside the plan");
+        Yu[u] = file.number() / MK;
+    }
+    p.Yopt = Yopt;
+    p.Xnul = Xnul;
+    p.dXvar = dXvar;
+    p.Yu = Yu;
+    return true;
+}
+
+}  // namespace tarvex
