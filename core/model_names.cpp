@@ -18,6 +18,7 @@ void addNames(NameTable& table, const ModelState& s) {
     NAME(JDt02); NAME(Ipl); NAME(Ipl2); NAME(IplSel); NAME(IplJ); NAME(Icentr); NAME(kodMoon);
     NAME(kodBary); NAME(kodStop); NAME(NFile); NAME(NC); NAME(NC0); NAME(Dt); NAME(DtCur); NAME(kDt);
     NAME(NPlan); NAME(Lpl); NAME(Bpl); NAME(Rpl); NAME(Tsv); NAME(LonPl); NAME(LatPl); NAME(Rcur);
+    NAME(DXcur); NAME(DYcur); NAME(DZcur); NAME(Rxycur);
     NAME(Mprec); NAME(Prec); NAME(Azim); NAME(Vys); NAME(TAU); NAME(ObsB); NAME(ObsL); NAME(GMST);
     NAME(LMST); NAME(kLl); NAME(kLp); NAME(Ipert1); NAME(Ipert2); NAME(NameData); NAME(TipData);
 #undef NAME

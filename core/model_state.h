@@ -123,6 +123,7 @@ struct ModelState {
     Rows LonPl{};                 ///< longitude seen by PairGeometry, degrees
     double LatPl = 0;             ///< latitude of the last PairGeometry, degrees (obliquity in rad after a turn)
     double Rcur = 0;              ///< distance of the last PairGeometry, m
+    double DXcur = 0, DYcur = 0, DZcur = 0, Rxycur = 0;   ///< its differences and their length in the plane, m
     Row2<double, 4, 4> Mprec{};   ///< precession matrix, rows and columns 1..3
     double Prec = 0;              ///< accumulated precession of the last PrecessMatrixEcl, rad
     double Azim = 0, Vys = 0;     ///< azimuth from the south westward, altitude, degrees

@@ -28,7 +28,8 @@ TEST(ModelNames, EveryDeclaredVariableIsKnown) {
     // a name stands before '{', '=', ',' or ';' and after a type or a comma, with its initialiser cut out
     std::string flat = std::regex_replace(text, std::regex("=[^;]*;"), ";");
     flat = std::regex_replace(flat, std::regex("\\{\\}"), "");
-    const std::regex declaration("(?:Rows|double|std::int\\d+_t|std::string|Row2<[^;]*?>|std::array<[^;]*?>)\\s+([A-Za-z_0-9, =]+);");
+    const std::regex declaration(
+        "(?:Rows|double|std::int\\d+_t|std::string|Row2<[^;]*?>|std::array<[^;]*?>)\\s+([A-Za-z_0-9, =]+);");
     for (std::sregex_iterator it(flat.begin(), flat.end(), declaration), end; it != end; ++it) {
         std::stringstream names((*it)[1]);
         for (std::string name; std::getline(names, name, ',');) {

@@ -10,7 +10,7 @@
 namespace tarvex {
 
 TEST(Numbers, CutsLiterallyAndNeverLeavesMinusZero) {
-    EXPECT_EQ(Fix(MK * 0.000251), 250);            // the product lies just below 251
+    EXPECT_EQ(Fix(MK * 0.000251), 250);  // the product lies just below 251
     EXPECT_EQ(Fix(1.98892e30 / 1e25), 198891);
     EXPECT_EQ(Fix(-1.9), -1);
     EXPECT_EQ(Int(-1.1), -2);
@@ -36,7 +36,8 @@ TEST(Numbers, ReadsWhatAPersonTypesAndNothingElse) {
     EXPECT_EQ(toNumber("0.24D-02"), 0.0024);
     EXPECT_EQ(toNumber(",5"), 0.5);
     EXPECT_EQ(toNumber("-1e-400"), 0);
-    for (const char* bad : {"", " ", "abc", "1 000", "1.000,5", "1,2,3", "12x", "nan", "inf", "--1", "+-1", "0x10", "1e", ","})
+    for (const char* bad :
+         {"", " ", "abc", "1 000", "1.000,5", "1,2,3", "12x", "nan", "inf", "--1", "+-1", "0x10", "1e", ","})
         EXPECT_THROW(toNumber(bad), ConversionFailure) << bad;
     EXPECT_THROW(toNumber("1e400"), OverflowFailure);
 }
@@ -59,7 +60,7 @@ TEST(Numbers, WritesReadableTextsThatReadBack) {
 TEST(Numbers, FormatsByPattern) {
     EXPECT_EQ(Format(1.5, "00.00"), "01,50");
     EXPECT_EQ(Format(-12.345, "0000.00"), "-0012,35");
-    EXPECT_EQ(Format(2.675, "0.00"), "2,68");        // half away from zero in the decimal sense
+    EXPECT_EQ(Format(2.675, "0.00"), "2,68");  // half away from zero in the decimal sense
     EXPECT_EQ(Format(-0.001, "00.00"), "00,00");
     EXPECT_EQ(Format(12345, "00"), "12345");
     EXPECT_EQ(Format(-57909226.541, "000000000.000"), "-057909226,541");

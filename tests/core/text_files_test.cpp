@@ -38,7 +38,7 @@ TEST(TextFiles, OldCodePageIsRead) {
     EXPECT_EQ(TextReader(path).line(), "Меркурий № 5");
     EXPECT_EQ(decoded("Ёж"), "Ёж");
     EXPECT_EQ(decoded("\xA8"), "Ё");
-    EXPECT_EQ(decoded("\xD0"), "Р");                 // a lone lead byte is no UTF-8
+    EXPECT_EQ(decoded("\xD0"), "Р");  // a lone lead byte is no UTF-8
 }
 
 TEST(TextFiles, DamagedInputIsAFailureNotACrash) {
@@ -84,7 +84,8 @@ TEST(TextFiles, NamesOfTheTree) {
     const DataTree tree("/top");
     EXPECT_EQ(files::parameters(7), "\\Dat\\Tarvex7.dat");
     EXPECT_EQ(tree.at(files::runRecord(0, 1, 12)), std::filesystem::path("/top/Plan0/Txt1/Tarvex1Ras12.txt"));
-    EXPECT_EQ(tree.at(files::series("\\Ser\\Plan3", 11)), std::filesystem::path("/top/Ser/Plan3/Tarvex11Nab.txt"));
+    EXPECT_EQ(tree.at(files::series("\\Ser\\Plan3", 11)),
+              std::filesystem::path("/top/Ser/Plan3/Tarvex11Nab.txt"));
 }
 
 }  // namespace tarvex
