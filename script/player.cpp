@@ -1,0 +1,324 @@
+#include "script/player.h"
+
+#include <cctype>
+#include <istream>
+
+#include "core/failure.h"
+#include "core/name_table.h"
+#include "core/numbers.h"
+#include "core/text_files.h"
+#include "runtime/desk.h"
+#include "runtime/picture.h"
+#include "script/expression.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr std::size_t longestLine = 1 << 20;   ///< a longer line is no line of a script
+constexpr std::size_t quoted = 60;             ///< characters of a text shown in a message
+
+constexpr std::string_view statePrefix = "state.";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view trimLeft(std::string_view s) {
+    while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
+    return s;
+}
+std::string_view trim(std::string_view s) {
+    s = trimLeft(s);
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) s.remove_suffix(1);
+    return s;
+}
+
+/// A piece of a script for a message: short, and with nothing in it that a terminal would obey.
+std::string quote(std::string_view s) {
+    std::size_t length = std::min(s.size(), quoted);
+    while (length < s.size() && length > 0 && (s[length] & 0xC0) == 0x80) --length;   // whole letters
+    std::string text("«");
+    for (const char c : s.substr(0, length)) text += static_cast<unsigned char>(c) < 32 || c == 127 ? '?' : c;
+    return text + (length < s.size() ? "...»" : "»");
+}
+
+/// Takes the first word off the line.
+std::string_view takeWord(std::string_view& line) {
+    line = trimLeft(line);
+    const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
+    const std::string_view word = line.substr(0, end);
+    line = trimLeft(line.substr(end));
+    return word;
+}
+
+int wholeNumber(std::string_view text) {
+    const double v = toNumber(text);
+    if (v != Fix(v)) throw ConversionFailure("not whole");
+    return toInt32(v);
+}
+
+bool onOrOff(std::string_view text) {
+    if (text == "on") return true;
+    if (text == "off") return false;
+    throw LineFailure{"ожидается on или off, а не " + quote(text)};
+}
+
+const char* onOff(bool on) { return on ? "on" : "off"; }
+
+/// What a control shows: the text of a field, on or off, the place of a scroll bar, the caption of the others.
+std::string shown(const Control& control) {
+    switch (control.kind()) {
+        case Control::Kind::Text: return static_cast<const TextField&>(control).text();
+        case Control::Kind::Check: return onOff(static_cast<const CheckBox&>(control).on());
+        case Control::Kind::Option: return onOff(static_cast<const OptionButton&>(control).on());
+        case Control::Kind::Scroll: return std::to_string(static_cast<const ScrollBar&>(control).value());
+        case Control::Kind::Picture: throw LineFailure{control.name() + " - рисунок, у него нет значения"};
+        default: return control.caption();
+    }
+}
+
+/// A control that a person could not use now cannot be used by a line either.
+void mustBeUsable(const Control& control) {
+    if (!control.enabled()) throw LineFailure{control.name() + " сейчас недоступен"};
+    if (!control.visible() && control.kind() != Control::Kind::Text)   // a hidden field is a trigger between forms
+        throw LineFailure{control.name() + " сейчас не показан"};
+}
+
+void assign(Control& control, std::string_view typed) {
+    mustBeUsable(control);
+    const std::string_view word = trim(typed);
+    switch (control.kind()) {
+        case Control::Kind::Text: {
+            auto& field = static_cast<TextField&>(control);
+            if (field.readOnly()) throw LineFailure{control.name() + " - результат, в него не вводят"};
+            return field.setText(std::string(typed));
+        }
+        case Control::Kind::Check: return static_cast<CheckBox&>(control).set(onOrOff(word));
+        case Control::Kind::Option:
+            if (!onOrOff(word)) throw LineFailure{"переключатель снимают, включив другой: " + control.name()};
+            return static_cast<OptionButton&>(control).choose();
+        case Control::Kind::Scroll: {
+            auto& bar = static_cast<ScrollBar&>(control);
+            const int value = wholeNumber(word);
+            if (value < bar.min() || value > bar.max())
+                throw LineFailure{control.name() + " меняется от " + std::to_string(bar.min()) + " до " +
+                                  std::to_string(bar.max())};
+            return bar.setValue(value);
+        }
+        default: throw LineFailure{"в " + control.name() + " ничего не вводят"};
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> readScript(const std::string& path) {
+    TextReader reader(path);
+    std::vector<std::string> lines;
+    for (std::string line; reader.line(line);) lines.push_back(std::move(line));
+    return lines;
+}
+
+std::vector<std::string> readScript(std::istream& in) {
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) {
+        if (line.size() > longestLine) throw FileFailure("line too long");
+        if (lines.empty() && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        lines.push_back(decoded(line));
+    }
+    return lines;
+}
+
+bool savesPictures(const std::vector<std::string>& lines) {
+    for (std::string_view line : lines) {
+        std::string_view rest = line;
+        std::string_view word = takeWord(rest);
+        if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);
+        if (word == "save" || word == "Form6.Command7") return true;   // that command saves its picture itself
+    }
+    return false;
+}
+
+void Player::play(const std::vector<std::string>& lines, const std::string& firstForm) {
+    line_ = 0;
+    try {
+        desk_.show(firstForm);
+        finishLine();
+        for (const std::string& line : lines) {
+            if (!desk_.anyLoaded()) return;
+            ++line_;
+            doLine(line);
+            finishLine();
+        }
+        if (desk_.anyLoaded() && !screen_.hooks().empty())
+            throw LineFailure{"после этой строки ни один расчет не уступил управление", screen_.hooks().front().line};
+    } catch (LineFailure& failure) {
+        if (failure.line == 0) failure.line = line_;
+        throw;
+    } catch (const ConversionFailure&) {
+        throw LineFailure{"ожидается число", line_};
+    } catch (const OverflowFailure&) {
+        throw LineFailure{"слишком большое число", line_};
+    } catch (const std::exception& failure) {
+        throw LineFailure{failure.what(), line_};
+    }
+}
+
+/// What the line has posted is done, with all that this posts; then the hooks of its calculation are over.
+void Player::finishLine() {
+    while (desk_.anyLoaded() && screen_.runPosted()) {}
+    const int yields = screen_.yields();
+    screen_.restartYields();
+    if (yields > 0 && desk_.anyLoaded() && !screen_.hooks().empty()) {
+        const auto& hook = screen_.hooks().front();
+        throw LineFailure{"расчет уступил управление меньше раз: " + std::to_string(yields), hook.line};
+    }
+}
+
+void Player::doLine(std::string_view line) {
+    line = trimLeft(line);
+    std::string_view rest = line;
+    const std::string_view word = takeWord(rest);
+    const std::string_view argument = trim(rest);
+    if (word.empty() || word.front() == '#' || trim(line).empty()) return;
+
+    if (word == "print") return print(argument);
+    if (word == "echo") return screen_.print(std::string(argument));
+    if (word == "let" || word == "calc") return let(argument);
+    if (word == "save") return savePicture(argument);
+    if (word == "at") return addHook(rest);
+    if (word == "show") return desk_.show(form(argument).name());
+    if (word == "close") {
+        if (!desk_.isLoaded(std::string(argument))) throw LineFailure{"форма не открыта: " + quote(argument)};
+        return desk_.unload(std::string(argument));
+    }
+    if (word == "answer") {
+        if (argument != "yes" && argument != "no") throw LineFailure{"ожидается answer yes или answer no"};
+        return screen_.queueAnswer(argument == "yes");
+    }
+    const std::size_t length = referenceLength(line);
+    if (length == 0 || line.substr(0, length).find('.') == std::string_view::npos)
+        throw LineFailure{"непонятная строка: " + quote(line)};
+    doControlLine(line.substr(0, length), line.substr(length));
+}
+
+void Player::doControlLine(std::string_view reference, std::string_view rest) {
+    Control& used = control(reference);
+    desk_.turnTo(used.form());
+    const std::string_view after = trimLeft(rest);
+    if (after.starts_with('=')) {
+        std::string_view typed = after.substr(1);
+        if (typed.starts_with(' ')) typed.remove_prefix(1);
+        return assign(used, typed);
+    }
+    if (!trim(rest).empty()) return doMouse(used, trim(rest));
+    if (used.kind() != Control::Kind::Command) throw LineFailure{used.name() + " - не кнопка"};
+    mustBeUsable(used);
+    static_cast<CommandButton&>(used).press();
+}
+
+/// "release X,Y left": coordinates in the scale of the picture, with decimal points.
+void Player::doMouse(Control& control, std::string_view rest) {
+    const std::string_view event = takeWord(rest);
+    if (event != "release" && event != "click") throw LineFailure{"непонятное действие: " + quote(event)};
+    if (control.kind() != Control::Kind::Picture) throw LineFailure{control.name() + " - не рисунок"};
+    mustBeUsable(control);
+    auto& picture = static_cast<Picture&>(control);
+    if (!picture.hasMouseMeaning()) throw LineFailure{control.name() + " не отвечает на мышь"};
+    const std::string_view point = takeWord(rest);
+    const std::size_t comma = point.find(',');
+    if (comma == std::string_view::npos) throw LineFailure{"ожидаются координаты X,Y"};
+    const double x = toNumber(point.substr(0, comma)), y = toNumber(point.substr(comma + 1));
+    if (rest != "left" && rest != "right") throw LineFailure{"ожидается left или right"};
+    const auto button = rest == "left" ? Picture::Button::Left : Picture::Button::Right;
+    if (event == "release") picture.release(x, y, button);
+    else picture.click(x, y, button);
+}
+
+/// "at yield N LINE": the line is done when the next running calculation gives way for the N-th time.
+void Player::addHook(std::string_view rest) {
+    if (takeWord(rest) != "yield") throw LineFailure{"ожидается at yield N ..."};
+    const int count = wholeNumber(takeWord(rest));
+    if (count < 1) throw LineFailure{"номер уступки считается от 1"};
+    if (trim(rest).empty()) throw LineFailure{"после at yield N нет действия"};
+    screen_.addHook({count, line_, [this, line = std::string(rest)] { doLine(line); }});
+}
+
+void Player::print(std::string_view what) {
+    if (what.empty()) throw LineFailure{"нечего печатать"};
+    screen_.print(std::string(what) + " = " + onOneLine(value(what)));
+}
+
+/// "NAME = EXPRESSION"
+void Player::let(std::string_view rest) {
+    const std::size_t length = referenceLength(rest);
+    const std::string_view name = rest.substr(0, length), after = trimLeft(rest.substr(length));
+    if (length == 0 || name.find('.') != std::string_view::npos || !after.starts_with('='))
+        throw LineFailure{"ожидается ИМЯ = выражение"};
+    const double v = evaluate(after.substr(1), [this](std::string_view reference) { return number(reference); });
+    numbers_.insert_or_assign(std::string(name), v);
+}
+
+void Player::savePicture(std::string_view rest) {
+    const std::string_view reference = takeWord(rest);
+    Control& saved = control(reference);
+    if (saved.kind() != Control::Kind::Picture) throw LineFailure{saved.name() + " - не рисунок"};
+    if (!rest.ends_with(".png") && !rest.ends_with(".bmp")) throw LineFailure{"рисунок сохраняют в файл .png или .bmp"};
+    auto& picture = static_cast<Picture&>(saved);
+    if (picture.canvas() == nullptr) throw LineFailure{"рисунки не ведутся"};
+    try {
+        picture.save(std::filesystem::path(rest));
+    } catch (const FileFailure&) {
+        throw LineFailure{"не удалось записать " + quote(rest)};
+    }
+}
+
+Form& Player::form(std::string_view name) {
+    if (!desk_.knows(std::string(name))) throw LineFailure{"нет формы " + quote(name)};
+    return desk_.form(std::string(name));
+}
+
+/// The control of "FORM.CONTROL" or "FORM.CONTROL(INDEX)"; its form is loaded at the first reference.
+Control& Player::control(std::string_view reference) {
+    const std::size_t dot = reference.find('.');
+    if (dot == std::string_view::npos) throw LineFailure{"ожидается ФОРМА.ЭЛЕМЕНТ, а не " + quote(reference)};
+    Form& owner = form(reference.substr(0, dot));
+    const std::string name(reference.substr(dot + 1));
+    if (Control* found = owner.find(name)) return *found;
+    const std::string array = name.substr(0, name.find('(')) + "(";
+    for (const Control* other : owner.controls())
+        if (other->name().starts_with(array)) throw LineFailure{"нет такого номера: " + quote(reference)};
+    throw LineFailure{"на форме " + owner.name() + " нет элемента " + quote(name)};
+}
+
+/// What "print" shows of a control, a property of it, a shared variable or a number of this script.
+std::string Player::value(std::string_view reference) {
+    if (reference.starts_with(statePrefix)) {
+        const std::string_view name = reference.substr(statePrefix.size());
+        if (!names_.knows(std::string(name.substr(0, name.find('(')))))
+            throw LineFailure{"нет общей переменной " + quote(name)};
+        try {
+            return names_.value(name);
+        } catch (const SubscriptFailure&) {
+            throw LineFailure{"неверный номер: " + quote(name)};
+        }
+    }
+    if (reference.find('.') == std::string_view::npos) {
+        const auto found = numbers_.find(reference);
+        if (found == numbers_.end()) throw LineFailure{"нет числа с именем " + quote(reference)};
+        return toText(found->second);
+    }
+    const std::size_t last = reference.rfind('.');
+    const std::string_view property = reference.substr(last + 1);
+    const auto owner = [&]() -> Control& { return control(reference.substr(0, last)); };
+    if (property == "caption") return owner().caption();
+    if (property == "enabled") return onOff(owner().enabled());
+    if (property == "visible") return onOff(owner().visible());
+    return shown(control(reference));
+}
+
+/// The number behind a name or reference of an expression.
+double Player::number(std::string_view reference) {
+    const auto found = numbers_.find(reference);
+    return found != numbers_.end() ? found->second : toNumber(value(reference));
+}
+
+}  // namespace tarvex

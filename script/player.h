@@ -1,0 +1,59 @@
+#pragma once
+// Plays a script: one command a line, on the same forms that the windows show.  The language is told in docs/script.md.
+
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "script/line_failure.h"
+#include "script/script_screen.h"
+
+namespace tarvex {
+
+class Control;
+class Desk;
+class Form;
+class NameTable;
+
+/// Lines of a script in UTF-8 (or Windows-1251), with or without a byte order mark, ended by LF or CR LF.
+/// Throws OpenFailure for no readable file and FileFailure for one that is no script (a line of megabytes).
+std::vector<std::string> readScript(const std::string& path);
+std::vector<std::string> readScript(std::istream& in);
+
+/// True when a picture can end in a file: only then is it worth drawing any.
+bool savesPictures(const std::vector<std::string>& lines);
+
+class Player {
+public:
+    /// All three must outlive the player; `screen` is the screen of `desk`.
+    Player(ScriptScreen& screen, Desk& desk, const NameTable& names) : screen_(screen), desk_(desk), names_(names) {}
+
+    /// Shows the first form and does the lines one by one; ends early when the program ends (no form is left).
+    /// Throws LineFailure, with its line, at the first line that cannot be done; what was done before stays.
+    void play(const std::vector<std::string>& lines, const std::string& firstForm = "Form1");
+
+private:
+    void doLine(std::string_view line);
+    void finishLine();
+    void doControlLine(std::string_view reference, std::string_view rest);
+    void doMouse(Control& control, std::string_view rest);
+    void addHook(std::string_view rest);
+    void print(std::string_view what);
+    void let(std::string_view rest);
+    void savePicture(std::string_view rest);
+
+    Form& form(std::string_view name);
+    Control& control(std::string_view reference);
+    std::string value(std::string_view reference);
+    double number(std::string_view reference);
+
+    ScriptScreen& screen_;
+    Desk& desk_;
+    const NameTable& names_;
+    std::map<std::string, double, std::less<>> numbers_;
+    int line_ = 0;
+};
+
+}  // namespace tarvex

@@ -1,0 +1,67 @@
+#pragma once
+// The screen of the script player: what windows would show is printed, one line each, flushed at once.
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "runtime/screen.h"
+
+namespace tarvex {
+
+/// A text on one line: line ends (CR LF as one) are written as \n.
+std::string onOneLine(const std::string& text);
+
+class ScriptScreen final : public Screen {
+public:
+    using CanvasMaker = std::function<std::unique_ptr<Canvas>(int width, int height)>;
+
+    explicit ScriptScreen(std::ostream& out) : out_(out) {}
+
+    /// Prints one line and flushes it.
+    void print(const std::string& line);
+
+    void message(const std::string& text, const std::string& title) override;
+    /// Takes the next queued answer; throws LineFailure when there is none.
+    bool ask(const std::string& question, const std::string& title) override;
+    void notify(const std::string& text) override;
+    void progress(Form&, double) override {}
+    void yield() override;
+    void pause(int) override {}   ///< nobody looks: no time is lost
+    void post(std::function<void()> action) override { posted_.push_back(std::move(action)); }
+    void formShown(Form&) override {}
+    void formUnloaded(Form&) override {}
+    void controlChanged(Control&) override {}
+    std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
+
+    void queueAnswer(bool yes) { answers_.push_back(yes); }
+    /// Pictures are drawn on canvases of this maker from now on; without one nothing is drawn.
+    void drawWith(CanvasMaker maker) { maker_ = std::move(maker); }
+
+    /// An action for the moment at which a calculation gives way for the count-th time, counted from restartYields().
+    struct Hook {
+        int count = 1;
+        int line = 0;   ///< of the script
+        std::function<void()> action;
+    };
+    void addHook(Hook hook) { hooks_.push_back(std::move(hook)); }
+    const std::vector<Hook>& hooks() const { return hooks_; }
+    int yields() const { return yields_; }
+    void restartYields() { yields_ = 0; }
+
+    /// Runs the first posted action; false when there is none.
+    bool runPosted();
+
+private:
+    std::ostream& out_;
+    std::deque<bool> answers_;
+    std::deque<std::function<void()>> posted_;
+    std::vector<Hook> hooks_;
+    int yields_ = 0;
+    CanvasMaker maker_;
+};
+
+}  // namespace tarvex
