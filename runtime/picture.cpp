@@ -102,7 +102,8 @@ void Picture::text(double x, double y, const std::string& text, Color color) {
 
 void Picture::save(const std::filesystem::path& path) {
     const FlagsKept flags;
-    if (Canvas* c = canvas()) c->save(path);
+    if (canvas() == nullptr) throw FileFailure("nothing is drawn that could be saved");
+    canvas_->save(path);
 }
 
 void Picture::onClick(Mouse action, Shown message) {

@@ -59,7 +59,8 @@ public:
     /// Text with its top left corner at (x, y); a line end starts a new line below.
     void text(double x, double y, const std::string& text, Color color = {0, 0, 0});
 
-    /// Saves the picture as it stands.  Throws FileFailure; the old file stays whole then.
+    /// Saves the picture as it stands.  Throws FileFailure, also where the screen draws nothing; the
+    /// old file stays whole then.
     void save(const std::filesystem::path& path);
 
     void onClick(Mouse action, Shown message = {});

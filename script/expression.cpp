@@ -12,10 +12,12 @@ namespace tarvex {
 
 namespace {
 
-constexpr int deepest = 100;   ///< nested parentheses and signs
+constexpr int deepest = 100;  ///< nested parentheses and signs
 
 bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
-bool isLetter(char c) { return std::isalpha(static_cast<unsigned char>(c)) != 0 || c == '_' || (c & 0x80) != 0; }
+bool isLetter(char c) {
+    return std::isalpha(static_cast<unsigned char>(c)) != 0 || c == '_' || (c & 0x80) != 0;
+}
 
 class Parser {
 public:
@@ -24,7 +26,7 @@ public:
 
     double whole() {
         const double v = sum();
-        if (skipBlanks(); !rest_.empty()) throw LineFailure{"лишнее в выражении: " + std::string(rest_)};
+        if (skipBlanks(); !rest_.empty()) throw LineFailure{"лишнее в выражении: " + quote(rest_)};
         return finite(v);
     }
 
@@ -33,9 +35,12 @@ private:
         if (++depth_ > deepest) throw LineFailure{"слишком много скобок"};
         double v = product();
         for (;;) {
-            if (take('+')) v += product();
-            else if (take('-')) v -= product();
-            else break;
+            if (take('+'))
+                v += product();
+            else if (take('-'))
+                v -= product();
+            else
+                break;
         }
         --depth_;
         return v;
@@ -44,9 +49,12 @@ private:
     double product() {
         double v = factor();
         for (;;) {
-            if (take('*')) v *= factor();
-            else if (take('/')) v = ratio(v, factor());
-            else return v;
+            if (take('*'))
+                v *= factor();
+            else if (take('/'))
+                v = ratio(v, factor());
+            else
+                return v;
         }
     }
 
@@ -66,8 +74,8 @@ private:
         std::size_t length = referenceLength(rest_);
         if (length > 0) return value_(cut(length));
         if (rest_.empty() || !isDigit(rest_[0])) throw LineFailure{"в выражении ожидается число или имя"};
-        while (length < rest_.size() && (isDigit(rest_[length]) || rest_[length] == '.' || rest_[length] == ',' ||
-                                         isExponent(length)))
+        while (length < rest_.size() &&
+               (isDigit(rest_[length]) || rest_[length] == '.' || rest_[length] == ',' || isExponent(length)))
             ++length;
         return toNumber(cut(length));
     }

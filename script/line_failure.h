@@ -2,6 +2,7 @@
 // What stops a script: the line that cannot be done, told in words.
 
 #include <string>
+#include <string_view>
 
 namespace tarvex {
 
@@ -9,7 +10,11 @@ namespace tarvex {
 /// their fixed message and go on.
 struct LineFailure {
     std::string text;
-    int line = 0;   ///< counted from 1; 0 until the player knows
+    int line = 0;  ///< counted from 1; 0 until the player knows
 };
+
+/// A piece of a script in quotation marks for such a text: short, and with nothing that a terminal would
+/// obey.
+std::string quote(std::string_view piece);
 
 }  // namespace tarvex

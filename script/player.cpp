@@ -15,8 +15,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::size_t longestLine = 1 << 20;   ///< a longer line is no line of a script
-constexpr std::size_t quoted = 60;             ///< characters of a text shown in a message
+constexpr std::size_t longestLine = 1 << 20;  ///< a longer line is no line of a script
 
 constexpr std::string_view statePrefix = "state.";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -29,15 +28,6 @@ std::string_view trim(std::string_view s) {
     s = trimLeft(s);
     while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) s.remove_suffix(1);
     return s;
-}
-
-/// A piece of a script for a message: short, and with nothing in it that a terminal would obey.
-std::string quote(std::string_view s) {
-    std::size_t length = std::min(s.size(), quoted);
-    while (length < s.size() && length > 0 && (s[length] & 0xC0) == 0x80) --length;   // whole letters
-    std::string text("«");
-    for (const char c : s.substr(0, length)) text += static_cast<unsigned char>(c) < 32 || c == 127 ? '?' : c;
-    return text + (length < s.size() ? "...»" : "»");
 }
 
 /// Takes the first word off the line.
@@ -63,22 +53,30 @@ bool onOrOff(std::string_view text) {
 
 const char* onOff(bool on) { return on ? "on" : "off"; }
 
-/// What a control shows: the text of a field, on or off, the place of a scroll bar, the caption of the others.
+/// What a control shows: the text of a field, on or off, the place of a scroll bar, the caption of the
+/// others.
 std::string shown(const Control& control) {
     switch (control.kind()) {
-        case Control::Kind::Text: return static_cast<const TextField&>(control).text();
-        case Control::Kind::Check: return onOff(static_cast<const CheckBox&>(control).on());
-        case Control::Kind::Option: return onOff(static_cast<const OptionButton&>(control).on());
-        case Control::Kind::Scroll: return std::to_string(static_cast<const ScrollBar&>(control).value());
-        case Control::Kind::Picture: throw LineFailure{control.name() + " - рисунок, у него нет значения"};
-        default: return control.caption();
+        case Control::Kind::Text:
+            return static_cast<const TextField&>(control).text();
+        case Control::Kind::Check:
+            return onOff(static_cast<const CheckBox&>(control).on());
+        case Control::Kind::Option:
+            return onOff(static_cast<const OptionButton&>(control).on());
+        case Control::Kind::Scroll:
+            return std::to_string(static_cast<const ScrollBar&>(control).value());
+        case Control::Kind::Picture:
+            throw LineFailure{control.name() + " - рисунок, у него нет значения"};
+        default:
+            return control.caption();
     }
 }
 
 /// A control that a person could not use now cannot be used by a line either.
 void mustBeUsable(const Control& control) {
     if (!control.enabled()) throw LineFailure{control.name() + " сейчас недоступен"};
-    if (!control.visible() && control.kind() != Control::Kind::Text)   // a hidden field is a trigger between forms
+    if (!control.visible() &&
+        control.kind() != Control::Kind::Text)  // a hidden field is a trigger between forms
         throw LineFailure{control.name() + " сейчас не показан"};
 }
 
@@ -91,7 +89,8 @@ void assign(Control& control, std::string_view typed) {
             if (field.readOnly()) throw LineFailure{control.name() + " - результат, в него не вводят"};
             return field.setText(std::string(typed));
         }
-        case Control::Kind::Check: return static_cast<CheckBox&>(control).set(onOrOff(word));
+        case Control::Kind::Check:
+            return static_cast<CheckBox&>(control).set(onOrOff(word));
         case Control::Kind::Option:
             if (!onOrOff(word)) throw LineFailure{"переключатель снимают, включив другой: " + control.name()};
             return static_cast<OptionButton&>(control).choose();
@@ -103,23 +102,32 @@ void assign(Control& control, std::string_view typed) {
                                   std::to_string(bar.max())};
             return bar.setValue(value);
         }
-        default: throw LineFailure{"в " + control.name() + " ничего не вводят"};
+        default:
+            throw LineFailure{"в " + control.name() + " ничего не вводят"};
     }
+}
+
+LineFailure tooLong(const std::vector<std::string>& linesBefore) {
+    return {"слишком длинная строка", static_cast<int>(linesBefore.size()) + 1};
 }
 
 }  // namespace
 
-std::vector<std::string> readScript(const std::string& path) {
+std::vector<std::string> readScript(const std::filesystem::path& path) {
     TextReader reader(path);
     std::vector<std::string> lines;
-    for (std::string line; reader.line(line);) lines.push_back(std::move(line));
+    try {
+        for (std::string line; reader.line(line);) lines.push_back(std::move(line));
+    } catch (const FileFailure&) {
+        throw tooLong(lines);
+    }
     return lines;
 }
 
 std::vector<std::string> readScript(std::istream& in) {
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);) {
-        if (line.size() > longestLine) throw FileFailure("line too long");
+        if (line.size() > longestLine) throw tooLong(lines);
         if (lines.empty() && line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(decoded(line));
@@ -127,14 +135,16 @@ std::vector<std::string> readScript(std::istream& in) {
     return lines;
 }
 
-bool savesPictures(const std::vector<std::string>& lines) {
-    for (std::string_view line : lines) {
-        std::string_view rest = line;
+std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
+    std::set<std::string> saved;
+    for (std::string_view rest : lines) {
         std::string_view word = takeWord(rest);
-        if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);
-        if (word == "save" || word == "Form6.Command7") return true;   // that command saves its picture itself
+        if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);  // at yield N ...
+        if (word == "save") saved.emplace(takeWord(rest));
+        if (word == "Form6.Command7")
+            saved.emplace("Form6");  // this command itself saves a picture of its form
     }
-    return false;
+    return saved;
 }
 
 void Player::play(const std::vector<std::string>& lines, const std::string& firstForm) {
@@ -149,7 +159,8 @@ void Player::play(const std::vector<std::string>& lines, const std::string& firs
             finishLine();
         }
         if (desk_.anyLoaded() && !screen_.hooks().empty())
-            throw LineFailure{"после этой строки ни один расчет не уступил управление", screen_.hooks().front().line};
+            throw LineFailure{"после этой строки ни один расчет не уступил управление",
+                              screen_.hooks().front().line};
     } catch (LineFailure& failure) {
         if (failure.line == 0) failure.line = line_;
         throw;
@@ -164,7 +175,8 @@ void Player::play(const std::vector<std::string>& lines, const std::string& firs
 
 /// What the line has posted is done, with all that this posts; then the hooks of its calculation are over.
 void Player::finishLine() {
-    while (desk_.anyLoaded() && screen_.runPosted()) {}
+    while (desk_.anyLoaded() && screen_.runPosted()) {
+    }
     const int yields = screen_.yields();
     screen_.restartYields();
     if (yields > 0 && desk_.anyLoaded() && !screen_.hooks().empty()) {
@@ -229,8 +241,10 @@ void Player::doMouse(Control& control, std::string_view rest) {
     const double x = toNumber(point.substr(0, comma)), y = toNumber(point.substr(comma + 1));
     if (rest != "left" && rest != "right") throw LineFailure{"ожидается left или right"};
     const auto button = rest == "left" ? Picture::Button::Left : Picture::Button::Right;
-    if (event == "release") picture.release(x, y, button);
-    else picture.click(x, y, button);
+    if (event == "release")
+        picture.release(x, y, button);
+    else
+        picture.click(x, y, button);
 }
 
 /// "at yield N LINE": the line is done when the next running calculation gives way for the N-th time.
@@ -253,7 +267,8 @@ void Player::let(std::string_view rest) {
     const std::string_view name = rest.substr(0, length), after = trimLeft(rest.substr(length));
     if (length == 0 || name.find('.') != std::string_view::npos || !after.starts_with('='))
         throw LineFailure{"ожидается ИМЯ = выражение"};
-    const double v = evaluate(after.substr(1), [this](std::string_view reference) { return number(reference); });
+    const double v =
+        evaluate(after.substr(1), [this](std::string_view reference) { return number(reference); });
     numbers_.insert_or_assign(std::string(name), v);
 }
 
@@ -261,11 +276,10 @@ void Player::savePicture(std::string_view rest) {
     const std::string_view reference = takeWord(rest);
     Control& saved = control(reference);
     if (saved.kind() != Control::Kind::Picture) throw LineFailure{saved.name() + " - не рисунок"};
-    if (!rest.ends_with(".png") && !rest.ends_with(".bmp")) throw LineFailure{"рисунок сохраняют в файл .png или .bmp"};
-    auto& picture = static_cast<Picture&>(saved);
-    if (picture.canvas() == nullptr) throw LineFailure{"рисунки не ведутся"};
+    if (!rest.ends_with(".png") && !rest.ends_with(".bmp"))
+        throw LineFailure{"рисунок сохраняют в файл .png или .bmp"};
     try {
-        picture.save(std::filesystem::path(rest));
+        static_cast<Picture&>(saved).save(std::filesystem::path(rest));
     } catch (const FileFailure&) {
         throw LineFailure{"не удалось записать " + quote(rest)};
     }

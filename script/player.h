@@ -1,8 +1,11 @@
 #pragma once
-// Plays a script: one command a line, on the same forms that the windows show.  The language is told in docs/script.md.
+// Plays a script: one command a line, on the same forms that the windows show.  The language is told in
+// docs/script.md.
 
+#include <filesystem>
 #include <iosfwd>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,20 +21,23 @@ class Form;
 class NameTable;
 
 /// Lines of a script in UTF-8 (or Windows-1251), with or without a byte order mark, ended by LF or CR LF.
-/// Throws OpenFailure for no readable file and FileFailure for one that is no script (a line of megabytes).
-std::vector<std::string> readScript(const std::string& path);
+/// Throws OpenFailure for no readable file and LineFailure for a line of megabytes.
+std::vector<std::string> readScript(const std::filesystem::path& path);
 std::vector<std::string> readScript(std::istream& in);
 
-/// True when a picture can end in a file: only then is it worth drawing any.
-bool savesPictures(const std::vector<std::string>& lines);
+/// The pictures that can end in a file, "Form2.Picture1" or "Form6" for all of a form: no other is worth
+/// drawing.
+std::set<std::string> savedPictures(const std::vector<std::string>& lines);
 
 class Player {
 public:
     /// All three must outlive the player; `screen` is the screen of `desk`.
-    Player(ScriptScreen& screen, Desk& desk, const NameTable& names) : screen_(screen), desk_(desk), names_(names) {}
+    Player(ScriptScreen& screen, Desk& desk, const NameTable& names)
+        : screen_(screen), desk_(desk), names_(names) {}
 
-    /// Shows the first form and does the lines one by one; ends early when the program ends (no form is left).
-    /// Throws LineFailure, with its line, at the first line that cannot be done; what was done before stays.
+    /// Shows the first form and does the lines one by one; ends early when the program ends (no form is
+    /// left). Throws LineFailure, with its line, at the first line that cannot be done; what was done before
+    /// stays.
     void play(const std::vector<std::string>& lines, const std::string& firstForm = "Form1");
 
 private:

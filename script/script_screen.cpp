@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "runtime/form.h"
 #include "runtime/picture.h"
 #include "script/line_failure.h"
 
@@ -12,8 +13,10 @@ std::string onOneLine(const std::string& text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
         if (pair) ++i;
-        if (text[i] == '\n' || text[i] == '\r') line += "\\n";
-        else line += text[i];
+        if (text[i] == '\n' || text[i] == '\r')
+            line += "\\n";
+        else
+            line += text[i];
     }
     return line;
 }
@@ -29,7 +32,8 @@ void ScriptScreen::message(const std::string& text, const std::string& title) {
 
 bool ScriptScreen::ask(const std::string& question, const std::string& title) {
     const std::string asked = "question \"" + onOneLine(title) + "\": " + onOneLine(question);
-    if (answers_.empty()) throw LineFailure{"на вопрос нет ответа (answer yes или answer no): " + onOneLine(question)};
+    if (answers_.empty())
+        throw LineFailure{"на вопрос нет ответа (answer yes или answer no): " + onOneLine(question)};
     const bool yes = answers_.front();
     answers_.pop_front();
     print(asked + (yes ? " - yes" : " - no"));
@@ -42,7 +46,8 @@ void ScriptScreen::yield() {
     const int now = ++yields_;
     // An action may start a calculation that gives way itself, so each hook leaves the list before it runs.
     for (;;) {
-        const auto due = std::find_if(hooks_.begin(), hooks_.end(), [&](const Hook& h) { return h.count == now; });
+        const auto due =
+            std::find_if(hooks_.begin(), hooks_.end(), [&](const Hook& h) { return h.count == now; });
         if (due == hooks_.end()) return;
         const Hook hook = std::move(*due);
         hooks_.erase(due);
@@ -56,7 +61,9 @@ void ScriptScreen::yield() {
 }
 
 std::unique_ptr<Canvas> ScriptScreen::makeCanvas(Picture& picture) {
-    return maker_ ? maker_(picture.width(), picture.height()) : nullptr;
+    const std::string& form = picture.form().name();
+    if (!drawn_.contains(form) && !drawn_.contains(form + "." + picture.name())) return nullptr;
+    return maker_(picture.width(), picture.height());
 }
 
 bool ScriptScreen::runPosted() {

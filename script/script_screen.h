@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <ostream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,7 +31,7 @@ public:
     void notify(const std::string& text) override;
     void progress(Form&, double) override {}
     void yield() override;
-    void pause(int) override {}   ///< nobody looks: no time is lost
+    void pause(int) override {}  ///< nobody looks: no time is lost
     void post(std::function<void()> action) override { posted_.push_back(std::move(action)); }
     void formShown(Form&) override {}
     void formUnloaded(Form&) override {}
@@ -38,13 +39,18 @@ public:
     std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
 
     void queueAnswer(bool yes) { answers_.push_back(yes); }
-    /// Pictures are drawn on canvases of this maker from now on; without one nothing is drawn.
-    void drawWith(CanvasMaker maker) { maker_ = std::move(maker); }
+    /// Draws the pictures so named ("Form2.Picture1", or "Form6" for all of a form); the others have no
+    /// canvas.
+    void draw(std::set<std::string> pictures, CanvasMaker maker) {
+        drawn_ = std::move(pictures);
+        maker_ = std::move(maker);
+    }
 
-    /// An action for the moment at which a calculation gives way for the count-th time, counted from restartYields().
+    /// An action for the moment at which a calculation gives way for the count-th time, counted from
+    /// restartYields().
     struct Hook {
         int count = 1;
-        int line = 0;   ///< of the script
+        int line = 0;  ///< of the script
         std::function<void()> action;
     };
     void addHook(Hook hook) { hooks_.push_back(std::move(hook)); }
@@ -61,6 +67,7 @@ private:
     std::deque<std::function<void()>> posted_;
     std::vector<Hook> hooks_;
     int yields_ = 0;
+    std::set<std::string> drawn_;
     CanvasMaker maker_;
 };
 

@@ -1,0 +1,16 @@
+#pragma once
+// The program tarvex-script without its streams: "tarvex-script [--data DIR] FILE|-".
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace tarvex {
+
+/// Plays the script that the arguments name.
+/// @return  the exit status: 0, or 2 after the first line that cannot be done, told on `err` as "FILE:LINE:
+/// what"
+int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
+                     std::ostream& err);
+
+}  // namespace tarvex

@@ -1,0 +1,49 @@
+#include "script/program.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/support/temp_folder.h"
+
+namespace tarvex {
+
+namespace {
+
+struct ProgramTest : ::testing::Test {
+    int run(const std::vector<std::string>& arguments, const std::string& typed = "") {
+        std::istringstream in(typed);
+        out.str("");
+        err.str("");
+        return runScriptProgram(arguments, in, out, err);
+    }
+    test::TempFolder data;
+    std::ostringstream out, err;
+};
+
+}  // namespace
+
+TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
+    const std::string dir = data.path().string(), file = (data.path() / "a.tvx").string();
+    const std::string damaged = (data.path() / "b.tvx").string();
+    test::writeBytes(file, "echo первая\n\nForm1.Text999 = 1\necho третья\n");
+    test::writeBytes(damaged, "echo x\n" + std::string(3 << 20, '\0'));
+    const struct {
+        std::vector<std::string> arguments;
+        std::string err;
+    } cases[] = {
+        {{}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
+        {{"--data"}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
+        {{"a", "b"}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
+        {{"--data", file, file}, "нет каталога данных " + file},
+        {{"--data", dir, dir + "/none.tvx"}, "не удалось прочитать " + dir + "/none.tvx"},
+        {{"--data", dir, dir}, "не удалось прочитать " + dir},
+        {{"--data", dir, damaged}, damaged + ":2: слишком длинная строка"},
+    };
+    for (const auto& [arguments, wrong] : cases) {
+        EXPECT_EQ(run(arguments), 2);
+        EXPECT_EQ(err.str(), wrong + "\n");
+    }
+}
+
+}  // namespace tarvex
