@@ -1,3 +1,4 @@
+#include "forms/form11.h"
 #include "forms/form14.h"
 #include "forms/laboratory.h"
 
@@ -14,6 +15,7 @@ void add(Laboratory& lab) {
 }  // namespace
 
 void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
+    add<Form11>(lab);
     add<Form14>(lab);
 }
 
