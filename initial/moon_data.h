@@ -1,0 +1,34 @@
+#pragma once
+// Initial data of the Moon and the Earth from the Moon's elements, every transformation by a tick of its own.
+// Rows: the Moon 11, the Earth 3 while the data are built and 0 in the check.
+
+#include "core/model_state.h"
+
+namespace tarvex {
+
+/// Which transformations of the relative motion are made, in this order.
+struct MoonTransformations {
+    bool earthByRatio = false;        ///< Xz = -Xl * ml / mz
+    bool earthByShare = false;        ///< Xz = -Xl * ml / (mz + ml); replaces the one before
+    bool shiftMoon = false;           ///< Xl = Xl + Xz
+    bool scaleMoonSpeed = false;      ///< VXl = VXl / (1 + ml / mz)
+    bool earthSpeedByRatio = false;   ///< VXz = -VXl * ml / mz
+    bool earthSpeedByShare = false;   ///< VXz = +VXl * ml / (ml + mz), with a plus, as meant
+    bool shiftMoonSpeed = false;      ///< VXl = VXl + VXz
+};
+
+enum class MoonTheory { New0, Ser0, Screen };
+
+/// Masses of the theory; elements from the screen go with the masses of Ser0.
+void moonMasses(ModelState& s, MoonTheory theory);
+
+/// Elements of the Moon (row 11) by the theory for universal time s.JD, angles reduced to one turn.
+/// MoonTheory::Screen leaves the row as its caller filled it.  Leaves JDut0, JDet.
+/// @return ET-UT, s (0 for elements from the screen)
+double moonElements(ModelState& s, MoonTheory theory);
+
+/// Coordinates and velocities of rows 11 and 3 from the elements of row 11 with the central mass of s.kodBary,
+/// transformed, and copied into the initial rows 11 and 0: the Sun's row is replaced by the Earth.
+void moonInitialData(ModelState& s, const MoonTransformations& t);
+
+}  // namespace tarvex

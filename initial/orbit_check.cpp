@@ -1,0 +1,218 @@
+#include "initial/orbit_check.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/arithmetic.h"
+#include "core/numbers.h"
+#include "theories/geometry.h"
+
+namespace tarvex {
+
+namespace {
+
+double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
+
+/// A window of longitudes may wrap through 0: then its upper bound is not above its lower.
+bool inWindow(double longitude, double hi, double lo) {
+    return hi <= lo ? longitude <= hi || longitude >= lo : longitude <= hi && longitude >= lo;
+}
+
+double below360(double v) { return v > 360 ? v - 360 : v; }
+double notNegative(double v) { return v < 0 ? v + 360 : v; }
+
+/// Mean of two longitudes one step apart; a step across the seam of 0 and 360 gives a mean near 180.
+double meanLongitude(double before, double now) {
+    const double mean = (before + now) / 2;
+    return std::abs(now - before) > 5 ? mean - 180 : mean;
+}
+
+void unpack(ModelState& s, const OrbitCheck& c) {
+    const int p = c.IplSel;
+    const auto& U = c.U;
+    s.X[0] = U[1], s.Y[0] = U[2], s.Z[0] = U[3];
+    s.X[p] = U[4], s.Y[p] = U[5], s.Z[p] = U[6];
+    s.VX[0] = U[7], s.VY[0] = U[8], s.VZ[0] = U[9];
+    s.VX[p] = U[10], s.VY[p] = U[11], s.VZ[p] = U[12];
+}
+
+void speeds(OrbitCheck& c) {
+    c.Vc = length(c.U[7], c.U[8], c.U[9]);
+    c.Vp = length(c.U[10], c.U[11], c.U[12]);
+}
+
+/// One step of the classical Runge-Kutta scheme of fourth order.
+void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
+    const auto stageOf = [&](std::array<double, 13>& K, double share) {
+        OrbitCheckDiffur(s, c);
+        for (int k = 1; k <= 12; ++k) K[k] = c.DtCur * c.dU[k];
+        for (int k = 1; k <= 12; ++k) c.U[k] = c.U0[k] + K[k] * share;
+    };
+    c.Tstage = c.Tsec;
+    c.U0 = c.U;
+    stageOf(c.K1, 0.5);
+    c.Tstage = c.Tsec + c.DtCur / 2;
+    stageOf(c.K2, 0.5);
+    stageOf(c.K3, 1);
+    c.Tstage = c.Tsec + c.DtCur;
+    OrbitCheckDiffur(s, c);
+    for (int k = 1; k <= 12; ++k) {
+        c.K4[k] = c.DtCur * c.dU[k];
+        c.U[k] = c.U0[k] + (c.K1[k] + 2 * c.K2[k] + 2 * c.K3[k] + c.K4[k]) / 6;
+    }
+}
+
+/// The distance has begun to grow inside the window: this step is the perihelion.
+void passPerihelion(ModelState& s, OrbitCheck& c, double latitude, OrbitCheckPort& port) {
+    const int p = c.IplSel;
+    c.kodPer = 2;
+    c.AlfaPcur = meanLongitude(c.LonPrev, s.LonPl[p]);
+    double dPer = c.AlfaPcur - c.AlfaUcur;
+    if (dPer <= 0) dPer += 360;
+    c.LonPer = c.AlfaPcur;
+    // the point of perihelion turned into the plane of the orbit
+    SpherToXYZ(s, 12, dPer, latitude * kUgol, s.Rcur);
+    s.Ipl = 12;
+    TiltYZ(s, c.BettaMax);
+    PairGeometry(s, 15, 12);
+    c.AlfaPcur = below360(c.AlfaUcur + s.LonPl[12]);
+    if (c.moonBench) c.AlfaPcur = notNegative(c.AlfaPcur);
+    c.PerHi = below360(c.dAlfa + c.LonPer);
+    c.PerLo = notNegative(c.LonPer - c.dAlfa);
+    c.Tper = (c.Tsec - c.Tper0) / sekD;
+    c.Tper0 = c.Tsec;
+    s.Rr[p] = (c.Lmin + c.Lmax) / 2;
+    c.EksM = 1 - ratio(c.Lmin, s.Rr[p]);
+    ++c.NObs;
+    port.perihelionPassed();
+    c.Lmin *= 2;
+    c.Lmax /= 2;
+    c.Vmin *= 2;
+    c.Vmax /= 2;
+    c.BettaMax = 0;
+}
+
+void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
+    const int p = c.IplSel;
+    if (c.moonBench) orbitCheckCentre(s, c);
+    c.LonPrev = s.LonPl[p];
+    PairGeometry(s, c.Iobs, p);
+    const double latitude = std::abs(s.LatPl / kUgol);
+    c.BettaMax = std::max(c.BettaMax, latitude);
+    c.Lmin = std::min(c.Lmin, s.Rcur);
+    c.Lmax = std::max(c.Lmax, s.Rcur);
+    speeds(c);
+    c.Vmin = std::min(c.Vmin, c.Vp);
+    c.Vmax = std::max(c.Vmax, c.Vp);
+
+    const double z = s.Z[p] - s.Z[c.Iobs];
+    if (Sgn(c.Zprev) != Sgn(z) && Sgn(c.Zprev) <= 0) {
+        c.AlfaUcur = meanLongitude(c.LonPrev, s.LonPl[p]);
+        port.nodePassed();
+    }
+    c.Zprev = z;
+
+    const double longitude = s.LonPl[p];
+    if (!inWindow(longitude, c.PerHi, c.PerLo)) {
+        c.kodPer = 0;
+        c.DtCur = c.Dt;
+    } else if (c.kodPer == 2) {
+        c.DtCur = c.Dt;
+    } else {
+        c.DtCur = c.Dt / c.kDt;
+        c.kodPer = c.Rprev > s.Rcur ? 1 : 0;
+        if (c.kodPer == 0) passPerihelion(s, c, latitude, port);
+    }
+    c.Rprev = s.Rcur;
+    if (inWindow(longitude, c.UzHi, c.UzLo) || longitude > 359) c.DtCur = c.Dt / c.kDt;
+}
+
+}  // namespace
+
+void orbitCheckCentre(ModelState& s, const OrbitCheck& c) {
+    const double a = s.m[c.Icentr], b = s.m[c.IplJ], sum = a + b;
+    s.X[14] = ratio(s.X[0] * a + s.X[c.IplSel] * b, sum);
+    s.Y[14] = ratio(s.Y[0] * a + s.Y[c.IplSel] * b, sum);
+    s.Z[14] = ratio(s.Z[0] * a + s.Z[c.IplSel] * b, sum);
+}
+
+void startOrbitCheck(ModelState& s, OrbitCheck& c) {
+    const int p = c.IplSel;
+    if (c.kDt == 0) throw ArithmeticFailure("the step divisor is zero");
+    s.X[15] = s.Y[15] = s.Z[15] = 0;
+    c.Zprev = s.Z[p] - s.Z[c.Iobs];
+    PairGeometry(s, c.Iobs, p);
+    c.Rprev = s.Rcur;
+    c.U = {0, s.X[0], s.Y[0], s.Z[0], s.X[p], s.Y[p], s.Z[p], s.VX[0], s.VY[0], s.VZ[0], s.VX[p], s.VY[p], s.VZ[p]};
+    s.Rcur = length(c.U[4] - c.U[1], c.U[5] - c.U[2], c.U[6] - c.U[3]);
+    c.R00 = s.Rcur;
+    ratio(1, c.R00);
+    speeds(c);
+    c.Esys0 = finite(c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2);
+    c.Lmin = 2 * s.Rcur;
+    c.Lmax = s.Rcur / 2;
+    c.Vmin = 2 * c.Vp;
+    c.Vmax = c.Vp / 2;
+    c.Tsec = c.Tstage = c.Tper0 = 0;
+    c.BettaMax = s.Betta0[c.IplJ];
+    c.kodPer = 2;
+    c.NObs = 0;
+    c.NC = 0;
+    c.DtCur = c.Dt;
+    c.AlfaP1 = c.AlfaPcur = kUgol * s.AlfaP0[c.IplJ];
+    c.AlfaU1 = c.AlfaUcur = kUgol * s.AlfaU0[c.IplJ];
+    c.PerHi = below360(c.AlfaP1 + 45);
+    c.PerLo = notNegative(c.AlfaP1 - 45);
+    c.UzHi = c.AlfaU1 + c.dAlfa >= 360 ? c.AlfaU1 + c.dAlfa - 360 : c.AlfaU1 + c.dAlfa;
+    c.UzLo = notNegative(c.AlfaU1 - c.dAlfa);
+}
+
+void OrbitCheckDiffur(ModelState& s, OrbitCheck& c) {
+    const auto& U = c.U;
+    for (int k = 1; k <= 6; ++k) c.dU[k] = U[k + 6];
+    const double dx = U[4] - U[1], dy = U[5] - U[2], dz = U[6] - U[3];
+    const double Rxy2 = dx * dx + dy * dy, R2 = Rxy2 + dz * dz;
+    const double Rxy = std::sqrt(Rxy2), R = std::sqrt(R2);
+    s.Rcur = R;
+    const double F = s.m[c.Icentr] * s.m[c.IplSel] * s.gamma / R2;
+    if (dx != 0) {
+        c.cosA = std::abs(dx) / Rxy;
+        c.sinA = std::abs(dy) / Rxy;
+    }
+    const double cosB = Rxy / R, sinB = std::abs(dz) / R;
+    const double across = F * cosB;
+    const double Fx = dx > 0 ? -c.cosA * across : c.cosA * across;
+    const double Fy = dy > 0 ? -c.sinA * across : c.sinA * across;
+    const double Fz = dz > 0 ? -sinB * F : sinB * F;
+    const double centre = s.m[c.Icentr], planet = s.m[c.IplJ];
+    c.dU[7] = -Fx / centre;
+    c.dU[8] = -Fy / centre;
+    c.dU[9] = -Fz / centre;
+    c.dU[10] = Fx / planet;
+    c.dU[11] = Fy / planet;
+    c.dU[12] = Fz / planet;
+}
+
+void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
+    const ArithmeticGuard guard;
+    do {
+        rungeKuttaStep(s, c);
+        try {
+            guard.check();
+        } catch (const ArithmeticFailure&) {
+            c.U = c.U0;
+            throw;
+        }
+        unpack(s, c);
+        measure(s, c, port);
+        guard.check();
+        ++c.NC;
+        c.Tsec += c.DtCur;
+    } while (c.NC < c.NC0);
+    c.NC = 0;
+    s.Rcur = length(s.X[c.IplSel] - s.X[0], s.Y[c.IplSel] - s.Y[0], s.Z[c.IplSel] - s.Z[0]);
+    c.Esys = c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2 +
+             s.gamma * s.m[c.Icentr] * s.m[c.IplJ] * (1 / c.R00 - 1 / s.Rcur);
+}
+
+}  // namespace tarvex

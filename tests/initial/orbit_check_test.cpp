@@ -1,0 +1,140 @@
+#include "initial/orbit_check.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/failure.h"
+#include "initial/moon_data.h"
+#include "theories/elements.h"
+#include "theories/secular_theories.h"
+
+namespace tarvex {
+
+namespace {
+
+struct Watch final : OrbitCheckPort {
+    void nodePassed() override { ++nodes; }
+    void perihelionPassed() override { ++perihelia; }
+    int nodes = 0, perihelia = 0;
+};
+
+/// The Moon of the bench: a theory's elements, transformed, ready for the check.
+ModelState moon(double JD, int bary, const MoonTransformations& t) {
+    ModelState s;
+    s.gamma = 66.7259e-12;
+    s.JD = JD;
+    s.kodBary = static_cast<std::int16_t>(bary);
+    moonMasses(s, MoonTheory::Ser0);
+    moonElements(s, MoonTheory::Ser0);
+    moonInitialData(s, t);
+    for (const int i : {0, 11}) {
+        s.X[i] = s.X0[i], s.Y[i] = s.Y0[i], s.Z[i] = s.Z0[i];
+        s.VX[i] = s.VX0[i], s.VY[i] = s.VY0[i], s.VZ[i] = s.VZ0[i];
+    }
+    return s;
+}
+
+OrbitCheck moonCheck(ModelState& s, int Iobs) {
+    OrbitCheck c;
+    c.IplSel = c.IplJ = 11;
+    c.Icentr = 13;
+    c.Iobs = Iobs;
+    c.moonBench = true;
+    c.Dt = 360;
+    c.kDt = 20;
+    c.NC0 = 1000;
+    orbitCheckCentre(s, c);
+    startOrbitCheck(s, c);
+    return c;
+}
+
+void runDays(ModelState& s, OrbitCheck& c, Watch& watch, double days) {
+    while (c.Tsec < days * sekD) runOrbitCheckBatch(s, c, watch);
+}
+
+constexpr MoonTransformations geocentric{.earthByRatio = true, .shiftMoon = true, .scaleMoonSpeed = true, .earthSpeedByRatio = true};
+constexpr MoonTransformations barycentric{.earthByRatio = true, .earthSpeedByRatio = true};
+
+double turn(double degrees) { return std::remainder(degrees, 360); }
+
+}  // namespace
+
+TEST(OrbitCheck, GivenElementsOfTheMoonComeBackInBothMeanings) {
+    struct Case {
+        int bary, Iobs;
+        MoonTransformations t;
+    };
+    // geocentric elements seen from the Earth; barycentric elements seen from the common centre
+    for (const Case& one : {Case{1, 0, geocentric}, Case{2, 14, barycentric}}) {
+        ModelState s = moon(2451545, one.bary, one.t);
+        OrbitCheck c = moonCheck(s, one.Iobs);
+        Watch watch;
+        runDays(s, c, watch, 100);
+        EXPECT_GE(watch.perihelia, 3);
+        EXPECT_GE(watch.nodes, 3);
+        EXPECT_EQ(c.NObs, watch.perihelia);
+        EXPECT_NEAR(turn(c.AlfaPcur - c.AlfaP1), 0, 0.02) << one.bary;
+        EXPECT_NEAR(turn(c.AlfaUcur - c.AlfaU1), 0, 0.02) << one.bary;
+        EXPECT_LT(std::abs(c.Esys / c.Esys0 - 1), 1e-9);
+        if (one.Iobs == 0) {
+            EXPECT_NEAR(c.EksM, s.Eks0[11], 2e-5);
+            EXPECT_NEAR(s.Rr[11] / s.R0sr[11], 1, 1e-5);
+            // Kepler's third law with the mass of both
+            const double T = 2 * Pi * std::sqrt(std::pow(s.R0sr[11], 3) / s.gamma / (s.m[11] + s.m[13])) / sekD;
+            EXPECT_NEAR(c.Tper, T, 0.005);
+        }
+    }
+}
+
+TEST(OrbitCheck, PlanetGivesItsElementsAndEnergyStays) {
+    ModelState s;
+    s.gamma = 66.7259e-12;
+    s.JD = 2451545;
+    InitMassesSer0(s);
+    s.Ipl = 1;
+    ElementsSer0(s);
+    s.kodBary = 1;
+    ElementsToXYZ(s);
+    ElementsToVXYZ(s);
+    OrbitCheck c;
+    c.Dt = 3600;
+    c.kDt = 100;
+    c.NC0 = 1000;
+    startOrbitCheck(s, c);
+    Watch watch;
+    runDays(s, c, watch, 450);
+    EXPECT_GE(watch.perihelia, 4);
+    EXPECT_NEAR(c.Tper, 87.969, 0.01);
+    EXPECT_NEAR(turn(c.AlfaPcur - c.AlfaP1), 0, 0.01);
+    EXPECT_NEAR(c.EksM, 0.2056, 1e-4);
+    EXPECT_LT(std::abs(c.Esys / c.Esys0 - 1), 1e-7);
+}
+
+TEST(OrbitCheck, BatchesAreOneUnbrokenRun) {
+    ModelState s = moon(2451545, 1, geocentric), t = s;
+    OrbitCheck a = moonCheck(s, 0), b = moonCheck(t, 0);
+    Watch watch;
+    a.NC0 = 3000;
+    runOrbitCheckBatch(s, a, watch);
+    b.NC0 = 1;
+    for (int i = 0; i < 3000; ++i) runOrbitCheckBatch(t, b, watch);
+    EXPECT_EQ(a.U, b.U);
+    EXPECT_EQ(a.Tsec, b.Tsec);
+}
+
+TEST(OrbitCheck, FailureKeepsTheLastGoodState) {
+    ModelState s = moon(2451545, 1, geocentric);
+    OrbitCheck c = moonCheck(s, 0);
+    Watch watch;
+    s.m[13] = 0;
+    const auto before = c.U;
+    EXPECT_THROW(runOrbitCheckBatch(s, c, watch), ArithmeticFailure);
+    EXPECT_EQ(c.U, before);
+    EXPECT_TRUE(std::isfinite(s.X[11]));
+    s = moon(2451545, 1, geocentric);
+    s.X[11] = s.X[0], s.Y[11] = s.Y[0], s.Z[11] = s.Z[0];
+    EXPECT_THROW(startOrbitCheck(s, c), ArithmeticFailure);
+}
+
+}  // namespace tarvex
