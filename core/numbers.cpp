@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <charconv>
 #include <limits>
 
@@ -53,15 +54,17 @@ double toNumber(std::string_view text) {
     if (first == std::string_view::npos) throw ConversionFailure("empty text where a number is expected");
     text = text.substr(first, text.find_last_not_of(" \t") - first + 1);
 
-    std::string plain;
+    std::array<char, 64> usual{}; // long enough for all but a joke: files hold millions of numbers
+    std::string longer;
+    if (text.size() > usual.size()) longer.resize(text.size());
+    char* plain = longer.empty() ? usual.data() : longer.data();
     bool digit = false;
-    for (const char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
         digit = digit || (c >= '0' && c <= '9');
-        if (c == ',') plain += '.';
-        else if (c == 'D' || c == 'd') plain += 'e';
-        else plain += c;
+        plain[i] = c == ',' ? '.' : c == 'D' || c == 'd' ? 'e' : c;
     }
-    std::string_view body = plain;
+    std::string_view body(plain, text.size());
     if (body.size() > 1 && body.front() == '+' && body[1] != '-') body.remove_prefix(1);
     double v = 0;
     const auto [end, error] = std::from_chars(body.data(), body.data() + body.size(), v);

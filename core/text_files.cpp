@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 #include "core/failure.h"
 
@@ -14,7 +15,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t longestLine = 1 << 20;   ///< a longer line is no text file of ours
+constexpr std::size_t longestLine = 1 << 20;  ///< a longer line is no text file of ours
+constexpr std::size_t blockSize = 1 << 16;    ///< bytes read at a time
 
 bool isUtf8(std::string_view s) {
     for (std::size_t i = 0; i < s.size();) {
@@ -66,8 +68,10 @@ std::string decoded(std::string_view bytes) {
 TextReader::TextReader(const fs::path& path) : name_(path.string()) {
     std::error_code error;
     if (!fs::is_regular_file(path, error)) throw OpenFailure("no such file: " + name_);
+    file_.rdbuf()->pubsetbuf(nullptr, 0);  // blocks are ours
     file_.open(path, std::ios::binary);
     if (!file_) throw OpenFailure("cannot open " + name_);
+    block_.resize(blockSize);
     if (fill() && current_.starts_with("\xEF\xBB\xBF")) at_ = 3;
 }
 
@@ -76,13 +80,21 @@ bool TextReader::fill() {
     current_.clear();
     at_ = 0;
     open_ = false;
-    auto* buffer = file_.rdbuf();
-    using Traits = std::char_traits<char>;
     bool any = false;
-    for (auto c = buffer->sbumpc(); !Traits::eq_int_type(c, Traits::eof()); c = buffer->sbumpc()) {
+    for (bool ended = false; !ended;) {
+        if (blockAt_ == blockEnd_) {
+            file_.read(block_.data(), static_cast<std::streamsize>(block_.size()));
+            blockAt_ = 0;
+            blockEnd_ = static_cast<std::size_t>(file_.gcount());
+            if (blockEnd_ == 0) break;
+        }
         any = true;
-        if (Traits::to_char_type(c) == '\n') break;
-        current_ += Traits::to_char_type(c);
+        const char* from = block_.data() + blockAt_;
+        const auto* end = static_cast<const char*>(std::memchr(from, '\n', blockEnd_ - blockAt_));
+        ended = end != nullptr;
+        const auto length = ended ? static_cast<std::size_t>(end - from) : blockEnd_ - blockAt_;
+        current_.append(from, length);
+        blockAt_ += length + (ended ? 1 : 0);
         if (current_.size() > longestLine) throw FileFailure("line too long in " + name_);
     }
     if (!current_.empty() && current_.back() == '\r') current_.pop_back();
@@ -90,12 +102,15 @@ bool TextReader::fill() {
     return any;
 }
 
+bool TextReader::lineUsedUp() {
+    while (open_ && at_ < current_.size() && separates(current_[at_])) ++at_;
+    return !open_ || at_ >= current_.size();
+}
+
 bool TextReader::noMoreItems() {
-    for (;;) {
-        while (open_ && at_ < current_.size() && separates(current_[at_])) ++at_;
-        if (open_ && at_ < current_.size()) return false;
+    while (lineUsedUp())
         if (!fill()) return true;
-    }
+    return false;
 }
 
 double TextReader::number() {
@@ -107,7 +122,8 @@ double TextReader::number() {
     try {
         return toNumber(item);
     } catch (const Failure&) {
-        throw FileFailure("no number where one is expected in " + name_ + ": " + std::string(item.substr(0, 40)));
+        throw FileFailure("no number where one is expected in " + name_ + ": " +
+                          std::string(item.substr(0, 40)));
     }
 }
 
@@ -182,7 +198,8 @@ void appendLine(const fs::path& path, std::string_view text) {
     if (!file) throw OpenFailure("cannot open " + path.string());
     std::string whole(text);
     whole += "\r\n";
-    file.write(whole.data(), static_cast<std::streamsize>(whole.size()));   // one write: a line is whole or absent
+    file.write(whole.data(),
+               static_cast<std::streamsize>(whole.size()));  // one write: a line is whole or absent
     file.flush();
     if (!file) throw FileFailure("cannot write " + path.string());
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/numbers.h"
 
@@ -33,12 +34,16 @@ public:
 
     /// True when no item (nothing but blanks, commas and line ends) is left.
     bool noMoreItems();
+    /// True when the current line holds no further item.
+    bool lineUsedUp();
 
 private:
     bool fill();
 
     std::ifstream file_;
     std::string name_;
+    std::vector<char> block_;   ///< a piece of the file
+    std::size_t blockAt_ = 0, blockEnd_ = 0;
     std::string current_;       ///< the line being read, undecoded
     std::size_t at_ = 0;        ///< first unread byte of current_
     bool open_ = false;         ///< current_ holds a line that is not used up

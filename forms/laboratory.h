@@ -8,6 +8,7 @@
 #include "core/name_table.h"
 #include "runtime/desk.h"
 #include "stats/plan_block.h"
+#include "theories/ephemeris.h"
 
 namespace tarvex {
 
@@ -21,6 +22,7 @@ struct Laboratory {
 
     ModelState s;
     PlanBlock plan;    ///< the plan of a multifactor experiment
+    Ephemeris ephemeris{tree};
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on
