@@ -1,7 +1,5 @@
 #include "forms/form11.h"
 #include "forms/form14.h"
-#include "forms/form18.h"
-#include "forms/form8.h"
 #include "forms/laboratory.h"
 
 namespace tarvex {
@@ -17,10 +15,8 @@ void add(Laboratory& lab) {
 }  // namespace
 
 void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
-    add<Form8>(lab);
     add<Form11>(lab);
     add<Form14>(lab);
-    add<Form18>(lab);
 }
 
 }  // namespace tarvex
