@@ -6,6 +6,8 @@
 #include "core/data_tree.h"
 #include "core/model_state.h"
 #include "core/name_table.h"
+#include "forms/pulsar_extras.h"
+#include "numeric/two_body.h"
 #include "runtime/desk.h"
 #include "stats/plan_block.h"
 #include "theories/ephemeris.h"
@@ -23,6 +25,8 @@ struct Laboratory {
     ModelState s;
     PlanBlock plan;    ///< the plan of a multifactor experiment
     Ephemeris ephemeris{tree};
+    TwoBody twoBody;       ///< the two-body run of Form25
+    PulsarExtras pulsar;   ///< and what Form26 adds to it
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on

@@ -16,7 +16,7 @@ namespace tarvex {
 /// A text on one line: line ends (CR LF as one) are written as \n.
 std::string onOneLine(const std::string& text);
 
-class ScriptScreen final : public Screen {
+class ScriptScreen : public Screen {
 public:
     using CanvasMaker = std::function<std::unique_ptr<Canvas>(int width, int height)>;
 

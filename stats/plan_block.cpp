@@ -1,5 +1,6 @@
 #include "stats/plan_block.h"
 
+#include "core/failure.h"
 #include "core/name_table.h"
 
 namespace tarvex {
@@ -15,6 +16,11 @@ std::array<std::array<std::string, 7>, 7> signStrings() {
             for (int zero = 0; zero < tail[Nf]; ++zero) column += "+0";
         }
     return strings;
+}
+
+int experiments(const PlanBlock& p) {
+    if (p.Nplan < 1 || p.Nplan > maxPoints) throw SubscriptFailure("no plan is built");
+    return p.Nplan;
 }
 
 void addNames(NameTable& table, const PlanBlock& p) {

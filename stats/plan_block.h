@@ -82,6 +82,9 @@ struct PlanBlock : Elimination {
     std::int16_t kodTestHead = 0;  ///< 88 once the head of the file of test experiments is written
 };
 
+/// Points of the plan as a loop bound; throws SubscriptFailure when no plan of 1 to 91 points stands.
+int experiments(const PlanBlock& p);
+
 /// Enters the variables of the plan under their names (the point and the values of the equation as Xplan,
 /// Zplan).
 void addNames(NameTable& table, const PlanBlock& p);

@@ -159,7 +159,7 @@ struct Sums {
 
 void FitRegression(PlanBlock& p) {
     needPlan(p.Nf);
-    if (p.Nplan < 1 || p.Nplan > maxPoints) throw SubscriptFailure("no plan is built");
+    experiments(p);
     const Sums sum(p);
     const auto& k = p.k;
     const int last = lastColumn(p.Nf), firstSquare = squareColumn(p.Nf, 1);

@@ -56,7 +56,7 @@ bool readTestPlan(const DataTree& tree, PlanBlock& p) {
         Xnul[i] = file.number() / MK;
         dXvar[i] = file.number() / MK;
     }
-    for (int n = 1; n <= p.Nplan; ++n) {
+    for (int n = 1; n <= experiments(p); ++n) {
         const int u = file.int16();
         if (u < 1 || u > p.Nplan) throw FileFailure("experiment outside the plan");
         Yu[u] = file.number() / MK;

@@ -1,0 +1,84 @@
+#include "batch/batch_options.h"
+
+#include <sstream>
+
+#include "core/failure.h"
+#include "core/numbers.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr int mostExperiments = 32767;
+const std::string usage =
+    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume] [ИМЯ=ЗНАЧЕНИЕ ...]";
+
+int wholeNumber(const std::string& text) {
+    try {
+        const double v = toNumber(text);
+        if (v == Fix(v) && v >= 0 && v <= mostExperiments) return static_cast<int>(v);
+    } catch (const Failure&) {
+        // told below, with the rest of what is no number of ours
+    }
+    throw Failure("не число от 0 до 32767: " + text);
+}
+
+}  // namespace
+
+std::vector<int> numberList(const std::string& text) {
+    std::vector<int> numbers;
+    std::istringstream list(text);
+    for (std::string item; std::getline(list, item, ',');) {
+        const auto dash = item.find('-');
+        const int first = wholeNumber(item.substr(0, dash));
+        const int last = dash == std::string::npos ? first : wholeNumber(item.substr(dash + 1));
+        if (last < first) throw Failure("пустой список: " + item);
+        for (int i = first; i <= last; ++i) numbers.push_back(i);
+    }
+    if (numbers.empty()) throw Failure("пустой список: " + text);
+    return numbers;
+}
+
+BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
+    BatchOptions options;
+    bool plan = false, experiments = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& word = arguments[i];
+        const auto value = [&]() -> const std::string& {
+            if (i + 1 >= arguments.size()) throw Failure(word + ": нет значения\n" + usage);
+            return arguments[++i];
+        };
+        if (word == "--resume") {
+            options.resume = true;
+        } else if (word == "--data") {
+            options.data = value();
+        } else if (word == "--plan") {
+            options.plan = wholeNumber(value());
+            plan = true;
+        } else if (word == "--experiments") {
+            const auto list = numberList(value());
+            options.first = list.front();
+            options.last = list.back();
+            if (options.first < 1 || static_cast<int>(list.size()) != options.last - options.first + 1)
+                throw Failure("--experiments: номера подряд от 1, например 1-20");
+            experiments = true;
+        } else if (word == "--planets") {
+            options.planets = numberList(value());
+            for (const int p : options.planets)
+                if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
+        } else if (word == "--jobs") {
+            options.jobs = wholeNumber(value());
+        } else if (const auto sign = word.find('='); sign != std::string::npos && sign > 0 && word.front() != '-') {
+            std::string control = word.substr(0, sign);
+            if (!control.starts_with("Form")) control = "Form2." + control;
+            options.settings.push_back({control, word.substr(sign + 1)});
+        } else {
+            throw Failure(word + "\n" + usage);
+        }
+    }
+    if (!plan || !experiments) throw Failure(usage);
+    if (options.plan < 1) throw Failure("--plan: номер плана от 1");
+    return options;
+}
+
+}  // namespace tarvex
