@@ -37,8 +37,10 @@ void separateMoon(ModelState& s, bool bary) {
     s.kodBary = bary ? 2 : 1;
     ElementsToVXYZ(s);
     copyRow(initialSpeeds(s), rowMoon, speeds(s), rowXena);
-    if (s.kodBary == 1) MoonEarthFromBary(s);
-    else MoonEarthFromBary2(s);
+    if (s.kodBary == 1)
+        MoonEarthFromBary(s);
+    else
+        MoonEarthFromBary2(s);
     MoonRowsToEarth(s);
 }
 
@@ -71,7 +73,7 @@ void MoonEarthFromBary2(ModelState& s) {
 }
 
 void MoonRowsToEarth(ModelState& s) {
-    for (Rows* axis : initialRows(s)) {   // row 10 first: row 3 is still the common centre
+    for (Rows* axis : initialRows(s)) {  // row 10 first: row 3 is still the common centre
         Rows& x = *axis;
         x[rowXena] = x[rowMoon] + x[rowEarthMoon];
         x[rowEarthMoon] = x[rowEarthMoon] + x[rowEarth];

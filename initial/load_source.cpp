@@ -17,7 +17,7 @@ using Theory = void (*)(ModelState&);
 
 void planetsBy(ModelState& s, Theory elements) {
     for (s.Ipl = 1; s.Ipl < 9; ++s.Ipl) elements(s);
-    elements(s);   // Ipl stays at the last planet
+    elements(s);  // Ipl stays at the last planet
 }
 
 void moonBy(ModelState& s, Theory elements) {
@@ -104,14 +104,17 @@ void loadTheory(ModelState& s, Source theory) {
         moonBy(s, ElementsJPL0);
         PrecessMoonToDate(s);
         MoonRowToXena(s);
-        s.say("Для расчета параметров орбиты Луны использована \r\nтеория из Мееуса с пересчетом в эпоху J2000 ",
-              "Tarvex7");
+        s.say(
+            "Для расчета параметров орбиты Луны использована \r\nтеория из Мееуса с пересчетом в эпоху "
+            "J2000 ",
+            "Tarvex7");
     } else {
         massesAndPlanets(s, InitMassesNew0, gammaNew0, ElementsNew0);
         if (s.kodMoon == 0) return xenaDefault(s);
         moonBy(s, ElementsNew0);
         MoonRowToXena(s);
-        s.say("Для расчета параметров орбиты Луны использована \r\nтеория Брауна в книге Чеботарева ", "Tarvex7");
+        s.say("Для расчета параметров орбиты Луны использована \r\nтеория Брауна в книге Чеботарева ",
+              "Tarvex7");
     }
 }
 
@@ -168,8 +171,9 @@ void enterState(ModelState& s, int i, const TypedRow& value) {
 std::array<double, 7> shownElements(ModelState& s, int i) {
     s.AlfaL[i] -= 2 * Pi * Fix(s.AlfaL[i] / (2 * Pi));
     if (s.AlfaL[i] < 0) s.AlfaL[i] += 2 * Pi;
-    return {Fix(MK * s.AlfaL[i] * kUgol) / MK,  Fix(MK * s.R0sr[i] / MK) / MK,       Fix(MK * s.W0sr[i] * sekG) / MK,
-            cut6(s.Eks0[i]),                    Fix(MK * s.Betta0[i] * kUgol) / MK,  Fix(MK * s.AlfaP0[i] * kUgol) / MK,
+    return {Fix(MK * s.AlfaL[i] * kUgol) / MK,  Fix(MK * s.R0sr[i] / MK) / MK,
+            Fix(MK * s.W0sr[i] * sekG) / MK,    cut6(s.Eks0[i]),
+            Fix(MK * s.Betta0[i] * kUgol) / MK, Fix(MK * s.AlfaP0[i] * kUgol) / MK,
             Fix(MK * s.AlfaU0[i] * kUgol) / MK};
 }
 

@@ -9,7 +9,8 @@ namespace tarvex {
 
 namespace {
 
-constexpr const char* dateRemark = "               MK=1 000 000         kUgol=180 град/pi       sekG = 31557600 сек";
+constexpr const char* dateRemark =
+    "               MK=1 000 000         kUgol=180 град/pi       sekG = 31557600 сек";
 constexpr const char* massTitles = "mSol / 10^25____gamma * 10^16____Lae";
 constexpr const char* rowTitles =
     "№ объкта_MK * AlfaL * kUgol__R0sr / 1000__MK * W0sr * sekG__MK * Eks0__MK * Betta0 * kUgol__"
@@ -22,7 +23,7 @@ std::string bodyLine(const ModelState& s, int i) {
     std::string line = Format(i, "00");
     for (const double v : {
              Fix(MK * s.AlfaL[i] * kUgol),
-             std::round(Fix(s.R0sr[i]) / 1000),   // cut in metres, rounded in kilometres: meant here and for Y
+             std::round(Fix(s.R0sr[i]) / 1000),  // cut in metres, rounded in kilometres: meant here and for Y
              Fix(MK * s.W0sr[i] * sekG),
              Fix(MK * s.Eks0[i]),
              Fix(MK * s.Betta0[i] * kUgol),
@@ -58,7 +59,7 @@ void ParameterReader::date(ModelState& s) {
     s.Den = file_.number() / 1000;
     s.Mes = file_.int32();
     s.God = file_.int32();
-    file_.line();   // the remark
+    file_.line();  // the remark
     s.God0 = s.God;
     s.Mes0 = s.Mes;
     s.Den0 = s.Den;
@@ -66,12 +67,12 @@ void ParameterReader::date(ModelState& s) {
 
 void ParameterReader::bodies(ModelState& s, const std::function<void(int body)>& rowRead) {
     const auto next = [this] { return file_.number(); };
-    file_.line();   // titles of the masses
+    file_.line();  // titles of the masses
     s.mSol = finite(next() * massScale);
     s.gamma = next() / gammaScale;
     s.Lae = next();
-    file_.line();   // the end of that line
-    file_.line();   // titles of the rows
+    file_.line();  // the end of that line
+    file_.line();  // titles of the rows
     for (int i = 0; i <= NPlanetMax; ++i) {
         s.IplSel = file_.int32();
         s.AlfaL[i] = next() / MK / kUgol;

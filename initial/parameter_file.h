@@ -1,6 +1,6 @@
 #pragma once
-// The numbered parameter file \Dat\Tarvex<N>.dat: date, masses, elements and coordinates of bodies 0..10, each
-// number scaled and cut to a whole one.
+// The numbered parameter file \Dat\Tarvex<N>.dat: date, masses, elements and coordinates of bodies 0..10,
+// each number scaled and cut to a whole one.
 
 #include <functional>
 
