@@ -6,6 +6,8 @@ Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(st
     s.say = [this](const std::string& text, const std::string& title) { desk.message(text, title); };
     addNames(names, s);
     addNames(names, plan);
+    addNames(names, motion);
+    addNames(names, run);
     addNames(names, ephemeris);
     addForms(*this);
 }

@@ -6,8 +6,9 @@
 #include "core/data_tree.h"
 #include "core/model_state.h"
 #include "core/name_table.h"
-#include "forms/pulsar_extras.h"
-#include "numeric/two_body.h"
+#include "numeric/motion.h"
+#include "numeric/run_loop.h"
+#include "numeric/run_state.h"
 #include "runtime/desk.h"
 #include "stats/plan_block.h"
 #include "theories/ephemeris.h"
@@ -22,11 +23,14 @@ struct Laboratory {
     Laboratory(const Laboratory&) = delete;
     Laboratory& operator=(const Laboratory&) = delete;
 
+    /// What a run of the numerical model works on.
+    Experiment experiment() { return {s, motion, run, ephemeris, tree}; }
+
     ModelState s;
     PlanBlock plan;    ///< the plan of a multifactor experiment
+    Motion motion;     ///< what the equations of motion work on
+    RunState run;      ///< the experiment and the orbit it measures
     Ephemeris ephemeris{tree};
-    TwoBody twoBody;       ///< the two-body run of Form25
-    PulsarExtras pulsar;   ///< and what Form26 adds to it
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on

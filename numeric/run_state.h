@@ -1,0 +1,92 @@
+#pragma once
+// What an experiment keeps between its passes: the integrator's work, the clock, the measured orbit, its
+// windows and baselines, the energies (see Energy) and the record files.
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "core/constants.h"
+#include "core/model_state.h"
+#include "numeric/energy.h"
+#include "numeric/motion.h"
+
+namespace tarvex {
+
+/// Theory that an imitator moves the bodies by.
+enum class Imitator { New0, JPL0, JPL2 };
+
+/// The boxes of the experiment's screen.  A running loop reads them in every pass, so a tick acts at once.
+struct RunBoxes {
+    bool measure = false;              ///< Check4: measure the orbit of IplSel and let it set the step
+    bool records = false;              ///< Check20: append a record at each apse
+    bool track = false;                ///< Check2: append coordinates at each display pass
+    bool energy = false;               ///< Check12: energy and moment of momentum at each display pass
+    bool animation = false;            ///< Check3: draw the bodies at each display pass
+    bool originSun = true;             ///< Check17: the Sun in the origin
+    bool originEarth = false;          ///< Check19: the Earth in the origin
+    bool originCentre = false;         ///< Check18: the centre of mass in the origin
+    bool endAtYear = false;            ///< Check14: end after the year GodEnd
+    bool renewBaselines = false;       ///< Check22: take the baselines again after the first turns
+    bool debugText = false;            ///< Check21: keep the state of the pair N1, N2
+    Imitator theory = Imitator::New0;  ///< Option5, Option6, Option9
+};
+
+struct RunState : Energy {
+    // --- integrator: the step in parts, layout of U; A1..A4 use cells 33..65
+    std::array<double, equations> U0{}, K1{}, K2{}, K3{}, K4{};
+    std::array<double, equations> A1{}, A2{}, A3{}, A4{};
+    double Tstage = 0;  ///< time of the current stage, s
+
+    // --- clock
+    double Tsec = 0;                  ///< model time since Start, always growing, s
+    double Tmod = 0;                  ///< signed model time, s
+    double TimerStart = 0;            ///< computer time of Start, s
+    std::int16_t kodTime = 1;         ///< 1 forward, -1 back in time
+    std::int16_t kodModel = 1;        ///< 1 mathematical model, 0 imitator
+    std::int16_t kodJPL2 = 0;         ///< 1: the imitator is the ephemeris
+    std::int16_t kodTest = 0;         ///< 1: test of the plan, nothing is integrated
+    std::int32_t GodEnd = 2000;       ///< last year of the run
+    double kmTest2 = 0, kmTest5 = 0;  ///< mass divisors of Venus and Jupiter, targets of the test criterion
+
+    // --- the measured orbit of IplSel
+    double Vpl = 0;               ///< speed, m/s
+    double LonOld = 0;            ///< longitude one step earlier, degrees
+    double Rold = 0;              ///< distance one step earlier, m
+    double ZOldSel = 0;           ///< Z relative to the origin one step earlier, m
+    double AlfaP = 0, AlfaU = 0;  ///< perihelion and ascending node, degrees
+    double Betta = 0;             ///< largest latitude since the last apse, rad
+    double Eks = 0;               ///< eccentricity
+    double Rmin = 0, Rmax = 0;    ///< last perihelion and aphelion distance, m
+    double Period = 0;            ///< days
+    double Tper0 = 0;             ///< time of the last wrap of the longitude, s
+    std::int32_t NZamer = 0;      ///< number of the measure; counts perihelia
+    std::int16_t kodApsis = 2;    ///< 0 search, 1 still approaching the apse, 2 found
+    std::int16_t kodPeri = 0;     ///< 1 perihelion window, 0 aphelion window
+    std::int16_t kodUzel = 0;     ///< 1 once a node has been crossed since the last apse
+    double dAlfa = 1;             ///< half width of the windows, degrees
+    double PeriHi = 0, PeriLo = 0, AfelHi = 0, AfelLo = 0;  ///< apse windows, degrees
+    double UzelHi = 0, UzelLo = 0, Uzel2Hi = 0,
+           Uzel2Lo = 0;  ///< ascending and descending node windows, degrees
+    /// Baselines of the differences shown: degrees, degrees, rad, 1, m, days.
+    double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0, PeriodNach = 0;
+
+    // --- scales of the plots
+    double MdAlfa = 100;            ///< arc seconds in a unit
+    double MT = 100;                ///< years in a unit
+    double MxPlot = 10000;          ///< thousand km in a unit
+    double dYplot = 0;              ///< shift of the plots, units
+    double MxView = 1.8 * MK * MK;  ///< metres in a unit of the second picture
+
+    // --- records
+    std::string ModelName;         ///< as heads of files name the model
+    std::string FileRas, FileXYZ;  ///< record files, named from the root of the data tree
+    std::int32_t NP1max = 0;       ///< number of records a reader must be ready for
+
+    RunBoxes boxes;
+};
+
+/// Enters every shared variable of the run into the table under its own name.
+void addNames(NameTable& table, const RunState& run);
+
+}  // namespace tarvex

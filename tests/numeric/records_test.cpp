@@ -1,0 +1,249 @@
+#include "numeric/records.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/failure.h"
+#include "tests/support/test_run.h"
+
+namespace tarvex {
+
+using test::readBytes;
+using test::TestRun;
+
+namespace {
+
+/// Outcome of a start: text and title of a refusal, "data" for any other failure, "" when it succeeds.
+std::string outcome(TestRun& t) {
+    try {
+        t.start();
+    } catch (const Refusal& refusal) {
+        return refusal.text + "|" + refusal.title;
+    } catch (const std::exception&) {
+        return "data";
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST(Records, RunFileByteForByte) {
+    TestRun t;
+    t.settings.boxes.records = true;
+    t.settings.Text8 = "7";
+    t.settings.Text17 = "0,5";
+    t.settings.Text39 = "100";
+    t.settings.Text40 = "1801";
+    t.s.VXsys = -12.5;
+    t.startAndGo();
+    EXPECT_EQ(
+        readBytes(t.folder.path() / "Plan0/Txt1/Tarvex1Ras7.txt"),
+        "эксперимент № 7 для объекта № 1 из 10 от 21.11.2026 плоскость эклиптики в эпоху J2000 начало "
+        "01,50.01.1801\r\n"
+        "шаг решения 3600 сек  уменьшен у перигелия в 100 раз     dAlfa= 0,5   kodBary= 0   kodMoon= 0   "
+        "kodDX= 0   "
+        "kodPgr= 0   kodOTO=  0   kodSun=  0\r\n"
+        "Классика  Ser0    VXsys=  -12,5   VYsys= 0   VZsys= 0   Vgr= 0 Vsv   k1= 0  k2= 0  m2=  408523     "
+        "m5= "
+        "1047,348\r\n"
+        " № замера     прошло дней   перигелий     восхождение     наклон   эксцентриситет    полуось     "
+        "угл.скорость\r\n"
+        " 0  237886200 \r\n"
+        " 3  24146  7713698848  4857316406  701600879  20559361  5791734631  260879296736 \r\n"
+        " 3  28545  7713634138  4857358029  701601742  20559260  5791727249  260879296736 \r\n"
+        " 4  32943  7713609996  4857249753  701600860  20559084  5791735711  260879296736 \r\n");
+}
+
+// The items of a record against the state, formed another way than by the writer.
+TEST(Records, ItemsAreTheScaledMeasuresOfTheState) {
+    TestRun t;
+    t.start();
+    t.run.FileRas = "\\Dat\\r.txt";
+    t.run.NZamer = 5;
+    t.run.Tmod = 440 * sekD + 600;
+    t.run.AlfaP = 77.1234567891, t.run.AlfaU = 48.1;
+    t.run.Betta = 7 / kUgol + 1e-12, t.run.Eks = 0.2056, t.run.Period = 87.969;
+    t.s.Rr[1] = 57909123456.7;
+    WriteRasRecord(t.tree, t.s, t.run);
+    t.run.Tmod = -t.run.Tmod;
+    WriteRasRecord(t.tree, t.s, t.run);
+    const double rate = std::floor(2e8 * Pi * 36525 / 87.969);
+    const std::string tail =
+        " 7712345678  4810000000  700000000  20560000  5790912345 " + fileItem(rate) + "\r\n";
+    EXPECT_EQ(readBytes(t.folder.path() / "Dat/r.txt"), " 5  44000 " + tail + " 5 -44000 " + tail);
+    EXPECT_EQ(t.s.Ipl, 1);
+    EXPECT_DOUBLE_EQ(t.s.JD, t.s.JD0 - 440);
+    t.run.Period = 0;
+    EXPECT_THROW(WriteRasRecord(t.tree, t.s, t.run), ArithmeticFailure);
+}
+
+TEST(Records, AnglesAreContinuedOverWholeTurns) {
+    struct Case {
+        double theory, measured, continued;
+    };
+    for (const Case c : {Case{77, 77.1, 77.1}, Case{359, 1, 361}, Case{361, 359, 359}, Case{725, 4, 724},
+                         Case{719.9, 0.2, 720.2}, Case{-10, 350.5, -9.5}, Case{-359, 1.5, -358.5},
+                         Case{-1, 0.5, 0.5}, Case{-359.9, 359.8, -360.2}, Case{0, 12, 0}})
+        EXPECT_NEAR(continuousAngle(c.theory / kUgol, c.measured), c.continued, 1e-9) << c.theory;
+}
+
+TEST(Records, EnergyRunWritesPercentsAtEachDisplay) {
+    TestRun t;
+    t.settings.boxes = {};
+    t.settings.boxes.energy = t.settings.boxes.records = t.settings.boxes.track = t.settings.boxes.endAtYear =
+        true;
+    t.settings.Text37 = "2000";
+    t.settings.Text40 = "1801";
+    t.motion.kodEpot = t.motion.kodCMnow = 1;
+    t.startAndGo();
+    const std::string file = readBytes(t.folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
+    EXPECT_NE(file.find(" E0sys= " + toText(t.run.E0sys) + " MKD0sys= " + toText(t.run.MKD0sys) + "\r\n"),
+              file.npos);
+    EXPECT_NE(file.find("\r\n № замера     прошло дней          dEsys %       dMKDsys %      dEKsys %\r\n 0  "
+                        "237886200 \r\n"),
+              file.npos);
+    TextReader reader(t.folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
+    for (int line = 0; line < 4; ++line) reader.line();
+    reader.number();
+    reader.number();
+    for (int record = 1; record <= 4; ++record) {
+        EXPECT_EQ(reader.number(), 0);
+        EXPECT_EQ(reader.number(), Fix(100 * record * 2000 / 24.));
+        EXPECT_LT(std::abs(reader.number()), 1e8 * 1e-6);  // kept to 10^-8
+        EXPECT_LT(std::abs(reader.number()), 1e8 * 1e-8);
+        EXPECT_GT(std::abs(reader.number()), 1e8 * 1e-3);  // the kinetic part swings
+        EXPECT_EQ(reader.number(), 0);
+        EXPECT_EQ(reader.number(), 0);
+        EXPECT_EQ(reader.number(), 0);
+    }
+    EXPECT_TRUE(reader.noMoreItems());
+    EXPECT_EQ(t.run.Eks, 0);
+
+    TextReader track(t.folder.path() / "Dat/Tarvex1XYZ1.txt");
+    EXPECT_EQ(track.line(),
+              "эксперимент № 1 для объекта № 1 из 10 от  21.11.2026 плоскость эклиптики в эпоху J2000    "
+              "начало 01,50.01.1801");
+    EXPECT_EQ(track.line(),
+              "шаг решения 3600 сек  уменьшен у перигелия в 1000 раз     dAlfa= 1   kodBary= 0   "
+              "kodMoon=  0   kodDX=  0   kodPgr=  0");
+    EXPECT_EQ(track.line(),
+              "Классика  Ser0             VXsys=  0   VYsys= 0   VZsys= 0    Vgr= 0 Vsv   k1= 0  k2= 0");
+    EXPECT_TRUE(
+        track.line().ends_with("энергия системы в Дж /10^30   момент количества движения в кг*м^2/с /10^30"));
+    const std::string first = track.line();
+    EXPECT_TRUE(first.starts_with("25,833.03.1801____T= 000000007,200____X= ")) << first;
+    EXPECT_NE(first.find("____Vpl= 00"), first.npos);
+}
+
+TEST(Records, PathsAndCountsOfModelsAndImitators) {
+    TestRun t;
+    t.run.kodModel = 1;
+    t.s.NPlan = 3, t.s.NFile = 12, t.s.IplSel = 4;
+    t.run.Period = 687, t.run.GodEnd = 1901, t.s.God0 = 1801;
+    EXPECT_EQ(recordFile(t.s, t.run), "\\Plan3\\Txt4\\Tarvex4Ras12.txt");
+    EXPECT_EQ(recordCount(t.s, t.run), 159);
+    t.run.GodEnd = 1701;
+    EXPECT_EQ(recordCount(t.s, t.run), -159);
+    t.s.IplSel = 3;
+    EXPECT_EQ(recordCount(t.s, t.run), 32000);
+    t.run.kodModel = 0;
+    t.run.boxes.theory = Imitator::New0;
+    EXPECT_EQ(recordFile(t.s, t.run), "\\NEW\\Tarvex3Nab.txt");
+    t.run.boxes.theory = Imitator::JPL2;
+    t.s.kodMoon = 1;
+    EXPECT_EQ(recordFile(t.s, t.run), "\\JPL\\Tarvex11Nab.txt");
+    EXPECT_EQ(trackFile(t.s), "\\Dat\\Tarvex11XYZ12.txt");
+    t.run.boxes.energy = true;
+    t.s.Dt = 3600, t.s.NC0 = 0;
+    EXPECT_THROW(recordCount(t.s, t.run), ArithmeticFailure);
+    t.s.NC0 = 1;
+    t.run.GodEnd = 2000000000;
+    EXPECT_THROW(recordCount(t.s, t.run), OverflowFailure);
+}
+
+TEST(ExperimentStart, RefusesWithTheMessageOfTheFirstFault) {
+    const std::string data = "data";
+    struct Case {
+        const char* name;
+        void (*spoil)(TestRun&);
+        std::string message;
+    };
+    const std::string number = "номер объекта должен быть от 0 до 10|Tarvex7.0";
+    const Case cases[] = {
+        {"object 11", [](TestRun& t) { t.settings.Text13 = "11", t.settings.Text38 = "abc"; }, number},
+        {"object -1", [](TestRun& t) { t.settings.Text13 = "-1"; }, number},
+        {"object 10,4 is 10",
+         [](TestRun& t) {
+             t.settings.Text13 = "10,4";
+             t.s.ElemStart[5][10] = 1e12;
+         },
+         ""},
+        {"object text", [](TestRun& t) { t.settings.Text13 = ""; }, data},
+        {"object 0", [](TestRun& t) { t.settings.Text13 = "0"; },
+         "Номер планеты для вычисления параметров должен быть от 1 до 10|Tarvex7"},
+        {"no speed", [](TestRun& t) { t.settings.Text35 = "0", t.settings.gravitySpeed = true; },
+         "Надо задать скорость гравитации отличную от нуля|Tarvex7mmm"},
+        {"no speed in relativity",
+         [](TestRun& t) { t.settings.Text35 = "0", t.settings.relativistic = true; },
+         "Скорость гравитации в ОТО не может быть равна нулю|Tarvex7mmm"},
+        {"speed huge", [](TestRun& t) { t.settings.Text35 = "1e301"; }, data},
+        {"exponent", [](TestRun& t) { t.settings.Text45 = "два"; }, data},
+        {"file number", [](TestRun& t) { t.settings.Text8 = "40000"; }, data},
+        {"step", [](TestRun& t) { t.settings.Text38 = "час"; }, data},
+        {"divider", [](TestRun& t) { t.settings.Text39 = "32768"; }, data},
+        {"batch", [](TestRun& t) { t.settings.Text37 = "-"; }, data},
+        {"scale", [](TestRun& t) { t.settings.Text5 = ""; }, data},
+        {"years", [](TestRun& t) { t.settings.Text9 = "1 000"; }, data},
+        {"plot", [](TestRun& t) { t.settings.Text21 = "x"; }, data},
+        {"shift", [](TestRun& t) { t.settings.Text36 = "x"; }, data},
+        {"end", [](TestRun& t) { t.settings.Text40 = "3e9"; }, data},
+        {"window", [](TestRun& t) { t.settings.Text17 = "один"; }, data},
+        {"missing folder", [](TestRun& t) { t.s.NPlan = 9, t.settings.boxes.records = true; }, data},
+        {"nothing ticked", [](TestRun& t) { test::tick(t.s, -1); }, data},
+        {"trace too long",
+         [](TestRun& t) { t.motion.kodDX = 3, t.settings.Text35 = "1e-6", t.settings.gravitySpeed = true; },
+         data},
+        {"origin on the body",
+         [](TestRun& t) { t.settings.Text13 = "3", t.settings.boxes.originEarth = true; }, data},
+        {"energy with the Moon",
+         [](TestRun& t) { t.settings.model = false, t.s.kodMoon = 1, t.settings.boxes.energy = true; },
+         "В имитаторах энергия системы считается только для Луны вместе с Землей\r\n      (если надо то "
+         "задайте на форме "
+         "1 движение Луны и Земли совместное)|Tarvex7.0"},
+        {"New0 with the Moon", [](TestRun& t) { t.settings.model = false, t.s.kodMoon = 1; },
+         "     В имитаторах New0 и JPL0 не может быть номер объекта 0 или 10\r\nи не может быть задано на "
+         "форме 1 "
+         "отдельно движение Луны и Земли|Tarvex7"},
+        {"JPL2 with Xena",
+         [](TestRun& t) {
+             t.settings.model = false, t.settings.boxes.theory = Imitator::JPL2, t.settings.Text13 = "10";
+         },
+         "     В имитаторе JPL2 объектом 10 может быть только Луна\r\n(если надо то задайте на форме 1 "
+         "отдельно движение "
+         "Луны и Земли)|Tarvex7"},
+    };
+    for (const Case& c : cases) {
+        TestRun t;
+        c.spoil(t);
+        EXPECT_EQ(outcome(t), c.message) << c.name;
+    }
+}
+
+TEST(ExperimentStart, ImitatorsTakeTheirMassesAndLeaveThem) {
+    TestRun t;
+    const double before = t.s.m[1];
+    t.settings.model = false;
+    EXPECT_EQ(outcome(t), "");
+    EXPECT_EQ(t.run.ModelName, "NEW_0");
+    EXPECT_DOUBLE_EQ(t.s.m[0] / t.s.m[1], 6000000);
+    EXPECT_NE(t.s.m[1], before);
+    t.settings.model = true;
+    t.settings.source = DataSource::JPL2;
+    t.settings.relativistic = true;
+    EXPECT_EQ(outcome(t), "");
+    EXPECT_EQ(t.run.ModelName, "OTO   JPL2");
+    EXPECT_DOUBLE_EQ(t.s.m[0] / t.s.m[1], 6000000);
+}
+
+}  // namespace tarvex
