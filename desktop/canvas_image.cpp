@@ -26,7 +26,7 @@ void needFonts() {
     static int count = 1;
     static char name[] = "tarvex";
     static char* arguments[] = {name, nullptr};
-    static const QGuiApplication application(count, arguments);
+    new QGuiApplication(count, arguments);  // stays to the end of the program
 }
 
 QFont fontOf(double lineHeight) {

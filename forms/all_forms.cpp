@@ -1,6 +1,12 @@
+#include "forms/form1.h"
 #include "forms/form11.h"
+#include "forms/form12.h"
 #include "forms/form14.h"
+#include "forms/form16.h"
 #include "forms/form18.h"
+#include "forms/form25.h"
+#include "forms/form26.h"
+#include "forms/form4.h"
 #include "forms/form8.h"
 #include "forms/laboratory.h"
 
@@ -17,10 +23,16 @@ void add(Laboratory& lab) {
 }  // namespace
 
 void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
+    add<Form1>(lab);
+    add<Form4>(lab);
     add<Form8>(lab);
     add<Form11>(lab);
+    add<Form12>(lab);
     add<Form14>(lab);
+    add<Form16>(lab);
     add<Form18>(lab);
+    add<Form25>(lab);
+    add<Form26>(lab);
 }
 
 }  // namespace tarvex

@@ -6,9 +6,11 @@
 #include "core/data_tree.h"
 #include "core/model_state.h"
 #include "core/name_table.h"
+#include "forms/pulsar_extras.h"
 #include "numeric/motion.h"
 #include "numeric/run_loop.h"
 #include "numeric/run_state.h"
+#include "numeric/two_body.h"
 #include "runtime/desk.h"
 #include "stats/plan_block.h"
 #include "theories/ephemeris.h"
@@ -31,6 +33,8 @@ struct Laboratory {
     Motion motion;     ///< what the equations of motion work on
     RunState run;      ///< the experiment and the orbit it measures
     Ephemeris ephemeris{tree};
+    TwoBody twoBody;       ///< the two-body run of Form25
+    PulsarExtras pulsar;   ///< and what Form26 adds to it
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on

@@ -22,7 +22,7 @@ double moonElements(ModelState& s, MoonTheory theory) {
     if (theory == MoonTheory::New0) ElementsNew0(s);
     s.JD = s.JDut0;
     if (theory == MoonTheory::Ser0) ElementsSer0(s);
-    for (Rows* angle : {&s.AlfaL, &s.AlfaP0, &s.AlfaU0}) (*angle)[11] = 2 * Pi * Frac1((*angle)[11] / 2 / Pi);
+    for (Rows* angle : {&s.AlfaL, &s.AlfaP0, &s.AlfaU0}) (*angle)[11] = inOneTurn((*angle)[11]);
     return seconds;
 }
 

@@ -6,6 +6,7 @@
 #include "core/arithmetic.h"
 #include "core/numbers.h"
 #include "theories/geometry.h"
+#include "theories/longitudes.h"
 
 namespace tarvex {
 
@@ -13,19 +14,7 @@ namespace {
 
 double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
 
-/// A window of longitudes may wrap through 0: then its upper bound is not above its lower.
-bool inWindow(double longitude, double hi, double lo) {
-    return hi <= lo ? longitude <= hi || longitude >= lo : longitude <= hi && longitude >= lo;
-}
-
-double below360(double v) { return v > 360 ? v - 360 : v; }
-double notNegative(double v) { return v < 0 ? v + 360 : v; }
-
-/// Mean of two longitudes one step apart; a step across the seam of 0 and 360 gives a mean near 180.
-double meanLongitude(double before, double now) {
-    const double mean = (before + now) / 2;
-    return std::abs(now - before) > 5 ? mean - 180 : mean;
-}
+constexpr double seam = 5;      ///< longitudes of two steps further apart lie on both sides of 0, degrees
 
 void unpack(ModelState& s, const OrbitCheck& c) {
     const int p = c.IplSel;
@@ -66,7 +55,7 @@ void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
 void passPerihelion(ModelState& s, OrbitCheck& c, double latitude, OrbitCheckPort& port) {
     const int p = c.IplSel;
     c.kodPer = 2;
-    c.AlfaPcur = meanLongitude(c.LonPrev, s.LonPl[p]);
+    c.AlfaPcur = meanLongitude(c.LonPrev, s.LonPl[p], seam);
     double dPer = c.AlfaPcur - c.AlfaUcur;
     if (dPer <= 0) dPer += 360;
     c.LonPer = c.AlfaPcur;
@@ -107,7 +96,7 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
 
     const double z = s.Z[p] - s.Z[c.Iobs];
     if (Sgn(c.Zprev) != Sgn(z) && Sgn(c.Zprev) <= 0) {
-        c.AlfaUcur = meanLongitude(c.LonPrev, s.LonPl[p]);
+        c.AlfaUcur = meanLongitude(c.LonPrev, s.LonPl[p], seam);
         port.nodePassed();
     }
     c.Zprev = z;

@@ -2,8 +2,10 @@
 
 #include <filesystem>
 #include <istream>
+#include <optional>
 #include <ostream>
 
+#include "core/data_home.h"
 #include "core/failure.h"
 #include "desktop/canvas_image.h"
 #include "forms/laboratory.h"
@@ -17,7 +19,7 @@ namespace {
 constexpr int cannotBeDone = 2;
 
 struct Options {
-    std::filesystem::path data = "data";
+    std::optional<std::filesystem::path> data;
     std::string script;
 };
 
@@ -44,15 +46,18 @@ int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in
     };
     Options options;
     if (!parse(arguments, options)) return fail("tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-");
-    std::error_code error;
-    if (!std::filesystem::is_directory(options.data, error))
-        return fail("нет каталога данных " + options.data.string());
+    std::filesystem::path data;
+    try {
+        data = findDataTree(options.data);
+    } catch (const OpenFailure&) {
+        return fail("нет каталога данных" + (options.data ? " " + options.data->string() : ""));
+    }
     try {
         const auto lines =
             options.script == "-" ? readScript(in) : readScript(std::filesystem::path(options.script));
         ScriptScreen screen(out);
         screen.draw(savedPictures(lines), makeImageCanvas);
-        Laboratory lab(screen, options.data);
+        Laboratory lab(screen, data);
         Player(screen, lab.desk, lab.names).play(lines);
     } catch (const LineFailure& failure) {
         return fail(options.script + ":" + std::to_string(failure.line) + ": " + failure.text);

@@ -11,7 +11,7 @@ namespace {
 
 /// Longitude reduced to a turn less the perihelion, with one turn added to a negative result and no more.
 double meanAnomaly(const ModelState& s, int i) {
-    const double M = 2 * Pi * Frac1(s.AlfaL[i] / 2 / Pi) - s.AlfaP0[i];
+    const double M = inOneTurn(s.AlfaL[i]) - s.AlfaP0[i];
     return M < 0 ? M + 2 * Pi : M;
 }
 
@@ -44,6 +44,8 @@ double Frac1(double& x) {
 }
 
 double Frac0(double x) { return x - Fix(x); }
+
+double inOneTurn(double angle) { return 2 * Pi * Frac1(angle / 2 / Pi); }
 
 void ElementsToXYZ(ModelState& s) {
     const int i = s.Ipl;

@@ -12,6 +12,9 @@ inline double Frac1(double&& x) { return Frac1(x); }
 /// x - Fix(x): the fraction with the sign of x.
 double Frac0(double x);
 
+/// An angle reduced to one turn, 0..2*Pi, rad.
+double inOneTurn(double angle);
+
 /// Coordinates X, Y, Z of body Ipl, m, in the frame of its elements; leaves Mean, Anom, Rr, Uarg and Escr.
 /// Kepler's equation by at most 99 simple iterations; where they do not meet, Escr keeps its last value:
 /// meant. Throws ArithmeticFailure for an eccentricity of 1 or above and where a result is no number.

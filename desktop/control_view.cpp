@@ -1,0 +1,288 @@
+#include "desktop/control_view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "desktop/picture_view.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr int usualDigits = 12;     ///< of a number field
+constexpr int mostLeftDigits = 20;  ///< a wider field holds words and starts at the left
+
+QString toQt(const std::string& text) { return QString::fromStdString(text); }
+
+bool isNumberOrEmpty(const std::string& text) {
+    if (text.empty()) return true;
+    try {
+        toNumber(text);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+/// Results stand on the colour of the window, inputs on that of a page.
+void lookReadOnly(QWidget* widget) {
+    QPalette palette = widget->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window).darker(104));
+    widget->setPalette(palette);
+}
+
+class LineView final : public ControlView {
+public:
+    LineView(TextField& field, const Act& act) : ControlView(field, new QLineEdit), field_(field), act_(act) {
+        const bool number = isNumberOrEmpty(field.text()) && field.width() <= mostLeftDigits;
+        edit()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        const int digits = field.width() > 0 ? field.width() : usualDigits;
+        edit()->setFixedWidth(edit()->fontMetrics().horizontalAdvance('0') * (digits + 1) + 12);
+        if (field.readOnly()) {
+            edit()->setReadOnly(true);
+            edit()->setFocusPolicy(Qt::ClickFocus);
+            lookReadOnly(edit());
+        }
+        QObject::connect(edit(), &QLineEdit::editingFinished, edit(), [this] { act_([] {}); });
+    }
+    void commit() override {
+        if (field_.readOnly() || edit()->text() == shown_) return;
+        shown_ = edit()->text();
+        field_.setText(shown_.toStdString());
+    }
+
+private:
+    QLineEdit* edit() const { return static_cast<QLineEdit*>(widget_); }
+    void show() override {
+        // A text being typed stays as long as the program has not written another one.
+        const QString now = toQt(field_.text());
+        if (shown_ == now) return;
+        shown_ = now;
+        edit()->setText(now);
+        edit()->setCursorPosition(0);
+    }
+    QString tip() const override {
+        const bool cut = edit()->fontMetrics().horizontalAdvance(edit()->text()) > edit()->width() - 8;
+        const QString hint = toQt(field_.hint());
+        if (!cut) return hint;
+        return hint.isEmpty() ? edit()->text() : edit()->text() + "\n" + hint;
+    }
+
+    TextField& field_;
+    Act act_;
+    QString shown_;  ///< the text as the control has it
+};
+
+class TextBoxView final : public ControlView {
+public:
+    TextBoxView(TextField& field, const Act& act) : ControlView(field, new Box(act)), field_(field) {
+        const QFontMetrics metrics = box()->fontMetrics();
+        box()->setReadOnly(field.readOnly());
+        if (field.readOnly()) lookReadOnly(box());
+        box()->setTabChangesFocus(true);
+        box()->setLineWrapMode(QPlainTextEdit::NoWrap);
+        const int digits = field.width() > 0 ? field.width() : 40;
+        box()->setMinimumWidth(metrics.horizontalAdvance('0') * std::min(digits, 60) + 30);
+        box()->setMinimumHeight(metrics.lineSpacing() * std::min(field.lines(), 8) + 14);
+    }
+    void commit() override {
+        if (field_.readOnly() || box()->toPlainText() == shown_) return;
+        shown_ = box()->toPlainText();
+        field_.setText(shown_.toStdString());
+    }
+
+private:
+    /// A box of text whose end of editing is the loss of the focus.
+    class Box final : public QPlainTextEdit {
+    public:
+        explicit Box(Act act) : act_(std::move(act)) {}
+
+    protected:
+        void focusOutEvent(QFocusEvent* event) override {
+            QPlainTextEdit::focusOutEvent(event);
+            act_([] {});
+        }
+
+    private:
+        Act act_;
+    };
+
+    QPlainTextEdit* box() const { return static_cast<QPlainTextEdit*>(widget_); }
+    void show() override {
+        QString now = toQt(field_.text());
+        now.replace("\r\n", "\n");
+        if (now == shown_) return;
+        if (field_.readOnly() && !shown_.isEmpty() && now.startsWith(shown_)) {
+            // A report that grows: add its new end and keep that in sight.
+            box()->moveCursor(QTextCursor::End);
+            box()->insertPlainText(now.mid(shown_.size()));
+            box()->moveCursor(QTextCursor::End);
+        } else {
+            box()->setPlainText(now);
+        }
+        shown_ = now;
+    }
+
+    TextField& field_;
+    QString shown_;
+};
+
+class CheckView final : public ControlView {
+public:
+    CheckView(CheckBox& check, const Act& act) : ControlView(check, new QCheckBox), check_(check) {
+        QObject::connect(button(), &QCheckBox::clicked, button(),
+                         [this, act](bool on) { act([this, on] { check_.set(on); }); });
+    }
+
+private:
+    QCheckBox* button() const { return static_cast<QCheckBox*>(widget_); }
+    void show() override {
+        button()->setText(literal(check_.caption()));
+        button()->setChecked(check_.on());
+    }
+    CheckBox& check_;
+};
+
+class OptionView final : public ControlView {
+public:
+    OptionView(OptionButton& option, const Act& act, QButtonGroup* group)
+        : ControlView(option, new QRadioButton), option_(option), group_(group) {
+        group_->addButton(button());
+        QObject::connect(button(), &QRadioButton::clicked, button(),
+                         [this, act] { act([this] { option_.choose(); }); });
+    }
+
+private:
+    QRadioButton* button() const { return static_cast<QRadioButton*>(widget_); }
+    void show() override {
+        button()->setText(literal(option_.caption()));
+        if (button()->isChecked() == option_.on()) return;
+        group_->setExclusive(false);  // none may be chosen yet
+        button()->setChecked(option_.on());
+        group_->setExclusive(true);
+    }
+    OptionButton& option_;
+    QButtonGroup* group_;
+};
+
+class CommandView final : public ControlView {
+public:
+    CommandView(CommandButton& command, const Act& act)
+        : ControlView(command, new QPushButton), command_(command) {
+        button()->setDefault(command.isDefault());
+        QObject::connect(button(), &QPushButton::clicked, button(),
+                         [this, act] { act([this] { command_.press(); }); });
+    }
+
+private:
+    QPushButton* button() const { return static_cast<QPushButton*>(widget_); }
+    void show() override { button()->setText(literal(command_.caption())); }
+    CommandButton& command_;
+};
+
+class ScrollView final : public ControlView {
+public:
+    ScrollView(ScrollBar& bar, const Act& act) : ControlView(bar, new QScrollBar(Qt::Horizontal)), bar_(bar) {
+        slider()->setRange(bar.min(), bar.max());
+        slider()->setPageStep(std::max(1, (bar.max() - bar.min()) / 20));
+        slider()->setFocusPolicy(Qt::StrongFocus);
+        slider()->setMinimumWidth(180);
+        QObject::connect(slider(), &QScrollBar::valueChanged, slider(),
+                         [this, act](int value) { act([this, value] { bar_.setValue(value); }); });
+    }
+
+private:
+    QScrollBar* slider() const { return static_cast<QScrollBar*>(widget_); }
+    void show() override {
+        const QSignalBlocker quiet(slider());
+        slider()->setValue(bar_.value());
+    }
+    ScrollBar& bar_;
+};
+
+class LabelView final : public ControlView {
+public:
+    explicit LabelView(Label& label) : ControlView(label, new QLabel) {
+        text()->setTextFormat(Qt::PlainText);
+    }
+
+private:
+    QLabel* text() const { return static_cast<QLabel*>(widget_); }
+    void show() override { text()->setText(toQt(control_.caption())); }
+};
+
+class PictureControlView final : public ControlView {
+public:
+    PictureControlView(Picture& picture, const Act& act)
+        : ControlView(picture, new PictureView(picture, act)) {}
+    void detach() override { picture()->detach(); }
+
+private:
+    PictureView* picture() const { return static_cast<PictureView*>(widget_); }
+    void show() override { picture()->refresh(); }
+};
+
+}  // namespace
+
+QString literal(const std::string& caption) { return toQt(caption).replace("&", "&&"); }
+
+ControlView::ControlView(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+    widget_->setObjectName(toQt(control.name()));
+}
+
+QLabel* ControlView::label() {
+    if (label_ == nullptr && control_.kind() == Control::Kind::Text && !control_.caption().empty()) {
+        label_ = new QLabel;
+        label_->setTextFormat(Qt::PlainText);
+        label_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    return label_;
+}
+
+QString ControlView::tip() const { return toQt(control_.hint()); }
+
+void ControlView::refresh() {
+    show();
+    widget_->setEnabled(control_.enabled());
+    widget_->setVisible(control_.visible());
+    widget_->setToolTip(tip());
+    widget_->setStatusTip(toQt(control_.hint()));
+    if (label_ == nullptr) return;
+    label_->setText(toQt(control_.caption()));
+    label_->setVisible(control_.visible());
+    label_->setToolTip(toQt(control_.hint()));
+}
+
+std::unique_ptr<ControlView> makeView(Control& control, const Act& act, const GroupOf& groupOf) {
+    switch (control.kind()) {
+        case Control::Kind::Text: {
+            auto& field = static_cast<TextField&>(control);
+            if (field.lines() > 1) return std::make_unique<TextBoxView>(field, act);
+            return std::make_unique<LineView>(field, act);
+        }
+        case Control::Kind::Check:
+            return std::make_unique<CheckView>(static_cast<CheckBox&>(control), act);
+        case Control::Kind::Option: {
+            auto& option = static_cast<OptionButton&>(control);
+            return std::make_unique<OptionView>(option, act, groupOf(option.group()));
+        }
+        case Control::Kind::Command:
+            return std::make_unique<CommandView>(static_cast<CommandButton&>(control), act);
+        case Control::Kind::Scroll:
+            return std::make_unique<ScrollView>(static_cast<ScrollBar&>(control), act);
+        case Control::Kind::Label:
+            return std::make_unique<LabelView>(static_cast<Label&>(control));
+        case Control::Kind::Picture:
+            break;
+    }
+    return std::make_unique<PictureControlView>(static_cast<Picture&>(control), act);
+}
+
+}  // namespace tarvex

@@ -1,0 +1,136 @@
+#include "desktop/form_window.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QStyle>
+#include <algorithm>
+
+#include "desktop/layout_builder.h"
+#include "desktop/run_status.h"
+#include "runtime/desk.h"
+
+namespace tarvex {
+
+FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
+    setWindowTitle(QString::fromStdString(form.title()));
+    setObjectName(QString::fromStdString(form.name()));
+    statusBar()->addPermanentWidget(status_);
+    buildContents();
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::buildContents() {
+    Layout tree = form_->layout();
+    if (tree.kind == Layout::Kind::Empty) {
+        tree = usualLayout(form_->controls());
+    } else if (const auto rest = notPlaced(tree, form_->controls()); !rest.empty()) {
+        // Triggers between forms, and whatever a layout has forgotten.
+        std::vector<Layout> more(rest.size());
+        std::transform(rest.begin(), rest.end(), more.begin(), [](Control* c) { return Layout(*c); });
+        tree = column({std::move(tree), row(std::move(more))});
+    }
+    QWidget* contents = LayoutBuilder([this](Control& c) -> ControlView& { return viewOf(c); }).build(tree);
+
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    setCentralWidget(area);
+    for (const auto& [control, view] : views_) {
+        view->refresh();
+        view->widget()->installEventFilter(this);
+    }
+    fitScreen(contents->sizeHint() + QSize(2, statusBar()->sizeHint().height() + 4));
+}
+
+void FormWindow::fitScreen(QSize wanted) {
+    const QSize frame(8, 36);  // what a window manager puts around
+    const QSize room = screen()->availableSize() - frame;
+    if (wanted.height() > room.height())
+        wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4;
+    resize(wanted.boundedTo(room));
+}
+
+ControlView& FormWindow::viewOf(Control& control) {
+    auto& view = views_[&control];
+    if (!view)
+        view = makeView(
+            control, [this](const std::function<void()>& action) { act(action); },
+            [this](const std::string& name) {
+                auto& group = groups_[name];
+                if (group == nullptr) group = new QButtonGroup(this);
+                return group;
+            });
+    return *view;
+}
+
+void FormWindow::refresh(Control& control) {
+    const auto found = views_.find(&control);
+    if (found == views_.end()) return;
+    refreshing_ = true;
+    found->second->refresh();
+    refreshing_ = false;
+}
+
+void FormWindow::act(const std::function<void()>& action) {
+    if (form_ == nullptr || refreshing_) return;
+    form_->desk().turnTo(*form_);  // a window manager may have left the focus with another window
+    commitEdits();
+    if (form_ != nullptr) action();
+}
+
+void FormWindow::commitEdits() {
+    for (const auto& [control, view] : views_) {
+        if (form_ == nullptr) return;  // a change handler has closed the form
+        view->commit();
+    }
+}
+
+void FormWindow::detach() {
+    form_ = nullptr;
+    for (const auto& [control, view] : views_) view->detach();
+    hide();
+}
+
+void FormWindow::showProgress(double share) { status_->set(share); }
+
+void FormWindow::note(const QString& text) { statusBar()->showMessage(text, 60000); }
+
+bool FormWindow::event(QEvent* event) {
+    if (form_ != nullptr && event->type() == QEvent::WindowActivate) form_->desk().turnTo(*form_);
+    if (form_ != nullptr && event->type() == QEvent::WindowDeactivate) commitEdits();
+    return QMainWindow::event(event);
+}
+
+bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+    // Who works with the keyboard sees the hint of the control in the status line too.
+    if (event->type() == QEvent::FocusIn)
+        statusBar()->showMessage(static_cast<QWidget*>(object)->statusTip());
+    return QMainWindow::eventFilter(object, event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (form_ == nullptr) return;
+    commitEdits();
+    if (form_ != nullptr) form_->desk().unload(form_->name());
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || form_ == nullptr) return QMainWindow::keyPressEvent(event);
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused->click();
+    for (const Control* control : form_->controls())
+        if (control->kind() == Control::Kind::Command &&
+            static_cast<const CommandButton*>(control)->isDefault())
+            return static_cast<QPushButton*>(views_.at(control)->widget())->click();
+}
+
+}  // namespace tarvex

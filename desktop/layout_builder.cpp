@@ -1,0 +1,306 @@
+#include "desktop/layout_builder.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <algorithm>
+#include <set>
+
+namespace tarvex {
+
+namespace {
+
+constexpr int gap = 6;       ///< between parts
+constexpr int cellGap = 4;   ///< between the rows of a grid
+constexpr int pairGap = 14;  ///< between two pairs of label and field
+
+using Kind = Layout::Kind;
+
+bool isControl(const Layout& part, Control::Kind kind) {
+    return part.kind == Kind::Item && part.control->kind() == kind;
+}
+
+bool isBox(const Layout& part) {
+    return isControl(part, Control::Kind::Text) && static_cast<TextField*>(part.control)->lines() > 1;
+}
+
+/// A field of one line with its label beside it: neighbours of this sort line up in a grid.
+bool isLabelled(const Layout& part) {
+    return isControl(part, Control::Kind::Text) && !isBox(part) && !part.control->caption().empty();
+}
+
+/// Parts that fill the width they are given; others keep their own at the left.
+bool fillsWidth(const Layout& part) {
+    return part.kind != Kind::Text &&
+           (part.kind != Kind::Item || isBox(part) || isControl(part, Control::Kind::Picture) ||
+            isControl(part, Control::Kind::Scroll));
+}
+
+QLabel* caption(const std::string& text) {
+    auto* label = new QLabel(QString::fromStdString(text));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+template <class Box>
+Box* bare() {
+    auto* box = new Box;
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(gap);
+    return box;
+}
+
+/// What a grid leaves over goes behind its last cell, unless some cell makes use of it.
+void closeGrid(QGridLayout& grid, bool wide, bool tall) {
+    if (!wide) grid.setColumnStretch(grid.columnCount(), 1);
+    if (!tall) grid.setRowStretch(grid.rowCount(), 1);
+}
+
+}  // namespace
+
+QWidget* LayoutBuilder::wrapped(const Piece& inside) const {
+    if (inside.widget != nullptr) return inside.widget;
+    auto* widget = new QWidget;
+    if (inside.layout != nullptr) widget->setLayout(inside.layout);
+    return widget;
+}
+
+QWidget* LayoutBuilder::build(const Layout& tree) const {
+    auto* widget = new QWidget;
+    widget->setLayout(columnOf({tree}).layout);
+    widget->layout()->setContentsMargins(10, 8, 10, 8);
+    return widget;
+}
+
+LayoutBuilder::Piece LayoutBuilder::piece(const Layout& part) const {
+    switch (part.kind) {
+        case Kind::Item:
+            return item(*part.control);
+        case Kind::Text:
+            return {nullptr, caption(part.text)};
+        case Kind::Row:
+            return rowOf(part.children);
+        case Kind::Column:
+            return columnOf(part.children);
+        case Kind::Fields:
+            return fieldsOf(part.columns, part.children);
+        case Kind::Table:
+            return tableOf(part.columns, part.children);
+        case Kind::Frame:
+            return frameOf(part);
+        case Kind::Scroll:
+            return scrollOf(part);
+        case Kind::Pages:
+            return pagesOf(part);
+        case Kind::Empty:
+        case Kind::Stretch:
+            break;
+    }
+    return {nullptr, new QWidget};
+}
+
+LayoutBuilder::Piece LayoutBuilder::item(Control& control) const {
+    ControlView& view = viewOf_(control);
+    const bool picture = control.kind() == Control::Kind::Picture, box = isBox(control);
+    QLabel* label = view.label();
+    if (label == nullptr) return {nullptr, view.widget(), picture || box, picture || box};
+    if (box) {
+        auto* above = bare<QVBoxLayout>();
+        label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        above->addWidget(label);
+        above->addWidget(view.widget(), 1);
+        return {above, nullptr, true, true};
+    }
+    auto* beside = bare<QHBoxLayout>();
+    beside->addWidget(label);
+    beside->addWidget(view.widget());
+    return {beside, nullptr};
+}
+
+LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts) const {
+    auto* box = bare<QHBoxLayout>();
+    bool wide = false, tall = false;
+    for (const Layout& part : parts) {
+        if (part.kind == Kind::Stretch) {
+            box->addStretch(1);
+            wide = true;
+            continue;
+        }
+        const Piece one = piece(part);
+        if (one.layout != nullptr)
+            box->addLayout(one.layout, one.wide ? 1 : 0);
+        else
+            box->addWidget(one.widget, one.wide ? 1 : 0);
+        wide |= one.wide;
+        tall |= one.tall;
+    }
+    if (!wide) box->addStretch(1);
+    return {box, nullptr, wide, tall};
+}
+
+LayoutBuilder::Piece LayoutBuilder::columnOf(const std::vector<Layout>& parts) const {
+    auto* box = bare<QVBoxLayout>();
+    bool wide = false, tall = false;
+    const auto runOf = [&](std::size_t from, const auto& test) {
+        std::size_t to = from;
+        while (to < parts.size() && test(parts[to])) ++to;
+        return std::vector<Layout>(parts.begin() + from, parts.begin() + to);
+    };
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const Layout& part = parts[i];
+        if (part.kind == Kind::Stretch) {
+            box->addStretch(1);
+            tall = true;
+            continue;
+        }
+        if (const auto run = runOf(i, isLabelled); !run.empty()) {  // labelled fields line up
+            box->addLayout(fieldsOf(1, run).layout);
+            i += run.size() - 1;
+            continue;
+        }
+        const auto isCommand = [](const Layout& l) { return isControl(l, Control::Kind::Command); };
+        if (const auto run = runOf(i, isCommand); !run.empty()) {  // commands are as wide as the longest
+            auto* commands = bare<QVBoxLayout>();
+            for (const Layout& one : run) commands->addWidget(item(*one.control).widget);
+            auto* left = bare<QHBoxLayout>();
+            left->addLayout(commands);
+            left->addStretch(1);
+            box->addLayout(left);
+            i += run.size() - 1;
+            continue;
+        }
+        const Piece one = piece(part);
+        if (one.layout != nullptr)
+            box->addLayout(one.layout, one.tall ? 1 : 0);
+        else if (fillsWidth(part))
+            box->addWidget(one.widget, one.tall ? 1 : 0);
+        else
+            box->addWidget(one.widget, 0, Qt::AlignLeft);
+        wide |= one.wide;
+        tall |= one.tall;
+    }
+    if (!tall) box->addStretch(1);
+    return {box, nullptr, wide, tall};
+}
+
+LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layout>& parts) const {
+    auto* grid = bare<QGridLayout>();
+    grid->setVerticalSpacing(cellGap);
+    bool wide = false, tall = false;
+    int row = 0, column = 0;
+    for (const Layout& part : parts) {
+        const int at = 3 * column;  // label, field, and a gap before the next pair
+        if (isLabelled(part)) {
+            ControlView& view = viewOf_(*part.control);
+            grid->addWidget(view.label(), row, at, Qt::AlignRight | Qt::AlignVCenter);
+            grid->addWidget(view.widget(), row, at + 1, Qt::AlignLeft);
+        } else if (part.kind != Kind::Empty && part.kind != Kind::Stretch) {
+            const Piece one = piece(part);
+            if (one.layout != nullptr)
+                grid->addLayout(one.layout, row, at, 1, 2);
+            else
+                grid->addWidget(one.widget, row, at, 1, 2,
+                                fillsWidth(part) ? Qt::Alignment() : Qt::AlignLeft);
+            wide |= one.wide;
+            tall |= one.tall;
+        }
+        if (column > 0) grid->setColumnMinimumWidth(at - 1, pairGap - 2 * gap);
+        if (++column == std::max(columns, 1)) {
+            column = 0;
+            ++row;
+        }
+    }
+    closeGrid(*grid, wide, tall);
+    return {grid, nullptr, wide, tall};
+}
+
+LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layout>& cells) const {
+    auto* grid = bare<QGridLayout>();
+    grid->setVerticalSpacing(cellGap);
+    columns = std::max(columns, 1);
+    bool wide = false, tall = false;
+    for (int i = 0; i < static_cast<int>(cells.size()); ++i) {
+        const Layout& cell = cells[i];
+        if (cell.kind == Kind::Empty || cell.kind == Kind::Stretch) continue;
+        const bool words = cell.kind == Kind::Text || isControl(cell, Control::Kind::Label);
+        const bool field = isControl(cell, Control::Kind::Text) && !isBox(cell);
+        const Piece one = words || !field ? piece(cell) : Piece{nullptr, viewOf_(*cell.control).widget()};
+        const int row = i / columns, column = i % columns;
+        if (one.layout != nullptr) {
+            grid->addLayout(one.layout, row, column);
+        } else {
+            const bool heading = words && row == 0;
+            const Qt::Alignment align = heading            ? Qt::AlignHCenter | Qt::AlignBottom
+                                        : fillsWidth(cell) ? Qt::Alignment()
+                                                           : Qt::AlignLeft | Qt::AlignVCenter;
+            grid->addWidget(one.widget, row, column, align);
+        }
+        if (one.wide) grid->setColumnStretch(column, 1);
+        if (one.tall) grid->setRowStretch(row, 1);
+        wide |= one.wide;
+        tall |= one.tall;
+    }
+    closeGrid(*grid, wide, tall);
+    return {grid, nullptr, wide, tall};
+}
+
+LayoutBuilder::Piece LayoutBuilder::frameOf(const Layout& part) const {
+    auto* group = new QGroupBox(literal(part.text));
+    const Layout& child = part.children.front();
+    const Piece inside = child.kind == Kind::Column ? columnOf(child.children) : columnOf({child});
+    group->setLayout(inside.layout);
+    group->layout()->setContentsMargins(9, 6, 9, 8);
+    return {nullptr, group, inside.wide, inside.tall};
+}
+
+LayoutBuilder::Piece LayoutBuilder::scrollOf(const Layout& part) const {
+    const Piece inside = columnOf(part.children);
+    auto* area = new QScrollArea;
+    area->setWidget(wrapped(inside));
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    // Sideways the area is as wide as what it holds; up and down it takes what there is.
+    area->setSizePolicy(inside.wide ? QSizePolicy::Expanding : QSizePolicy::Preferred,
+                        QSizePolicy::Expanding);
+    area->setMinimumWidth(std::min(area->widget()->sizeHint().width() + 20, 900));
+    return {nullptr, area, inside.wide, true};
+}
+
+LayoutBuilder::Piece LayoutBuilder::pagesOf(const Layout& part) const {
+    auto* tabs = new QTabWidget;
+    bool wide = false, tall = false;
+    for (const Layout& page : part.children) {
+        const bool titled = page.kind == Kind::Frame;
+        const Piece inside = columnOf({titled ? page.children.front() : page});
+        inside.layout->setContentsMargins(9, 8, 9, 8);
+        tabs->addTab(wrapped(inside), titled ? literal(page.text) : QString());
+        wide |= inside.wide;
+        tall |= inside.tall;
+    }
+    return {nullptr, tabs, wide, tall};
+}
+
+Layout usualLayout(const std::vector<Control*>& controls) {
+    std::vector<Layout> left, right;
+    for (Control* control : controls)
+        (control->kind() == Control::Kind::Picture ? right : left).push_back(Layout(*control));
+    if (right.empty()) return scrolled(column(std::move(left)));
+    return row({scrolled(column(std::move(left))), column(std::move(right))});
+}
+
+std::vector<Control*> notPlaced(const Layout& layout, const std::vector<Control*>& controls) {
+    std::set<const Control*> placed;
+    const std::function<void(const Layout&)> walk = [&](const Layout& part) {
+        if (part.kind == Kind::Item) placed.insert(part.control);
+        for (const Layout& child : part.children) walk(child);
+    };
+    walk(layout);
+    std::vector<Control*> rest;
+    for (Control* control : controls)
+        if (!placed.contains(control)) rest.push_back(control);
+    return rest;
+}
+
+}  // namespace tarvex

@@ -1,0 +1,90 @@
+// tarvex: the laboratory in windows.
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QStyleFactory>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "core/data_home.h"
+#include "core/failure.h"
+#include "desktop/desktop_screen.h"
+#include "forms/laboratory.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* usage = "tarvex [--data КАТАЛОГ] [--version]";
+constexpr const char* noDisplay = "Нет экрана. Без экрана опыты проигрывает tarvex-script СЦЕНАРИЙ.";
+constexpr double readablePoints = 10;
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+/// The toolkit ends the program when the display does not answer: say first what to do about it.
+void whileConnecting(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "tarvex: %s\n%s\n", noDisplay, qPrintable(text));
+    std::_Exit(1);
+}
+
+void setLook(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QFont font = application.font();
+    font.setPointSizeF(readablePoints);
+    QApplication::setFont(font);
+}
+
+int runLaboratory(const fs::path& data) {
+    tarvex::DesktopScreen screen;
+    tarvex::Laboratory lab(screen, data);
+    lab.desk.show("Form1");
+    const int status = QApplication::exec();
+    if (lab.desk.anyLoaded()) lab.desk.unloadAll("Form1");  // forms without a window, files still open
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::optional<fs::path> given;
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--version") {
+            std::printf("tarvex %s\n", TARVEX_VERSION);
+            return 0;
+        }
+        if (word == "--data" && i + 1 < argc) {
+            given = argv[++i];
+        } else {
+            std::fprintf(stderr, "%s\n", usage);
+            return word == "--help" ? 0 : 2;
+        }
+    }
+    if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM")) {
+        std::fprintf(stderr, "tarvex: %s\n", noDisplay);
+        return 1;
+    }
+
+    int own = 1;  // the words are ours, not the toolkit's
+    const auto before = qInstallMessageHandler(whileConnecting);
+    QApplication application(own, argv);
+    qInstallMessageHandler(before);
+    QApplication::setApplicationName("tarvex");
+    QApplication::setDesktopFileName("tarvex");
+    QApplication::setQuitOnLastWindowClosed(false);  // the screen knows when the last form has gone
+    setLook(application);
+
+    try {
+        return runLaboratory(tarvex::findDataTree(given));
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "tarvex: %s\n", failure.what());
+        QMessageBox::critical(nullptr, "Tarvex7", QString::fromUtf8(failure.what()));
+        return 1;
+    }
+}

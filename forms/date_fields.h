@@ -1,0 +1,20 @@
+#pragma once
+// The date commands "G->J" and "J->G" of the forms.
+
+#include "forms/laboratory.h"
+
+namespace tarvex {
+
+/// The fields of a date on a form.
+struct DateFields {
+    TextField &year, &month, &day, &julian;
+};
+
+/// Year, month and day into God, Mes, Den; carries surplus days, shows the date again, and its Julian date
+/// (JD). Throws for a field that is no number and for a month outside 1..12.
+void gregorianToJulian(Laboratory& lab, const DateFields& fields);
+
+/// The Julian date into JD, and from it year, month and day.  Throws for a field that is no number.
+void julianToGregorian(Laboratory& lab, const DateFields& fields);
+
+}  // namespace tarvex

@@ -1,0 +1,304 @@
+#include "numeric/two_body.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/arithmetic.h"
+#include "core/numbers.h"
+#include "theories/elements.h"
+#include "theories/geometry.h"
+#include "theories/longitudes.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr int m1 = 11, m2 = 0;
+constexpr double seam = 5;        ///< longitudes of two steps further apart lie on both sides of 0, degrees
+
+double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
+double mass1(const ModelState& s) { return s.m[11]; }
+double mass2(const ModelState& s) { return s.m[13]; }
+
+struct Vector {
+    double x = 0, y = 0, z = 0;
+};
+
+/// Difference of the positions from i to j after the pull of i has travelled: two iterations.
+Vector retarded(const Vector& d, const Vector& velocity, double Vgr) {
+    Vector now = d;
+    double T = length(d.x, d.y, d.z) / Vgr;
+    for (int iteration = 1; iteration <= 2; ++iteration) {
+        now = {d.x + velocity.x * T, d.y + velocity.y * T, d.z + velocity.z * T};
+        T = length(now.x, now.y, now.z) / Vgr;
+    }
+    return now;
+}
+
+void unpack(ModelState& s, const TwoBody& b) {
+    const auto& U = b.U;
+    s.X[m2] = U[1], s.Y[m2] = U[2], s.Z[m2] = U[3];
+    s.X[m1] = U[4], s.Y[m1] = U[5], s.Z[m1] = U[6];
+    s.VX[m2] = U[7], s.VY[m2] = U[8], s.VZ[m2] = U[9];
+    s.VX[m1] = U[10], s.VY[m1] = U[11], s.VZ[m1] = U[12];
+}
+
+void geometry(ModelState& s, TwoBody& b) {
+    twoBodyCentre(s);
+    PairGeometry(s, b.origin, m1);
+    b.Rcur = s.Rcur;
+    b.distance = length(s.X[m1] - s.X[m2], s.Y[m1] - s.Y[m2], s.Z[m1] - s.Z[m2]);
+    b.V1 = length(s.VX[m1], s.VY[m1], s.VZ[m1]);
+    b.V2 = length(s.VX[m2], s.VY[m2], s.VZ[m2]);
+}
+
+double moment(const ModelState& s) {
+    return ((s.VY[m1] - s.VY[m2]) * (s.X[m1] - s.X[m2]) - (s.VX[m1] - s.VX[m2]) * (s.Y[m1] - s.Y[m2])) * mass1(s);
+}
+
+double kinetic(const ModelState& s, const TwoBody& b) { return mass1(s) * b.V1 * b.V1 / 2 + mass2(s) * b.V2 * b.V2 / 2; }
+
+void rungeKuttaStep(ModelState& s, TwoBody& b) {
+    const auto stageOf = [&](std::array<double, 13>& K, double share) {
+        TwoBodyDiffur(s, b);
+        for (int k = 1; k <= 12; ++k) K[k] = b.DtCur * b.dU[k];
+        for (int k = 1; k <= 12; ++k) b.U[k] = b.U0[k] + K[k] * share;
+    };
+    b.U0 = b.U;
+    stageOf(b.K1, 0.5);
+    stageOf(b.K2, 0.5);
+    stageOf(b.K3, 1);
+    TwoBodyDiffur(s, b);
+    for (int k = 1; k <= 12; ++k) {
+        b.K4[k] = b.DtCur * b.dU[k];
+        b.U[k] = b.U0[k] + (b.K1[k] + 2 * b.K2[k] + 2 * b.K3[k] + b.K4[k]) / 6;
+    }
+}
+
+void windowAround(double centre, double half, double& hi, double& lo) {
+    hi = below360(centre + half);
+    lo = notNegative(centre - half);
+}
+
+void beginCounting(TwoBody& b) {
+    b.dTv = b.dTm = 0;
+    b.Tcount = b.Tsec;
+}
+
+void countDelays(const ModelState& s, TwoBody& b) {
+    const double slow = 1 / std::sqrt(1 - b.V1 * b.V1 / (Vsv * Vsv));
+    b.dTv -= (1 - slow) * b.DtCur + b.DtCur * b.dTvSr;
+    b.dTm += b.DtCur * s.gamma * mass2(s) / b.distance / (Vsv * Vsv) - b.DtCur * b.dTmSr;
+}
+
+void watchPeriod(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    if (s.LonPl[m1] >= b.LonOld) return;
+    if (b.NZamer > 0) b.Period = b.Tsec - b.Tper0;
+    if (b.NZamer == 1 && b.fromNode) beginCounting(b);
+    if (b.NZamer == 2) b.PeriodNach = b.Period;
+    if (b.NZamer > 0) port.periodMeasured();
+    b.Tper0 = b.Tsec;
+}
+
+void watchNode(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    const double z = s.Z[m1] - s.Z[b.origin];
+    if (Sgn(b.ZOldSel) != Sgn(z) && Sgn(b.ZOldSel) <= 0) {
+        b.AlfaU = meanLongitude(b.LonOld, s.LonPl[m1], seam);
+        windowAround(b.AlfaU, b.dAlfa, b.UzelHi, b.UzelLo);
+        port.nodePassed();
+    }
+    b.ZOldSel = z;
+}
+
+void passPeriastron(ModelState& s, TwoBody& b, double latitude, TwoBodyPort& port) {
+    b.kodApsis = 2;
+    const double onEcliptic = meanLongitude(b.LonOld, s.LonPl[m1], seam);
+    double u = onEcliptic - b.AlfaU;
+    if (u <= 0) u += 360;
+    SpherToXYZ(s, 12, u, latitude * kUgol, b.Rcur);
+    s.Ipl = 12;
+    TiltYZ(s, b.Betta);
+    PairGeometry(s, 15, 12);
+    b.AlfaP = notNegative(below360(b.AlfaU + s.LonPl[12]));
+    windowAround(onEcliptic, b.dAlfa, b.PeriHi, b.PeriLo);
+    windowAround(onEcliptic, b.dAlfaSopr, b.DragHi, b.DragLo);
+    ++b.NZamer;
+    s.Rr[m1] = (b.Rmin + b.Rmax) / 2;
+    b.Eks = 1 - ratio(b.Rmin, s.Rr[m1]);
+    if (b.NZamer == 1 && !b.fromNode) beginCounting(b);
+    port.periastronPassed();
+    b.Rmin *= 2;
+    b.Rmax /= 2;
+    b.Vmin *= 2;
+    b.Vmax /= 2;
+    b.Betta = 0;
+    b.VYmin = Vsv;
+    b.VYmax = -Vsv;
+    b.Rem_min = MK;
+    b.Rem_max = -MK;
+}
+
+void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    b.LonOld = s.LonPl[m1];
+    geometry(s, b);
+    const double latitude = std::abs(s.LatPl / kUgol), longitude = s.LonPl[m1];
+    b.Betta = std::max(b.Betta, latitude);
+    b.Rmin = std::min(b.Rmin, b.Rcur);
+    b.Rmax = std::max(b.Rmax, b.Rcur);
+    b.Vmin = std::min(b.Vmin, b.V1);
+    b.Vmax = std::max(b.Vmax, b.V1);
+    b.VYmin = std::min(b.VYmin, s.VY[m1]);
+    b.VYmax = std::max(b.VYmax, s.VY[m1]);
+    b.Rem_min = std::min(b.Rem_min, s.Y[m1] / Vsv);
+    b.Rem_max = std::max(b.Rem_max, s.Y[m1] / Vsv);
+    countDelays(s, b);
+    watchPeriod(s, b, port);
+    watchNode(s, b, port);
+
+    if (!inWindow(longitude, b.PeriHi, b.PeriLo)) {
+        b.kodApsis = 0;
+        b.DtCur = b.Dt;
+    } else if (b.kodApsis == 2) {
+        b.DtCur = b.Dt;
+    } else {
+        b.DtCur = b.Dt / b.kDt;
+        b.kodApsis = b.Rold > b.Rcur ? 1 : 0;
+        if (b.kodApsis == 0) passPeriastron(s, b, latitude, port);
+    }
+    b.Rold = b.Rcur;
+    if (inWindow(longitude, b.UzelHi, b.UzelLo) || longitude > 359) b.DtCur = b.Dt / b.kDt;
+    b.drag = inWindow(longitude, b.DragHi, b.DragLo) ? b.kSopr : 0;
+}
+
+}  // namespace
+
+void twoBodyCentre(ModelState& s) {
+    const double a = mass2(s), b = mass1(s), sum = a + b;
+    s.X[14] = ratio(s.X[m2] * a + s.X[m1] * b, sum);
+    s.Y[14] = ratio(s.Y[m2] * a + s.Y[m1] * b, sum);
+    s.Z[14] = ratio(s.Z[m2] * a + s.Z[m1] * b, sum);
+}
+
+void twoBodyInitialData(ModelState& s) {
+    s.Ipl = m1;
+    s.kodMoon = 1;
+    const double share = ratio(mass1(s), mass2(s));
+    ElementsToXYZ(s);
+    ElementsToVXYZ(s);
+    const bool aboutCentre = s.kodBary == 2;
+    for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[m2] = aboutCentre ? -(*axis)[m1] * share : 0;
+    for (Rows* axis : {&s.VX, &s.VY, &s.VZ}) {
+        if (!aboutCentre) (*axis)[m1] /= share + 1;
+        (*axis)[m2] = -(*axis)[m1] * share;
+    }
+    for (const int i : {m2, m1}) {
+        s.X0[i] = s.X[i], s.Y0[i] = s.Y[i], s.Z0[i] = s.Z[i];
+        s.VX0[i] = s.VX[i], s.VY0[i] = s.VY[i], s.VZ0[i] = s.VZ[i];
+    }
+}
+
+void startTwoBody(ModelState& s, TwoBody& b) {
+    if (b.kDt == 0) throw ArithmeticFailure("the step divisor is zero");
+    s.X[15] = s.Y[15] = s.Z[15] = 0;
+    b.U = {0,           s.X[m2],  s.Y[m2],  s.Z[m2],  s.X[m1],  s.Y[m1], s.Z[m1],
+           s.VX[m2], s.VY[m2], s.VZ[m2], s.VX[m1], s.VY[m1], s.VZ[m1]};
+    geometry(s, b);
+    ratio(1, b.distance);
+    b.Rold = b.Rcur;
+    b.R0 = b.distance;
+    b.ZOldSel = s.Z[m1] - s.Z[b.origin];
+    b.E0sys = finite(kinetic(s, b));
+    b.MKD0sys = finite(moment(s));
+    b.Rmin = 2 * b.Rcur;
+    b.Rmax = b.Rcur / 2;
+    b.Vmin = 2 * b.V1;
+    b.Vmax = b.V1 / 2;
+    b.AlfaP = kUgol * s.AlfaP0[m1];
+    b.AlfaU = kUgol * s.AlfaU0[m1];
+    b.Betta = s.Betta0[m1];
+    b.Eks = s.Eks0[m1];
+    s.Rr[m1] = s.R0sr[m1];
+    takeBaselines(s, b);
+    windowAround(b.AlfaP, 45, b.PeriHi, b.PeriLo);
+    windowAround(b.AlfaU, b.dAlfa, b.UzelHi, b.UzelLo);
+    windowAround(b.AlfaPnach, b.dAlfaSopr, b.DragHi, b.DragLo);
+    b.DtCur = b.Dt;
+}
+
+void takeBaselines(const ModelState& s, TwoBody& b) {
+    b.AlfaPnach = b.AlfaP;
+    b.AlfaUnach = b.AlfaU;
+    b.BettaNach = b.Betta;
+    b.EksNach = b.Eks;
+    b.RsrNach = s.Rr[m1];
+    b.PeriodNach = b.Period;
+}
+
+void TwoBodyDiffur(ModelState& s, TwoBody& b) {
+    const auto& U = b.U;
+    for (int k = 1; k <= 6; ++k) b.dU[k] = U[k + 6];
+    const Vector v2{U[7], U[8], U[9]}, v1{U[10], U[11], U[12]};
+    Vector to1{U[4] - U[1], U[5] - U[2], U[6] - U[3]}, to2{-to1.x, -to1.y, -to1.z};
+    if (b.withVgr && b.source == TwoBody::Ft::ByRetardation) {
+        to1 = retarded(to1, v2, b.Vgr);
+        to2 = retarded(to2, v1, b.Vgr);
+    }
+    const double speed1 = length(v1.x, v1.y, v1.z), speed2 = length(v2.x, v2.y, v2.z);
+    const double product = mass2(s) * mass1(s) * s.gamma;
+
+    // force on the body at the end of d, and what the speed of gravity and the drag add to it
+    const auto force = [&](const Vector& d, const Vector& v, double& Fik) {
+        const double R2 = d.x * d.x + d.y * d.y + d.z * d.z, R = std::sqrt(R2);
+        Fik = product / R2;
+        Vector f{-d.x / R * Fik, -d.y / R * Fik, -d.z / R * Fik};
+        if (b.withVgr && b.drag != 0) {
+            f.x -= b.drag * v.x * std::abs(v.x);
+            f.y -= b.drag * v.y * std::abs(v.y);
+            f.z -= b.drag * v.z * std::abs(v.z);
+        }
+        return f;
+    };
+    const auto along = [](Vector& f, double Ft, const Vector& v, double speed) {
+        if (Ft == 0) return;
+        f.x += Ft * v.x / speed;
+        f.y += Ft * v.y / speed;
+        f.z += Ft * v.z / speed;
+    };
+    double F2 = 0;
+    Vector on1 = force(to1, v1, b.Fik), on2 = force(to2, v2, F2);
+    b.Ft1 = 0;
+    if (b.withVgr) {
+        if (b.source == TwoBody::Ft::ByFormula) b.Ft1 = (b.byOtherSpeed ? speed2 : speed1) * b.Fik / b.Vgr;
+        if (b.source == TwoBody::Ft::Given) b.Ft1 = b.FtGiven;
+        along(on1, b.Ft1, v1, speed1);
+        if (b.alsoOnM2 && b.source == TwoBody::Ft::ByFormula)
+            along(on2, (b.byOtherSpeed ? speed1 : speed2) * F2 / b.Vgr, v2, speed2);
+    }
+    b.dU[7] = on2.x / mass2(s), b.dU[8] = on2.y / mass2(s), b.dU[9] = on2.z / mass2(s);
+    b.dU[10] = on1.x / mass1(s), b.dU[11] = on1.y / mass1(s), b.dU[12] = on1.z / mass1(s);
+}
+
+void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    ratio(1, b.Vgr);
+    const ArithmeticGuard guard;
+    int NC = 0;
+    do {
+        rungeKuttaStep(s, b);
+        try {
+            guard.check();
+        } catch (const ArithmeticFailure&) {
+            b.U = b.U0;
+            throw;
+        }
+        unpack(s, b);
+        measure(s, b, port);
+        guard.check();
+        port.stepDone();
+        ++NC;
+        b.Tsec += b.DtCur;
+    } while (NC < b.NC0);
+    b.Esys = kinetic(s, b) + s.gamma * mass1(s) * mass2(s) * (1 / b.R0 - 1 / b.distance);
+    b.MKDsys = moment(s);
+}
+
+}  // namespace tarvex

@@ -1,0 +1,180 @@
+#include "reduction/converter.h"
+
+#include <cmath>
+
+#include "reduction/coordinate_chain.h"
+#include "theories/elements.h"
+#include "theories/geometry.h"
+#include "theories/secular_theories.h"
+
+namespace tarvex {
+
+namespace {
+
+double centuries(double JD) { return (JD - JD2000) / 36525; }
+
+void copyRow(ModelState& s, int from, int to) {
+    s.X[to] = s.X[from];
+    s.Y[to] = s.Y[from];
+    s.Z[to] = s.Z[from];
+}
+
+void keepInitial(ModelState& s, int row) {
+    s.X0[row] = s.X[row];
+    s.Y0[row] = s.Y[row];
+    s.Z0[row] = s.Z[row];
+}
+
+void takeInitial(ModelState& s, int row) {
+    s.X[row] = s.X0[row];
+    s.Y[row] = s.Y0[row];
+    s.Z[row] = s.Z0[row];
+}
+
+void zeroRow(ModelState& s, int row) { s.X[row] = s.Y[row] = s.Z[row] = 0; }
+
+void addRow(ModelState& s, int row, int other, double sign) {
+    s.X[row] += sign * s.X[other];
+    s.Y[row] += sign * s.Y[other];
+    s.Z[row] += sign * s.Z[other];
+}
+
+/// The parallax of this system: the cosine of the latitude on X and Y, none on Z, as meant.
+void addObserver(ModelState& s, int body, int observer, double sign) {
+    const double cosB = std::cos(s.LatPl / kUgol);
+    s.X[body] += sign * cosB * s.X[observer];
+    s.Y[body] += sign * cosB * s.Y[observer];
+    s.Z[body] += sign * s.Z[observer];
+}
+
+void precessRow(ModelState& s, int row) {
+    s.Ipl = static_cast<std::int16_t>(row);
+    ApplyPrecessXYZ(s);
+}
+
+/// Heliocentric place of the body on the ecliptic of the date.
+void placeOnDate(ModelState& s, int body) {
+    s.Ipl = static_cast<std::int16_t>(body);
+    s.JD = s.JDet;
+    ElementsJPL0(s);
+    ElementsToXYZ(s);
+    s.JD = s.JDut0;
+    PrecessMatrixEcl(s, 0, centuries(s.JDut0));
+    ApplyPrecessXYZ(s);
+}
+
+}  // namespace
+
+void ConvPrepare(ModelState& s) {
+    const double T = centuries(s.JDut0);
+    InitMassesJPL0(s);
+    zeroRow(s, 0);
+    zeroRow(s, 15);
+    keepInitial(s, 0);
+
+    placeOnDate(s, 3);
+    s.JD = s.JDet;
+    MoonInequalities(s, centuries(s.JDet));
+    s.JD = s.JDut0;
+    s.Lpl[10] = s.Lpl[11];
+    s.Bpl[10] = s.Bpl[11];
+    SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], s.Rpl[3][11] * s.m[11] / s.m[3]);
+    addRow(s, 3, 14, -1);                       // from the common centre of the Earth and the Moon to the Earth
+    keepInitial(s, 3);
+    SpherToXYZ(s, 10, s.Lpl[10], s.Bpl[10], s.Rpl[3][11]);
+    addRow(s, 10, 3, 1);
+    keepInitial(s, 10);
+    SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], 2.5);
+
+    s.GMST = 24 * Frac1(SiderealTime(s.JDut0 - 2400000.5) / 24);
+    s.LMST = s.ObsL / 15 + s.GMST;
+    if (s.LMST > 24) s.LMST -= 24;
+    s.LMST *= 15;
+    SpherToXYZ(s, 12, s.LMST, s.ObsB, REarth);
+    copyRow(s, 12, 16);
+    s.Ipl = 16;
+    EquToEcl(s, T);
+
+    copyRow(s, 3, 13);
+    copyRow(s, 13, 23);
+    copyRow(s, 12, 22);
+    copyRow(s, 16, 26);
+    PrecessMatrixEcl(s, T, 0);
+    precessRow(s, 23);
+    precessRow(s, 26);
+    PrecessMatrixEqu(s, T, 0);
+    precessRow(s, 22);
+}
+
+void ConvBodyByTheory(ModelState& s, int body) {
+    if (body == 0 || body == 3 || body == 10) return;
+    placeOnDate(s, body);
+    keepInitial(s, body);
+}
+
+void ConvFromBase(ModelState& s, int body, const ConvFrame& frame) {
+    const double T = centuries(s.JDut0);
+    takeInitial(s, 0);
+    takeInitial(s, 3);
+    takeInitial(s, body);
+    if (frame.j2000) {
+        PrecessMatrixEcl(s, T, 0);
+        precessRow(s, 3);
+        if (body != 3) precessRow(s, body);
+    }
+    if (frame.plane != ConvFrame::Plane::Ecliptic) {
+        // the obliquity is that of the date also for J2000, as meant
+        s.Ipl = 3;
+        EclToEqu(s, T);
+        if (body != 3) {
+            s.Ipl = static_cast<std::int16_t>(body);
+            EclToEqu(s, T);
+        }
+    }
+    if (frame.origin != ConvFrame::Origin::Sun) {
+        zeroRow(s, 0);
+        addRow(s, 0, 3, -1);
+        if (body != 0 && body != 3) addRow(s, body, 3, -1);
+        zeroRow(s, 3);
+    }
+    if (frame.origin != ConvFrame::Origin::Observer) return;
+
+    PairGeometry(s, 3, body);
+    addObserver(s, body, frame.base() + (frame.plane == ConvFrame::Plane::Ecliptic ? 6 : 2), -1);
+    if (frame.plane != ConvFrame::Plane::Horizon) return;
+    PairGeometry(s, 15, body);
+    s.Lpl[body] = s.LonPl[body];
+    s.Bpl[body] = s.LatPl;
+    const double Rgeo = s.Rcur;
+    s.TAU = s.LMST - s.Lpl[body];
+    HorizonToXYZ1(s, body);
+    PairGeometry(s, 15, body);
+    SpherToXYZ(s, body, s.LonPl[body], s.LatPl, Rgeo);
+}
+
+void ConvToBase(ModelState& s, int body, const ConvFrame& frame) {
+    const double T = centuries(s.JDut0), Rgeo = s.Rcur;
+    if (frame.origin == ConvFrame::Origin::Observer) {
+        if (frame.plane == ConvFrame::Plane::Horizon) {
+            s.Vys = s.LatPl;
+            s.Azim = s.LonPl[body];
+            HorizonToXYZ2(s, body);
+            PairGeometry(s, 15, body);
+            s.TAU = s.LonPl[body];
+            s.Lpl[body] = s.LMST - s.TAU;
+            if (s.Lpl[body] < 0) s.Lpl[body] += 360;
+            SpherToXYZ(s, body, s.Lpl[body], s.LatPl, Rgeo);
+        }
+        addObserver(s, body, frame.base() + (frame.plane == ConvFrame::Plane::Ecliptic ? 6 : 2), 1);
+    }
+    s.Ipl = static_cast<std::int16_t>(body);
+    if (frame.plane != ConvFrame::Plane::Ecliptic) EquToEcl(s, T);
+    if (frame.origin != ConvFrame::Origin::Sun) addRow(s, body, frame.base() + 3, 1);
+    if (frame.j2000) {
+        PrecessMatrixEcl(s, 0, T);
+        ApplyPrecessXYZ(s);
+    }
+    keepInitial(s, body);
+}
+
+}  // namespace tarvex

@@ -1,0 +1,64 @@
+#pragma once
+// The astronomical routines through which every reduction passes: ecliptic and equator, precession, nutation,
+// sidereal time, horizon, refraction and the low-precision Moon.  Angles are degrees unless a comment says
+// otherwise; T, T0, T1 are Julian centuries from J2000.  Most routines work on the row named by Ipl, which
+// the caller sets.
+//
+// Aberration and parallax have no routine of their own, they are vector steps of the callers:
+//  - of the source: the body moves back along its own velocity (with the system's) by the light time, which
+//  is then
+//    formed anew from the new distance;
+//  - of the receiver: the geocentric place moves along the Earth's velocity by the light time as it stands;
+//  - parallax: the observer (row 12, a sphere of radius REarth, latitude ObsB, longitude LMST) is taken off
+//  the
+//    geocentric equatorial vector of date.
+
+#include "core/model_state.h"
+
+namespace tarvex {
+
+/// Turns the position in row Ipl from the equator to the ecliptic of the epoch T.  LatPl is left holding the
+/// obliquity in radians: callers know.
+void EquToEcl(ModelState& s, double T);
+/// The turn back, from the ecliptic to the equator of the epoch T; LatPl as above.
+void EclToEqu(ModelState& s, double T);
+
+/// Mprec and Prec for ecliptic coordinates from the epoch T0 to the epoch T1: (T, 0) goes from the date to
+/// J2000. Source: Lieske et al. 1977, Astron. Astrophys. 58, 1.
+void PrecessMatrixEcl(ModelState& s, double T0, double T1);
+/// Mprec for equatorial coordinates from the epoch T0 to the epoch T1.  Source: the same.
+void PrecessMatrixEqu(ModelState& s, double T0, double T1);
+/// Mprec on the position (velocity) in row Ipl.
+void ApplyPrecessXYZ(ModelState& s);
+void ApplyPrecessVXYZ(ModelState& s);
+
+/// Nutation of an equatorial vector: mode 0 from the mean to the true equator and equinox of T, mode 1 back
+/// (to the first order: the shift is formed from the vector given). Source: Montenbruck, Pfleger, Astronomy
+/// on the Personal Computer.
+void Nutation(double T, double& X, double& Y, double& Z, int mode);
+
+/// Mean sidereal time at Greenwich.
+/// @param MJD  Julian date - 2400000.5, universal time, days
+/// @return     hours, not reduced to 0..24
+/// Source: Aoki et al. 1982, Astron. Astrophys. 105, 359.
+double SiderealTime(double MJD);
+
+/// Unit vector in the horizon frame (X south, Y west, Z zenith) into a row, from the hour angle TAU, the
+/// declination Bpl(row) and the latitude ObsB.
+void HorizonToXYZ1(ModelState& s, int row);
+/// The inverse: unit vector of hour angle and declination into a row, from Azim, Vys and ObsB.
+void HorizonToXYZ2(ModelState& s, int row);
+
+/// Refraction, degrees, at an apparent zenith distance z, degrees: two terms of tan z to 86, straight lines
+/// to 90, and constant below the horizon.  No term of pressure or temperature.
+double Refraction(double z);
+
+/// The Moon in the ecliptic of date: Lpl(11), Bpl(11), Rpl(3, 11), and its rows of elements.  T in ephemeris
+/// time. Source: Montenbruck, Pfleger, Astronomy on the Personal Computer (after Brown).
+void MoonInequalities(ModelState& s, double T);
+
+/// Adds the periodic terms with the amplitudes kLl to Lpl(11) and Bpl(11); the arguments come from the
+/// element rows of the Moon and of the Earth.
+void MoonPerturbApply(ModelState& s);
+
+}  // namespace tarvex

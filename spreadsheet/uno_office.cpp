@@ -1,0 +1,281 @@
+// The spreadsheet program through UNO.
+#include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/bridge/UnoUrlResolver.hpp>
+#include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/frame/XComponentLoader.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
+#include <com/sun/star/lang/XComponent.hpp>
+#include <com/sun/star/sheet/XCalculatable.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/table/XCell.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <cppuhelper/bootstrap.hxx>
+#include <osl/file.hxx>
+#include <rtl/bootstrap.hxx>
+
+#include <chrono>
+#include <cstddef>
+#include <thread>
+
+#include "spreadsheet/office_process.h"
+#include "spreadsheet/spreadsheet.h"
+
+namespace tarvex {
+
+namespace uno = com::sun::star::uno;
+namespace beans = com::sun::star::beans;
+namespace sheet = com::sun::star::sheet;
+namespace table = com::sun::star::table;
+namespace util = com::sun::star::util;
+namespace frame = com::sun::star::frame;
+namespace container = com::sun::star::container;
+
+namespace {
+
+constexpr auto longestStart = std::chrono::seconds(60);
+constexpr auto startPoll = std::chrono::milliseconds(50);
+
+rtl::OUString toOffice(const std::string& text) {
+    return {text.data(), static_cast<sal_Int32>(text.size()), RTL_TEXTENCODING_UTF8};
+}
+
+std::string fromOffice(const rtl::OUString& text) {
+    const rtl::OString bytes = rtl::OUStringToOString(text, RTL_TEXTENCODING_UTF8);
+    return {bytes.getStr(), static_cast<std::size_t>(bytes.getLength())};
+}
+
+/// Runs calls of the program; whatever it throws becomes a failure of ours.
+template <class Body>
+auto asFailure(const char* what, Body&& body) {
+    try {
+        return body();
+    } catch (const com::sun::star::lang::DisposedException& e) {
+        throw OfficeFailure("the spreadsheet program has gone: " + fromOffice(e.Message));
+    } catch (const uno::Exception& e) {
+        throw Failure(std::string(what) + ": " + fromOffice(e.Message));
+    }
+}
+
+beans::PropertyValue property(const char* name, bool value) {
+    beans::PropertyValue p;
+    p.Name = rtl::OUString::createFromAscii(name);
+    p.Value <<= value;
+    return p;
+}
+
+uno::Reference<container::XNamed> named(const uno::Reference<sheet::XSpreadsheet>& s) {
+    return {s, uno::UNO_QUERY_THROW};
+}
+
+/// A workbook whose cells are tied to an exchange sheet of our own behind its last one: the input cells take
+/// their number from the first column there, and its second column repeats the output cells.  So a step is
+/// one write of a range, one recalculation and one read of a range, wherever in the workbook the cells lie.
+class OfficeWorkbook final : public Workbook {
+public:
+    OfficeWorkbook(uno::Reference<com::sun::star::lang::XComponent> document, int sheets)
+        : document_(document) {
+        book_.set(document, uno::UNO_QUERY);
+        calculation_.set(document, uno::UNO_QUERY);
+        if (!book_.is() || !calculation_.is()) throw FileFailure("the file is no workbook");
+        const uno::Reference<beans::XPropertySet> settings(document, uno::UNO_QUERY_THROW);
+        settings->setPropertyValue("IsUndoEnabled",
+                                   uno::Any(false));  // or every step would be kept for undoing
+        const uno::Reference<sheet::XSpreadsheets> all = book_->getSheets();
+        const uno::Reference<container::XIndexAccess> byNumber(all, uno::UNO_QUERY_THROW);
+        const sal_Int32 count = byNumber->getCount();
+        if (count < sheets) throw FileFailure("the workbook has only " + std::to_string(count) + " sheets");
+        for (sal_Int32 i = 0; i < count; ++i)
+            sheets_.emplace_back(byNumber->getByIndex(i), uno::UNO_QUERY_THROW);
+        rtl::OUString name = "tarvex exchange";
+        while (all->hasByName(name)) name += "_";
+        all->insertNewByName(name, static_cast<sal_Int16>(count));
+        exchange_.set(all->getByName(name), uno::UNO_QUERY_THROW);
+        calculation_->calculateAll();
+    }
+
+    ~OfficeWorkbook() override {
+        try {
+            const uno::Reference<util::XCloseable> closing(document_, uno::UNO_QUERY);
+            if (closing.is()) closing->close(true);
+        } catch (const uno::Exception&) {
+            // the program has gone, and the workbook with it
+        }
+    }
+
+    std::vector<CellValue> calculate(const std::vector<Cell>& inputs, const std::vector<double>& values,
+                                     const std::vector<Cell>& outputs) override {
+        if (values.size() != inputs.size()) throw Failure("as many values as cells are needed");
+        return asFailure("the table cannot be calculated", [&] {
+            if (inputs != inputs_ || outputs != outputs_) tie(inputs, outputs);
+            if (written_.is()) write(values);
+            calculation_->calculate();
+            return outputs.empty() ? std::vector<CellValue>{} : read();
+        });
+    }
+
+private:
+    uno::Reference<table::XCell> cell(const Cell& c) const {
+        if (c.sheet < 1 || c.sheet > static_cast<int>(sheets_.size()))
+            throw SubscriptFailure("no sheet " + std::to_string(c.sheet) + " in the table");
+        const auto range = sheets_[c.sheet - 1]->getCellRangeByName(toOffice(c.name));
+        return range->getCellByPosition(0, 0);
+    }
+
+    /// A reference to a cell as formulas write it: $'Name of the sheet'.D39
+    rtl::OUString reference(const uno::Reference<sheet::XSpreadsheet>& s,
+                            const rtl::OUString& cellName) const {
+        const rtl::OUString quoted = named(s)->getName().replaceAll("'", "''");
+        return "=$'" + quoted + "'." + cellName;
+    }
+
+    void tie(const std::vector<Cell>& inputs, const std::vector<Cell>& outputs) {
+        inputs_.clear();
+        outputs_.clear();
+        written_.clear();
+        read_.clear();
+        for (std::size_t i = 0; i < inputs.size(); ++i)
+            cell(inputs[i])->setFormula(reference(exchange_, "A" + rtl::OUString::number(i + 1)));
+        for (std::size_t i = 0; i < outputs.size(); ++i) {
+            cell(outputs[i]);  // a name or number that is none is told here
+            exchange_->getCellByPosition(1, static_cast<sal_Int32>(i))
+                ->setFormula(reference(sheets_[outputs[i].sheet - 1], toOffice(outputs[i].name)));
+        }
+        if (!inputs.empty()) written_ = column(0, inputs.size());
+        if (!outputs.empty()) read_ = column(1, outputs.size());
+        inputs_ = inputs;
+        outputs_ = outputs;
+    }
+
+    uno::Reference<sheet::XCellRangeData> column(sal_Int32 at, std::size_t rows) const {
+        return {exchange_->getCellRangeByPosition(at, 0, at, static_cast<sal_Int32>(rows) - 1),
+                uno::UNO_QUERY_THROW};
+    }
+
+    void write(const std::vector<double>& values) {
+        uno::Sequence<uno::Sequence<uno::Any>> rows(static_cast<sal_Int32>(values.size()));
+        auto* row = rows.getArray();
+        for (const double value : values) {
+            const uno::Any one(value);
+            *row++ = uno::Sequence<uno::Any>(&one, 1);
+        }
+        written_->setDataArray(rows);
+    }
+
+    std::vector<CellValue> read() {
+        std::vector<CellValue> all;
+        for (const auto& row : read_->getDataArray()) {
+            const uno::Any& value = row[0];
+            double number = 0;
+            rtl::OUString text;
+            if (value >>= number) {
+                all.emplace_back(number);
+            } else if (value >>= text) {
+                all.emplace_back(fromOffice(text));
+            } else {
+                throw Failure("an error in a cell of the table");
+            }
+        }
+        return all;
+    }
+
+    uno::Reference<com::sun::star::lang::XComponent> document_;
+    uno::Reference<sheet::XSpreadsheetDocument> book_;
+    uno::Reference<sheet::XCalculatable> calculation_;
+    uno::Reference<sheet::XSpreadsheet> exchange_;
+    std::vector<uno::Reference<sheet::XSpreadsheet>> sheets_;
+    std::vector<Cell> inputs_, outputs_;                    ///< the cells that are tied now
+    uno::Reference<sheet::XCellRangeData> written_, read_;  ///< their columns on the exchange sheet
+};
+
+/// Tells of a wait for as long as it lives.
+class BusyMark {
+public:
+    explicit BusyMark(const std::function<void(bool)>& busy) : busy_(busy) { busy_(true); }
+    ~BusyMark() { busy_(false); }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+
+private:
+    const std::function<void(bool)>& busy_;
+};
+
+}  // namespace
+
+struct SpreadsheetOffice::Running {
+    Running() : process(TARVEX_OFFICE_PROGRAM) {
+        const auto deadline = std::chrono::steady_clock::now() + longestStart;
+        asFailure("the spreadsheet program cannot be reached", [&] {
+            const auto resolver = com::sun::star::bridge::UnoUrlResolver::create(localContext());
+            const rtl::OUString url =
+                toOffice("uno:pipe,name=" + process.pipe() + ";urp;StarOffice.ComponentContext");
+            while (!connect(resolver, url)) {
+                if (!process.alive()) throw OfficeFailure("the spreadsheet program ended while it started");
+                if (std::chrono::steady_clock::now() > deadline)
+                    throw OfficeFailure("the spreadsheet program does not start");
+                std::this_thread::sleep_for(startPoll);
+            }
+        });
+    }
+
+    /// The component context of this program; one serves every office it starts.
+    static const uno::Reference<uno::XComponentContext>& localContext() {
+        static const uno::Reference<uno::XComponentContext> context = [] {
+            // Without the types of the office itself its objects would show none of their calls here.
+            rtl::Bootstrap::set("URE_MORE_TYPES", "file://" TARVEX_OFFICE_PROGRAM "/types/offapi.rdb");
+            return cppu::defaultBootstrap_InitialComponentContext();
+        }();
+        return context;
+    }
+
+    bool connect(const uno::Reference<com::sun::star::bridge::XUnoUrlResolver>& resolver,
+                 const rtl::OUString& url) {
+        try {
+            const uno::Reference<uno::XComponentContext> remote(resolver->resolve(url), uno::UNO_QUERY_THROW);
+            const auto desktop =
+                remote->getServiceManager()->createInstanceWithContext("com.sun.star.frame.Desktop", remote);
+            loader.set(desktop, uno::UNO_QUERY_THROW);
+            return true;
+        } catch (const com::sun::star::connection::NoConnectException&) {
+            return false;
+        }
+    }
+
+    OfficeProcess process;
+    uno::Reference<frame::XComponentLoader> loader;
+};
+
+SpreadsheetOffice::SpreadsheetOffice() = default;
+SpreadsheetOffice::~SpreadsheetOffice() = default;
+void SpreadsheetOffice::onBusy(std::function<void(bool)> busy) { busy_ = std::move(busy); }
+int SpreadsheetOffice::process() const { return running_ ? running_->process.id() : 0; }
+bool SpreadsheetOffice::available() { return true; }
+
+std::unique_ptr<Workbook> SpreadsheetOffice::open(const std::filesystem::path& path, int sheets) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        throw OpenFailure("no such workbook: " + path.string());
+    const BusyMark mark(busy_);
+    if (running_ && !running_->process.alive()) running_.reset();
+    if (!running_) running_ = std::make_unique<Running>();
+    rtl::OUString url;
+    osl::FileBase::getFileURLFromSystemPath(toOffice(std::filesystem::absolute(path).string()), url);
+    try {
+        return asFailure("the workbook cannot be opened", [&]() -> std::unique_ptr<Workbook> {
+            // As a template the file is neither locked nor changed.  No macros, no links, no questions.
+            const beans::PropertyValue how[] = {property("Hidden", true), property("AsTemplate", true)};
+            const auto document = running_->loader->loadComponentFromURL(url, "_blank", 0, {how, 2});
+            if (!document.is()) throw FileFailure("no workbook: " + path.string());
+            return std::make_unique<OfficeWorkbook>(document, sheets);
+        });
+    } catch (const OfficeFailure&) {
+        running_.reset();  // the next choice starts it anew
+        throw;
+    }
+}
+
+}  // namespace tarvex
