@@ -6,8 +6,11 @@
 #include "forms/form18.h"
 #include "forms/form25.h"
 #include "forms/form26.h"
+#include "forms/form3.h"
 #include "forms/form4.h"
+#include "forms/form5.h"
 #include "forms/form8.h"
+#include "forms/form9.h"
 #include "forms/laboratory.h"
 
 namespace tarvex {
@@ -24,8 +27,11 @@ void add(Laboratory& lab) {
 
 void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
     add<Form1>(lab);
+    add<Form3>(lab);
     add<Form4>(lab);
+    add<Form5>(lab);
     add<Form8>(lab);
+    add<Form9>(lab);
     add<Form11>(lab);
     add<Form12>(lab);
     add<Form14>(lab);
