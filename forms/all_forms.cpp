@@ -3,7 +3,11 @@
 #include "forms/form12.h"
 #include "forms/form14.h"
 #include "forms/form16.h"
+#include "forms/form17.h"
 #include "forms/form18.h"
+#include "forms/form21.h"
+#include "forms/form22.h"
+#include "forms/form24.h"
 #include "forms/form25.h"
 #include "forms/form26.h"
 #include "forms/form3.h"
@@ -36,7 +40,11 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form12>(lab);
     add<Form14>(lab);
     add<Form16>(lab);
+    add<Form17>(lab);
     add<Form18>(lab);
+    add<Form21>(lab);
+    add<Form22>(lab);
+    add<Form24>(lab);
     add<Form25>(lab);
     add<Form26>(lab);
 }

@@ -201,20 +201,32 @@ public:
     /// @param spec  called with each index, gives the Spec of that control without its index in the name
     template <class MakeSpec>
     ControlArray(Form* form, int first, int last, MakeSpec spec) : first_(first) {
-        for (int i = first; i <= last; ++i) {
-            typename T::Spec one = spec(i);
-            one.name += "(" + std::to_string(i) + ")";
-            items_.push_back(std::make_unique<T>(form, std::move(one)));
+        for (int i = first; i <= last; ++i) make(form, i, spec);
+    }
+    /// An array with gaps: only these indices, growing.
+    template <class MakeSpec>
+    ControlArray(Form* form, const std::vector<int>& indices, MakeSpec spec) : first_(indices.front()) {
+        for (const int i : indices) {
+            items_.resize(i - first_);
+            make(form, i, spec);
         }
     }
     T& operator()(int i) const {
-        if (i < first_ || i > last()) throw SubscriptFailure("no control with index " + std::to_string(i));
+        if (i < first_ || i > last() || !items_[i - first_])
+            throw SubscriptFailure("no control with index " + std::to_string(i));
         return *items_[i - first_];
     }
     int first() const { return first_; }
     int last() const { return first_ + static_cast<int>(items_.size()) - 1; }
 
 private:
+    template <class MakeSpec>
+    void make(Form* form, int i, MakeSpec& spec) {
+        typename T::Spec one = spec(i);
+        one.name += "(" + std::to_string(i) + ")";
+        items_.push_back(std::make_unique<T>(form, std::move(one)));
+    }
+
     int first_;
     std::vector<std::unique_ptr<T>> items_;
 };

@@ -1,0 +1,150 @@
+#include "forms/form21.h"
+#include "forms/form22.h"
+#include "tests/forms/lab_fixture.h"
+#include "theories/perturbations.h"
+
+namespace tarvex {
+
+namespace {
+
+const test::RecordingScreen::Message badData{"Введите правильно данные", "Tarvex7"};
+
+struct Form21Test : test::LabTest {
+    Form21& form = lab.desk.get<Form21>();
+    ModelState& s = lab.s;
+};
+
+/// A file with the number body*1000 + row*100 + term in millionths.
+std::string sampleFile() {
+    std::string text;
+    for (int body = 1; body <= 4; ++body) {
+        text += "Планета\r\n";
+        for (int r = 1; r <= 2; ++r) {
+            for (int k = 1; k <= 8; ++k) text += " " + std::to_string(body * 1000 + r * 100 + k) + " ";
+            text += "\r\n";
+        }
+    }
+    return text;
+}
+
+struct Form22Test : test::LabTest {
+    Form22Test() { write(sampleFile()); }
+    void write(const std::string& text) { test::writeBytes(folder.path() / "Dat" / "dL1.dat", text); }
+    ModelState& s = lab.s;
+};
+
+}  // namespace
+
+TEST_F(Form21Test, TicksDecideWhichTermsAct) {
+    double sum = 0;
+    for (int n = 1; n <= 28; ++n) sum += s.kLl[n] != 0;
+    EXPECT_EQ(sum, 15);
+    EXPECT_EQ(s.kLl[1], 0);  // the main inequality lies in the ellipse
+    EXPECT_EQ(s.kLl[3], -1.2739);
+    EXPECT_EQ(s.kLl[28], -0.0153);
+    form.Check1(1).set(true);
+    form.Check1(25).set(false);
+    form.Text1(16).setText("-0,5");
+    form.Text1(25).setText("слово");  // not ticked: not read
+    form.Command1.press();
+    EXPECT_EQ(s.kLl[1], 6.2889);
+    EXPECT_EQ(s.kLl[25], 0);
+    EXPECT_EQ(s.kLl[16], -0.5);
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.find("Text1(17)"), nullptr);
+    EXPECT_THROW(form.Text1(20), SubscriptFailure);
+
+    form.Text1(5).setText("");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(),
+              (test::RecordingScreen::Message{"Введите правильно номер объекта на форме 10", "Tarvex7"}));
+    EXPECT_EQ(s.kLl[5], 0);
+    EXPECT_EQ(s.kLl[7], -0.0347);
+    form.Command2.press();
+    EXPECT_FALSE(lab.desk.isLoaded("Form21"));
+    EXPECT_EQ(s.kLl[1], 6.2889);
+}
+
+TEST_F(Form22Test, LoadTakesTheFileAndUnloadKeepsTheTable) {
+    lab.desk.loadAndUnload("Form22");
+    EXPECT_TRUE(screen.messages.empty());
+    for (int body = 1; body <= 4; ++body)
+        for (int r = 1; r <= 2; ++r)
+            for (int k = 1; k <= 8; ++k)
+                EXPECT_DOUBLE_EQ(s.kLp[r][body * 10 + k], (body * 1000 + r * 100 + k) / 1e6);
+    EXPECT_EQ(s.Ipert1, (std::array<std::int32_t, 5>{0, 2, 3, 2, 3}));
+    EXPECT_EQ(s.Ipert2, (std::array<std::int32_t, 5>{0, 5, 5, 5, 5}));
+    auto& form = lab.desk.get<Form22>();
+    EXPECT_EQ(form.Text1(48).text(), "0,004108");
+    EXPECT_EQ(form.Text1(51).text(), "0,001201");
+    EXPECT_EQ(form.find("Text1(49)"), nullptr);
+    form.Text4.setText("6");
+    form.Text2.setText("7");
+    form.Command1.press();
+    EXPECT_EQ(s.Ipert1[1], 6);
+    EXPECT_EQ(s.Ipert1[2], 7);
+}
+
+TEST_F(Form22Test, WithoutItsFileItShowsTheMessageAndStaysAtZero) {
+    std::filesystem::remove(folder.path() / "Dat" / "dL1.dat");
+    s.kLp[1][11] = 5;
+    auto& form = lab.desk.get<Form22>();
+    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(s.kLp, (decltype(s.kLp){}));
+    EXPECT_EQ(form.Text1(11).text(), "0");
+}
+
+TEST_F(Form22Test, SavedAmplitudesComeBackCutToMillionths) {
+    auto& form = lab.desk.get<Form22>();
+    form.Text10.setText("7");
+    form.Text1(11).setText("0,0000019");
+    form.Text1(88).setText("-1,5");
+    form.Command4.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(s.kLp[1][11], 0.0000019);  // the fields again, not what was written
+    EXPECT_TRUE(test::readBytes(folder.path() / "Dat" / "dL7.dat")
+                    .starts_with("Меркурий\r\n 1  1102  1103  1104  1105  1106  1107  1108 \r\n"));
+    form.Command3.press();
+    EXPECT_EQ(s.kLp[1][11], 0.000001);
+    EXPECT_EQ(form.Text1(88).text(), "-1,5");
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(Form22Test, BadFilesAndFieldsLoseNothing) {
+    auto& form = lab.desk.get<Form22>();
+    const auto kept = s.kLp;
+    const std::string whole = sampleFile();
+    std::string word = whole;
+    word.replace(whole.size() - 20, 4, "xxxx");
+    std::string binary(5000, '\0');
+    for (std::size_t i = 0; i < binary.size(); ++i) binary[i] = static_cast<char>(i * 31);
+    for (const std::string& text : {std::string(), whole.substr(0, 40), whole.substr(0, whole.size() - 30),
+                                    word, binary, "a\n1 2 3\n" + whole}) {
+        write(text);
+        form.Command3.press();
+        EXPECT_EQ(screen.onlyMessage(), badData) << text.substr(0, 30);
+        EXPECT_EQ(s.kLp, kept);
+    }
+    for (TextField* field : {&form.Text1(34), &form.Text3, &form.Text9}) {
+        const std::string before = field->text();
+        field->setText("2 3");
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
+        field->setText(before);
+    }
+    form.Text10.setText("40000");
+    form.Command3.press();
+    EXPECT_EQ(screen.onlyMessage(), badData);
+    form.Text10.setText("2");
+    std::filesystem::create_directory(folder.path() / "Dat" / "dL2.dat");
+    form.Command4.press();
+    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_DOUBLE_EQ(s.kLp[2][48], kept[2][48] * 1e6);  // left scaled: meant
+    form.Text1(11).setText("1e305");
+    form.Command4.press();
+    EXPECT_EQ(screen.onlyMessage(), badData);
+    for (const auto& row : s.kLp)
+        for (const double v : row) EXPECT_TRUE(std::isfinite(v));
+}
+
+}  // namespace tarvex
