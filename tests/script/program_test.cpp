@@ -23,6 +23,17 @@ struct ProgramTest : ::testing::Test {
 
 }  // namespace
 
+TEST_F(ProgramTest, PlaysTheRealFormsFromAFileAndFromItsInput) {
+    const std::string dir = data.path().string(), file = (data.path() / "a.tvx").string();
+    const std::string script = "print Form1.Text34\nprint state.Pi\n";
+    test::writeBytes(file, script);
+    EXPECT_EQ(run({"--data", dir, file}), 0);
+    EXPECT_EQ(out.str(), "Form1.Text34 = 1801\nstate.Pi = 3.1415926535900001\n");
+    EXPECT_EQ(run({"-", "--data", dir}, script + "Form1.Command9\nechoes of nothing\n"),
+              0);  // Command9 ends the program
+    EXPECT_EQ(err.str(), "");
+}
+
 TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
     const std::string dir = data.path().string(), file = (data.path() / "a.tvx").string();
     const std::string damaged = (data.path() / "b.tvx").string();
@@ -39,11 +50,13 @@ TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
         {{"--data", dir, dir + "/none.tvx"}, "не удалось прочитать " + dir + "/none.tvx"},
         {{"--data", dir, dir}, "не удалось прочитать " + dir},
         {{"--data", dir, damaged}, damaged + ":2: слишком длинная строка"},
+        {{"--data", dir, file}, file + ":3: на форме Form1 нет элемента «Text999»"},
     };
     for (const auto& [arguments, wrong] : cases) {
         EXPECT_EQ(run(arguments), 2);
         EXPECT_EQ(err.str(), wrong + "\n");
     }
+    EXPECT_EQ(out.str(), "первая\n");
 }
 
 }  // namespace tarvex
