@@ -245,6 +245,18 @@ struct SpreadsheetOffice::Running {
         }
     }
 
+    std::unique_ptr<Workbook> open(const std::filesystem::path& path, int sheets) {
+        rtl::OUString url;
+        osl::FileBase::getFileURLFromSystemPath(toOffice(std::filesystem::absolute(path).string()), url);
+        return asFailure("the workbook cannot be opened", [&]() -> std::unique_ptr<Workbook> {
+            // As a template the file is neither locked nor changed.
+            const beans::PropertyValue how[] = {property("Hidden", true), property("AsTemplate", true)};
+            const auto document = loader->loadComponentFromURL(url, "_blank", 0, {how, 2});
+            if (!document.is()) throw FileFailure("no workbook: " + path.string());
+            return std::make_unique<OfficeWorkbook>(document, sheets);
+        });
+    }
+
     OfficeProcess process;
     uno::Reference<frame::XComponentLoader> loader;
 };
@@ -261,20 +273,15 @@ std::unique_ptr<Workbook> SpreadsheetOffice::open(const std::filesystem::path& p
         throw OpenFailure("no such workbook: " + path.string());
     const BusyMark mark(busy_);
     if (running_ && !running_->process.alive()) running_.reset();
-    if (!running_) running_ = std::make_unique<Running>();
-    rtl::OUString url;
-    osl::FileBase::getFileURLFromSystemPath(toOffice(std::filesystem::absolute(path).string()), url);
-    try {
-        return asFailure("the workbook cannot be opened", [&]() -> std::unique_ptr<Workbook> {
-            // As a template the file is neither locked nor changed.  No macros, no links, no questions.
-            const beans::PropertyValue how[] = {property("Hidden", true), property("AsTemplate", true)};
-            const auto document = running_->loader->loadComponentFromURL(url, "_blank", 0, {how, 2});
-            if (!document.is()) throw FileFailure("no workbook: " + path.string());
-            return std::make_unique<OfficeWorkbook>(document, sheets);
-        });
-    } catch (const OfficeFailure&) {
-        running_.reset();  // the next choice starts it anew
-        throw;
+    const bool used = running_ != nullptr;
+    for (bool again = false;; again = true) {
+        if (!running_) running_ = std::make_unique<Running>();
+        try {
+            return running_->open(path, sheets);
+        } catch (const OfficeFailure&) {
+            running_.reset();
+            if (!used || again) throw;   // one that is just dying may still look alive: a fresh one is tried
+        }
     }
 }
 
