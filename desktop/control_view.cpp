@@ -16,7 +16,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int usualDigits = 12;     ///< of a number field
+constexpr int longestLine = 64;     ///< of a caption, in characters
 constexpr int mostLeftDigits = 20;  ///< a wider field holds words and starts at the left
 
 QString toQt(const std::string& text) { return QString::fromStdString(text); }
@@ -31,19 +31,24 @@ bool isNumberOrEmpty(const std::string& text) {
     }
 }
 
-/// Results stand on the colour of the window, inputs on that of a page.
+/// Results stand on the colour of the window with a breath of the highlight, inputs on that of a page.
 void lookReadOnly(QWidget* widget) {
     QPalette palette = widget->palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window).darker(104));
+    const QColor window = palette.color(QPalette::Window), tint = palette.color(QPalette::Highlight);
+    const auto blend = [](int a, int b) { return (9 * a + b) / 10; };
+    palette.setColor(QPalette::Base,
+                     QColor(blend(window.red(), tint.red()), blend(window.green(), tint.green()),
+                            blend(window.blue(), tint.blue())));
     widget->setPalette(palette);
 }
 
 class LineView final : public ControlView {
 public:
-    LineView(TextField& field, const Act& act) : ControlView(field, new QLineEdit), field_(field), act_(act) {
+    LineView(TextField& field, const Density& density, const Act& act)
+        : ControlView(field, new QLineEdit, density), field_(field), act_(act) {
         const bool number = isNumberOrEmpty(field.text()) && field.width() <= mostLeftDigits;
         edit()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        const int digits = field.width() > 0 ? field.width() : usualDigits;
+        const int digits = field.width() > 0 ? field.width() : density.digits;
         edit()->setFixedWidth(edit()->fontMetrics().horizontalAdvance('0') * (digits + 1) + 12);
         if (field.readOnly()) {
             edit()->setReadOnly(true);
@@ -82,7 +87,8 @@ private:
 
 class TextBoxView final : public ControlView {
 public:
-    TextBoxView(TextField& field, const Act& act) : ControlView(field, new Box(act)), field_(field) {
+    TextBoxView(TextField& field, const Density& density, const Act& act)
+        : ControlView(field, new Box(act), density), field_(field) {
         const QFontMetrics metrics = box()->fontMetrics();
         box()->setReadOnly(field.readOnly());
         if (field.readOnly()) lookReadOnly(box());
@@ -136,7 +142,8 @@ private:
 
 class CheckView final : public ControlView {
 public:
-    CheckView(CheckBox& check, const Act& act) : ControlView(check, new QCheckBox), check_(check) {
+    CheckView(CheckBox& check, const Density& density, const Act& act)
+        : ControlView(check, new QCheckBox, density), check_(check) {
         QObject::connect(button(), &QCheckBox::clicked, button(),
                          [this, act](bool on) { act([this, on] { check_.set(on); }); });
     }
@@ -152,8 +159,8 @@ private:
 
 class OptionView final : public ControlView {
 public:
-    OptionView(OptionButton& option, const Act& act, QButtonGroup* group)
-        : ControlView(option, new QRadioButton), option_(option), group_(group) {
+    OptionView(OptionButton& option, const Density& density, const Act& act, QButtonGroup* group)
+        : ControlView(option, new QRadioButton, density), option_(option), group_(group) {
         group_->addButton(button());
         QObject::connect(button(), &QRadioButton::clicked, button(),
                          [this, act] { act([this] { option_.choose(); }); });
@@ -174,8 +181,8 @@ private:
 
 class CommandView final : public ControlView {
 public:
-    CommandView(CommandButton& command, const Act& act)
-        : ControlView(command, new QPushButton), command_(command) {
+    CommandView(CommandButton& command, const Density& density, const Act& act)
+        : ControlView(command, new QPushButton, density), command_(command) {
         button()->setDefault(command.isDefault());
         QObject::connect(button(), &QPushButton::clicked, button(),
                          [this, act] { act([this] { command_.press(); }); });
@@ -189,7 +196,8 @@ private:
 
 class ScrollView final : public ControlView {
 public:
-    ScrollView(ScrollBar& bar, const Act& act) : ControlView(bar, new QScrollBar(Qt::Horizontal)), bar_(bar) {
+    ScrollView(ScrollBar& bar, const Density& density, const Act& act)
+        : ControlView(bar, new QScrollBar(Qt::Horizontal), density), bar_(bar) {
         slider()->setRange(bar.min(), bar.max());
         slider()->setPageStep(std::max(1, (bar.max() - bar.min()) / 20));
         slider()->setFocusPolicy(Qt::StrongFocus);
@@ -209,7 +217,7 @@ private:
 
 class LabelView final : public ControlView {
 public:
-    explicit LabelView(Label& label) : ControlView(label, new QLabel) {
+    LabelView(Label& label, const Density& density) : ControlView(label, new QLabel, density) {
         text()->setTextFormat(Qt::PlainText);
     }
 
@@ -220,8 +228,8 @@ private:
 
 class PictureControlView final : public ControlView {
 public:
-    PictureControlView(Picture& picture, const Act& act)
-        : ControlView(picture, new PictureView(picture, act)) {}
+    PictureControlView(Picture& picture, const Density& density, const Act& act)
+        : ControlView(picture, new PictureView(picture, act), density) {}
     void detach() override { picture()->detach(); }
 
 private:
@@ -231,15 +239,27 @@ private:
 
 }  // namespace
 
-QString literal(const std::string& caption) { return toQt(caption).replace("&", "&&"); }
+QString literal(const std::string& caption) {
+    QString text = toQt(caption).replace("&", "&&");
+    const qsizetype lines = (text.size() + longestLine - 1) / longestLine;
+    for (qsizetype line = 1, at = 0; line < lines; ++line) {
+        at = text.indexOf(' ', std::max(at + 1, line * text.size() / lines));
+        if (at < 0) break;
+        text[at] = '\n';
+    }
+    return text;
+}
 
-ControlView::ControlView(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+ControlView::ControlView(Control& control, QWidget* widget, const Density& density)
+    : control_(control), widget_(widget) {
+    widget_->setFont(density.font);
     widget_->setObjectName(toQt(control.name()));
 }
 
 QLabel* ControlView::label() {
     if (label_ == nullptr && control_.kind() == Control::Kind::Text && !control_.caption().empty()) {
         label_ = new QLabel;
+        label_->setFont(widget_->font());
         label_->setTextFormat(Qt::PlainText);
         label_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -260,29 +280,30 @@ void ControlView::refresh() {
     label_->setToolTip(toQt(control_.hint()));
 }
 
-std::unique_ptr<ControlView> makeView(Control& control, const Act& act, const GroupOf& groupOf) {
+std::unique_ptr<ControlView> makeView(Control& control, const Density& density, const Act& act,
+                                      const GroupOf& groupOf) {
     switch (control.kind()) {
         case Control::Kind::Text: {
             auto& field = static_cast<TextField&>(control);
-            if (field.lines() > 1) return std::make_unique<TextBoxView>(field, act);
-            return std::make_unique<LineView>(field, act);
+            if (field.lines() > 1) return std::make_unique<TextBoxView>(field, density, act);
+            return std::make_unique<LineView>(field, density, act);
         }
         case Control::Kind::Check:
-            return std::make_unique<CheckView>(static_cast<CheckBox&>(control), act);
+            return std::make_unique<CheckView>(static_cast<CheckBox&>(control), density, act);
         case Control::Kind::Option: {
             auto& option = static_cast<OptionButton&>(control);
-            return std::make_unique<OptionView>(option, act, groupOf(option.group()));
+            return std::make_unique<OptionView>(option, density, act, groupOf(option.group()));
         }
         case Control::Kind::Command:
-            return std::make_unique<CommandView>(static_cast<CommandButton&>(control), act);
+            return std::make_unique<CommandView>(static_cast<CommandButton&>(control), density, act);
         case Control::Kind::Scroll:
-            return std::make_unique<ScrollView>(static_cast<ScrollBar&>(control), act);
+            return std::make_unique<ScrollView>(static_cast<ScrollBar&>(control), density, act);
         case Control::Kind::Label:
-            return std::make_unique<LabelView>(static_cast<Label&>(control));
+            return std::make_unique<LabelView>(static_cast<Label&>(control), density);
         case Control::Kind::Picture:
             break;
     }
-    return std::make_unique<PictureControlView>(static_cast<Picture&>(control), act);
+    return std::make_unique<PictureControlView>(static_cast<Picture&>(control), density, act);
 }
 
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #pragma once
 // The widget of one control: it shows the control's state and carries what the user does to the control.
 
+#include <QFont>
 #include <QLabel>
 #include <QString>
 #include <functional>
@@ -17,6 +18,14 @@ namespace tarvex {
 using Act = std::function<void(const std::function<void()>&)>;
 /// The group of buttons that shows the exclusive options of this name.
 using GroupOf = std::function<QButtonGroup*(const std::string&)>;
+
+/// How closely a window is set: a form that does not fit the screen is set more closely.
+struct Density {
+    QFont font;
+    int digits = 12;     ///< of a number field that asks for no width
+    int gap = 6;         ///< between the parts of a layout, pixels
+    int rowWidth = 900;  ///< a row of commands or ticks that is longer is folded
+};
 
 class ControlView {
 public:
@@ -37,7 +46,7 @@ public:
     virtual void detach() {}
 
 protected:
-    ControlView(Control& control, QWidget* widget);
+    ControlView(Control& control, QWidget* widget, const Density& density);
     virtual void show() = 0;
     virtual QString tip() const;  ///< of the tool tip
 
@@ -46,9 +55,11 @@ protected:
     QLabel* label_ = nullptr;
 };
 
-std::unique_ptr<ControlView> makeView(Control& control, const Act& act, const GroupOf& groupOf);
+std::unique_ptr<ControlView> makeView(Control& control, const Density& density, const Act& act,
+                                      const GroupOf& groupOf);
 
-/// A caption as a button shows it: "&" is a character like any other.
+/// A caption as a button shows it: "&" is a character like any other, and a very long one is folded at a
+/// blank.
 QString literal(const std::string& caption);
 
 }  // namespace tarvex

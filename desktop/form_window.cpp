@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -17,16 +18,32 @@
 
 namespace tarvex {
 
+namespace {
+constexpr double closeFont = 0.9;  ///< of the usual size, where a form would not fit the screen
+}
+
 FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
     setWindowTitle(QString::fromStdString(form.title()));
     setObjectName(QString::fromStdString(form.name()));
     statusBar()->addPermanentWidget(status_);
-    buildContents();
+
+    const QFont usual = font();
+    QWidget* contents = build({.font = usual});
+    const QSize least = contents->minimumSizeHint();
+    if (least.width() > room().width() || least.height() > room().height()) {
+        QFont smaller = usual;
+        smaller.setPointSizeF(usual.pointSizeF() * closeFont);
+        contents = build({.font = smaller, .digits = 10, .gap = 4, .rowWidth = 640});
+    }
+    fitScreen(contents->sizeHint() + QSize(2, 4));
 }
 
 FormWindow::~FormWindow() = default;
 
-void FormWindow::buildContents() {
+QWidget* FormWindow::build(const Density& density) {
+    delete takeCentralWidget();
+    views_.clear();
+    density_ = density;
     Layout tree = form_->layout();
     if (tree.kind == Layout::Kind::Empty) {
         tree = usualLayout(form_->controls());
@@ -36,33 +53,45 @@ void FormWindow::buildContents() {
         std::transform(rest.begin(), rest.end(), more.begin(), [](Control* c) { return Layout(*c); });
         tree = column({std::move(tree), row(std::move(more))});
     }
-    QWidget* contents = LayoutBuilder([this](Control& c) -> ControlView& { return viewOf(c); }).build(tree);
-
+    QWidget* contents =
+        LayoutBuilder([this](Control& c) -> ControlView& { return viewOf(c); }, density).build(tree);
+    contents->setFont(density.font);
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setWidget(contents);
     setCentralWidget(area);
+    refreshing_ = true;
     for (const auto& [control, view] : views_) {
         view->refresh();
         view->widget()->installEventFilter(this);
     }
-    fitScreen(contents->sizeHint() + QSize(2, statusBar()->sizeHint().height() + 4));
+    refreshing_ = false;
+
+    // Size hints are wanted at once, from the innermost layout outwards, not when the event loop comes to it.
+    const auto inside = contents->findChildren<QWidget*>();
+    for (auto child = inside.rbegin(); child != inside.rend(); ++child)
+        if (QLayout* layout = (*child)->layout()) layout->activate();
+    contents->layout()->activate();
+    return contents;
+}
+
+QSize FormWindow::room() const {
+    const QSize frame(8, 36);  // what a window manager puts around
+    return screen()->availableSize() - frame - QSize(0, statusBar()->sizeHint().height());
 }
 
 void FormWindow::fitScreen(QSize wanted) {
-    const QSize frame(8, 36);  // what a window manager puts around
-    const QSize room = screen()->availableSize() - frame;
-    if (wanted.height() > room.height())
+    if (wanted.height() > room().height())
         wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4;
-    resize(wanted.boundedTo(room));
+    resize(wanted.boundedTo(room()) + QSize(0, statusBar()->sizeHint().height()));
 }
 
 ControlView& FormWindow::viewOf(Control& control) {
     auto& view = views_[&control];
     if (!view)
         view = makeView(
-            control, [this](const std::function<void()>& action) { act(action); },
+            control, density_, [this](const std::function<void()>& action) { act(action); },
             [this](const std::string& name) {
                 auto& group = groups_[name];
                 if (group == nullptr) group = new QButtonGroup(this);

@@ -37,10 +37,12 @@ protected:
 private:
     void act(const std::function<void()>& action);
     ControlView& viewOf(Control& control);
-    void buildContents();
+    QWidget* build(const Density& density);
+    QSize room() const;
     void fitScreen(QSize wanted);
 
     Form* form_;
+    Density density_;
     std::map<const Control*, std::unique_ptr<ControlView>> views_;
     std::map<std::string, QButtonGroup*> groups_;
     RunStatus* status_;

@@ -6,15 +6,15 @@
 #include <QScrollArea>
 #include <QTabWidget>
 #include <algorithm>
+#include <numeric>
 #include <set>
 
 namespace tarvex {
 
 namespace {
 
-constexpr int gap = 6;       ///< between parts
-constexpr int cellGap = 4;   ///< between the rows of a grid
-constexpr int pairGap = 14;  ///< between two pairs of label and field
+constexpr int pairGap = 8;    ///< more between two pairs of label and field
+constexpr int choiceGap = 1;  ///< between ticks or options below each other
 
 using Kind = Layout::Kind;
 
@@ -38,27 +38,44 @@ bool fillsWidth(const Layout& part) {
             isControl(part, Control::Kind::Scroll));
 }
 
-QLabel* caption(const std::string& text) {
-    auto* label = new QLabel(QString::fromStdString(text));
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-template <class Box>
-Box* bare() {
-    auto* box = new Box;
-    box->setContentsMargins(0, 0, 0, 0);
-    box->setSpacing(gap);
-    return box;
-}
-
 /// What a grid leaves over goes behind its last cell, unless some cell makes use of it.
 void closeGrid(QGridLayout& grid, bool wide, bool tall) {
     if (!wide) grid.setColumnStretch(grid.columnCount(), 1);
     if (!tall) grid.setRowStretch(grid.rowCount(), 1);
 }
 
+/// Commands, ticks and options: what may stand in a folded row.
+bool isPress(const Layout& part) {
+    return isControl(part, Control::Kind::Command) || isControl(part, Control::Kind::Check) ||
+           isControl(part, Control::Kind::Option);
+}
+
+bool isCommand(const Layout& part) { return isControl(part, Control::Kind::Command); }
+bool isChoice(const Layout& part) { return isPress(part) && !isCommand(part); }
+
+/// The parts from `from` on that are of one sort.
+std::vector<Layout> runOf(const std::vector<Layout>& parts, std::size_t from, bool (*sort)(const Layout&)) {
+    std::size_t to = from;
+    while (to < parts.size() && sort(parts[to])) ++to;
+    return {parts.begin() + from, parts.begin() + to};
+}
+
 }  // namespace
+
+QLabel* LayoutBuilder::caption(const std::string& text) const {
+    auto* label = new QLabel(QString::fromStdString(text));
+    label->setFont(density_.font);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+template <class Box>
+Box* LayoutBuilder::bare() const {
+    auto* box = new Box;
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(density_.gap);
+    return box;
+}
 
 QWidget* LayoutBuilder::wrapped(const Piece& inside) const {
     if (inside.widget != nullptr) return inside.widget;
@@ -71,6 +88,11 @@ QWidget* LayoutBuilder::build(const Layout& tree) const {
     auto* widget = new QWidget;
     widget->setLayout(columnOf({tree}).layout);
     widget->layout()->setContentsMargins(10, 8, 10, 8);
+    // Shown later by the event loop otherwise, and until then left out of every size hint.
+    for (auto* child : widget->findChildren<QWidget*>())
+        if (qobject_cast<QGroupBox*>(child) != nullptr || qobject_cast<QLabel*>(child) != nullptr ||
+            qobject_cast<QTabWidget*>(child) != nullptr || qobject_cast<QScrollArea*>(child) != nullptr)
+            child->setVisible(true);
     return widget;
 }
 
@@ -120,6 +142,7 @@ LayoutBuilder::Piece LayoutBuilder::item(Control& control) const {
 }
 
 LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts) const {
+    if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts);
     auto* box = bare<QHBoxLayout>();
     bool wide = false, tall = false;
     for (const Layout& part : parts) {
@@ -140,14 +163,47 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts) cons
     return {box, nullptr, wide, tall};
 }
 
+LayoutBuilder::Piece LayoutBuilder::foldedRow(const std::vector<Layout>& parts) const {
+    std::vector<int> widths;
+    for (const Layout& part : parts)
+        widths.push_back(viewOf_(*part.control).widget()->sizeHint().width() + density_.gap);
+    const int whole = std::accumulate(widths.begin(), widths.end(), 0);
+    const int lines = (whole + density_.rowWidth - 1) / density_.rowWidth;
+    auto* box = bare<QVBoxLayout>();
+    QHBoxLayout* line = nullptr;
+    int used = 0;
+    for (std::size_t i = 0; i < parts.size(); used += widths[i++]) {
+        if (line == nullptr || (used + widths[i] / 2 > whole / lines)) {
+            if (line != nullptr) line->addStretch(1);
+            box->addLayout(line = bare<QHBoxLayout>());
+            used = 0;
+        }
+        line->addWidget(viewOf_(*parts[i].control).widget());
+    }
+    line->addStretch(1);
+    return {box, nullptr};
+}
+
+/// Commands below each other, as wide as the longest.
+QLayout* LayoutBuilder::commandsOf(const std::vector<Layout>& run) const {
+    auto* commands = bare<QVBoxLayout>();
+    for (const Layout& one : run) commands->addWidget(item(*one.control).widget);
+    auto* left = bare<QHBoxLayout>();
+    left->addLayout(commands);
+    left->addStretch(1);
+    return left;
+}
+
+QLayout* LayoutBuilder::choicesOf(const std::vector<Layout>& run) const {
+    auto* choices = bare<QVBoxLayout>();
+    choices->setSpacing(choiceGap);
+    for (const Layout& one : run) choices->addWidget(item(*one.control).widget, 0, Qt::AlignLeft);
+    return choices;
+}
+
 LayoutBuilder::Piece LayoutBuilder::columnOf(const std::vector<Layout>& parts) const {
     auto* box = bare<QVBoxLayout>();
     bool wide = false, tall = false;
-    const auto runOf = [&](std::size_t from, const auto& test) {
-        std::size_t to = from;
-        while (to < parts.size() && test(parts[to])) ++to;
-        return std::vector<Layout>(parts.begin() + from, parts.begin() + to);
-    };
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const Layout& part = parts[i];
         if (part.kind == Kind::Stretch) {
@@ -155,20 +211,13 @@ LayoutBuilder::Piece LayoutBuilder::columnOf(const std::vector<Layout>& parts) c
             tall = true;
             continue;
         }
-        if (const auto run = runOf(i, isLabelled); !run.empty()) {  // labelled fields line up
-            box->addLayout(fieldsOf(1, run).layout);
-            i += run.size() - 1;
-            continue;
-        }
-        const auto isCommand = [](const Layout& l) { return isControl(l, Control::Kind::Command); };
-        if (const auto run = runOf(i, isCommand); !run.empty()) {  // commands are as wide as the longest
-            auto* commands = bare<QVBoxLayout>();
-            for (const Layout& one : run) commands->addWidget(item(*one.control).widget);
-            auto* left = bare<QHBoxLayout>();
-            left->addLayout(commands);
-            left->addStretch(1);
-            box->addLayout(left);
-            i += run.size() - 1;
+        const auto labelled = runOf(parts, i, isLabelled), commands = runOf(parts, i, isCommand),
+                   choices = runOf(parts, i, isChoice);
+        if (const std::size_t run = labelled.size() + commands.size() + choices.size(); run > 0) {
+            box->addLayout(!labelled.empty()   ? fieldsOf(1, labelled).layout
+                           : !commands.empty() ? commandsOf(commands)
+                                               : choicesOf(choices));
+            i += run - 1;
             continue;
         }
         const Piece one = piece(part);
@@ -187,7 +236,7 @@ LayoutBuilder::Piece LayoutBuilder::columnOf(const std::vector<Layout>& parts) c
 
 LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layout>& parts) const {
     auto* grid = bare<QGridLayout>();
-    grid->setVerticalSpacing(cellGap);
+    grid->setVerticalSpacing(density_.gap - 2);
     bool wide = false, tall = false;
     int row = 0, column = 0;
     for (const Layout& part : parts) {
@@ -206,7 +255,7 @@ LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layo
             wide |= one.wide;
             tall |= one.tall;
         }
-        if (column > 0) grid->setColumnMinimumWidth(at - 1, pairGap - 2 * gap);
+        if (column > 0) grid->setColumnMinimumWidth(at - 1, pairGap);
         if (++column == std::max(columns, 1)) {
             column = 0;
             ++row;
@@ -218,7 +267,7 @@ LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layo
 
 LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layout>& cells) const {
     auto* grid = bare<QGridLayout>();
-    grid->setVerticalSpacing(cellGap);
+    grid->setVerticalSpacing(density_.gap - 2);
     columns = std::max(columns, 1);
     bool wide = false, tall = false;
     for (int i = 0; i < static_cast<int>(cells.size()); ++i) {
@@ -248,6 +297,7 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
 
 LayoutBuilder::Piece LayoutBuilder::frameOf(const Layout& part) const {
     auto* group = new QGroupBox(literal(part.text));
+    group->setFont(density_.font);
     const Layout& child = part.children.front();
     const Piece inside = child.kind == Kind::Column ? columnOf(child.children) : columnOf({child});
     group->setLayout(inside.layout);

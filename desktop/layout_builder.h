@@ -15,7 +15,7 @@ namespace tarvex {
 class LayoutBuilder {
 public:
     using ViewOf = std::function<ControlView&(Control&)>;
-    explicit LayoutBuilder(ViewOf viewOf) : viewOf_(std::move(viewOf)) {}
+    LayoutBuilder(ViewOf viewOf, const Density& density) : viewOf_(std::move(viewOf)), density_(density) {}
 
     /// A widget that holds the whole tree.
     QWidget* build(const Layout& tree) const;
@@ -31,6 +31,9 @@ private:
     Piece piece(const Layout& part) const;
     Piece item(Control& control) const;
     Piece rowOf(const std::vector<Layout>& parts) const;
+    Piece foldedRow(const std::vector<Layout>& parts) const;
+    QLayout* commandsOf(const std::vector<Layout>& run) const;
+    QLayout* choicesOf(const std::vector<Layout>& run) const;
     Piece columnOf(const std::vector<Layout>& parts) const;
     Piece fieldsOf(int columns, const std::vector<Layout>& parts) const;
     Piece tableOf(int columns, const std::vector<Layout>& cells) const;
@@ -39,7 +42,12 @@ private:
     Piece pagesOf(const Layout& part) const;
     QWidget* wrapped(const Piece& inside) const;
 
+    template <class Box>
+    Box* bare() const;
+    QLabel* caption(const std::string& text) const;
+
     ViewOf viewOf_;
+    Density density_;
 };
 
 /// The layout of a form that brings none: pictures at the right, everything else in its order at the left.

@@ -30,7 +30,7 @@ PictureView::PictureView(Picture& picture, std::function<void(const std::functio
 QSize PictureView::sizeHint() const { return shape_; }
 
 QSize PictureView::minimumSizeHint() const {
-    return shape_.scaled(shape_ / 2, Qt::KeepAspectRatio).boundedTo({420, 320});
+    return shape_.scaled(shape_ / 2, Qt::KeepAspectRatio).boundedTo({320, 240});
 }
 
 void PictureView::refresh() {
