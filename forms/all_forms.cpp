@@ -5,6 +5,7 @@
 #include "forms/form16.h"
 #include "forms/form17.h"
 #include "forms/form18.h"
+#include "forms/form20.h"
 #include "forms/form21.h"
 #include "forms/form22.h"
 #include "forms/form24.h"
@@ -42,6 +43,7 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form16>(lab);
     add<Form17>(lab);
     add<Form18>(lab);
+    add<Form20>(lab);
     add<Form21>(lab);
     add<Form22>(lab);
     add<Form24>(lab);

@@ -60,7 +60,9 @@ TextField::Spec Form1::cell(int) {
 }
 
 Form1::Form1(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Параметры объектов и начальные данные  Tarvex7m4 - форма 1"), lab(lab_) {
+    : Form(lab_.desk, formName, "Параметры объектов и начальные данные  Tarvex7m4 - форма 1"),
+      lab(lab_),
+      check_(*this, lab_) {
     bindCommands();
     bindForms();
     arrange();
@@ -107,10 +109,11 @@ void Form1::bindCommands() {
         drawGrid(Picture1, {});
     });
 
-    for (CommandButton* command : {&Command13, &Command5, &Command6, &Command7}) {
-        command->setEnabled(false);
-        command->setHint("Проверка орбиты еще не готова");
-    }
+    const Shown badRun = orShow("Ошибка решения уравнений", boxTitle);
+    Command13.onPress([this] { check_.start(); });
+    Command5.onPress([this] { lab.s.kodStop = 1; });
+    Command6.onPress([this] { check_.goOn(); }, badRun);
+    Command7.onPress([this] { check_.batch(); }, badRun);
 }
 
 void Form1::bindForms() {
@@ -170,6 +173,8 @@ void Form1::load() {
     Command3.press();
     Command12.press();
 }
+
+void Form1::unload() { lab.s.kodStop = 1; }
 
 void Form1::activate() {
     lab.s.kodKalend = 0;

@@ -2,6 +2,7 @@
 // Form1: elements and initial data of all bodies for a date, from a theory, the ephemeris, a file or the
 // screen.
 
+#include "forms/form1_check.h"
 #include "forms/laboratory.h"
 #include "initial/load_source.h"
 
@@ -195,11 +196,18 @@ public:
     CheckBox Check5{
         this,
         {.name = "Check5", .caption = "относительно ЦМ", .hint = "Углы измеряются от центра масс пары"}};
-    CommandButton Command13{
-        this, {.name = "Command13", .caption = "Проверить параметры орбиты и ошибку их определения"}};
-    CommandButton Command5{this, {.name = "Command5", .caption = "Остановить"}};
-    CommandButton Command6{this, {.name = "Command6", .caption = "Продолжить "}};
-    CommandButton Command7{this, {.name = "Command7", .caption = "сделать NC0 шагов"}};
+    CommandButton Command13{this,
+                            {.name = "Command13",
+                             .caption = "Проверить параметры орбиты и ошибку их определения",
+                             .hint = "Решить задачу двух тел от начальных данных и измерить орбиту"}};
+    CommandButton Command5{
+        this, {.name = "Command5", .caption = "Остановить", .hint = "Остановить проверку орбиты"}};
+    CommandButton Command6{
+        this, {.name = "Command6", .caption = "Продолжить ", .hint = "Продолжить проверку с того же места"}};
+    CommandButton Command7{this,
+                           {.name = "Command7",
+                            .caption = "сделать NC0 шагов",
+                            .hint = "Сделать NC0 шагов проверки и остановиться"}};
     Label Label13{this, {.name = "Label13", .hint = "Период обращения по справочнику, дни"}};
     TextField Text13{this, result("Text13", "T, дни", "Измеренный период обращения, дни")};
     TextField Text14{this, result("Text14", "Eks", "Измеренный эксцентриситет")};
@@ -288,6 +296,7 @@ public:
 
     void load() override;
     void activate() override;
+    void unload() override;
 
     /// Draws grid and bodies anew at the current scale.
     void redrawPicture();
@@ -321,6 +330,7 @@ private:
     TextField& cellAt(int column, int body);
 
     Laboratory& lab;
+    Form1Check check_;
 };
 
 }  // namespace tarvex

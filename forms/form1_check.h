@@ -1,0 +1,35 @@
+#pragma once
+// The orbit check of Form1: the chosen planet and its centre as two bodies, measured and shown.
+
+#include "initial/orbit_check.h"
+#include "runtime/picture.h"
+
+namespace tarvex {
+
+class Form1;
+struct Laboratory;
+
+class Form1Check final : private OrbitCheckPort {
+public:
+    Form1Check(Form1& form, Laboratory& lab);
+
+    /// Takes the chosen body and the fields, and runs until it is stopped.
+    void start();
+    void goOn();    ///< from where it stood
+    void batch();   ///< NC0 steps and a stop
+
+private:
+    void nodePassed() override;
+    void perihelionPassed() override;
+
+    void loop();
+    void display();
+    void drawPair(Color centre, Color planet, Color cross);
+
+    Form1& form_;
+    Laboratory& lab;
+    OrbitCheck check_;
+    bool started_ = false;
+};
+
+}  // namespace tarvex
