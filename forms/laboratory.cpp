@@ -8,6 +8,8 @@ Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(st
     addNames(names, plan);
     addNames(names, motion);
     addNames(names, run);
+    addNames(names, series);
+    addNames(names, shifts);
     addNames(names, ephemeris);
     addForms(*this);
 }

@@ -13,6 +13,8 @@
 #include "numeric/two_body.h"
 #include "runtime/desk.h"
 #include "stats/plan_block.h"
+#include "stats/series.h"
+#include "stats/shifts.h"
 #include "theories/ephemeris.h"
 
 namespace tarvex {
@@ -32,6 +34,8 @@ struct Laboratory {
     PlanBlock plan;    ///< the plan of a multifactor experiment
     Motion motion;     ///< what the equations of motion work on
     RunState run;      ///< the experiment and the orbit it measures
+    SeriesData series;  ///< the loaded series of orbit elements
+    ShiftTables shifts; ///< secular shifts, observed and calculated
     Ephemeris ephemeris{tree};
     TwoBody twoBody;       ///< the two-body run of Form25
     PulsarExtras pulsar;   ///< and what Form26 adds to it

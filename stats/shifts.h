@@ -1,0 +1,54 @@
+#pragma once
+// Secular shifts of the orbit elements, planet by parameter, and the files that hold them.  Parameters 1..6
+// are AlfaP, AlfaU, Betta (arc seconds a century), Eks (millionths), Rsr (km), W* (rad a century).
+
+#include <array>
+#include <string>
+
+#include "stats/plan_block.h"
+
+namespace tarvex {
+
+class DataTree;
+class NameTable;
+
+inline constexpr int shiftPlanets = 11;  ///< planets 1..11 of the tables, 11 the Moon
+inline constexpr int shiftParams = 6;
+
+using ShiftRow = std::array<double, shiftParams + 1>;
+using ShiftTable = std::array<ShiftRow, shiftPlanets + 1>;
+
+struct ShiftTables {
+    ShiftTable dNab{};  ///< observed shifts, planet by parameter
+    /// Calculated shifts, planet by parameter by experiment.
+    std::array<std::array<std::array<double, maxPoints + 1>, shiftParams + 1>, shiftPlanets + 1> dRas{};
+    ShiftTable Ves{};  ///< weight of each shift in the criterion
+
+    /// A cell; throws SubscriptFailure outside the table.
+    double& observed(int planet, int param);
+    double& calculated(int planet, int param, int experiment);
+};
+
+void addNames(NameTable& table, const ShiftTables& t);
+
+/// Head lines of a file of shifts, for the picture.
+struct ShiftFileHead {
+    std::string title, columns;
+};
+
+/// Reads \<dir>\TarvexNab.dat (dir like "\Ser") for planets 1..planets into dNab, which keeps its values when
+/// the file is bad.  Throws OpenFailure or FileFailure.
+ShiftFileHead readObservedShifts(const DataTree& tree, const std::string& dir, int planets, ShiftTables& t);
+/// Rewrites that file with all the values held.
+void writeObservedShifts(const DataTree& tree, const std::string& dir, const ShiftTables& t);
+
+/// Reads the calculated shifts of a planet in a plan into dRas; count becomes the number of experiments in
+/// the file.  Keeps all values when the file is bad or holds more experiments than a plan can.
+ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTables& t, std::int16_t& count);
+/// Rewrites that file for `count` experiments; the values are scaled by MK and cut.
+void writePlanShifts(const DataTree& tree, int plan, int planet, const ShiftTables& t, int count);
+/// The same with a given head and the values as they stand, without their scale.
+void writePlanShiftsUnscaled(const DataTree& tree, int plan, int planet, const ShiftFileHead& head,
+                             const ShiftTables& t, int count, std::int16_t& reached);
+
+}  // namespace tarvex
