@@ -20,6 +20,7 @@ constexpr Color sunColor{240, 240, 0}, bodyGreen{0, 200, 0}, shadowColor{220, 22
     gridColor{235, 235, 235}, axisColor{150, 150, 150}, dayBlue{90, 110, 200};
 constexpr double cellsOfSky = 30;          ///< degrees in a cell of the sky
 constexpr double Mrow = 30000 * MK;        ///< metres in a cell of the picture of the bodies
+constexpr std::size_t longestPath = 2000;   ///< points of the way over the disk that are kept
 const std::string paramFile = "\\Dat\\Param_data.txt", timeFile = "\\Dat\\TimeYer_data.txt";
 const std::string badData = "Введите правильно данные\r\n(целая часть числа отделяется запятой)";
 
@@ -326,6 +327,12 @@ void Form16::clearPictures() {
 
 void Form16::clearDisks() {
     Picture3.clear();
+    drawDiskGrid();
+    oldSun_ = oldBody_ = oldShadow_ = {};
+    path_.clear();
+}
+
+void Form16::drawDiskGrid() {
     for (int i = -10; i <= 10; ++i) {
         Picture3.line(i, -10, i, 10, gridColor);
         Picture3.line(-10, i, 10, i, gridColor);
@@ -334,7 +341,6 @@ void Form16::clearDisks() {
     Picture3.line(0, -10, 0, 10, axisColor);
     Picture3.text(0.1, 9.9, "dB, град", black);
     Picture3.text(7.4, 0.9, "dL, град", black);
-    oldSun_ = oldBody_ = oldShadow_ = {};
 }
 
 /// The bodies in the plane of the ecliptic and from the side, heliocentric.
@@ -378,8 +384,10 @@ void Form16::drawDisks() {
         Picture3.disc(m.x, m.y, m.radius, color);
         Picture3.circle(m.x, m.y, m.radius, color == white ? white : black);
     };
-    if (!Check2.on())
+    if (!Check2.on()) {
         for (const Mark* old : {&oldSun_, &oldBody_, &oldShadow_}) paint(*old, white);
+        drawDiskGrid();
+    }
     oldSun_ = place(0, e_.Rsun);
     oldBody_ = place(body, e_.Rbody);
     oldShadow_ = e_.lunar ? place(rowShadow, e_.RshadowSeen) : Mark{};
@@ -396,7 +404,11 @@ void Form16::drawDisks() {
         paint(oldSun_, sunColor);
         paint(oldBody_, bodyGreen);
     }
-    if (Check3.on()) Picture3.disc(oldBody_.x, oldBody_.y, 0.05, {200, 0, 0});
+    if (Check3.on()) {
+        if (path_.size() == longestPath) path_.pop_front();
+        path_.push_back(oldBody_);
+        for (const Mark& m : path_) Picture3.disc(m.x, m.y, 0.05, {200, 0, 0});
+    }
     if (Check7.on()) {
         const Mark east = place(rowLimb, 0), west = place(rowLimb + 4, 0);
         Picture3.line(east.x, east.y, west.x, west.y, {120, 120, 220});

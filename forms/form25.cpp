@@ -16,7 +16,7 @@ constexpr Color white{255, 255, 255}, black{0, 0, 0}, red{220, 0, 0}, green{0, 1
     violet{150, 0, 180}, grey{225, 225, 225}, axis{150, 150, 150}, m1Color{0, 160, 0}, m2Color{200, 120, 0}, centreColor{0, 0, 250};
 constexpr double dateOfTheory = 2378862;     ///< of the elements by the theory: 1 January 1801
 constexpr double delayLine = 4;              ///< height about which the plots of every step are drawn
-constexpr double noteTop = 7.8, noteStep = 0.6;
+constexpr double noteTop = -0.4, noteStep = 0.6;   ///< printed lines stand below the plots
 
 /// Cut to twelve places: masses are small shares of the Sun.
 double cut12(double v) { return Fix(v * MK * MK) / MK / MK; }

@@ -1,0 +1,132 @@
+#include "forms/form16.h"
+
+#include "tests/forms/lab_fixture.h"
+#include "tests/support/ephemeris_files.h"
+
+namespace tarvex {
+
+using test::readBytes;
+
+class Form16Test : public test::LabTest {
+protected:
+    Form16Test() {
+        test::linkEphemeris(folder);
+        form.Option9(3).choose();
+        screen.messages.clear();
+    }
+    void stopAfter(int yields) {
+        const int goal = screen.yields + yields;
+        screen.atYield = [this, goal](int count) {
+            if (count >= goal) form.Command4.press();
+        };
+    }
+    Form16& form = lab.desk.get<Form16>();
+};
+
+TEST_F(Form16Test, StepsOverTheEclipseOf2006AndLogsTheOverlap) {
+    form.Text2.setText("29,47");
+    form.Check5.set(true);                        // ET - UT as it was, and the Earth turns by UT
+    form.Check6.set(true);
+    form.Text14.setText("1,0817");
+    form.Text15.setText("0");
+    form.Check30.set(true);
+    stopAfter(30);
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Contact(2).text().substr(0, 5), "11:23");
+    EXPECT_EQ(form.Contact(3).text().substr(0, 5), "11:26");
+    EXPECT_GT(toNumber(form.GreatestMagnitude.text()), 1);
+    EXPECT_EQ(form.Text2.text(), "29,485");
+    const std::string log = readBytes(lab.tree.at("\\Dat\\Param_data.txt"));
+    EXPECT_TRUE(log.starts_with("планета  № 11   обсерватория JPL2   данные умножены на 1000 \r\n"
+                                "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)\r\n 29470  3000  2006000  "))
+        << log.substr(0, 300);
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 2 + 30);
+    form.Command6.press();
+    EXPECT_EQ(form.Text2.text(), "29,4855");
+    form.Command18.press();
+    EXPECT_EQ(form.Text2.text(), "29,47");
+}
+
+TEST_F(Form16Test, BackOverAMonthAndARecordOfTheEphemeris) {
+    form.Text2.setText("1,2");
+    form.Option19.choose();
+    form.Text26.setText("20");
+    stopAfter(4);
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text3.text(), "12");           // 1,2 March less 80 days
+    EXPECT_EQ(form.Text4.text(), "2005");
+    EXPECT_NEAR(toNumber(form.Text2.text()), 11.2, 1e-6);
+}
+
+TEST_F(Form16Test, SunriseSunsetAndTheEquinoxLog) {
+    form.Text2.setText("20,0");
+    form.Text26.setText("0,01");
+    form.Text8.setText("1");
+    form.Check13.set(true);
+    form.Check10.set(true);
+    stopAfter(100);
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    // near the equinox the day at 48 degrees east lasts from about 2:50 to 14:55 UT, refraction and radius included
+    EXPECT_EQ(form.Text28.text().substr(0, 2), "03");
+    EXPECT_TRUE(form.Text29.text() > "14:50" && form.Text29.text() < "15:20") << form.Text29.text();
+    const std::string log = readBytes(lab.tree.at("\\Dat\\TimeYer_data.txt"));
+    EXPECT_TRUE(log.starts_with("равноденствия и солнцестояния по JPL2   ГЕО (ТОПО) координаты Солнца"));
+    EXPECT_NE(log.find("  JDut= 24538"), std::string::npos);
+    EXPECT_NE(log.find("   A= "), std::string::npos);
+}
+
+TEST_F(Form16Test, OneStepAndTypedClocks) {
+    form.Check1.set(true);
+    form.Check5.set(true);
+    form.Check6.set(true);
+    form.Text14.setText("1,5");
+    form.Text15.setText("-2");
+    form.Command1.press();
+    EXPECT_EQ(screen.yields, 0);
+    EXPECT_NEAR((lab.s.JDet - lab.s.JDut0) * 1440, 1.5, 1e-5);
+    EXPECT_NEAR((lab.s.JDut - lab.s.JDut0) * 1440, -2, 1e-5);
+    EXPECT_EQ(form.Text14.text(), "1,5");
+}
+
+TEST_F(Form16Test, RefusalsAndBadInput) {
+    const std::string bad = "Введите правильно данные\r\n(целая часть числа отделяется запятой)";
+    form.Text1.setText("3");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Землю не наблюдали");
+    form.Text1.setText("11");
+    form.Option9(0).choose();
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Выберете теорию");
+    form.Option9(3).choose();
+    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
+             {&form.Text1, "12"}, {&form.Text1, ""}, {&form.Text2, "x"}, {&form.Text3, "13"}, {&form.Text3, "0"},
+             {&form.Text24, "восток"}, {&form.Text26, ""}, {&form.Text8, "0"}, {&form.Text27, "0"}, {&form.Text4, "1e12"}}) {
+        const std::string good = field->text();
+        field->setText(text);
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage().text, bad) << field->name() << text;
+        field->setText(good);
+    }
+    form.Command6.press();                        // nothing has begun
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    form.Text4.setText("2500");
+    form.Command1.press();
+    EXPECT_EQ(screen.messages.size(), 1u);
+    screen.messages.clear();
+    form.Text4.setText("2006");
+    form.Check30.set(true);
+    std::filesystem::remove_all(lab.tree.at("\\Dat"));
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, bad);
+    // the body spoiled during the run ends it, and nothing but numbers stands in the fields
+    form.Check30.set(false);
+    form.Check5.set(true);
+    screen.atYield = [&](int) { form.Text14.setText("?"); };
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+}
+
+}  // namespace tarvex
