@@ -9,102 +9,161 @@
 namespace tarvex {
 namespace kernel {
 
-/// Row i of Fik and its components; they point the force on j towards i.
+/// Sums of the forces on the bodies in the lanes.
+struct Sums {
+    alignas(32) BodyArray x{}, y{}, z{};
+};
+
+TARVEX_LANES void keepForce(Motion& m, int i, int j, const Force& force, Sums& sums) {
+    put(m.Fik[i], j, force.f);
+    put(m.FXik[i], j, force.x);
+    put(m.FYik[i], j, force.y);
+    put(m.FZik[i], j, force.z);
+    put(sums.x, j, at(sums.x, j) + force.x);
+    put(sums.y, j, at(sums.y, j) + force.y);
+    put(sums.z, j, at(sums.z, j) + force.z);
+}
+
+/// Fik before any pressure law.
 template <bool square>
-TARVEX_ROW void forceRow(Motion& m, int i, double nR) {
-    const double* __restrict dx = m.DXp[i].data();
-    const double* __restrict dy = m.DYp[i].data();
-    const double* __restrict dz = m.DZp[i].data();
-    const double* __restrict r = m.Rik[i].data();
-    const double* __restrict weight = m.weights.force[i].data();
-    double* __restrict force = m.Fik[i].data();
-    double* __restrict fx = m.FXik[i].data();
-    double* __restrict fy = m.FYik[i].data();
-    double* __restrict fz = m.FZik[i].data();
-    for (int j = 0; j < lanes; ++j) {
-        const double inverse = 1 / r[j];
-        const double f = square ? weight[j] * inverse * inverse : weight[j] / std::pow(r[j], nR);
-        const double q = f * inverse;
-        force[j] = f;
-        fx[j] = -dx[j] * q;
-        fy[j] = -dy[j] * q;
-        fz[j] = -dz[j] * q;
-    }
+TARVEX_LANES Four magnitude(const Motion& m, int i, int j, const Line& line, Four inverse, double nR,
+                            Watch& watch) {
+    const Four weight = at(m.weights.force[i], j);
+    if constexpr (square) return weight * (inverse * inverse);
+    const Four power = {std::pow(line.r[0], nR), std::pow(line.r[1], nR), std::pow(line.r[2], nR),
+                        std::pow(line.r[3], nR)};
+    watch.notHuge(power);
+    return weight / power;
 }
 
-template <int form, bool square>
-TARVEX_ROW void forceRows(ModelState& s, Motion& m, const BodyLanes& b, Extremes& seen) {
+/// The force of body i on four bodies j by the law kodPgr.
+template <int kodPgr, bool square>
+TARVEX_LANES Force forceOf(Motion& m, const BodyLanes& b, const Actor& a, int i, int j, const Line& line,
+                           const LawFactors& law, Watch& watch) {
+    const Four inverse = 1 / line.r, f0 = magnitude<square>(m, i, j, line, inverse, law.nR, watch);
+    if constexpr (kodPgr == 0) return pull(line, inverse, f0, f0);
+    if (law.atStage) {
+        const Direction u(line, inverse, at(idleTable.busy[i], j));
+        stageSpeeds(m, b, a, i, j, line, u, law, watch);
+        if constexpr (kodPgr == 5) return lienardOfStage(m, a, i, j, line, u, law, watch);
+    }
+    if constexpr (kodPgr == 5)
+        return lienardOfStep(m, i, j, line, law, watch);
+    else
+        return factorLaw<kodPgr>(m, b, a, i, j, line, inverse, f0, law);
+}
+
+/// The plain law in one pass: lines, forces and sums.
+TARVEX_LANES void newtonPairs(Motion& m, const BodyLanes& b, Watch& seen, Sums& sums) {
+    Watch watch = seen;  // in registers
     for (int i = 0; i < bodies; ++i) {
-        presentRow(m, b, i);
-        distanceRow(m, i, seen);
-        // two iterations by count, not until they settle
-        for (int iteration = 1; form != 0 && iteration <= 2; ++iteration) {
-            if constexpr (form == 1) retardedRow<1>(m, b, i);
-            if constexpr (form == 2) retardedRow<2>(m, b, i);
-            if constexpr (form == 3) tracedRow(s, m, b, i);
-            distanceRow(m, i, seen);
+        const Actor a(m, b, i);
+        for (int j = 0; j < lanes; j += 4) {
+            const Line line = retardedLine<0>(0, b, a, i, j, watch);
+            const Four inverse = 1 / line.r, f = magnitude<true>(m, i, j, line, inverse, 2, watch);
+            keepLine(m, i, j, line);
+            keepForce(m, i, j, pull(line, inverse, f, f), sums);
         }
-        forceRow<square>(m, i, m.nR);
     }
+    seen = watch;
 }
 
-/// Differences, distances and forces of every pair before any pressure law.
-TARVEX_KERNEL void pairForces(ModelState& s, Motion& m, const BodyLanes& b, Extremes& seen) {
-    const int form = m.kodVgr != 0 ? m.kodDX : 0;
-    const bool square = m.nR == 2;
-    switch (form * 2 + (square ? 1 : 0)) {
-        case 0:
-            forceRows<0, false>(s, m, b, seen);
-            break;
-        case 1:
-            forceRows<0, true>(s, m, b, seen);
-            break;
+/// The lines of every pair.  A pass of its own: its long chains of roots overlap only with their like.
+template <int form>
+TARVEX_LANES void linePairs(Motion& m, const BodyLanes& b, Watch& seen) {
+    const double perVgr = 1 / m.Vgr;
+    Watch watch = seen;
+    for (int i = 0; i < bodies; ++i) {
+        const Actor a(m, b, i);
+        for (int j = 0; j < lanes; j += 4) keepLine(m, i, j, retardedLine<form>(perVgr, b, a, i, j, watch));
+    }
+    seen = watch;
+}
+
+/// The forces along the lines, in rows of increasing i, so that the sums have their fixed order.
+template <int kodPgr, bool square>
+TARVEX_LANES void forcePairs(const ModelState& s, Motion& m, const BodyLanes& b, Watch& seen, Sums& sums) {
+    const LawFactors law(s, m);
+    Watch watch = seen;
+    for (int i = 0; i < bodies; ++i) {
+        const Actor a(m, b, i);
+        for (int j = 0; j < lanes; j += 4) {
+            const Line line{at(m.DXp[i], j), at(m.DYp[i], j), at(m.DZp[i], j), Four{}, at(m.Rik[i], j)};
+            keepForce(m, i, j, forceOf<kodPgr, square>(m, b, a, i, j, line, law, watch), sums);
+        }
+    }
+    seen = watch;
+}
+
+/// dU from the sums, divided by the mass of j.
+TARVEX_LANES void accelerations(Motion& m, Sums& sums, Watch& watch) {
+    for (int j = 0; j < lanes; j += 4) {
+        const Four perMass = at(m.weights.perMass, j);
+        const Four x = at(sums.x, j) * perMass, y = at(sums.y, j) * perMass, z = at(sums.z, j) * perMass;
+        watch.number(x);
+        watch.number(y);
+        watch.number(z);
+        put(sums.x, j, x);
+        put(sums.y, j, y);
+        put(sums.z, j, z);
+    }
+    std::memcpy(&m.dU[3 * bodies], sums.x.data(), sizeof(double) * bodies);
+    std::memcpy(&m.dU[4 * bodies], sums.y.data(), sizeof(double) * bodies);
+    std::memcpy(&m.dU[5 * bodies], sums.z.data(), sizeof(double) * bodies);
+}
+
+TARVEX_KERNEL void newton(Motion& m, const BodyLanes& b, Watch& watch) {
+    Sums sums;
+    newtonPairs(m, b, watch, sums);
+    accelerations(m, sums, watch);
+}
+
+TARVEX_KERNEL void retardedLines(Motion& m, const BodyLanes& b, int form, Watch& watch) {
+    if (form == 0)
+        linePairs<0>(m, b, watch);
+    else if (form == 1)
+        linePairs<1>(m, b, watch);
+    else
+        linePairs<2>(m, b, watch);
+}
+
+template <bool square>
+TARVEX_LANES void lawForces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr, Watch& watch) {
+    Sums sums;
+    switch (kodPgr) {
         case 2:
-            forceRows<1, false>(s, m, b, seen);
+            forcePairs<2, square>(s, m, b, watch, sums);
             break;
         case 3:
-            forceRows<1, true>(s, m, b, seen);
+            forcePairs<3, square>(s, m, b, watch, sums);
             break;
         case 4:
-            forceRows<2, false>(s, m, b, seen);
+            forcePairs<4, square>(s, m, b, watch, sums);
             break;
         case 5:
-            forceRows<2, true>(s, m, b, seen);
+            forcePairs<5, square>(s, m, b, watch, sums);
             break;
         case 6:
-            forceRows<3, false>(s, m, b, seen);
+            forcePairs<6, square>(s, m, b, watch, sums);
+            break;
+        case 7:
+            forcePairs<7, square>(s, m, b, watch, sums);
             break;
         default:
-            forceRows<3, true>(s, m, b, seen);
+            forcePairs<0, square>(s, m, b, watch, sums);
             break;
     }
+    accelerations(m, sums, watch);
 }
 
-/// dU from the force components: the sum over i in increasing order, divided by the mass of j.
-/// @return  0, or not a number if any acceleration or force is not finite
-TARVEX_KERNEL double accelerations(Motion& m, const BodyArray& mass) {
-    alignas(32) BodyArray x{}, y{}, z{};
-    for (int i = 0; i < bodies; ++i)
-        for (int j = 0; j < lanes; ++j) {
-            x[j] += m.FXik[i][j];
-            y[j] += m.FYik[i][j];
-            z[j] += m.FZik[i][j];
-        }
-    double sum = 0;
-    for (int j = 0; j < lanes; ++j) {
-        x[j] /= mass[j];
-        y[j] /= mass[j];
-        z[j] /= mass[j];
-    }
-    for (int j = 0; j < bodies; ++j) {
-        watch(sum, x[j]);
-        watch(sum, y[j]);
-        watch(sum, z[j]);
-    }
-    std::memcpy(&m.dU[3 * bodies], x.data(), sizeof(double) * bodies);
-    std::memcpy(&m.dU[4 * bodies], y.data(), sizeof(double) * bodies);
-    std::memcpy(&m.dU[5 * bodies], z.data(), sizeof(double) * bodies);
-    return sum;
+TARVEX_KERNEL void squareForces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr,
+                                Watch& watch) {
+    lawForces<true>(s, m, b, kodPgr, watch);
+}
+
+/// Forces with an exponent other than 2.
+TARVEX_KERNEL void powerForces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr, Watch& watch) {
+    lawForces<false>(s, m, b, kodPgr, watch);
 }
 
 namespace {
@@ -117,7 +176,7 @@ PairDebug debugOf(const ModelState& s, const Motion& m, int i, int j) {
     d.VXzap = m.VX1zap[i][j];
     d.F = m.Fik[i][j];
     d.R = m.Rik[i][j];
-    d.T = m.Tik[i][j];
+    d.T = m.Rik[i][j] / m.Vgr;
     d.Betta = BettaIK(m, i, j);
     d.Alfa = AlfaIK(m, i, j);
     d.dV1 = m.dV1[i][j];
@@ -143,6 +202,26 @@ void keepForDebug(const ModelState& s, Motion& m) {
     m.AZsave = m.AZ;
 }
 
+/// Forces and accelerations by the codes; law 0 leaves the forces of the distances alone.
+void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
+    const int form = m.kodVgr != 0 ? m.kodDX : 0;
+    Watch watch;
+    m.fullQuadrant = false;
+    if (form == 0 && kodPgr == 0 && m.nR == 2) {
+        newton(m, b, watch);
+    } else {
+        if (form == 3)
+            tracedLines(s, m, b, watch);
+        else
+            retardedLines(m, b, form, watch);
+        if (m.nR == 2)
+            squareForces(s, m, b, kodPgr, watch);
+        else
+            powerForces(s, m, b, kodPgr, watch);
+    }
+    checkWatch(m, watch);
+}
+
 }  // namespace
 }  // namespace kernel
 
@@ -150,29 +229,17 @@ void Diffur(ModelState& s, Motion& motion) {
     kernel::BodyLanes b;
     kernel::unpack(motion, s, b);
     if (motion.Vgr == 0) throw ArithmeticFailure("the speed of gravity is zero");
-    if (motion.kodVgr != 0 && motion.kodDX == 3 &&
-        (motion.SledX.size() == 0 || motion.SledX.size() <= motion.NSled)) {
-        throw SubscriptFailure("the trace has not been made");
-    }
     kernel::formWeights(s, motion.weights);
-    kernel::Extremes seen;
-    kernel::pairForces(s, motion, b, seen);
-    motion.fullQuadrant = false;
-    if (!seen.fine()) kernel::fail(motion, "two bodies at one place or with equal X and Y");
-    if (motion.kodDebug != 0) kernel::keepForDebug(s, motion);
-
-    double watched = 0;
-    if (motion.kodPgr != 0 && motion.kodVgr != 0) {
-        ++motion.NDiffur;
-        if (motion.kodDiffurV == 1) watched += kernel::stageSpeeds(s, motion, b);
-        watched += kernel::applyPressure(s, motion, b);
-    }
     std::memcpy(motion.dU.data(), &motion.U[3 * bodies], sizeof(double) * 3 * bodies);
-    BodyArray mass{};
-    for (int j = 0; j < bodies; ++j) mass[j] = s.m[j];
-    mass[bodies] = 1;
-    watched += kernel::accelerations(motion, mass);
-    if (watched != 0) kernel::fail(motion, "a force or an acceleration is not a number");
+    const bool pressed = motion.kodPgr != 0 && motion.kodVgr != 0;
+    if (motion.kodDebug != 0) {
+        // the debug text shows the forces as they are before any pressure
+        kernel::forces(s, motion, b, 0);
+        kernel::keepForDebug(s, motion);
+    }
+    if (pressed) ++motion.NDiffur;
+    if (pressed || motion.kodDebug == 0) kernel::forces(s, motion, b, pressed ? motion.kodPgr : 0);
+    if (pressed && motion.kodDiffurV == 1) motion.fullQuadrant = true;
 }
 
 }  // namespace tarvex

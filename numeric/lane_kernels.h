@@ -1,18 +1,33 @@
 #pragma once
-// Rows of the pair arrays as loops over vector lanes: body i is fixed, the bodies j stand in the lanes.
-// Directions are differences over distance, never angles.  Idle lanes get a harmless divisor (IDLE is 1
-// there), so that they raise no floating-point flag, and no weight.  Every function is inlined into a kernel
-// that is compiled once for each instruction set.
+// Pairs in vector lanes: body i is fixed, four bodies j at a time stand in the lanes of a vector.  Directions
+// are differences over distance, never angles.  Idle lanes get a harmless divisor (idle is 1 there), so that
+// they raise no floating-point flag, and no weight.  Every function here is inlined into a kernel that is
+// compiled once for each instruction set.
 
 #include <cmath>
 #include <limits>
 
 #include "numeric/motion.h"
 
-#define TARVEX_ROW [[gnu::always_inline]] inline
+#define TARVEX_LANES [[gnu::always_inline]] inline
 #define TARVEX_KERNEL [[gnu::target_clones("default", "avx2")]]
 
 namespace tarvex::kernel {
+
+using Four [[gnu::vector_size(32)]] = double;
+using FourInMemory [[gnu::vector_size(32), gnu::aligned(8), gnu::may_alias]] = double;
+
+/// Four cells of an array of lanes from j on.
+TARVEX_LANES Four at(const BodyArray& cells, int j) {
+    return *reinterpret_cast<const FourInMemory*>(cells.data() + j);
+}
+TARVEX_LANES void put(BodyArray& cells, int j, Four v) {
+    *reinterpret_cast<FourInMemory*>(cells.data() + j) = v;
+}
+TARVEX_LANES Four root(Four v) {
+    return Four{std::sqrt(v[0]), std::sqrt(v[1]), std::sqrt(v[2]), std::sqrt(v[3])};
+}
+TARVEX_LANES Four absolute(Four v) { return v < 0 ? -v : v; }
 
 struct IdleTable {
     alignas(32) PairArray idle{}, busy{};
@@ -27,175 +42,125 @@ struct IdleTable {
 };
 inline constexpr IdleTable idleTable;
 
-/// The state of the bodies in lanes; the idle lane is at rest in the origin.
+/// The state of the bodies in lanes; the idle lane holds some finite neighbour of the array copied.
 struct BodyLanes {
-    alignas(32) BodyArray x{}, y{}, z{}, vx{}, vy{}, vz{};
+    alignas(32) BodyArray x, y, z, vx, vy, vz;
 };
 
-/// What a pass saw at its edges: a zero or an infinite distance makes the pass fail.
-struct Extremes {
-    alignas(32) BodyArray low, high;
-    Extremes() {
-        low.fill(std::numeric_limits<double>::infinity());
-        high.fill(0);
+/// What a pass saw at its edges: a zero or an infinite distance, or a value that is not finite, makes it
+/// fail.
+struct Watch {
+    Four low = {infinite, infinite, infinite, infinite}, high = {}, bad = {};
+    TARVEX_LANES void nonZero(Four v) { low = v < low ? v : low; }
+    TARVEX_LANES void notHuge(Four v) { high = v > high ? v : high; }
+    /// v - v is 0 for a finite number only.
+    TARVEX_LANES void number(Four v) { bad += v - v; }
+    bool distancesFine() const {
+        bool fine = true;
+        for (int k = 0; k < 4; ++k) fine &= low[k] > 0 && high[k] <= std::numeric_limits<double>::max();
+        return fine;
     }
-    bool fine() const {
-        bool ok = true;
-        for (int j = 0; j < lanes; ++j) ok &= low[j] > 0 && high[j] <= std::numeric_limits<double>::max();
-        return ok;
-    }
+    bool numbersFine() const { return bad[0] + bad[1] + bad[2] + bad[3] == 0; }
+
+private:
+    static constexpr double infinite = std::numeric_limits<double>::infinity();
 };
 
-/// Row i of Rxy, Rik and Tik from its differences.
-TARVEX_ROW void distanceRow(Motion& m, int i, Extremes& seen) {
-    const double* __restrict dx = m.DXp[i].data();
-    const double* __restrict dy = m.DYp[i].data();
-    const double* __restrict dz = m.DZp[i].data();
-    const double* __restrict idle = idleTable.idle[i].data();
-    double* __restrict rxy = m.Rxy[i].data();
-    double* __restrict rik = m.Rik[i].data();
-    double* __restrict tik = m.Tik[i].data();
-    double* __restrict low = seen.low.data();
-    double* __restrict high = seen.high.data();
-    const double Vgr = m.Vgr;
-    for (int j = 0; j < lanes; ++j) {
-        const double flat = dx[j] * dx[j] + dy[j] * dy[j] + idle[j];
-        const double r = std::sqrt(flat + dz[j] * dz[j]);
-        low[j] = flat < low[j] ? flat : low[j];
-        high[j] = r > high[j] ? r : high[j];
-        rxy[j] = std::sqrt(flat);
-        rik[j] = r;
-        tik[j] = r / Vgr;
-    }
+/// What the lanes of a row share: the state of body i.
+struct Actor {
+    double x, y, z, vx, vy, vz, ax, ay, az;
+    double sx, sy, sz;  ///< signs of the velocity, + for 0
+    TARVEX_LANES Actor(const Motion& m, const BodyLanes& b, int i)
+        : x(b.x[i]),
+          y(b.y[i]),
+          z(b.z[i]),
+          vx(b.vx[i]),
+          vy(b.vy[i]),
+          vz(b.vz[i]),
+          ax(m.AX[i]),
+          ay(m.AY[i]),
+          az(m.AZ[i]),
+          sx(vx < 0 ? -1 : 1),
+          sy(vy < 0 ? -1 : 1),
+          sz(vz < 0 ? -1 : 1) {}
+};
+
+/// The line from i to j: differences, distance in the XY plane squared, distance.
+struct Line {
+    Four dx, dy, dz, flat, r;
+};
+
+TARVEX_LANES Line lineOf(Four dx, Four dy, Four dz, Four idle) {
+    const Four flat = dx * dx + dy * dy + idle;
+    return {dx, dy, dz, flat, root(flat + dz * dz)};
 }
 
-/// Row i of the differences between present positions.
-TARVEX_ROW void presentRow(Motion& m, const BodyLanes& b, int i) {
-    double* __restrict dx = m.DXp[i].data();
-    double* __restrict dy = m.DYp[i].data();
-    double* __restrict dz = m.DZp[i].data();
-    const double x = b.x[i], y = b.y[i], z = b.z[i];
-    for (int j = 0; j < lanes; ++j) {
-        dx[j] = b.x[j] - x;
-        dy[j] = b.y[j] - y;
-        dz[j] = b.z[j] - z;
-    }
-}
-
-/// Row i of the differences to where body i was Tik ago, by its speed (form 1) and acceleration (form 2).
+/// The line to where body i was when its pull left: now (form 0), by its speed (form 1) and acceleration
+/// (form 2), in two iterations by count.
 template <int form>
-TARVEX_ROW void retardedRow(Motion& m, const BodyLanes& b, int i) {
-    double* __restrict dx = m.DXp[i].data();
-    double* __restrict dy = m.DYp[i].data();
-    double* __restrict dz = m.DZp[i].data();
-    const double* __restrict tik = m.Tik[i].data();
-    const double x = b.x[i], y = b.y[i], z = b.z[i], vx = b.vx[i], vy = b.vy[i], vz = b.vz[i];
-    const double ax = m.AX[i], ay = m.AY[i], az = m.AZ[i];
-    for (int j = 0; j < lanes; ++j) {
-        const double t = tik[j];
-        dx[j] = b.x[j] - x + vx * t;
-        dy[j] = b.y[j] - y + vy * t;
-        dz[j] = b.z[j] - z + vz * t;
-        if constexpr (form == 2) {
-            dx[j] -= ax * t * t / 2;
-            dy[j] -= ay * t * t / 2;
-            dz[j] -= az * t * t / 2;
+TARVEX_LANES Line retardedLine(double perVgr, const BodyLanes& b, const Actor& a, int i, int j,
+                               Watch& watch) {
+    const Four idle = at(idleTable.idle[i], j);
+    const Four dx = at(b.x, j) - a.x, dy = at(b.y, j) - a.y, dz = at(b.z, j) - a.z;
+    Line line = lineOf(dx, dy, dz, idle);
+    watch.nonZero(line.flat);
+    for (int iteration = 1; form != 0 && iteration <= 2; ++iteration) {
+        const Four t = line.r * perVgr;
+        if constexpr (form == 1) {
+            line = lineOf(dx + a.vx * t, dy + a.vy * t, dz + a.vz * t, idle);
+        } else {
+            line = lineOf(dx + a.vx * t - a.ax * t * t * 0.5, dy + a.vy * t - a.ay * t * t * 0.5,
+                          dz + a.vz * t - a.az * t * t * 0.5, idle);
         }
+        watch.nonZero(line.flat);
     }
+    watch.notHuge(line.r);
+    return line;
 }
 
-/// Projections of the velocities on the line i to j, row i: of body i as given by v1x, v1y, v1z (signs are
-/// those of its present velocity), of body j as it is.  A line with DXp = 0 has its Y turned round: that is
+TARVEX_LANES void keepLine(Motion& m, int i, int j, const Line& line) {
+    put(m.DXp[i], j, line.dx);
+    put(m.DYp[i], j, line.dy);
+    put(m.DZp[i], j, line.dz);
+    put(m.Rik[i], j, line.r);
+}
+
+/// Direction cosines of the line, 0 in idle lanes.  A line with DXp = 0 has its Y turned round: that is
 /// meant.
-TARVEX_ROW void lineSpeedRow(Motion& m, const BodyLanes& b, int i, const double* __restrict v1x,
-                             const double* __restrict v1y, const double* __restrict v1z) {
-    const double* __restrict dx = m.DXp[i].data();
-    const double* __restrict dy = m.DYp[i].data();
-    const double* __restrict dz = m.DZp[i].data();
-    const double* __restrict r = m.Rik[i].data();
-    const double* __restrict busy = idleTable.busy[i].data();
-    double* __restrict dVX1 = m.dVX1[i].data();
-    double* __restrict dVY1 = m.dVY1[i].data();
-    double* __restrict dVZ1 = m.dVZ1[i].data();
-    double* __restrict dVX2 = m.dVX2[i].data();
-    double* __restrict dVY2 = m.dVY2[i].data();
-    double* __restrict dVZ2 = m.dVZ2[i].data();
-    double* __restrict dV1 = m.dV1[i].data();
-    double* __restrict dV2 = m.dV2[i].data();
-    double* __restrict dR = m.dR[i].data();
-    const double sx = b.vx[i] < 0 ? -1 : 1, sy = b.vy[i] < 0 ? -1 : 1, sz = b.vz[i] < 0 ? -1 : 1;
-    for (int j = 0; j < lanes; ++j) {
-        const double inverse = busy[j] / r[j];
-        const double ux = dx[j] * inverse, uz = dz[j] * inverse;
-        const double uy = (dx[j] == 0 ? -dy[j] : dy[j]) * inverse;
-        const double x1 = ux * sx * std::fabs(v1x[j]), y1 = uy * sy * std::fabs(v1y[j]);
-        const double z1 = uz * sz * std::fabs(v1z[j]);
-        const double x2 = ux * b.vx[j], y2 = uy * b.vy[j], z2 = uz * b.vz[j];
-        const double along1 = z1 + x1 + y1, along2 = z2 + x2 + y2;
-        dVX1[j] = x1;
-        dVY1[j] = y1;
-        dVZ1[j] = z1;
-        dVX2[j] = x2;
-        dVY2[j] = y2;
-        dVZ2[j] = z2;
-        dV1[j] = along1;
-        dV2[j] = along2;
-        dR[j] = along2 - along1;
-    }
-}
+struct Direction {
+    Four x, y, z;
+    TARVEX_LANES Direction(const Line& line, Four inverse, Four busy)
+        : x(line.dx * (inverse * busy)),
+          y((line.dx == 0 ? -line.dy : line.dy) * (inverse * busy)),
+          z(line.dz * (inverse * busy)) {}
+};
 
-/// Row i of the velocity that body i had when its pull left; with no retardation the present one.
-TARVEX_ROW void retardedSpeedRow(const Motion& m, const BodyLanes& b, int i, double* __restrict x,
-                                 double* __restrict y, double* __restrict z) {
-    const bool retarded = m.kodVgr == 1 && m.kodDX > 0;
-    const double* __restrict tik = m.Tik[i].data();
-    const double vx = b.vx[i], vy = b.vy[i], vz = b.vz[i];
-    const double ax = retarded ? m.AX[i] : 0, ay = retarded ? m.AY[i] : 0, az = retarded ? m.AZ[i] : 0;
-    for (int j = 0; j < lanes; ++j) {
-        x[j] = vx - ax * tik[j];
-        y[j] = vy - ay * tik[j];
-        z[j] = vz - az * tik[j];
-    }
+/// The parts of a vector along the line; of body i with the signs of its present velocity, whatever the
+/// vector is.
+struct Along {
+    Four x, y, z;
+    TARVEX_LANES Four sum() const { return z + x + y; }
+};
+TARVEX_LANES Along alongOfActor(const Direction& u, const Actor& a, Four vx, Four vy, Four vz) {
+    return {u.x * a.sx * absolute(vx), u.y * a.sy * absolute(vy), u.z * a.sz * absolute(vz)};
 }
-
-/// Row i of A1zap, the retarded acceleration along the line: velocity signs with the size of the
-/// acceleration, and of V1zap.  Both are meant so.
-TARVEX_ROW void lineAccelerationRow(Motion& m, const BodyLanes& b, int i) {
-    const double* __restrict dx = m.DXp[i].data();
-    const double* __restrict dy = m.DYp[i].data();
-    const double* __restrict dz = m.DZp[i].data();
-    const double* __restrict r = m.Rik[i].data();
-    const double* __restrict busy = idleTable.busy[i].data();
-    const double* __restrict ax = m.AX1zap[i].data();
-    const double* __restrict ay = m.AY1zap[i].data();
-    const double* __restrict az = m.AZ1zap[i].data();
-    const double* __restrict vx = m.VX1zap[i].data();
-    const double* __restrict vy = m.VY1zap[i].data();
-    const double* __restrict vz = m.VZ1zap[i].data();
-    double* __restrict A1zap = m.A1zap[i].data();
-    double* __restrict V1zap = m.V1zap[i].data();
-    const double sx = b.vx[i] < 0 ? -1 : 1, sy = b.vy[i] < 0 ? -1 : 1, sz = b.vz[i] < 0 ? -1 : 1;
-    for (int j = 0; j < lanes; ++j) {
-        const double inverse = busy[j] / r[j];
-        const double ux = dx[j] * inverse, uz = dz[j] * inverse;
-        const double uy = (dx[j] == 0 ? -dy[j] : dy[j]) * inverse;
-        A1zap[j] = uz * sz * std::fabs(az[j]) + ux * sx * std::fabs(ax[j]) + uy * sy * std::fabs(ay[j]);
-        V1zap[j] = std::sqrt(vx[j] * vx[j] + vy[j] * vy[j] + vz[j] * vz[j]);
-    }
+TARVEX_LANES Along alongOfPassive(const Direction& u, const BodyLanes& b, int j) {
+    return {u.x * at(b.vx, j), u.y * at(b.vy, j), u.z * at(b.vz, j)};
 }
-
-/// Adds to sum what is 0 for finite numbers and not a number otherwise.
-TARVEX_ROW void watch(double& sum, double v) { sum += v - v; }
 
 /// Copies U into X..VZ and into lanes.
 void unpack(const Motion& m, ModelState& s, BodyLanes& b);
 /// The present state in lanes.
 void toLanes(const ModelState& s, BodyLanes& b);
 
-/// Clears what a failed call left and throws.
-[[noreturn]] void fail(Motion& m, const char* what);
+/// Clears what a failed call left and throws, unless the watch has seen nothing wrong.
+void checkWatch(Motion& m, const Watch& watch);
 
 /// Forms the products of masses, ticks and gamma again if one of them has changed.
 void formWeights(const ModelState& s, PairWeights& w);
+
+/// Lines of every pair by the trace of body i, in two iterations from the present lines.  A time that falls
+/// exactly on the grid of the trace keeps the differences of the iteration before: that is meant.
+void tracedLines(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch);
 
 }  // namespace tarvex::kernel

@@ -6,116 +6,122 @@
 namespace tarvex {
 namespace kernel {
 
-/// Row i of the rates of dV1 and dV2: frozen in the pass that follows a change of the step.
-TARVEX_ROW void rateRow(const ModelState& s, Motion& m, int i) {
-    const double Dt = s.DtCur;
-    double* __restrict dV1 = m.dV1[i].data();
-    double* __restrict dV2 = m.dV2[i].data();
-    double* __restrict dV1old = m.dV1old[i].data();
-    double* __restrict dV2old = m.dV2old[i].data();
-    double* __restrict AV1 = m.AV1[i].data();
-    double* __restrict AV2 = m.AV2[i].data();
-    double* __restrict AV1old = m.AV1old[i].data();
-    double* __restrict AV2old = m.AV2old[i].data();
-    double* __restrict BV1 = m.BV1[i].data();
-    double* __restrict BV2 = m.BV2[i].data();
-    double* __restrict dR = m.dR[i].data();
-    double* __restrict d2R = m.d2R[i].data();
-    const bool sameStep = Dt == m.DtOld;
-    for (int j = 0; sameStep && j < lanes; ++j) {
-        AV1[j] = (dV1[j] - dV1old[j]) / Dt;
-        AV2[j] = (dV2[j] - dV2old[j]) / Dt;
-        BV1[j] = (AV1[j] - AV1old[j]) / Dt;
-        BV2[j] = (AV2[j] - AV2old[j]) / Dt;
+/// Velocity of body i as it was when its pull left (VX0zap), and the speeds along the line: of body i with
+/// that velocity, of body j with its present one.
+TARVEX_LANES void speedsOfStep(Motion& m, const BodyLanes& b, const Actor& a, int i, int j,
+                               const Direction& u, Four t) {
+    const Four wx = a.vx - a.ax * t, wy = a.vy - a.ay * t, wz = a.vz - a.az * t;
+    const Along v1 = alongOfActor(u, a, wx, wy, wz), v2 = alongOfPassive(u, b, j);
+    put(m.VX0zap[i], j, wx);
+    put(m.VY0zap[i], j, wy);
+    put(m.VZ0zap[i], j, wz);
+    put(m.dVX1[i], j, v1.x);
+    put(m.dVY1[i], j, v1.y);
+    put(m.dVZ1[i], j, v1.z);
+    put(m.dVX2[i], j, v2.x);
+    put(m.dVY2[i], j, v2.y);
+    put(m.dVZ2[i], j, v2.z);
+    put(m.dV1[i], j, v1.sum());
+    put(m.dV2[i], j, v2.sum());
+}
+
+/// The rates of one of the two speeds: frozen in the pass that follows a change of the step.
+TARVEX_LANES void rates(const ModelState& s, const Motion& m, int j, BodyArray& dV, BodyArray& dVold,
+                        BodyArray& AV, BodyArray& AVold, BodyArray& BV) {
+    const double Dt = s.DtCur, perDt = 1 / Dt;
+    const Four v = at(dV, j);
+    Four rate = at(AV, j), rateOfRate = at(BV, j);
+    if (Dt == m.DtOld) {
+        rate = (v - at(dVold, j)) * perDt;
+        rateOfRate = (rate - at(AVold, j)) * perDt;
+        put(BV, j, rateOfRate);
     }
-    for (int j = 0; j < lanes; ++j) {
-        dV1old[j] = dV1[j];
-        dV2old[j] = dV2[j];
-        AV1old[j] = AV1[j];
-        AV2old[j] = AV2[j];
-    }
+    put(dVold, j, v);
+    put(AVold, j, rate);
     if (m.kodDiffurV == 0) {
-        for (int j = 0; j < lanes; ++j) {
-            dV1[j] = Dt * AV1old[j] / 2 + dV1old[j];
-            dV2[j] = Dt * AV2old[j] / 2 + dV2old[j];
-            AV1[j] = Dt * BV1[j] + AV1old[j];
-            AV2[j] = Dt * BV2[j] + AV2old[j];
-        }
+        put(dV, j, Dt * rate * 0.5 + v);
+        put(AV, j, Dt * rateOfRate + rate);
     } else {
-        for (int j = 0; j < lanes; ++j) {
-            AV1[j] = Dt * BV1[j] / 2 + AV1old[j];
-            AV2[j] = Dt * BV2[j] / 2 + AV2old[j];
-        }
-    }
-    for (int j = 0; j < lanes; ++j) {
-        dR[j] = dV2[j] - dV1[j];
-        d2R[j] = AV2[j] - AV1[j];
+        put(AV, j, Dt * rateOfRate * 0.5 + rate);
     }
 }
 
-/// Row i of the retarded accelerations that the law of Lienard and Wiechert needs.
-TARVEX_ROW void retardedAccelerationRow(const ModelState& s, Motion& m, const BodyLanes& b, int i) {
-    const double Dt = s.DtCur;
-    const double ax = m.AX[i], ay = m.AY[i], az = m.AZ[i], jx = m.JX[i], jy = m.JY[i], jz = m.JZ[i];
-    for (int j = 0; j < lanes; ++j) {
-        m.AX0zap[i][j] = ax - jx * m.Tik[i][j];
-        m.AY0zap[i][j] = ay - jy * m.Tik[i][j];
-        m.AZ0zap[i][j] = az - jz * m.Tik[i][j];
-    }
-    m.AX1zap[i] = m.AX0zap[i];
-    m.AY1zap[i] = m.AY0zap[i];
-    m.AZ1zap[i] = m.AZ0zap[i];
-    if (m.kodDiffurV == 0) {
-        for (int j = 0; j < lanes; ++j) {
-            m.VX1zap[i][j] = m.VX0zap[i][j] + Dt * ax / 2;
-            m.VY1zap[i][j] = m.VY0zap[i][j] + Dt * ay / 2;
-            m.VZ1zap[i][j] = m.VZ0zap[i][j] + Dt * az / 2;
-            m.AX1zap[i][j] = Dt * jx / 2 + m.AX1zap[i][j];
-            m.AY1zap[i][j] = Dt * jy / 2 + m.AY1zap[i][j];
-            m.AZ1zap[i][j] = Dt * jz / 2 + m.AZ1zap[i][j];
+/// Acceleration of the acceleration of every body.
+void jerks(const ModelState& s, Motion& m) {
+    if (s.DtCur == m.DtOld) {
+        for (int i = 0; i < bodies; ++i) {
+            m.JX[i] = (m.AX[i] - m.AXold[i]) / s.DtCur;
+            m.JY[i] = (m.AY[i] - m.AYold[i]) / s.DtCur;
+            m.JZ[i] = (m.AZ[i] - m.AZold[i]) / s.DtCur;
         }
     }
-    lineAccelerationRow(m, b, i);
+    m.AXold = m.AX;
+    m.AYold = m.AY;
+    m.AZold = m.AZ;
 }
 
-/// @return  0, or not a number if any speed or rate is not finite
-TARVEX_KERNEL double lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b, Extremes& seen) {
-    const bool retarded = m.kodVgr == 1 && m.kodDX > 0;
-    if (m.kodPgr == 5) {
-        for (int i = 0; i < lanes; ++i) {
-            if (s.DtCur == m.DtOld) {
-                m.JX[i] = (m.AX[i] - m.AXold[i]) / s.DtCur;
-                m.JY[i] = (m.AY[i] - m.AYold[i]) / s.DtCur;
-                m.JZ[i] = (m.AZ[i] - m.AZold[i]) / s.DtCur;
-            }
-            m.AXold[i] = m.AX[i];
-            m.AYold[i] = m.AY[i];
-            m.AZold[i] = m.AZ[i];
-        }
+/// The retarded accelerations that the law of Lienard and Wiechert needs.  A1zap takes the signs of the
+/// velocity with the size of the acceleration: that is meant.
+TARVEX_LANES void accelerationsOfStep(const ModelState& s, Motion& m, const Actor& a, int i, int j,
+                                      const Direction& u, Four t, Watch& watch) {
+    const bool stepwise = m.kodDiffurV == 0;
+    const double half = stepwise ? s.DtCur / 2 : 0;
+    const Four x0 = a.ax - m.JX[i] * t, y0 = a.ay - m.JY[i] * t, z0 = a.az - m.JZ[i] * t;
+    const Four x1 = half * m.JX[i] + x0, y1 = half * m.JY[i] + y0, z1 = half * m.JZ[i] + z0;
+    put(m.AX0zap[i], j, x0);
+    put(m.AY0zap[i], j, y0);
+    put(m.AZ0zap[i], j, z0);
+    put(m.AX1zap[i], j, x1);
+    put(m.AY1zap[i], j, y1);
+    put(m.AZ1zap[i], j, z1);
+    if (stepwise) {
+        put(m.VX1zap[i], j, at(m.VX0zap[i], j) + half * a.ax);
+        put(m.VY1zap[i], j, at(m.VY0zap[i], j) + half * a.ay);
+        put(m.VZ1zap[i], j, at(m.VZ0zap[i], j) + half * a.az);
     }
-    double sum = 0;
+    const Four wx = at(m.VX1zap[i], j), wy = at(m.VY1zap[i], j), wz = at(m.VZ1zap[i], j);
+    const Four along = alongOfActor(u, a, x1, y1, z1).sum(), speed = root(wx * wx + wy * wy + wz * wz);
+    put(m.A1zap[i], j, along);
+    put(m.V1zap[i], j, speed);
+    watch.number(along);
+    watch.number(speed);
+}
+
+template <int form>
+TARVEX_LANES void speedPairs(const ModelState& s, Motion& m, const BodyLanes& b, Watch& seen) {
+    const double perVgr = 1 / m.Vgr;
+    Watch watch = seen;  // in registers
     for (int i = 0; i < bodies; ++i) {
-        presentRow(m, b, i);
-        distanceRow(m, i, seen);
-        for (int iteration = 1; retarded && iteration <= 2; ++iteration) {
-            if (m.kodDX == 1) retardedRow<1>(m, b, i);
-            if (m.kodDX != 1) retardedRow<2>(m, b, i);  // also with the trace, which is not consulted here
-            distanceRow(m, i, seen);
-        }
-        retardedSpeedRow(m, b, i, m.VX0zap[i].data(), m.VY0zap[i].data(), m.VZ0zap[i].data());
-        lineSpeedRow(m, b, i, m.VX0zap[i].data(), m.VY0zap[i].data(), m.VZ0zap[i].data());
-        rateRow(s, m, i);
-        if (m.kodPgr == 5) retardedAccelerationRow(s, m, b, i);
-        for (int j = 0; j < lanes; ++j) {
-            watch(sum, m.dR[i][j]);
-            watch(sum, m.d2R[i][j]);
-            watch(sum, m.BV1[i][j]);
-            watch(sum, m.BV2[i][j]);
-            watch(sum, m.A1zap[i][j]);
-            watch(sum, m.V1zap[i][j]);
+        const Actor a(m, b, i);
+        for (int j = 0; j < lanes; j += 4) {
+            const Line line = retardedLine<form>(perVgr, b, a, i, j, watch);
+            const Direction u(line, 1 / line.r, at(idleTable.busy[i], j));
+            const Four t = line.r * perVgr;
+            keepLine(m, i, j, line);
+            speedsOfStep(m, b, a, i, j, u, form == 0 ? t * 0 : t);
+            rates(s, m, j, m.dV1[i], m.dV1old[i], m.AV1[i], m.AV1old[i], m.BV1[i]);
+            rates(s, m, j, m.dV2[i], m.dV2old[i], m.AV2[i], m.AV2old[i], m.BV2[i]);
+            const Four rate = at(m.dV2[i], j) - at(m.dV1[i], j), rate2 = at(m.AV2[i], j) - at(m.AV1[i], j);
+            put(m.dR[i], j, rate);
+            put(m.d2R[i], j, rate2);
+            watch.number(rate);
+            watch.number(rate2);
+            watch.number(at(m.BV1[i], j));
+            watch.number(at(m.BV2[i], j));
+            if (m.kodPgr == 5) accelerationsOfStep(s, m, a, i, j, u, t, watch);
         }
     }
-    return sum;
+    seen = watch;
+}
+
+TARVEX_KERNEL void lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch) {
+    const int form = m.kodVgr == 1 ? m.kodDX : 0;
+    if (form == 0)
+        speedPairs<0>(s, m, b, watch);
+    else if (form == 1)
+        speedPairs<1>(s, m, b, watch);
+    else
+        speedPairs<2>(s, m, b, watch);  // the trace is not consulted here
 }
 
 }  // namespace kernel
@@ -125,11 +131,11 @@ void SpeedUpdate(ModelState& s, Motion& motion) {
     if (motion.Vgr == 0) throw ArithmeticFailure("the speed of gravity is zero");
     kernel::BodyLanes b;
     kernel::toLanes(s, b);
-    kernel::Extremes seen;
-    const double watched = kernel::lineSpeeds(s, motion, b, seen);
+    kernel::Watch watch;
+    if (motion.kodPgr == 5) kernel::jerks(s, motion);
+    kernel::lineSpeeds(s, motion, b, watch);
     motion.fullQuadrant = true;
-    if (!seen.fine()) kernel::fail(motion, "two bodies at one place or with equal X and Y");
-    if (watched != 0) kernel::fail(motion, "a speed along a line is not a number");
+    kernel::checkWatch(motion, watch);
     motion.DtOld = s.DtCur;
 }
 

@@ -2,26 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "core/arithmetic.h"
-#include "core/name_table.h"
 #include "core/numbers.h"
 #include "numeric/lane_kernels.h"
-#include "numeric/pressure_laws.h"
 
 namespace tarvex {
-
-// every array of one value a pair, for the names and for clearing
-#define TARVEX_PAIR_ARRAYS(EACH)                                                                             \
-    EACH(DXp)                                                                                                \
-    EACH(DYp) EACH(DZp) EACH(Rxy) EACH(Rik) EACH(Tik) EACH(Fik) EACH(FXik) EACH(FYik) EACH(FZik)             \
-        EACH(VX1zap) EACH(VY1zap) EACH(VZ1zap) EACH(V1zap) EACH(VX0zap) EACH(VY0zap) EACH(VZ0zap) EACH(dVX1) \
-            EACH(dVY1) EACH(dVZ1) EACH(dV1) EACH(dVX2) EACH(dVY2) EACH(dVZ2) EACH(dV2) EACH(dR) EACH(d2R)    \
-                EACH(dV1old) EACH(dV2old) EACH(AV1) EACH(AV2) EACH(AV1old) EACH(AV2old) EACH(BV1) EACH(BV2)  \
-                    EACH(AX1zap) EACH(AY1zap) EACH(AZ1zap) EACH(A1zap) EACH(AX0zap) EACH(AY0zap)             \
-                        EACH(AZ0zap) EACH(Ve) EACH(Rf)
-#define TARVEX_BODY_ARRAYS(EACH) \
-    EACH(AX) EACH(AY) EACH(AZ) EACH(AXold) EACH(AYold) EACH(AZold) EACH(JX) EACH(JY) EACH(JZ)
 
 void Trace::resize(int last) {
     size_ = last + 1;
@@ -65,197 +52,121 @@ double AlfaIK(const Motion& motion, int i, int j) {
 }
 
 double BettaIK(const Motion& motion, int i, int j) {
-    return motion.Rxy[i][j] == 0 ? 0 : std::atan(motion.DZp[i][j] / motion.Rxy[i][j]);
+    const double flat = std::hypot(motion.DXp[i][j], motion.DYp[i][j]);
+    return flat == 0 ? 0 : std::atan(motion.DZp[i][j] / flat);
 }
 
 double AlfaVX(double VX) { return VX < 0 ? Pi : 0; }
 double AlfaVY(double VY) { return VY < 0 ? 3 * Pi / 2 : Pi / 2; }
 double BettaVZ(double VZ) { return VZ < 0 ? -Pi / 2 : Pi / 2; }
 
-void dropNonNumbers(Motion& motion) {
-    const auto drop = [](auto& values) {
-        for (double& v : values)
-            if (!std::isfinite(v)) v = 0;
-    };
-    drop(motion.dU);
-    drop(motion.Phi);
-#define DROP_BODY(name) drop(motion.name);
-#define DROP_PAIR(name) \
-    for (auto& row : motion.name) drop(row);
-    TARVEX_BODY_ARRAYS(DROP_BODY)
-    TARVEX_PAIR_ARRAYS(DROP_PAIR)
-#undef DROP_BODY
-#undef DROP_PAIR
-}
-
-namespace {
-
-/// A value for one pair of bodies by its two indices; 0 for a body with itself.
-template <class Value>
-void addPair(NameTable& table, const char* name, Value value) {
-    table.addComputed(name, [value](const std::vector<int>& index) {
-        if (index.size() != 2) throw SubscriptFailure("a pair has two indices");
-        for (const int i : index)
-            if (i < 0 || i >= bodies) throw SubscriptFailure("index out of range");
-        return toFullText(index[0] == index[1] ? 0.0 : value(index[0], index[1]));
-    });
-}
-
-template <class Value>
-void addBody(NameTable& table, const char* name, Value value) {
-    table.addComputed(name, [value](const std::vector<int>& index) {
-        if (index.size() != 1 || index[0] < 0 || index[0] >= bodies)
-            throw SubscriptFailure("index out of range");
-        return toFullText(value(index[0]));
-    });
-}
-
-void addTrace(NameTable& table, const char* name, const Trace& trace) {
-    table.addComputed(name, [&trace](const std::vector<int>& index) {
-        if (index.size() != 2 || index[0] < 0 || index[0] >= trace.size() || index[1] < 0 ||
-            index[1] >= bodies)
-            throw SubscriptFailure("index out of range");
-        return toFullText(trace.at(index[0], index[1]));
-    });
-}
-
-/// An angle between -Pi and Pi by one turn at most.
-double wrapped(double angle) { return angle > Pi ? angle - 2 * Pi : angle < -Pi ? angle + 2 * Pi : angle; }
-
-}  // namespace
-
-void addNames(NameTable& table, const Motion& motion) {
-    const Motion* m = &motion;
-#define NAME(variable) table.add(#variable, motion.variable)
-    NAME(U);
-    NAME(dU);
-    NAME(kodVgr);
-    NAME(kodOTO);
-    NAME(kodDX);
-    NAME(kodPgr);
-    NAME(kodSun);
-    NAME(kodDiffurV);
-    NAME(kodAA);
-    NAME(kodLVsimple);
-    NAME(kodEpot);
-    NAME(kodXcm);
-    NAME(kodCMnow);
-    NAME(kPgr1);
-    NAME(kPgr2);
-    NAME(Vgr);
-    NAME(nR);
-    NAME(Vsv2);
-    NAME(Phi);
-    NAME(DtOld);
-    NAME(NDiffur);
-    NAME(dTstage);
-    NAME(NSled);
-    NAME(Tsled);
-    NAME(N1);
-    NAME(N2);
-#undef NAME
-#define NAME_BODY(name) addBody(table, #name, [m](int i) { return m->name[i]; });
-#define NAME_PAIR(name) addPair(table, #name, [m](int i, int j) { return m->name[i][j]; });
-    TARVEX_BODY_ARRAYS(NAME_BODY)
-    TARVEX_PAIR_ARRAYS(NAME_PAIR)
-#undef NAME_BODY
-#undef NAME_PAIR
-    addTrace(table, "SledX", motion.SledX);
-    addTrace(table, "SledY", motion.SledY);
-    addTrace(table, "SledZ", motion.SledZ);
-    addTrace(table, "SledXsave", motion.SledXsave);
-    addTrace(table, "SledYsave", motion.SledYsave);
-    addTrace(table, "SledZsave", motion.SledZsave);
-
-    // the angles are not kept: the equations go by direction cosines
-    const auto vx = [m](int i) { return m->U[33 + i]; };
-    const auto vy = [m](int i) { return m->U[44 + i]; };
-    const auto vz = [m](int i) { return m->U[55 + i]; };
-    addBody(table, "AlfaVX", [vx](int i) { return AlfaVX(vx(i)); });
-    addBody(table, "AlfaVY", [vy](int i) { return AlfaVY(vy(i)); });
-    addBody(table, "BettaVZ", [vz](int i) { return BettaVZ(vz(i)); });
-    addPair(table, "AlfaIK", [m](int i, int j) { return AlfaIK(*m, i, j); });
-    addPair(table, "BettaIK", [m](int i, int j) { return BettaIK(*m, i, j); });
-    addPair(table, "dAlfaVX1", [=](int i, int j) { return wrapped(AlfaVX(vx(i)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dAlfaVY1", [=](int i, int j) { return wrapped(AlfaVY(vy(i)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dBettaVZ1", [=](int i, int j) { return BettaVZ(vz(i)) - BettaIK(*m, i, j); });
-    addPair(table, "dAlfaVX2", [=](int i, int j) { return wrapped(AlfaVX(vx(j)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dAlfaVY2", [=](int i, int j) { return wrapped(AlfaVY(vy(j)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dBettaVZ2", [=](int i, int j) { return BettaVZ(vz(j)) - BettaIK(*m, i, j); });
-}
-
 namespace kernel {
 
 void toLanes(const ModelState& s, BodyLanes& b) {
-    for (int i = 0; i < bodies; ++i) {
-        b.x[i] = s.X[i];
-        b.y[i] = s.Y[i];
-        b.z[i] = s.Z[i];
-        b.vx[i] = s.VX[i];
-        b.vy[i] = s.VY[i];
-        b.vz[i] = s.VZ[i];
-    }
+    constexpr std::size_t size = sizeof(double) * lanes;
+    std::memcpy(b.x.data(), s.X.data(), size);
+    std::memcpy(b.y.data(), s.Y.data(), size);
+    std::memcpy(b.z.data(), s.Z.data(), size);
+    std::memcpy(b.vx.data(), s.VX.data(), size);
+    std::memcpy(b.vy.data(), s.VY.data(), size);
+    std::memcpy(b.vz.data(), s.VZ.data(), size);
 }
 
 void unpack(const Motion& m, ModelState& s, BodyLanes& b) {
-    for (int i = 0; i < bodies; ++i) {
-        b.x[i] = s.X[i] = m.U[i];
-        b.y[i] = s.Y[i] = m.U[i + 11];
-        b.z[i] = s.Z[i] = m.U[i + 22];
-        b.vx[i] = s.VX[i] = m.U[i + 33];
-        b.vy[i] = s.VY[i] = m.U[i + 44];
-        b.vz[i] = s.VZ[i] = m.U[i + 55];
-    }
+    const auto block = [&](int first, Rows& row, BodyArray& lane) {
+        std::memcpy(row.data(), &m.U[first], sizeof(double) * bodies);
+        std::memcpy(lane.data(), &m.U[first], sizeof(double) * lanes);
+    };
+    block(0, s.X, b.x);
+    block(bodies, s.Y, b.y);
+    block(2 * bodies, s.Z, b.z);
+    block(3 * bodies, s.VX, b.vx);
+    block(4 * bodies, s.VY, b.vy);
+    block(5 * bodies, s.VZ, b.vz);
 }
 
-void fail(Motion& m, const char* what) {
+void checkWatch(Motion& m, const Watch& watch) {
+    if (watch.distancesFine() && watch.numbersFine()) return;
     dropNonNumbers(m);
-    throw ArithmeticFailure(what);
+    throw ArithmeticFailure(watch.distancesFine()
+                                ? "a force, an acceleration or a speed along a line is not a number"
+                                : "two bodies at one place, one above the other or too far from each other");
 }
 
 void formWeights(const ModelState& s, PairWeights& w) {
-    const bool sameMasses = std::equal(w.m.begin(), w.m.end(), s.m.begin());
-    if (w.formed && sameMasses && w.gamma == s.gamma && w.kodPair == s.kodPair) return;
+    if (w.formed && w.gamma == s.gamma && std::memcmp(w.m.data(), s.m.data(), sizeof w.m) == 0 &&
+        std::memcmp(&w.kodPair, &s.kodPair, sizeof w.kodPair) == 0)
+        return;
     std::copy_n(s.m.begin(), bodies, w.m.begin());
     w.gamma = s.gamma;
     w.kodPair = s.kodPair;
-    for (int i = 0; i < bodies; ++i)
-        for (int j = 0; j < bodies; ++j) {
+    for (int j = 0; j < bodies; ++j) {
+        w.perMass[j] = 1 / s.m[j];
+        for (int i = 0; i < bodies; ++i) {
             w.force[i][j] = i == j ? 0 : s.kodPair[i][j] * s.m[i] * s.m[j] * s.gamma;
-            w.active[i][j] = s.kodPair[j][i] != 0 ? 1 : 0;
+            w.active[j][i] = s.kodPair[i][j] != 0 ? 1 : 0;
         }
+    }
     w.formed = true;
 }
 
 /// The interval n*Dt+start < T < (n+1)*Dt+start, bounds excluded, or -1: the last one of 0..NSled-1 that
 /// holds T.
 static int traceInterval(double T, double start, double Dt, int NSled) {
+    if (!(T > start) || !(Dt > 0)) return -1;
     const int guess = static_cast<int>(std::floor(std::min((T - start) / Dt, 40000.0)));
     for (int n = std::min(guess + 1, NSled - 1); n >= std::max(guess - 1, 0); --n)
         if (n * Dt + start < T && T < (n + 1) * Dt + start) return n;
     return -1;
 }
 
-void tracedRow(const ModelState& s, Motion& m, const BodyLanes& b, int i) {
-    const auto axis = [&](double& d, double T, int j, const BodyArray& x, double v, double a,
+/// Row i of the differences by the trace of body i, with the delays that stand in Tik.
+static void tracedRow(const ModelState& s, Motion& m, const BodyLanes& b, int i) {
+    const auto axis = [&](double& d, double T, int n, double xj, double xi, double v, double a,
                           const Trace& trace) {
         if (T <= m.dTstage) {
-            d = x[j] - x[i] + (x[i] - trace.at(0, i)) * T / m.dTstage;
-        } else if (T <= m.NSled * s.Dt + m.dTstage) {
-            const int n = traceInterval(T, m.dTstage, s.Dt, m.NSled);
-            if (n < 0) return;
+            d = xj - xi + (xi - trace.at(0, i)) * T / m.dTstage;
+        } else if (T > m.NSled * s.Dt + m.dTstage) {
+            d = xj - xi + v * T - a * T * T / 2;
+        } else if (n >= 0) {
             const double q = (T - m.dTstage - s.Dt * n) / s.Dt;
-            d = x[j] - trace.at(n, i) + (trace.at(n, i) - trace.at(n + 1, i)) * q;
-        } else {
-            d = x[j] - x[i] + v * T - a * T * T / 2;
+            d = xj - trace.at(n, i) + (trace.at(n, i) - trace.at(n + 1, i)) * q;
         }
     };
     for (int j = 0; j < bodies; ++j) {
         if (j == i) continue;
         const double T = m.Tik[i][j];
-        axis(m.DXp[i][j], T, j, b.x, b.vx[i], m.AX[i], m.SledX);
-        axis(m.DYp[i][j], T, j, b.y, b.vy[i], m.AY[i], m.SledY);
-        axis(m.DZp[i][j], T, j, b.z, b.vz[i], m.AZ[i], m.SledZ);
+        const int n = traceInterval(T, m.dTstage, s.Dt, m.NSled);
+        axis(m.DXp[i][j], T, n, b.x[j], b.x[i], b.vx[i], m.AX[i], m.SledX);
+        axis(m.DYp[i][j], T, n, b.y[j], b.y[i], b.vy[i], m.AY[i], m.SledY);
+        axis(m.DZp[i][j], T, n, b.z[j], b.z[i], b.vz[i], m.AZ[i], m.SledZ);
+    }
+}
+
+void tracedLines(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch) {
+    if (m.SledX.size() == 0 || m.SledX.size() <= m.NSled)
+        throw SubscriptFailure("the trace has not been made");
+    const auto distances = [&](int i) {
+        for (int j = 0; j < lanes; j += 4) {
+            const Line line =
+                lineOf(at(m.DXp[i], j), at(m.DYp[i], j), at(m.DZp[i], j), at(idleTable.idle[i], j));
+            put(m.Rik[i], j, line.r);
+            put(m.Tik[i], j, line.r / m.Vgr);  // exact where a delay falls on the grid
+            watch.nonZero(line.flat);
+            watch.notHuge(line.r);
+        }
+    };
+    for (int i = 0; i < bodies; ++i) {
+        for (int j = 0; j < lanes; ++j) {
+            m.DXp[i][j] = b.x[j] - b.x[i];
+            m.DYp[i][j] = b.y[j] - b.y[i];
+            m.DZp[i][j] = b.z[j] - b.z[i];
+        }
+        distances(i);
+        for (int iteration = 1; iteration <= 2; ++iteration) {
+            tracedRow(s, m, b, i);
+            distances(i);
+        }
     }
 }
 

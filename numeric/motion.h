@@ -41,9 +41,10 @@ private:
 
 /// Products of the masses as the kernels read them, formed again only when a mass or a tick has changed.
 struct PairWeights {
-    alignas(32) PairArray force{};   ///< kodPair(i,j)*m(i)*m(j)*gamma, 0 in idle cells
-    alignas(32) PairArray active{};  ///< row j, lane i: 1 where kodPair(i,j) is not 0, else 0
-    std::array<double, bodies> m{};  ///< what the products were formed from
+    alignas(32) PairArray force{};    ///< kodPair(i,j)*m(i)*m(j)*gamma, 0 in idle cells
+    alignas(32) PairArray active{};   ///< row j, lane i: 1 where kodPair(i,j) is not 0, else 0
+    alignas(32) BodyArray perMass{};  ///< 1/m(j)
+    std::array<double, bodies> m{};   ///< what the products were formed from
     double gamma = 0;
     Row2<std::int32_t, 13, 13> kodPair{};
     bool formed = false;
@@ -81,10 +82,10 @@ struct Motion {
     double Vsv2 = Vsv * Vsv;
 
     // --- pairs: from i to j, after retardation from the trace of i
-    alignas(32) PairArray DXp{}, DYp{}, DZp{};     ///< m
-    alignas(32) PairArray Rxy{}, Rik{};            ///< m
-    alignas(32) PairArray Tik{};                   ///< Rik/Vgr, s
-    alignas(32) PairArray Fik{};                   ///< N
+    alignas(32) PairArray DXp{}, DYp{}, DZp{};  ///< m
+    alignas(32) PairArray Rik{};                ///< m
+    alignas(32) PairArray Tik{};  ///< Rik/Vgr, s; kept by the trace only, elsewhere formed where it is needed
+    alignas(32) PairArray Fik{};  ///< N
     alignas(32) PairArray FXik{}, FYik{}, FZik{};  ///< N; accelerations in the relativistic model
     bool fullQuadrant = false;         ///< AlfaIK has been put into its quadrant by the speeds along the line
     std::array<double, bodies> Phi{};  ///< potential of the relativistic model, m^2/s^2
@@ -99,7 +100,7 @@ struct Motion {
         BV2{};                                                    ///< rates of dV1, dV2 and rates of those
     alignas(32) PairArray AX1zap{}, AY1zap{}, AZ1zap{}, A1zap{};  ///< retarded acceleration of i
     alignas(32) PairArray AX0zap{}, AY0zap{}, AZ0zap{};
-    alignas(32) PairArray Ve{}, Rf{};
+    alignas(32) PairArray Ve{}, Rf{};                 ///< Vgr+dV1; Rik-Rik*dV1/Vgr
     alignas(32) BodyArray AXold{}, AYold{}, AZold{};  ///< acceleration of the step before
     alignas(32) BodyArray JX{}, JY{}, JZ{};           ///< acceleration of acceleration
     double DtOld = 0;                                 ///< step of the last speed update, s

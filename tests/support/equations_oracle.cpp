@@ -1,0 +1,421 @@
+#include "tests/support/equations_oracle.h"
+
+#include <cmath>
+
+namespace tarvex::literal {
+
+namespace {
+int sgn(double v) { return v > 0 ? 1 : v < 0 ? -1 : 0; }
+}  // namespace
+
+void Equations::unpack() {
+    for (int i = 0; i <= 10; ++i) {
+        X[i] = U[i];
+        Y[i] = U[i + 11];
+        Z[i] = U[i + 22];
+        VX[i] = U[i + 33];
+        VY[i] = U[i + 44];
+        VZ[i] = U[i + 55];
+    }
+}
+
+void Equations::distances(int i, int j) {
+    Rxy[i][j] = std::sqrt(DXp[i][j] * DXp[i][j] + DYp[i][j] * DYp[i][j]);
+    Rik[i][j] = std::sqrt(Rxy[i][j] * Rxy[i][j] + DZp[i][j] * DZp[i][j]);
+    Tik[i][j] = Rik[i][j] / Vgr;
+}
+
+void Equations::retardBy(int form, int i, int j) {
+    const double T = Tik[i][j];
+    DXp[i][j] = X[j] - X[i] + VX[i] * T;
+    DYp[i][j] = Y[j] - Y[i] + VY[i] * T;
+    DZp[i][j] = Z[j] - Z[i] + VZ[i] * T;
+    if (form == 2) {
+        DXp[i][j] = X[j] - X[i] + VX[i] * T - AX[i] * T * T / 2;
+        DYp[i][j] = Y[j] - Y[i] + VY[i] * T - AY[i] * T * T / 2;
+        DZp[i][j] = Z[j] - Z[i] + VZ[i] * T - AZ[i] * T * T / 2;
+    }
+}
+
+void Equations::retardByTrace(int i, int j) {
+    const double T = Tik[i][j], Dt = s->Dt;
+    if (T <= dTstage) {
+        DXp[i][j] = X[j] - X[i] + (X[i] - SledX[0][i]) * T / dTstage;
+        DYp[i][j] = Y[j] - Y[i] + (Y[i] - SledY[0][i]) * T / dTstage;
+        DZp[i][j] = Z[j] - Z[i] + (Z[i] - SledZ[0][i]) * T / dTstage;
+    } else if (T <= NSled * Dt + dTstage) {
+        for (int n = 0; n <= NSled - 1; ++n) {
+            if (n * Dt + dTstage < T && T < (n + 1) * Dt + dTstage) {
+                const double q = (T - dTstage - Dt * n) / Dt;
+                DXp[i][j] = X[j] - SledX[n][i] + (SledX[n][i] - SledX[n + 1][i]) * q;
+                DYp[i][j] = Y[j] - SledY[n][i] + (SledY[n][i] - SledY[n + 1][i]) * q;
+                DZp[i][j] = Z[j] - SledZ[n][i] + (SledZ[n][i] - SledZ[n + 1][i]) * q;
+            }
+        }
+    } else {
+        retardBy(2, i, j);
+    }
+}
+
+void Equations::angles(int i, int j) {
+    BettaIK[i][j] = std::atan(DZp[i][j] / Rxy[i][j]);
+    AlfaIK[i][j] = DYp[i][j] < 0 ? 3 * Pi / 2 : Pi / 2;
+    if (DXp[i][j] != 0) AlfaIK[i][j] = std::atan(DYp[i][j] / DXp[i][j]);
+}
+
+void Equations::Diffur() {
+    unpack();
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (i == j) continue;
+            DXp[i][j] = X[j] - X[i];
+            DYp[i][j] = Y[j] - Y[i];
+            DZp[i][j] = Z[j] - Z[i];
+            distances(i, j);
+            Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
+        }
+    if (kodVgr != 0 && kodDX != 0)
+        for (int iteration = 1; iteration <= 2; ++iteration)
+            for (int i = 0; i <= 10; ++i)
+                for (int j = 0; j <= 10; ++j) {
+                    if (i == j) continue;
+                    if (kodDX == 3)
+                        retardByTrace(i, j);
+                    else
+                        retardBy(kodDX, i, j);
+                    distances(i, j);
+                }
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (i == j) continue;
+            Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
+            angles(i, j);
+            const double A = AlfaIK[i][j], B = BettaIK[i][j];
+            FXik[i][j] = std::fabs(std::cos(A) * std::cos(B)) * Fik[i][j];
+            if (DXp[i][j] > 0) FXik[i][j] = -FXik[i][j];
+            FYik[i][j] = std::fabs(std::sin(A) * std::cos(B)) * Fik[i][j];
+            if (DYp[i][j] > 0) FYik[i][j] = -FYik[i][j];
+            FZik[i][j] = std::fabs(std::sin(B)) * Fik[i][j];
+            if (DZp[i][j] > 0) FZik[i][j] = -FZik[i][j];
+        }
+    if (kodPgr != 0 && kodVgr != 0) {
+        NDiffur += 1;
+        if (kodDiffurV == 1) stageSpeeds();
+        for (int i = 0; i <= 10; ++i)
+            for (int j = 0; j <= 10; ++j) {
+                if (i == j) continue;
+                if (kodPgr == 5)
+                    lienardWiechert(i, j);
+                else
+                    factorLaw(i, j);
+            }
+    }
+    for (int n = 0; n <= 32; ++n) dU[n] = U[n + 33];
+    for (int j = 0; j <= 10; ++j) {
+        double x = 0, y = 0, z = 0;
+        for (int i = 0; i <= 10; ++i) {
+            if (i == j) continue;
+            x += FXik[i][j];
+            y += FYik[i][j];
+            z += FZik[i][j];
+        }
+        dU[33 + j] = x / s->m[j];
+        dU[44 + j] = y / s->m[j];
+        dU[55 + j] = z / s->m[j];
+    }
+}
+
+void Equations::velocityDirections() {
+    for (int i = 0; i <= 10; ++i) {
+        AlfaVX[i] = VX[i] < 0 ? Pi : 0;
+        AlfaVY[i] = VY[i] < 0 ? 3 * Pi / 2 : Pi / 2;
+        BettaVZ[i] = VZ[i] < 0 ? -Pi / 2 : Pi / 2;
+    }
+}
+
+void Equations::retardedSpeeds(int i, int j, Pairs& vx, Pairs& vy, Pairs& vz) {
+    vx[i][j] = VX[i];
+    vy[i][j] = VY[i];
+    vz[i][j] = VZ[i];
+    if (kodVgr == 1 && kodDX > 0) {
+        vx[i][j] = VX[i] - AX[i] * Tik[i][j];
+        vy[i][j] = VY[i] - AY[i] * Tik[i][j];
+        vz[i][j] = VZ[i] - AZ[i] * Tik[i][j];
+    }
+}
+
+void Equations::lineSpeeds(int i, int j, const Pairs& vx, const Pairs& vy, const Pairs& vz) {
+    if (DXp[i][j] <= 0)
+        AlfaIK[i][j] += Pi;
+    else if (DYp[i][j] <= 0)
+        AlfaIK[i][j] += 2 * Pi;
+    const auto wrap = [](double a) { return a > Pi ? a - 2 * Pi : a < -Pi ? a + 2 * Pi : a; };
+    dAlfaVX1[i][j] = wrap(AlfaVX[i] - AlfaIK[i][j]);
+    dAlfaVY1[i][j] = wrap(AlfaVY[i] - AlfaIK[i][j]);
+    dBettaVZ1[i][j] = BettaVZ[i] - BettaIK[i][j];
+    dAlfaVX2[i][j] = wrap(AlfaVX[j] - AlfaIK[i][j]);
+    dAlfaVY2[i][j] = wrap(AlfaVY[j] - AlfaIK[i][j]);
+    dBettaVZ2[i][j] = BettaVZ[j] - BettaIK[i][j];
+    const double flat = std::fabs(std::cos(BettaIK[i][j]));
+    dVZ1[i][j] = std::cos(dBettaVZ1[i][j]) * std::fabs(vz[i][j]);
+    dVX1[i][j] = flat * std::cos(dAlfaVX1[i][j]) * std::fabs(vx[i][j]);
+    dVY1[i][j] = flat * std::cos(dAlfaVY1[i][j]) * std::fabs(vy[i][j]);
+    dV1[i][j] = dVZ1[i][j] + dVX1[i][j] + dVY1[i][j];
+    dVZ2[i][j] = std::cos(dBettaVZ2[i][j]) * std::fabs(VZ[j]);
+    dVX2[i][j] = flat * std::cos(dAlfaVX2[i][j]) * std::fabs(VX[j]);
+    dVY2[i][j] = flat * std::cos(dAlfaVY2[i][j]) * std::fabs(VY[j]);
+    dV2[i][j] = dVZ2[i][j] + dVX2[i][j] + dVY2[i][j];
+    dR[i][j] = dV2[i][j] - dV1[i][j];
+}
+
+void Equations::stageSpeeds() {
+    const double h = s->DtCur;
+    velocityDirections();
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (i == j) continue;
+            retardedSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
+            lineSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
+            if (kodAA == 0) {
+                const double a = dV2[i][j] - dV2old[i][j] - dV1[i][j] + dV1old[i][j];
+                if (NDiffur == 2 || NDiffur == 3) d2R[i][j] = 2 * a / h;
+                if (NDiffur == 4) d2R[i][j] = a / h;
+            } else {
+                if (NDiffur == 2 || NDiffur == 3) {
+                    AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
+                    AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
+                }
+                if (NDiffur == 4) {
+                    AV1[i][j] = 3 * BV1[i][j] * h / 2 + AV1old[i][j];
+                    AV2[i][j] = 3 * BV2[i][j] * h / 2 + AV2old[i][j];
+                }
+                d2R[i][j] = AV2[i][j] - AV1[i][j];
+            }
+        }
+}
+
+void Equations::factorLaw(int i, int j) {
+    const double k1 = kPgr1, k2 = kPgr2, r = Rik[i][j], v = dR[i][j], a = d2R[i][j];
+    const double Ve = Vgr + dV1[i][j];
+    double& F = Fik[i][j];
+    const auto size2 = [&](int n) { return VX[n] * VX[n] + VY[n] * VY[n] + VZ[n] * VZ[n]; };
+    switch (kodPgr) {
+        case 2:
+            F = (1 - k1 * v * v / Vgr / Vgr + k2 * r * a / Vgr / Vgr) * F;
+            break;
+        case 3:
+            F = (1 - k1 * v * v / Ve / Ve + k2 * r * a / Ve / Ve) * F;
+            break;
+        case 4:
+            F = Ve * F * Ve * (Ve * Ve + k1 * v * v + k2 * r * a - 4 * Ve * v) / std::pow(Ve - v, 4);
+            break;
+        case 6:
+            F = (1 - k1 * dV2[i][j] / Vgr) * F / (1 - k2 * dV1[i][j] / Vgr);
+            break;
+        case 7:
+            F = std::sqrt(Vgr * Vgr + size2(j) - 2 * Vgr * dV2[i][j]) * F;
+            F = F / std::sqrt(Vgr * Vgr + size2(i) - 2 * Vgr * dV1[i][j]);
+            break;
+        default:
+            break;
+    }
+    const double A = AlfaIK[i][j], B = BettaIK[i][j];
+    FZik[i][j] = sgn(FZik[i][j]) * F * std::fabs(std::sin(B));
+    FXik[i][j] = sgn(FXik[i][j]) * F * std::fabs(std::cos(A) * std::cos(B));
+    FYik[i][j] = sgn(FYik[i][j]) * F * std::fabs(std::sin(A) * std::cos(B));
+}
+
+void Equations::accelerationAlong(int i, int j) {
+    const double flat = std::fabs(std::cos(BettaIK[i][j]));
+    V1zap[i][j] =
+        std::sqrt(VX1zap[i][j] * VX1zap[i][j] + VY1zap[i][j] * VY1zap[i][j] + VZ1zap[i][j] * VZ1zap[i][j]);
+    A1zap[i][j] = std::cos(dBettaVZ1[i][j]) * std::fabs(AZ1zap[i][j]) +
+                  flat * std::cos(dAlfaVX1[i][j]) * std::fabs(AX1zap[i][j]) +
+                  flat * std::cos(dAlfaVY1[i][j]) * std::fabs(AY1zap[i][j]);
+}
+
+void Equations::lienardWiechert(int i, int j) {
+    const double h = s->DtCur;
+    if (kodDiffurV == 1) {
+        if (kodAA == 0 && NDiffur >= 2 && NDiffur <= 4) {
+            const double part = NDiffur == 4 ? 1 : 2;
+            AX1zap[i][j] = part * (VX1zap[i][j] - VX0zap[i][j]) / h;
+            AY1zap[i][j] = part * (VY1zap[i][j] - VY0zap[i][j]) / h;
+            AZ1zap[i][j] = part * (VZ1zap[i][j] - VZ0zap[i][j]) / h;
+        }
+        if (kodAA == 1 && (NDiffur == 2 || NDiffur == 3)) {
+            AX1zap[i][j] = h * JX[i] / 2 + AX0zap[i][j];
+            AY1zap[i][j] = h * JY[i] / 2 + AY0zap[i][j];
+            AZ1zap[i][j] = h * JZ[i] / 2 + AZ0zap[i][j];
+        }
+        if (kodAA == 1 && NDiffur == 4) {
+            AX1zap[i][j] = h * JX[i] + AX0zap[i][j];
+            AY1zap[i][j] = h * JY[i] + AY0zap[i][j];
+            AZ1zap[i][j] = h * JZ[i] + AZ0zap[i][j];
+        }
+        accelerationAlong(i, j);
+    }
+    const double r = Rik[i][j], Rf = r - r * dV1[i][j] / Vgr, v2 = Vgr * Vgr;
+    const double F = -s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rf, 3) / v2;
+    Fik[i][j] = F;
+    if (kodLVsimple == 0) {
+        const double radial = v2 + kPgr1 * r * A1zap[i][j] - V1zap[i][j] * V1zap[i][j];
+        FXik[i][j] = (radial * (DXp[i][j] - r * VX1zap[i][j] / Vgr) - r * Rf * kPgr2 * AX1zap[i][j]) * F;
+        FYik[i][j] = (radial * (DYp[i][j] - r * VY1zap[i][j] / Vgr) - r * Rf * kPgr2 * AY1zap[i][j]) * F;
+        FZik[i][j] = (radial * (DZp[i][j] - r * VZ1zap[i][j] / Vgr) - r * Rf * kPgr2 * AZ1zap[i][j]) * F;
+    } else {
+        FXik[i][j] = v2 * F * (DXp[i][j] - r * VX1zap[i][j] / Vgr);
+        FYik[i][j] = v2 * F * (DYp[i][j] - r * VY1zap[i][j] / Vgr);
+        FZik[i][j] = v2 * F * (DZp[i][j] - r * VZ1zap[i][j] / Vgr);
+    }
+}
+
+void Equations::SpeedUpdate() {
+    if (kodPgr == 0) return;
+    const double h = s->DtCur;
+    velocityDirections();
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (i == j) continue;
+            DXp[i][j] = X[j] - X[i];
+            DYp[i][j] = Y[j] - Y[i];
+            DZp[i][j] = Z[j] - Z[i];
+            distances(i, j);
+            for (int iteration = 1; kodVgr == 1 && kodDX > 0 && iteration <= 2; ++iteration) {
+                retardBy(kodDX == 1 ? 1 : 2, i, j);
+                distances(i, j);
+            }
+            angles(i, j);
+            retardedSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
+            lineSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
+            if (h == DtOld) {
+                AV1[i][j] = (dV1[i][j] - dV1old[i][j]) / h;
+                AV2[i][j] = (dV2[i][j] - dV2old[i][j]) / h;
+                BV1[i][j] = (AV1[i][j] - AV1old[i][j]) / h;
+                BV2[i][j] = (AV2[i][j] - AV2old[i][j]) / h;
+            }
+            dV1old[i][j] = dV1[i][j];
+            dV2old[i][j] = dV2[i][j];
+            AV1old[i][j] = AV1[i][j];
+            AV2old[i][j] = AV2[i][j];
+            if (kodDiffurV == 0) {
+                dV1[i][j] = h * AV1old[i][j] / 2 + dV1old[i][j];
+                dV2[i][j] = h * AV2old[i][j] / 2 + dV2old[i][j];
+                AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
+                AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
+            } else {
+                AV1[i][j] = h * BV1[i][j] / 2 + AV1old[i][j];
+                AV2[i][j] = h * BV2[i][j] / 2 + AV2old[i][j];
+            }
+            dR[i][j] = dV2[i][j] - dV1[i][j];
+            d2R[i][j] = AV2[i][j] - AV1[i][j];
+        }
+    if (kodPgr == 5) {
+        for (int i = 0; i <= 10; ++i) {
+            if (h == DtOld) {
+                JX[i] = (AX[i] - AXold[i]) / h;
+                JY[i] = (AY[i] - AYold[i]) / h;
+                JZ[i] = (AZ[i] - AZold[i]) / h;
+            }
+            AXold[i] = AX[i];
+            AYold[i] = AY[i];
+            AZold[i] = AZ[i];
+        }
+        for (int i = 0; i <= 10; ++i)
+            for (int j = 0; j <= 10; ++j) {
+                if (i == j) continue;
+                AX0zap[i][j] = AX1zap[i][j] = AX[i] - JX[i] * Tik[i][j];
+                AY0zap[i][j] = AY1zap[i][j] = AY[i] - JY[i] * Tik[i][j];
+                AZ0zap[i][j] = AZ1zap[i][j] = AZ[i] - JZ[i] * Tik[i][j];
+                if (kodDiffurV == 0) {
+                    VX1zap[i][j] = VX0zap[i][j] + h * AX[i] / 2;
+                    VY1zap[i][j] = VY0zap[i][j] + h * AY[i] / 2;
+                    VZ1zap[i][j] = VZ0zap[i][j] + h * AZ[i] / 2;
+                    AX1zap[i][j] = h * JX[i] / 2 + AX1zap[i][j];
+                    AY1zap[i][j] = h * JY[i] / 2 + AY1zap[i][j];
+                    AZ1zap[i][j] = h * JZ[i] / 2 + AZ1zap[i][j];
+                }
+                accelerationAlong(i, j);
+            }
+    }
+    DtOld = h;
+}
+
+void Equations::DiffurOTO() {
+    unpack();
+    double V[11], Phi[11];
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (i == j) continue;
+            DXp[i][j] = X[j] - X[i];
+            DYp[i][j] = Y[j] - Y[i];
+            DZp[i][j] = Z[j] - Z[i];
+            Rxy[i][j] = std::sqrt(DXp[i][j] * DXp[i][j] + DYp[i][j] * DYp[i][j]);
+            Rik[i][j] = std::sqrt(Rxy[i][j] * Rxy[i][j] + DZp[i][j] * DZp[i][j]);
+        }
+    for (int i = 0; i <= 10; ++i) {
+        V[i] = std::sqrt(VX[i] * VX[i] + VY[i] * VY[i] + VZ[i] * VZ[i]);
+        Phi[i] = 0;
+        for (int j = 0; j <= 10; ++j) FXik[i][j] = FYik[i][j] = FZik[i][j] = 0;
+    }
+    for (int i = 0; i <= 10; ++i)
+        for (int k = 0; k <= 10; ++k)
+            if (k != i) Phi[i] += s->gamma * s->m[k] / Rik[i][k];
+    const double c2 = Vsv2;
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j) {
+            if (j == i || s->kodPair[i][j] == 0) continue;
+            const double dx = DXp[i][j], dy = DYp[i][j], dz = DZp[i][j], r = Rik[i][j];
+            const double B = s->gamma * s->m[j] / std::pow(r, 3);
+            const double C1 = 4 * Phi[i] + Phi[j];
+            const double C2 = std::pow(V[i], 2) + 2 * std::pow(V[j], 2);
+            const double C3 = 4 * (VX[i] * VX[j] + VY[i] * VY[j] + VZ[i] * VZ[j]);
+            const double C4 = 3. / 2 * std::pow((-dx * VX[j] - dy * VY[j] - dz * VZ[j]) / r, 2);
+            const double C5 = (dx * AX[j] + dy * AY[j] + dz * AZ[j]) / 2;
+            const double D =
+                (4 * VX[i] - 3 * VX[j]) * -dx + (4 * VY[i] - 3 * VY[j]) * -dy + (4 * VZ[i] - 3 * VZ[j]) * -dz;
+            const double E = 7. / 2 * s->m[j] * s->gamma / r;
+            const double C = c2 - C1 + C2 - C3 - C4 + C5;
+            FXik[j][i] = (C * B * dx + B * D * (VX[i] - VX[j]) + E * AX[j]) / c2;
+            FYik[j][i] = (C * B * dy + B * D * (VY[i] - VY[j]) + E * AY[j]) / c2;
+            FZik[j][i] = (C * B * dz + B * D * (VZ[i] - VZ[j]) + E * AZ[j]) / c2;
+        }
+    for (int n = 0; n <= 32; ++n) dU[n] = U[n + 33];
+    for (int n = 33; n <= 65; ++n) dU[n] = 0;
+    for (int j = 0; j <= 10; ++j)
+        for (int i = 0; i <= 10; ++i) {
+            dU[33 + i] += FXik[j][i];
+            dU[44 + i] += FYik[j][i];
+            dU[55 + i] += FZik[j][i];
+        }
+}
+
+void Equations::fillTrace() {
+    NSled = static_cast<int>(std::nearbyint(5 * Vsv * 3600 / Vgr / s->Dt));
+    if (NSled < 2) NSled = 2;
+    SledX.assign(NSled + 1, std::vector<double>(11));
+    SledY = SledZ = SledX;
+    for (int n = 0; n <= NSled; ++n)
+        for (int i = 0; i <= 10; ++i) {
+            SledX[n][i] = X[i] - s->Dt * VX[i] * n;
+            SledY[n][i] = Y[i] - s->Dt * VY[i] * n;
+            SledZ[n][i] = Z[i] - s->Dt * VZ[i] * n;
+        }
+}
+
+void Equations::pushTrace(double Tsec) {
+    if (kodDX != 3 || Tsled + s->Dt > Tsec) return;
+    for (int i = 0; i <= 10; ++i) {
+        for (int n = NSled; n >= 1; --n) {
+            SledX[n][i] = SledX[n - 1][i];
+            SledY[n][i] = SledY[n - 1][i];
+            SledZ[n][i] = SledZ[n - 1][i];
+        }
+        SledX[0][i] = X[i];
+        SledY[0][i] = Y[i];
+        SledZ[0][i] = Z[i];
+    }
+    Tsled += s->Dt;
+}
+
+}  // namespace tarvex::literal
