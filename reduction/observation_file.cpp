@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 #include "core/failure.h"
@@ -96,6 +97,25 @@ std::optional<Observation> parseObservation(const std::string& line, const Obser
     o.month = month;
     o.line = line;
     return o;
+}
+
+std::string observationRecord(int year, int month, int day, double hours, double ascension,
+                              double declination) {
+    // whole units, minutes, seconds and a fraction of so many digits, from a count of the smallest parts
+    const auto parts = [](double value, int digits) {
+        const auto unit = static_cast<long long>(std::pow(10.0, digits));
+        const long long all = std::llround(value * 3600 * static_cast<double>(unit));
+        const long long seconds = all / unit;
+        return fmt::format("{:02} {:02} {:02}.{:0{}}", seconds / 3600, seconds / 60 % 60, seconds % 60,
+                           all % unit, digits);
+    };
+    const std::string name(monthNames.at(month - 1));
+    std::string line = fmt::format("{:10}{:4} {:02} {} +{}", "", year, day, name, parts(hours, 4));
+    line.resize(42, ' ');
+    const double turn = std::llround(ascension / 15 * 3600e5) >= 24 * 360000000LL ? 0 : ascension / 15;
+    line += "+" + parts(turn, 5);
+    line.resize(68, ' ');
+    return line + (declination < 0 ? "-" : "+") + parts(std::abs(declination), 4);
 }
 
 ObservationFile::Header ObservationFile::open(const std::filesystem::path& path,

@@ -36,6 +36,10 @@ struct ObservationFilter {
 std::optional<Observation> parseObservation(const std::string& line, const ObservationFilter& filter,
                                             int& month, bool& end);
 
+/// A record with these values in its columns, the angles in degrees, rounded to the last digit that it holds.
+std::string observationRecord(int year, int month, int day, double hours, double ascension,
+                              double declination);
+
 /// An open file of observations.
 class ObservationFile {
 public:
