@@ -19,21 +19,28 @@
 namespace tarvex {
 
 namespace {
-constexpr double closeFont = 0.9;  ///< of the usual size, where a form would not fit the screen
-}
+
+/// Ways to set a window, tried in turn until its form fits the screen; what fits in none gets scroll bars.
+struct Closeness {
+    double font;  ///< of the usual size
+    int digits, gap, rowWidth;
+};
+constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10, 3, 600}};
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
     setWindowTitle(QString::fromStdString(form.title()));
     setObjectName(QString::fromStdString(form.name()));
     statusBar()->addPermanentWidget(status_);
 
-    const QFont usual = font();
-    QWidget* contents = build({.font = usual});
-    const QSize least = contents->minimumSizeHint();
-    if (least.width() > room().width() || least.height() > room().height()) {
-        QFont smaller = usual;
-        smaller.setPointSizeF(usual.pointSizeF() * closeFont);
-        contents = build({.font = smaller, .digits = 10, .gap = 4, .rowWidth = 640});
+    QWidget* contents = nullptr;
+    for (const Closeness& c : closeness) {
+        QFont sized = font();
+        sized.setPointSizeF(sized.pointSizeF() * c.font);
+        contents = build({.font = sized, .digits = c.digits, .gap = c.gap, .rowWidth = c.rowWidth});
+        const QSize least = contents->minimumSizeHint();
+        if (least.width() <= room().width() && least.height() <= room().height()) break;
     }
     fitScreen(contents->sizeHint() + QSize(2, 4));
 }

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollArea>
+#include <QStyle>
 #include <QTabWidget>
 #include <algorithm>
 #include <numeric>
@@ -86,7 +87,7 @@ QWidget* LayoutBuilder::wrapped(const Piece& inside) const {
 
 QWidget* LayoutBuilder::build(const Layout& tree) const {
     auto* widget = new QWidget;
-    widget->setLayout(columnOf({tree}).layout);
+    widget->setLayout(columnOf(tree.kind == Kind::Column ? tree.children : std::vector<Layout>{tree}).layout);
     widget->layout()->setContentsMargins(10, 8, 10, 8);
     // Shown later by the event loop otherwise, and until then left out of every size hint.
     for (auto* child : widget->findChildren<QWidget*>())
@@ -103,7 +104,7 @@ LayoutBuilder::Piece LayoutBuilder::piece(const Layout& part) const {
         case Kind::Text:
             return {nullptr, caption(part.text)};
         case Kind::Row:
-            return rowOf(part.children);
+            return rowOf(part.children, density_.rowWidth);
         case Kind::Column:
             return columnOf(part.children);
         case Kind::Fields:
@@ -141,8 +142,8 @@ LayoutBuilder::Piece LayoutBuilder::item(Control& control) const {
     return {beside, nullptr};
 }
 
-LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts) const {
-    if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts);
+LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int limit) const {
+    if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts, limit);
     auto* box = bare<QHBoxLayout>();
     bool wide = false, tall = false;
     for (const Layout& part : parts) {
@@ -159,16 +160,20 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts) cons
         wide |= one.wide;
         tall |= one.tall;
     }
-    if (!wide) box->addStretch(1);
+    // Groups side by side share what is left, so that their outer edges line up with the rows above and
+    // below.
+    const bool groups =
+        std::all_of(parts.begin(), parts.end(), [](const Layout& l) { return l.kind == Kind::Frame; });
+    if (!wide && !groups) box->addStretch(1);
     return {box, nullptr, wide, tall};
 }
 
-LayoutBuilder::Piece LayoutBuilder::foldedRow(const std::vector<Layout>& parts) const {
+LayoutBuilder::Piece LayoutBuilder::foldedRow(const std::vector<Layout>& parts, int limit) const {
     std::vector<int> widths;
     for (const Layout& part : parts)
         widths.push_back(viewOf_(*part.control).widget()->sizeHint().width() + density_.gap);
     const int whole = std::accumulate(widths.begin(), widths.end(), 0);
-    const int lines = (whole + density_.rowWidth - 1) / density_.rowWidth;
+    const int lines = (whole + limit - 1) / limit;
     auto* box = bare<QVBoxLayout>();
     QHBoxLayout* line = nullptr;
     int used = 0;
@@ -314,7 +319,9 @@ LayoutBuilder::Piece LayoutBuilder::scrollOf(const Layout& part) const {
     // Sideways the area is as wide as what it holds; up and down it takes what there is.
     area->setSizePolicy(inside.wide ? QSizePolicy::Expanding : QSizePolicy::Preferred,
                         QSizePolicy::Expanding);
-    area->setMinimumWidth(std::min(area->widget()->sizeHint().width() + 20, 900));
+    const QWidget* held = area->widget();
+    const int least = (inside.wide ? held->minimumSizeHint() : held->sizeHint()).width();
+    area->setMinimumWidth(std::min(least + area->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4, 900));
     return {nullptr, area, inside.wide, true};
 }
 

@@ -30,8 +30,9 @@ private:
 
     Piece piece(const Layout& part) const;
     Piece item(Control& control) const;
-    Piece rowOf(const std::vector<Layout>& parts) const;
-    Piece foldedRow(const std::vector<Layout>& parts) const;
+    /// @param limit  width beyond which a row of commands or ticks is folded, pixels
+    Piece rowOf(const std::vector<Layout>& parts, int limit) const;
+    Piece foldedRow(const std::vector<Layout>& parts, int limit) const;
     QLayout* commandsOf(const std::vector<Layout>& run) const;
     QLayout* choicesOf(const std::vector<Layout>& run) const;
     Piece columnOf(const std::vector<Layout>& parts) const;

@@ -157,14 +157,14 @@ void Form1::arrange() {
         frame("Проверка орбиты",
               column({fields(2, {Text29, Text30, Text10, Text31}), row({Check1, Check5, Label13}), Command13,
                       row({Command5, Command6, Command7}),
-                      fields(3, {Text13, Text14, Text40, Text15, Text16, Text9, Text21, Text8, Text37, Text35,
-                                 Text12, Text36, Text27, Text22, Text17, Text19, Text20, Text18})}));
-    const Layout forms = frame(
-        "Формы", table(3, {Command1, Command20, Command10, Command11, Command8, Command19, Command21,
-                           Command22, Command23, Command24, Command25, Command26, Command27, Command9}));
-    layout_ = row({column({row({Option2, Option3, stretch()}), table(9, std::move(cells)),
-                           row({loading, initial, check})}),
-                   column({Picture1, row({Label10, HScroll1}), forms})});
+                      fields(2, {Text13, Text40, Text15, Text16, Text21, Text8, Text35, Text12, Text27,
+                                 Text22, Text14, Text9, Text37, Text36, Text17, Text18, Text19, Text20})}));
+    const Layout forms =
+        frame("Формы", column({Command1, Command20, Command10, Command11, Command8, Command19, Command21,
+                               Command22, Command23, Command24, Command25, Command26, Command27, Command9}));
+    layout_ = column({row({column({row({Option2, Option3}), table(9, std::move(cells))}),
+                           column({Picture1, Label10, HScroll1})}),
+                      row({loading, initial, check, forms})});
 }
 
 void Form1::load() {

@@ -84,8 +84,8 @@ Form11::Form11(Laboratory& lab_)
         }),
         column({Picture1,
                 row({Label1, HScroll1}),
-                row({frame("Рисовать", column({row({Option3, Option4, Option5}), row({Option1, Option2, Check6, Check7})})),
-                     frame("Кривые", column({Check3, Check4, Check5, fields(2, {Text7, Text8})}))})}),
+                frame("Рисовать", column({row({Option3, Option4, Option5}), row({Option1, Option2, Check6, Check7})})),
+                frame("Кривые", column({Check3, Check4, Check5, fields(2, {Text7, Text8})}))}),
     });
 }
 

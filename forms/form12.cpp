@@ -58,23 +58,24 @@ Form12::Form12(Laboratory& lab_)
     std::vector<Layout> bodyChoice;
     for (int i = 0; i <= typed; ++i) bodyChoice.emplace_back(Option1(i));
     layout_ = row({
-        column({
-            row({frame("Тело", column(bodyChoice)),
-                 column({frame("Форма исходных координат", row({Option2, Option3})),
-                         frame("Плоскость", row({Option8, Option9, Option10})),
-                         frame("К равноденствию эпохи", row({Option16, Option17})),
-                         frame("Система", row({Option18, Option19, Option20})),
-                         frame("Исходные координаты", fields(2, {Text1, Text11, Text2, Text12, Text3, Text13})),
-                         row({Command6, Command7})})}),
-            frame("Преобразованные координаты", column({fields(2, {Text4, Text14, Text5, Text15, Text6, Text16}), Command1})),
-            row({frame("Дата", column({fields(3, {Text32, Text33, Text34}), row({fields(1, {Text31}), Command10, Command11}),
-                                       row({Command2, fields(1, {Text29})})})),
-                 frame("Место и время", column({fields(2, {Text21, Text22, Text28, Text23, Text26, Text24, Text25}), row({Text30, Text27})}))}),
-        }),
-        column({frame("Угол", column({table(4, {Option4, Text7, Text8, Text9, Option5, Text17, Text18, Text19,
+        column({frame("Тело", table(3, bodyChoice)),
+                frame("Форма исходных координат", row({Option2, Option3})),
+                frame("Плоскость", row({Option8, Option9, Option10})),
+                frame("К равноденствию эпохи", row({Option16, Option17})),
+                frame("Система", row({Option18, Option19, Option20})),
+                frame("Исходные координаты", fields(2, {Text1, Text11, Text2, Text12, Text3, Text13})),
+                row({Command6, Command7})}),
+        column({frame("Преобразованные координаты",
+                      column({fields(2, {Text4, Text14, Text5, Text15, Text6, Text16}), Command1})),
+                frame("Дата", column({fields(3, {Text32, Text33, Text34}),
+                                      row({fields(1, {Text31}), Command10, Command11}),
+                                      row({Command2, fields(1, {Text29})})})),
+                frame("Место и время",
+                      column({fields(2, {Text21, Text22, Text28, Text23, Text26, Text24, Text25}), row({Text30, Text27})})),
+                frame("Угол", column({table(4, {Option4, Text7, Text8, Text9, Option5, Text17, Text18, Text19,
                                                 Option6, Text10, "", "", Option7, Text20, "", ""}),
-                                      row({Option11, Option21, Command4, Command5}), row({Command12, Command13})})),
-                Picture1, row({Label1, HScroll1, Check3}), Command3}),
+                                      row({Option11, Option21, Command4, Command5}), row({Command12, Command13})}))}),
+        column({Picture1, Label1, HScroll1, Check3, Command3}),
     });
 }
 

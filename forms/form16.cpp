@@ -82,20 +82,23 @@ Form16::Form16(Laboratory& lab_)
     for (int k = 0; k < static_cast<int>(stageNames.size()); ++k)
         for (const Layout& cell : std::initializer_list<Layout>{stageNames[k], StagesSun(2 * k), StagesSun(2 * k + 1), StagesBody(2 * k), StagesBody(2 * k + 1)})
             stages.push_back(cell);
+    const Layout when = frame("Дата и шаг", column({row({fields(1, {Text2}), Text3, Text4}), fields(1, {Text26, Text8}),
+                                                    row({Option18, Option19})}));
+    const Layout calendar = frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16}));
+    const Layout sources = frame("Данные", column({row({Option1, Option2}), row(theories)}));
+    const Layout riseAndSet = frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}));
+    const Layout contacts = frame("Касания, всемирное время", fields(1, {Contact(1), Contact(2), Contact(3), Contact(4)}));
     layout_ = column({
-        row({column({row({frame("Дата и шаг", column({row({fields(1, {Text2}), Text3, Text4}), fields(1, {Text26, Text8}), row({Option18, Option19})})),
-                          frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16})),
-                          frame("Место и тело", fields(1, {Text24, Text25, Text1}))}),
-                     row({frame("Данные", column({row({Option1, Option2}), row(theories)})),
-                          frame("рассчитать затмения", row({Option3, Option8})),
-                          frame("Поправки", row({Check9, Check11, Check10}))}),
-                     row({frame("Время", column({row({fields(1, {Text14}), Check5}), row({fields(1, {Text15}), Check6}), fields(1, {Clocks})})),
-                          frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}))}),
-                     frame("Солнце и тело, град", table(5, stages)), fields(2, {Text31, Text41})}),
-             column({Picture3, fields(3, {Separation, SumOfRadii, DifferenceOfRadii, Magnitude, GreatestMagnitude, Text27}),
-                     frame("Касания, всемирное время", fields(2, {Contact(1), Contact(2), Contact(3), Contact(4)})),
-                     row({Option12, Option13, Check2, Check3, Check7, Check8})}),
-             column({Picture1, Picture4, frame("Записи", column({Check13, Check23, Check30}))})}),
+        row({column({row({when, frame("Место и тело", fields(1, {Text24, Text25, Text1}))}),
+                     row({calendar, column({sources, row({frame("рассчитать затмения", row({Option3, Option8})),
+                                                          frame("Поправки", row({Check9, Check11, Check10}))})})}),
+                     frame("Время", column({row({fields(1, {Text14}), Check5, fields(1, {Text15}), Check6}), fields(1, {Clocks})})),
+                     pages({frame("Солнце и тело, град", column({table(5, stages), fields(2, {Text31, Text41})})),
+                            frame("Касания, восход и записи",
+                                  row({contacts, riseAndSet, frame("Записи", column({Check13, Check23, Check30}))}))})}),
+             column({row({Picture3, column({Picture1, Picture4})}),
+                     fields(2, {Separation, SumOfRadii, DifferenceOfRadii, Magnitude, GreatestMagnitude, Text27}),
+                     row({Option12, Option13, Check2, Check3, Check7, Check8})})}),
         row({Command1, Command4, Command5, Command6, Check1, Command18, Command7, Command9, Command10, Command14}),
     });
 }

@@ -70,12 +70,10 @@ Form25::Form25(Laboratory& lab_)
                                                 "Rsr, тыс.км", Text30, Text35, Text38, "период, дни", Text40, Text34, Text33,
                                                 "период, с", Text13, Text15, Text14})})),
         }),
-        column({
-            row({column({Picture1, row({Label1, HScroll1}),
-                         frame("Показывать", column({row({Option1, Option2, Option6}), row({Option7, Option8}), row({Check3, Check4})}))}),
-                 column({Picture2, frame("Графики сдвигов", column({table(4, {Check5, Text43, Check6, Text44, Check7, Text45, Check8, Text46}), fields(1, {Text6})}))})}),
-            row({Command5, Command4, Command9}),
-        }),
+        column({Picture1, row({Label1, HScroll1}), Picture2,
+                pages({frame("Показывать", column({row({Option1, Option2, Option6}), row({Option7, Option8}), row({Check3, Check4})})),
+                       frame("Графики сдвигов", column({table(4, {Check5, Text43, Check6, Text44, Check7, Text45, Check8, Text46}), fields(1, {Text6})}))}),
+                row({Command5, Command4, Command9})}),
     });
 }
 
