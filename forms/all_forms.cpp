@@ -2,9 +2,11 @@
 #include "forms/form11.h"
 #include "forms/form12.h"
 #include "forms/form14.h"
+#include "forms/form15.h"
 #include "forms/form16.h"
 #include "forms/form17.h"
 #include "forms/form18.h"
+#include "forms/form19.h"
 #include "forms/form20.h"
 #include "forms/form21.h"
 #include "forms/form22.h"
@@ -42,9 +44,11 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form11>(lab);
     add<Form12>(lab);
     add<Form14>(lab);
+    add<Form15>(lab);
     add<Form16>(lab);
     add<Form17>(lab);
     add<Form18>(lab);
+    add<Form19>(lab);
     add<Form20>(lab);
     add<Form21>(lab);
     add<Form22>(lab);

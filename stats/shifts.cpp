@@ -15,6 +15,10 @@ void needCell(int planet, int param) {
         throw SubscriptFailure("no such cell in the table of shifts");
 }
 
+void needCount(int count) {
+    if (count < 0 || count > maxPoints) throw SubscriptFailure("count of experiments");
+}
+
 ShiftRow readRow(TextReader& file) {
     file.number();  // the number of the row; rows go by position
     ShiftRow row{};
@@ -73,8 +77,8 @@ void writeObservedShifts(const DataTree& tree, const std::string& dir, const Shi
     file.commit();
 }
 
-ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTables& t,
-                             std::int16_t& count) {
+ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTables& t, std::int16_t& count,
+                             std::int16_t* reached) {
     needCell(planet, 1);
     TextReader file(tree.at(files::planShifts(plan, planet)));
     ShiftFileHead head;
@@ -88,6 +92,7 @@ ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTa
     for (int u = 1; u <= experiments; ++u) {
         const ShiftRow row = readRow(file);
         for (int c = 1; c <= shiftParams; ++c) read[c][u] = row[c];
+        if (reached != nullptr) *reached = static_cast<std::int16_t>(u);
     }
     t.dRas[planet] = read;
     count = static_cast<std::int16_t>(experiments);
@@ -96,6 +101,7 @@ ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTa
 
 void writePlanShifts(const DataTree& tree, int plan, int planet, const ShiftTables& t, int count) {
     needCell(planet, 1);
+    needCount(count);
     TextWriter file(tree.at(files::planShifts(plan, planet)));
     file.line("Обработанные данные расчета для плана № " + toText(plan) + "  по планете № " + toText(planet));
     file.items(count);
@@ -109,6 +115,7 @@ void writePlanShifts(const DataTree& tree, int plan, int planet, const ShiftTabl
 void writePlanShiftsUnscaled(const DataTree& tree, int plan, int planet, const ShiftFileHead& head,
                              const ShiftTables& t, int count, std::int16_t& reached) {
     needCell(planet, 1);
+    needCount(count);
     reached = 0;
     TextWriter file(tree.at(files::planShifts(plan, planet)));
     file.line(head.title);

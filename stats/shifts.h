@@ -43,8 +43,10 @@ ShiftFileHead readObservedShifts(const DataTree& tree, const std::string& dir, i
 void writeObservedShifts(const DataTree& tree, const std::string& dir, const ShiftTables& t);
 
 /// Reads the calculated shifts of a planet in a plan into dRas; count becomes the number of experiments in
-/// the file.  Keeps all values when the file is bad or holds more experiments than a plan can.
-ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTables& t, std::int16_t& count);
+/// the file.  Keeps all values when the file is bad or holds more experiments than a plan can; `reached` then
+/// tells how many could be read.
+ShiftFileHead readPlanShifts(const DataTree& tree, int plan, int planet, ShiftTables& t, std::int16_t& count,
+                             std::int16_t* reached = nullptr);
 /// Rewrites that file for `count` experiments; the values are scaled by MK and cut.
 void writePlanShifts(const DataTree& tree, int plan, int planet, const ShiftTables& t, int count);
 /// The same with a given head and the values as they stand, without their scale.
