@@ -10,6 +10,7 @@
 #include "forms/form20.h"
 #include "forms/form21.h"
 #include "forms/form22.h"
+#include "forms/form23.h"
 #include "forms/form24.h"
 #include "forms/form25.h"
 #include "forms/form26.h"
@@ -52,6 +53,7 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form20>(lab);
     add<Form21>(lab);
     add<Form22>(lab);
+    add<Form23>(lab);
     add<Form24>(lab);
     add<Form25>(lab);
     add<Form26>(lab);
