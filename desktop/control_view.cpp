@@ -95,8 +95,11 @@ public:
         box()->setTabChangesFocus(true);
         box()->setLineWrapMode(QPlainTextEdit::NoWrap);
         const int digits = field.width() > 0 ? field.width() : 40;
-        box()->setMinimumWidth(metrics.horizontalAdvance('0') * std::min(digits, 60) + 30);
-        box()->setMinimumHeight(metrics.lineSpacing() * std::min(field.lines(), 8) + 14);
+        const auto room = [&](int columns, int lines) {
+            return QSize(metrics.horizontalAdvance('0') * columns + 30, metrics.lineSpacing() * lines + 14);
+        };
+        box()->setMinimumSize(room(std::min(digits, 60), std::min(field.lines(), 8)));
+        static_cast<Box*>(widget_)->usual = room(digits, field.lines());
     }
     void commit() override {
         if (field_.readOnly() || box()->toPlainText() == shown_) return;
@@ -109,6 +112,8 @@ private:
     class Box final : public QPlainTextEdit {
     public:
         explicit Box(Act act) : act_(std::move(act)) {}
+        QSize sizeHint() const override { return usual; }
+        QSize usual{256, 192};   ///< with all its lines and digits in view
 
     protected:
         void focusOutEvent(QFocusEvent* event) override {
