@@ -18,6 +18,7 @@
 #include "forms/form4.h"
 #include "forms/form5.h"
 #include "forms/form6.h"
+#include "forms/form7.h"
 #include "forms/form8.h"
 #include "forms/form9.h"
 #include "forms/laboratory.h"
@@ -40,6 +41,7 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form4>(lab);
     add<Form5>(lab);
     add<Form6>(lab);
+    add<Form7>(lab);
     add<Form8>(lab);
     add<Form9>(lab);
     add<Form11>(lab);
