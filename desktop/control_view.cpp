@@ -16,7 +16,8 @@ namespace tarvex {
 
 namespace {
 
-constexpr int longestLine = 64;     ///< of a caption, in characters
+constexpr int longestLine = 64;                                             ///< of a caption, in characters
+constexpr int usualBoxDigits = 70, leastBoxDigits = 40, leastBoxLines = 5;  ///< of a box of text lines
 constexpr int mostLeftDigits = 20;  ///< a wider field holds words and starts at the left
 
 QString toQt(const std::string& text) { return QString::fromStdString(text); }
@@ -40,6 +41,17 @@ void lookReadOnly(QWidget* widget) {
                      QColor(blend(window.red(), tint.red()), blend(window.green(), tint.green()),
                             blend(window.blue(), tint.blue())));
     widget->setPalette(palette);
+}
+
+/// A very long caption on several lines, broken at blanks.
+QString folded(QString text) {
+    const qsizetype lines = (text.size() + longestLine - 1) / longestLine;
+    for (qsizetype line = 1, at = 0; line < lines; ++line) {
+        at = text.indexOf(' ', std::max(at + 1, line * text.size() / lines));
+        if (at < 0) break;
+        text[at] = '\n';
+    }
+    return text;
 }
 
 class LineView final : public ControlView {
@@ -93,13 +105,13 @@ public:
         box()->setReadOnly(field.readOnly());
         if (field.readOnly()) lookReadOnly(box());
         box()->setTabChangesFocus(true);
-        box()->setLineWrapMode(QPlainTextEdit::NoWrap);
-        const int digits = field.width() > 0 ? field.width() : 40;
-        const auto room = [&](int columns, int lines) {
-            return QSize(metrics.horizontalAdvance('0') * columns + 30, metrics.lineSpacing() * lines + 14);
-        };
-        box()->setMinimumSize(room(std::min(digits, 60), std::min(field.lines(), 8)));
-        static_cast<Box*>(widget_)->usual = room(digits, field.lines());
+        box()->setLineWrapMode(field.width() > 0 ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+        const int digits = field.width() > 0 ? field.width() : usualBoxDigits;
+        box()->hint = {metrics.horizontalAdvance('0') * (digits + 1) + 30,
+                       metrics.lineSpacing() * field.lines() + 14};
+        box()->setMinimumWidth(
+            std::min(box()->hint.width(), metrics.horizontalAdvance('0') * leastBoxDigits));
+        box()->setMinimumHeight(std::min(box()->hint.height(), metrics.lineSpacing() * leastBoxLines));
     }
     void commit() override {
         if (field_.readOnly() || box()->toPlainText() == shown_) return;
@@ -112,8 +124,8 @@ private:
     class Box final : public QPlainTextEdit {
     public:
         explicit Box(Act act) : act_(std::move(act)) {}
-        QSize sizeHint() const override { return usual; }
-        QSize usual{256, 192};   ///< with all its lines and digits in view
+        QSize sizeHint() const override { return hint; }
+        QSize hint;
 
     protected:
         void focusOutEvent(QFocusEvent* event) override {
@@ -125,7 +137,7 @@ private:
         Act act_;
     };
 
-    QPlainTextEdit* box() const { return static_cast<QPlainTextEdit*>(widget_); }
+    Box* box() const { return static_cast<Box*>(widget_); }
     void show() override {
         QString now = toQt(field_.text());
         now.replace("\r\n", "\n");
@@ -228,7 +240,7 @@ public:
 
 private:
     QLabel* text() const { return static_cast<QLabel*>(widget_); }
-    void show() override { text()->setText(toQt(control_.caption())); }
+    void show() override { text()->setText(folded(toQt(control_.caption()))); }
 };
 
 class PictureControlView final : public ControlView {
@@ -244,16 +256,7 @@ private:
 
 }  // namespace
 
-QString literal(const std::string& caption) {
-    QString text = toQt(caption).replace("&", "&&");
-    const qsizetype lines = (text.size() + longestLine - 1) / longestLine;
-    for (qsizetype line = 1, at = 0; line < lines; ++line) {
-        at = text.indexOf(' ', std::max(at + 1, line * text.size() / lines));
-        if (at < 0) break;
-        text[at] = '\n';
-    }
-    return text;
-}
+QString literal(const std::string& caption) { return folded(toQt(caption)).replace("&", "&&"); }
 
 ControlView::ControlView(Control& control, QWidget* widget, const Density& density)
     : control_(control), widget_(widget) {

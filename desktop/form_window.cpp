@@ -33,6 +33,7 @@ FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
     setWindowTitle(QString::fromStdString(form.title()));
     setObjectName(QString::fromStdString(form.name()));
     statusBar()->addPermanentWidget(status_);
+    statusBar()->setFixedHeight(fontMetrics().height() + 8);
 
     QWidget* contents = nullptr;
     for (const Closeness& c : closeness) {
@@ -77,21 +78,23 @@ QWidget* FormWindow::build(const Density& density) {
 
     // Size hints are wanted at once, from the innermost layout outwards, not when the event loop comes to it.
     const auto inside = contents->findChildren<QWidget*>();
-    for (auto child = inside.rbegin(); child != inside.rend(); ++child)
+    for (auto child = inside.rbegin(); child != inside.rend(); ++child) {
         if (QLayout* layout = (*child)->layout()) layout->activate();
+        (*child)->updateGeometry();
+    }
     contents->layout()->activate();
     return contents;
 }
 
 QSize FormWindow::room() const {
     const QSize frame(8, 36);  // what a window manager puts around
-    return screen()->availableSize() - frame - QSize(0, statusBar()->sizeHint().height());
+    return screen()->availableSize() - frame - QSize(0, statusBar()->minimumHeight());
 }
 
 void FormWindow::fitScreen(QSize wanted) {
     if (wanted.height() > room().height())
         wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4;
-    resize(wanted.boundedTo(room()) + QSize(0, statusBar()->sizeHint().height()));
+    resize(wanted.boundedTo(room()) + QSize(0, statusBar()->minimumHeight()));
 }
 
 ControlView& FormWindow::viewOf(Control& control) {

@@ -14,8 +14,9 @@ namespace tarvex {
 
 namespace {
 
-constexpr int pairGap = 8;    ///< more between two pairs of label and field
-constexpr int choiceGap = 1;  ///< between ticks or options below each other
+constexpr int pairGap = 8;        ///< more between two pairs of label and field
+constexpr int widestArea = 1250;  ///< of a scrolled area that shows all its width, pixels
+constexpr int choiceGap = 1;      ///< between ticks or options below each other
 
 using Kind = Layout::Kind;
 
@@ -39,10 +40,28 @@ bool fillsWidth(const Layout& part) {
             isControl(part, Control::Kind::Scroll));
 }
 
+/// A scrolled area that asks for the room of what it holds.
+class RoomyArea final : public QScrollArea {
+public:
+    QSize sizeHint() const override { return widget()->sizeHint() + QSize(barRoom(), barRoom()); }
+    QSize minimumSizeHint() const override {
+        return {std::min(widget()->minimumSizeHint().width() + barRoom(), widestArea),
+                QScrollArea::minimumSizeHint().height()};
+    }
+
+private:
+    int barRoom() const { return style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4; }
+};
+
 /// What a grid leaves over goes behind its last cell, unless some cell makes use of it.
 void closeGrid(QGridLayout& grid, bool wide, bool tall) {
     if (!wide) grid.setColumnStretch(grid.columnCount(), 1);
     if (!tall) grid.setRowStretch(grid.rowCount(), 1);
+}
+
+/// A caption, or nothing: what the headings of a table are made of.
+bool isWords(const Layout& part) {
+    return part.kind == Kind::Text || part.kind == Kind::Empty || isControl(part, Control::Kind::Label);
 }
 
 /// Commands, ticks and options: what may stand in a folded row.
@@ -88,7 +107,7 @@ QWidget* LayoutBuilder::wrapped(const Piece& inside) const {
 QWidget* LayoutBuilder::build(const Layout& tree) const {
     auto* widget = new QWidget;
     widget->setLayout(columnOf(tree.kind == Kind::Column ? tree.children : std::vector<Layout>{tree}).layout);
-    widget->layout()->setContentsMargins(10, 8, 10, 8);
+    widget->layout()->setContentsMargins(8, 4, 8, 4);
     // Shown later by the event loop otherwise, and until then left out of every size hint.
     for (auto* child : widget->findChildren<QWidget*>())
         if (qobject_cast<QGroupBox*>(child) != nullptr || qobject_cast<QLabel*>(child) != nullptr ||
@@ -275,17 +294,18 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
     grid->setVerticalSpacing(density_.gap - 2);
     columns = std::max(columns, 1);
     bool wide = false, tall = false;
+    const bool headed =
+        std::all_of(cells.begin(), cells.begin() + std::min<std::ptrdiff_t>(columns, cells.size()), isWords);
     for (int i = 0; i < static_cast<int>(cells.size()); ++i) {
         const Layout& cell = cells[i];
         if (cell.kind == Kind::Empty || cell.kind == Kind::Stretch) continue;
-        const bool words = cell.kind == Kind::Text || isControl(cell, Control::Kind::Label);
         const bool field = isControl(cell, Control::Kind::Text) && !isBox(cell);
-        const Piece one = words || !field ? piece(cell) : Piece{nullptr, viewOf_(*cell.control).widget()};
+        const Piece one = !field ? piece(cell) : Piece{nullptr, viewOf_(*cell.control).widget()};
         const int row = i / columns, column = i % columns;
         if (one.layout != nullptr) {
             grid->addLayout(one.layout, row, column);
         } else {
-            const bool heading = words && row == 0;
+            const bool heading = headed && row == 0;
             const Qt::Alignment align = heading            ? Qt::AlignHCenter | Qt::AlignBottom
                                         : fillsWidth(cell) ? Qt::Alignment()
                                                            : Qt::AlignLeft | Qt::AlignVCenter;
@@ -306,22 +326,19 @@ LayoutBuilder::Piece LayoutBuilder::frameOf(const Layout& part) const {
     const Layout& child = part.children.front();
     const Piece inside = child.kind == Kind::Column ? columnOf(child.children) : columnOf({child});
     group->setLayout(inside.layout);
-    group->layout()->setContentsMargins(9, 6, 9, 8);
+    group->layout()->setContentsMargins(8, 4, 8, 6);
     return {nullptr, group, inside.wide, inside.tall};
 }
 
 LayoutBuilder::Piece LayoutBuilder::scrollOf(const Layout& part) const {
     const Piece inside = columnOf(part.children);
-    auto* area = new QScrollArea;
+    auto* area = new RoomyArea;
     area->setWidget(wrapped(inside));
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     // Sideways the area is as wide as what it holds; up and down it takes what there is.
     area->setSizePolicy(inside.wide ? QSizePolicy::Expanding : QSizePolicy::Preferred,
                         QSizePolicy::Expanding);
-    const QWidget* held = area->widget();
-    const int least = (inside.wide ? held->minimumSizeHint() : held->sizeHint()).width();
-    area->setMinimumWidth(std::min(least + area->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4, 900));
     return {nullptr, area, inside.wide, true};
 }
 
@@ -331,7 +348,7 @@ LayoutBuilder::Piece LayoutBuilder::pagesOf(const Layout& part) const {
     for (const Layout& page : part.children) {
         const bool titled = page.kind == Kind::Frame;
         const Piece inside = columnOf({titled ? page.children.front() : page});
-        inside.layout->setContentsMargins(9, 8, 9, 8);
+        inside.layout->setContentsMargins(8, 5, 8, 5);
         tabs->addTab(wrapped(inside), titled ? literal(page.text) : QString());
         wide |= inside.wide;
         tall |= inside.tall;

@@ -66,7 +66,7 @@ Form20::Form20(Laboratory& lab_)
                                                      "Betta, град", "", Text39, Text38}),
                                            fields(3, {Text41, Text42, Text43})}))}),
         }),
-        column({Picture1, row({Label1, HScroll1}), row({Check3, Check4, Command4, Command9})}),
+        column({Picture1, Label1, HScroll1, row({Check3, Check4}), row({Command4, Command9})}),
     });
 }
 
