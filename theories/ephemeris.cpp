@@ -180,6 +180,7 @@ void addNames(NameTable& table, const Ephemeris& e) {
     NAME(JDjpl);
     NAME(kodJPLopen);
 #undef NAME
+    table.addComputed("FileNoJPL", [&e](const std::vector<int>&) { return toFullText(e.file ? 1 : 0); });
     table.addComputed("DEncoef", [](const std::vector<int>&) { return toFullText(Ephemeris::DEncoef); });
     const auto slotColumn = [&table](const char* name, int EphemerisSlot::*column) {
         table.addComputed(name, [column](const std::vector<int>& i) {
