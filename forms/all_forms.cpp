@@ -7,6 +7,7 @@
 #include "forms/form17.h"
 #include "forms/form18.h"
 #include "forms/form19.h"
+#include "forms/form2.h"
 #include "forms/form20.h"
 #include "forms/form21.h"
 #include "forms/form22.h"
@@ -37,6 +38,7 @@ void add(Laboratory& lab) {
 
 void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
     add<Form1>(lab);
+    add<Form2>(lab);
     add<Form3>(lab);
     add<Form4>(lab);
     add<Form5>(lab);

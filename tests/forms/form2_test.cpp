@@ -1,0 +1,328 @@
+#include "forms/form2.h"
+
+#include "forms/form1.h"
+#include "stats/test_plan.h"
+#include "tests/forms/lab_fixture.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvex {
+
+using test::Drawn;
+using test::readBytes;
+using test::RecordingScreen;
+
+namespace {
+
+/// What a plan needs of the form that owns it.
+class FakePlan final : public Form {
+public:
+    static constexpr const char* formName = "Form15";
+    explicit FakePlan(Desk& desk) : Form(desk, formName, "План") {
+        Text3.onChange([this] {
+            ++told;
+            if (next) next();
+        });
+    }
+    TextField Text3{this, {.name = "Text3"}};
+    OptionButton Option2{this, {.name = "Option2", .group = "kind", .on = true}};
+    OptionButton Option5{this, {.name = "Option5", .group = "source"}};
+    OptionButton Option6{this, {.name = "Option6", .group = "source", .on = true}};
+    int told = 0;
+    std::function<void()> next;
+};
+
+class Form2Test : public test::LabTest {
+protected:
+    Form2Test() {
+        for (const char* name : {"Plan0/Txt1", "Plan4/Txt1"}) folder.makeFolder(name);
+        lab.desk.show("Form1");
+        lab.desk.get<Form1>().Command1.press();
+        form = &lab.desk.get<Form2>();
+        form->Check14.set(true);
+        form->Text40.setText("1801");
+        form->Text39.setText("100");
+        screen.shown.clear();
+    }
+    /// A run of a known number of steps without measurement.
+    void plainRun(const char* steps) {
+        form->Check14.set(false);
+        form->Text37.setText(steps);
+    }
+    FakePlan& plan() {
+        if (!lab.desk.isLoaded("Form15"))
+            lab.desk.add("Form15", [this] { return std::make_unique<FakePlan>(lab.desk); });
+        return lab.desk.get<FakePlan>();
+    }
+    int count(const Picture& picture, const std::function<bool(const Drawn&)>& wanted) {
+        const auto& all = test::drawnOn(const_cast<Picture&>(picture));
+        return static_cast<int>(std::count_if(all.begin(), all.end(), wanted));
+    }
+    Form2* form = nullptr;
+};
+
+}  // namespace
+
+TEST_F(Form2Test, AYearOfMercuryFillsFieldsPlotAndFile) {
+    form->Check4.set(true);
+    form->Check20.set(true);
+    form->Check22.set(true);
+    form->Check8.set(true);
+    form->Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form->Text44.text(), "1802");
+    EXPECT_EQ(form->Text34.text(), "4");
+    EXPECT_EQ(form->Text28.text(), "1801");
+    EXPECT_EQ(form->Text27.text(), "11");
+    EXPECT_NEAR(form->Text4.number(), 77.14, 0.01);
+    EXPECT_NEAR(form->Text25.number(), (lab.run.AlfaP - lab.run.AlfaPnach) * 3600, 1e-6);
+    EXPECT_NEAR(form->Text6.number(), 7.016, 0.001);  // taken again: not the 7.018 of the elements
+    EXPECT_NEAR(form->Text48.number(), 87.969, 0.001);
+    EXPECT_EQ(form->Text1.text(), "0,99");
+    EXPECT_EQ(screen.lastProgress, -1);
+    EXPECT_EQ(count(form->Picture1,
+                    [](const Drawn& d) {
+                        return d.kind == Drawn::Kind::Disc && d.color == Color{240, 0, 240} && d.x2 < 1;
+                    }),
+              6);  // every apse but the first
+    const std::string file = readBytes(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
+    EXPECT_NE(file.find("Классика  Ser0    VXsys=  0"), std::string::npos);
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 3);  // records after the second perihelion
+    EXPECT_EQ(
+        count(form->Picture1,
+              [](const Drawn& d) {
+                  return d.text.starts_with("Классика  Ser0   План №  0   Эксперимент №  1   kodDX=  0");
+              }),
+        1);
+}
+
+TEST_F(Form2Test, StopAndContinueByTheButtons) {
+    plainRun("50");
+    screen.atYield = [this](int n) {
+        if (n == 2) form->Command4.press();
+    };
+    form->Command1.press();
+    EXPECT_EQ(screen.yields, 2);
+    EXPECT_DOUBLE_EQ(lab.run.Tsec, 150 * 3600.);  // the press is read at the next display
+    form->Command2.press();
+    EXPECT_DOUBLE_EQ(lab.run.Tsec, 200 * 3600.);
+    EXPECT_EQ(screen.yields, 2);
+    form->Option2.choose();
+    const double V = lab.motion.U[45];
+    form->Text37.setText("20");
+    screen.atYield = [this](int) { form->Command4.press(); };
+    form->Command5.press();
+    EXPECT_LT(lab.motion.U[45] * V, 0);
+    EXPECT_DOUBLE_EQ(lab.run.Tmod, (200 - 40) * 3600.);
+    EXPECT_EQ(lab.s.kodStop, 1);
+    EXPECT_EQ(form->Text11.number(), cut6(lab.s.X[1] / MK));
+}
+
+TEST_F(Form2Test, BoxesActOnARunningLoop) {
+    plainRun("100");
+    screen.atYield = [this](int n) {
+        if (n == 3) {
+            form->Text40.setText("1800");  // read at Start only
+            form->Check14.set(true);
+        }
+    };
+    form->Text40.setText("1800");
+    form->Command1.press();
+    EXPECT_EQ(screen.yields, 3);
+    EXPECT_DOUBLE_EQ(lab.run.Tsec, 301 * 3600.);
+}
+
+TEST_F(Form2Test, ASecondStartRunsInsideTheFirst) {
+    plainRun("10");
+    screen.atYield = [this](int n) {
+        if (n == 1) form->Command1.press();
+        if (n == 3) form->Command4.press();
+    };
+    form->Command1.press();
+    // the inner run makes 30 steps and stops; the outer one goes on with its state until the next display
+    EXPECT_DOUBLE_EQ(lab.run.Tsec, 40 * 3600.);
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(Form2Test, ClosingTheFormOrLeavingTheProgramEndsTheRun) {
+    plainRun("10");
+    screen.atYield = [this](int n) {
+        if (n == 2) form->Command8.press();
+    };
+    form->Command1.press();
+    EXPECT_EQ(screen.yields, 2);
+    EXPECT_FALSE(lab.desk.isLoaded("Form2"));
+    form = &lab.desk.get<Form2>();
+    plainRun("10");
+    screen.atYield = [this](int n) {
+        if (n == 4) lab.desk.get<Form1>().Command9.press();
+    };
+    form->Command1.press();
+    EXPECT_EQ(screen.yields, 4);
+    EXPECT_FALSE(lab.desk.anyLoaded());
+}
+
+TEST_F(Form2Test, BadFieldsAreRefusedAndNothingRuns) {
+    struct Case {
+        TextField& field;
+        std::vector<const char*> texts;
+    };
+    const std::vector<const char*> anyNumber{"", "abc", "1e999", "1 000"}, whole{"", "abc", "1e999", "40000"};
+    const Case cases[] = {{form->Text13, {"", "abc", "1e999"}},
+                          {form->Text17, anyNumber},
+                          {form->Text8, whole},
+                          {form->Text35, anyNumber},
+                          {form->Text45, anyNumber},
+                          {form->Text38, anyNumber},
+                          {form->Text39, whole},
+                          {form->Text37, whole},
+                          {form->Text5, anyNumber},
+                          {form->Text9, anyNumber},
+                          {form->Text21, anyNumber},
+                          {form->Text36, anyNumber},
+                          {form->Text40, {"", "abc", "3e9"}}};
+    form->Check4.set(true);
+    for (const Case& c : cases) {
+        const std::string good = c.field.text();
+        for (const char* text : c.texts) {
+            c.field.setText(text);
+            form->Command1.press();
+            EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}))
+                << c.field.name() << " " << text;
+        }
+        c.field.setText(good);
+    }
+    EXPECT_EQ(screen.yields, 0);
+    form->Text13.setText("11");
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage(),
+              (RecordingScreen::Message{"номер объекта должен быть от 0 до 10", "Tarvex7.0"}));
+    form->Text13.setText("1");
+    form->Text9.setText("0");  // a zero scale is met by the first plot
+    form->Check5.set(true);
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
+    form->Check5.set(false);
+    lab.s.X0[2] = lab.s.X0[1], lab.s.Y0[2] = lab.s.Y0[1], lab.s.Z0[2] = lab.s.Z0[1];
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
+    EXPECT_EQ(screen.lastProgress, -1);
+    EXPECT_TRUE(std::isfinite(lab.s.X[1]));
+}
+
+TEST_F(Form2Test, AMissingFolderIsToldAtStart) {
+    form->Check20.set(true);
+    lab.s.NPlan = 7;
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}));
+    EXPECT_EQ(screen.yields, 0);
+    form->Check20.set(false);
+    form->Check2.set(true);
+    std::filesystem::remove_all(folder.path() / "Dat");
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+}
+
+TEST_F(Form2Test, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
+    FakePlan& owner = plan();
+    form->Check4.set(true);
+    form->Check20.set(true);
+    form->Text40.setText("1800");  // ends at its first step
+    lab.s.NPlan = 4;
+    owner.next = [&] {
+        EXPECT_EQ(lab.s.NPlan, 4);
+        if (owner.told > 2) return;
+        form->Text8.setText(std::to_string(owner.told + 1));
+        form->Text53.setText("1");
+    };
+    form->Text53.setText("1");
+    EXPECT_EQ(owner.told, 3);
+    EXPECT_EQ(lab.s.NPlan, 0);
+    for (int e = 1; e <= 3; ++e)
+        EXPECT_TRUE(
+            std::filesystem::exists(folder.path() / ("Plan4/Txt1/Tarvex1Ras" + std::to_string(e) + ".txt")));
+
+    lab.s.NPlan = 4;  // an error tells the plan nothing
+    form->Check14.set(false);
+    form->Text39.setText("0");
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    EXPECT_EQ(owner.told, 3);
+    EXPECT_EQ(lab.s.NPlan, 4);
+
+    form->Text39.setText("1");  // a stop ends the batch
+    lab.plan.Nplan = 15;
+    form->Text37.setText("10");
+    screen.atYield = [this](int) { form->Command4.press(); };
+    form->Command1.press();
+    EXPECT_EQ(lab.s.NPlan, 0);
+    EXPECT_EQ(lab.plan.Nexp, 15);
+    EXPECT_EQ(owner.told, 3);
+}
+
+TEST_F(Form2Test, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
+    FakePlan& owner = plan();
+    owner.Option5.choose();
+    form->Check20.set(true);
+    lab.plan.Nf = 2, lab.plan.Nplan = 9;
+    lab.plan.Xnul[1] = 100, lab.plan.dXvar[1] = 2.5, lab.plan.Xnul[2] = 100, lab.plan.dXvar[2] = 1;
+    const double target[] = {0, 110, 100, 100, 100, 1, lab.s.km[5], lab.s.km[2]};
+    for (int i = 1; i <= 7; ++i) lab.plan.XU[i][1] = lab.plan.XU[i][2] = target[i];
+    lab.plan.XU[1][2] = 100;
+    lab.plan.Nexp = 1;
+    form->Command1.press();
+    lab.plan.Nexp = 2;
+    form->Command1.press();
+    EXPECT_EQ(
+        readBytes(folder.path() / "Dat/NabPlan2.txt"),
+        "эксперименты выполненные на форме 2 по тесту для  2 факторного   Roto   плана \r\n"
+        " 2  9  0 \r\n 100000000  2500000 \r\n 100000000  1000000 \r\n   \r\n 1  110000 \r\n 2  0 \r\n");
+    EXPECT_EQ(screen.paused, 5000 + 2 * 1000);
+    EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 0.11);
+    EXPECT_EQ(lab.run.Tsec, 0);  // nothing was integrated
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt"));
+}
+
+TEST_F(Form2Test, AnimationDrawsTickedBodiesAndErasesTheOldPlaces) {
+    plainRun("24");
+    form->Check3.set(true);
+    screen.atYield = [this](int) { form->Command4.press(); };
+    form->Command1.press();
+    const auto disc = [&](const Picture& p, Color c) {
+        return count(p, [c](const Drawn& d) { return d.kind == Drawn::Kind::Disc && d.color == c; });
+    };
+    EXPECT_GE(disc(form->Picture1, {0, 0, 0}), 2 * 10 * 2);
+    EXPECT_GE(disc(form->Picture2, {240, 240, 0}), 2);
+    EXPECT_EQ(lab.s.XOld[1], lab.s.X[1]);
+    EXPECT_EQ(lab.s.X[10], 0);  // unticked
+    // Mercury is below the ecliptic on some of these days, above on others: whole and half strength
+    EXPECT_GE(disc(form->Picture1, lab.s.Z[1] < 0 ? Color{120, 0, 120} : Color{240, 0, 240}), 2);
+    form->HScroll1.setValue(500);
+    EXPECT_EQ(form->Label1.caption(), "Масштаб = 50 млн.км/см");
+    EXPECT_EQ(lab.s.Mx, 5e10);
+    form->Picture2.click(1, 0, Picture::Button::Left);
+    EXPECT_EQ(disc(form->Picture2, {240, 240, 0}), 1);
+}
+
+TEST_F(Form2Test, DebugTextReplacesItself) {
+    plainRun("5");
+    form->Check21.set(true);
+    form->Check13.set(true);
+    lab.motion.kodDX = 1;
+    screen.atYield = [this](int) { form->Command4.press(); };
+    form->Command1.press();
+    const auto lines = [&](const char* start, Color color) {
+        return count(form->Picture1,
+                     [&](const Drawn& d) { return d.color == color && d.text.starts_with(start); });
+    };
+    EXPECT_EQ(lines(" R12= ", {200, 200, 200}), 2);
+    EXPECT_EQ(lines(" R12= ", {0, 0, 0}), 1);
+    EXPECT_EQ(lines(" число итераций DX= 2   N1=  1  N2=  2", {200, 200, 200}), 2);
+}
+
+TEST_F(Form2Test, EveryControlHasAHint) {
+    for (const Control* control : form->controls()) EXPECT_FALSE(control->hint().empty()) << control->name();
+}
+
+}  // namespace tarvex
