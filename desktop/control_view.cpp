@@ -16,7 +16,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int longestLine = 64;                                             ///< of a caption, in characters
+constexpr int longestLine = 90;                                             ///< of a caption, in characters
 constexpr int usualBoxDigits = 70, leastBoxDigits = 40, leastBoxLines = 5;  ///< of a box of text lines
 constexpr int mostLeftDigits = 20;  ///< a wider field holds words and starts at the left
 
