@@ -1,6 +1,8 @@
 #include "forms/form1.h"
+#include "forms/form10.h"
 #include "forms/form11.h"
 #include "forms/form12.h"
+#include "forms/form13.h"
 #include "forms/form14.h"
 #include "forms/form15.h"
 #include "forms/form16.h"
@@ -46,8 +48,10 @@ void addForms(Laboratory& lab) {   // in the order of their numbers, the order i
     add<Form7>(lab);
     add<Form8>(lab);
     add<Form9>(lab);
+    add<Form10>(lab);
     add<Form11>(lab);
     add<Form12>(lab);
+    add<Form13>(lab);
     add<Form14>(lab);
     add<Form15>(lab);
     add<Form16>(lab);

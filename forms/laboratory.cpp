@@ -6,6 +6,7 @@ Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(st
     s.say = [this](const std::string& text, const std::string& title) { desk.message(text, title); };
     addNames(names, s);
     addNames(names, plan);
+    addNames(names, reduction);
     addNames(names, motion);
     addNames(names, run);
     addNames(names, series);

@@ -11,7 +11,9 @@
 #include "numeric/run_loop.h"
 #include "numeric/run_state.h"
 #include "numeric/two_body.h"
+#include "reduction/reduction_state.h"
 #include "runtime/desk.h"
+#include "spreadsheet/spreadsheet.h"
 #include "stats/plan_block.h"
 #include "stats/series.h"
 #include "stats/shifts.h"
@@ -39,6 +41,8 @@ struct Laboratory {
     Ephemeris ephemeris{tree};
     TwoBody twoBody;       ///< the two-body run of Form25
     PulsarExtras pulsar;   ///< and what Form26 adds to it
+    SpreadsheetOffice office;      ///< outlives the workbook of the reduction
+    ReductionState reduction;      ///< theory against observations
     DataTree tree;
     NameTable names;   ///< every shared variable by its name
     Desk desk;         ///< last: the forms go before the state they work on

@@ -1,5 +1,6 @@
 #include "reduction/ancient_tables.h"
 
+#include "core/calendar.h"
 #include "core/failure.h"
 #include "core/numbers.h"
 
@@ -133,6 +134,11 @@ void ObservedDate::takeFrom(const ModelState& s) {
     DenObs = s.DenR;
     DenObsI = toInt32(Fix(DenObs));
     ChasObs = (DenObs - DenObsI) * 24;
+}
+
+void NormalizeLocalDate(ModelState& s, ObservedDate& date) {
+    NormalizeDate(s, s.DenR + s.ObsL / 15 / 24, s.MesR, s.GodR);
+    date.takeFrom(s);
 }
 
 std::string tableFileName(const AncientTable& table) { return "\\Tab\\" + table.name + ".xls"; }

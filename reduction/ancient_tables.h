@@ -49,6 +49,9 @@ struct ObservedDate {
     void takeFrom(const ModelState& s);
 };
 
+/// The local date of the observer: DenR, MesR, GodR with ObsL of the state added as time, normalised.
+void NormalizeLocalDate(ModelState& s, ObservedDate& date);
+
 /// A table in use.
 struct TableInUse {
     const AncientTable* table = nullptr;  ///< null: none was chosen

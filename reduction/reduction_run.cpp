@@ -56,8 +56,7 @@ void stepTable(Reduction x) {
     s.TimeZone = r.TimeZoneTab;
     DateFromJD(s, s.JD);  // the Egyptian calendar leaves JD shifted to its own midnight: meant
     s.Den = s.DenR, s.Mes = s.MesR, s.God = s.GodR;
-    NormalizeDate(s, s.DenR + s.ObsL / 15 / 24, s.MesR, s.GodR);
-    r.date.takeFrom(s);
+    NormalizeLocalDate(s, r.date);
     try {
         ReadTableCells(s, r.table, r.date, almagestPrecReduction, r.choices.replacePrecession);
     } catch (const std::exception&) {

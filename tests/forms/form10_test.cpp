@@ -1,0 +1,353 @@
+#include "forms/form10.h"
+
+#include <signal.h>
+
+#include "forms/form13.h"
+#include "forms/form22.h"
+#include "reduction/observation_file.h"
+#include "stats/series.h"
+#include "tests/forms/lab_fixture.h"
+#include "tests/support/test_workbook.h"
+
+namespace tarvex {
+
+namespace {
+
+using Message = test::RecordingScreen::Message;
+
+struct Form10Test : test::LabTest {
+    Form10Test() {
+        for (const char* name : {"Obs/Plan1", "Tab/Plan1", "Ser/Plan1"}) folder.makeFolder(name);
+        std::string zeros;
+        for (const char* name : {"Меркурий", "Венера", "Земля", "Марс"})
+            zeros += std::string(name) + "\r\n 0  0  0  0  0  0  0  0 \r\n 0  0  0  0  0  0  0  0 \r\n";
+        test::writeBytes(folder.path() / "Dat/dL1.dat", zeros);
+        lab.s.gamma = 6.67259e-11;
+    }
+    /// Three observations of the Sun near its place.
+    void writeSun(const std::string& tail = "") {
+        std::string text = "Заголовок 1\r\nвторая строка \r\nc\r\nd\r\n 2000  2001 \r\n";
+        text += observationRecord(2000, 1, 10, 12, 291.75, -21.95) + "\r\n";
+        text += observationRecord(2000, 1, 20, 12, 302.3, -20.2) + "\r\n";
+        text += observationRecord(2000, 1, 30, 12, 312.5, -17.8) + "\r\n";
+        test::writeBytes(folder.path() / "Obs/SUMM0_G_100.txt", text + tail);
+    }
+    Form10& sun() {
+        auto& form = lab.desk.get<Form10>();
+        form.Text1.setText("0");
+        form.Option2.choose();
+        form.Option9(6).choose();
+        return form;
+    }
+    std::string printed(Picture& picture) {
+        std::string all;
+        for (const auto& one : test::drawnOn(picture))
+            if (one.kind == test::Drawn::Kind::Text) all += one.text + "\n";
+        return all;
+    }
+};
+
+}  // namespace
+
+TEST_F(Form10Test, LoadsItsCompanionsWithoutShowingThem) {
+    lab.desk.show("Form10");
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.shown, std::vector<std::string>{"Form10"});
+    for (const char* name : {"Form13", "Form21", "Form22"}) EXPECT_FALSE(lab.desk.isLoaded(name)) << name;
+    EXPECT_NE(lab.s.kLl[4], 0);
+    EXPECT_EQ(lab.s.Ipert2[1], 5);
+    EXPECT_EQ(lab.plan.Nf, 3);
+    EXPECT_NEAR(lab.plan.Xnul[1], 3.84e8, 1e7) << "the Moon's template";
+}
+
+TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
+    auto& form = lab.desk.get<Form10>();
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете имитатор", "Tarvex7.0"}));
+    form.Option4(8).choose();
+    EXPECT_EQ(screen.onlyMessage(),
+              (Message{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
+    EXPECT_EQ(form.Text16.text(), "1620");
+    EXPECT_TRUE(form.Option16.on());
+    form.Option4(8).choose();
+    EXPECT_EQ(screen.onlyMessage().title, "Tarvex6") << "a missing one can be tried again";
+
+    form.Option2.choose();
+    lab.s.kodStop = 0;
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете обсерваторию", "Tarvex7.0"}));
+    form.Text1.setText("0");
+    form.Option9(6).choose();
+    EXPECT_EQ(screen.onlyMessage(),
+              (Message{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
+    writeSun();
+    form.Option9(6).choose();
+    EXPECT_TRUE(screen.messages.empty());
+    form.Text1.setText("3");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Землю не наблюдали", "Tarvex7.0"}));
+    lab.s.kodStop = 0;
+    for (const char* bad : {"ж", "12", "-1"}) {
+        form.Text1.setText(bad);
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7.0"})) << bad;
+        lab.s.kodStop = 0;
+    }
+    test::writeBytes(folder.path() / "Obs/GREN0_G_100.txt", "a\r\nb\r\nc\r\nd\r\nyears\r\n");
+    form.Text1.setText("0");
+    form.Option9(1).choose();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7"}));
+}
+
+TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
+    writeSun();
+    auto& form = sun();
+    EXPECT_EQ(form.Text16.text(), "2000");
+    EXPECT_EQ(form.Text14.text(), "2001");
+    EXPECT_EQ(form.Text57.text(), "100");
+    EXPECT_EQ(form.Check1.caption(), "Ras(ЭКВ)");
+    form.Text65.setText("2001");
+    screen.atYield = [&](int count) {
+        if (count == 1) form.Command4.press();
+    };
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
+    form.Command5.press();
+    EXPECT_EQ(form.Text23.text(), "3");
+    EXPECT_EQ(lab.s.JDut, 2451564);
+    EXPECT_NE(form.Text13.text(), "Text13");
+    EXPECT_LT(form.Text15.number(), 20000) << "thousand km; the test's places are rounded to some minutes of arc";
+    EXPECT_EQ(form.Text63.text(), "312,5");
+    EXPECT_NEAR(form.stageL[stageNutation]->number(), 312.5, 1);
+
+    screen.atYield = nullptr;
+    form.Option9(6).choose();
+    EXPECT_TRUE(lab.reduction.file.isOpen());
+    form.Command6.press();
+    EXPECT_EQ(form.Text23.text(), "4") << "one step more, from the first record again";
+    form.Check21.set(true);
+    form.Check20.set(true);
+    form.Text50.setText("0");
+    lab.s.kodStop = 0;
+    form.Command1.press();
+    EXPECT_EQ(lab.reduction.NObs, 0) << "all are rejected";
+    form.Text49.setText("0");
+    form.Command15.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно масштаб", "Tarvex7.0"}));
+}
+
+TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
+    writeSun("          2000 letters\r\n");
+    auto& form = sun();
+    form.Text65.setText("2001");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text,
+              "Ошибка чтения данных из файла\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string());
+    EXPECT_EQ(form.Text23.text(), "3");
+    writeSun();
+    form.Option9(6).choose();
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "3");
+}
+
+TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
+    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
+    test::writeWorkbook(folder.path() / "Tab/Tycho.xls",
+                        {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
+    auto& form = lab.desk.get<Form10>();
+    form.Text1.setText("0");
+    form.Option4(9).choose();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text4.text(), "1580");
+    EXPECT_TRUE(form.Option15.on());
+    EXPECT_FALSE(form.Check17.on());
+    form.Text65.setText("1580");
+    form.Text18.setText("100");
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "5") << "each 100 days; the first date behind the last year ends the run";
+    EXPECT_EQ(form.Text58.text(), "00:00 - 04.02.1581 года н.э.");
+    EXPECT_NEAR(form.Text63.number(), 158.1 + 4, 1e-6);
+
+    kill(lab.office.process(), 9);
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
+    EXPECT_EQ(lab.s.kodStop, 1);
+    lab.reduction.table.close();
+    form.Option4(9).choose();
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(Form10Test, ThePlanRunsAndItsRegressionFindsTheOptimum) {
+    writeSun();
+    auto& form = sun();
+    form.Text65.setText("2001");
+    auto& plan = lab.desk.get<Form13>();
+    form.Option10.choose();
+    EXPECT_FALSE(plan.Check2.enabled());
+    form.Option11.choose();
+    EXPECT_TRUE(plan.Check2.enabled());
+    form.Option10.choose();
+    form.Option18.choose();
+    form.Check7.set(true);
+    for (int i = 1; i <= 9; ++i) plan.Check1(i).set(i == 2 || i == 7);
+    plan.Command4.press();
+    EXPECT_EQ(form.Text27.text(), "9");
+    plan.Command1.press();   // the template of the Earth
+    EXPECT_NEAR(plan.Text1(1).number(), 149598, 1);
+    EXPECT_EQ(plan.Text2(1).text(), "10");
+    plan.Text2(7).setText("0,5");
+    form.Command7.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text26.text(), "9");
+    EXPECT_EQ(lab.reduction.NObs, 3);
+    form.Command10.press();
+    form.Command12.press();
+    plan.Command3.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NEAR(plan.Text3(7).number(), lab.plan.Xopt[2], 1e-6);
+    EXPECT_NEAR(plan.Text4(7).number(), lab.plan.Xopt[2] * 0.5 + lab.plan.Xnul[7], 1e-8);
+    plan.Command5.press();
+    EXPECT_EQ(plan.Text1(7).text(), plan.Text4(7).text());
+    plan.Command6.press();
+    EXPECT_EQ(plan.Text3(7).text(), "0");
+    EXPECT_NE(printed(form.Picture4).find("вторая строка SUMM\n2000 по "), std::string::npos);
+
+    form.Check8.set(true);
+    form.Text26.setText("1");
+    form.Command7.press();
+    EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 6) << "both factors at +1";
+    EXPECT_EQ(plan.Text1(2).text(), "0");
+}
+
+TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
+    writeSun();
+    auto& form = sun();
+    auto& plan = lab.desk.get<Form13>();
+    plan.Check1(4).set(false);
+    plan.Command4.press();
+    plan.Command1.press();
+    lab.plan.Yu.fill(0);
+    lab.plan.Yras.fill(0);
+    lab.plan.b.fill(0.5);
+    lab.s.Den0 = 1.5, lab.s.Mes0 = 1, lab.s.JDut = 2451560.25;
+    for (int i = 1; i <= 9; ++i) {
+        plan.Text1(i).setText(i == 1 ? "149598,5" : std::to_string(i) + ",25");
+        plan.Text3(i).setText("-0,5");
+        plan.Text4(i).setText(i == 1 ? "149597,5" : "1");
+    }
+    plan.Text5.setText("300,5");
+    plan.Command2.press();
+    EXPECT_TRUE(screen.messages.empty());
+    const auto path = folder.path() / "Obs/Plan1/0_100_1.dat";
+    const std::string text = test::readBytes(path);
+    const auto date = text.find(" от ") + std::string(" от ").size();
+    EXPECT_EQ(text.substr(0, date), "план № 1 опыт № 1 по планете № 0 для SUMM в эпохе J2000 по R от ");
+    const std::string after = text.substr(text.find("\r\n") + 2);
+    EXPECT_EQ(after.substr(0, after.find("№ эксперимента")),
+              "Начальная дата оптимизации и год окончания\r\n"
+              " 1500000  1  2000  2020  2451560250000 \r\n"
+              "Нулевые уровни и интервалы варьирования параметров и оптимальные значения\r\n"
+              " 1  149598500  10000 -500000  149597500 \r\n"
+              " 2  2250000000  100 -500000  1000000 \r\n"
+              " 3  3250000000  10000 -500000  1000000 \r\n"
+              " 4  4250000000  100000 -500000  1000000 \r\n"
+              " 5  5250000000  100000 -500000  1000000 \r\n"
+              " 6  6250000000  1000 -500000  1000000 \r\n"
+              " 7  7250000  10000 -500000  1000000 \r\n"
+              " 8  8250000000  100000 -500000  1000000 \r\n"
+              " 9  9250000000  100000 -500000  1000000 \r\n"
+              "Скорость Солнечной системы по осям X Y Z и прецессия и вес \r\n"
+              " 300500  0  0  5029000000  1000000 \r\n");
+    EXPECT_NE(after.find("\r\n1    1000       1000        0  0 \r\n"), std::string::npos) << after;
+    EXPECT_NE(after.find("без поправок= 0\r\n 0  500000 \r\n"), std::string::npos);
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 0.00725) << "left divided until the fields are read again";
+
+    test::writeBytes(path, text.substr(0, text.find("№ эксперимента")) + "\xFF damaged");
+    lab.plan.Xnul.fill(0);
+    lab.s.VXsys = 0;
+    plan.Option1.choose();
+    plan.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
+    EXPECT_DOUBLE_EQ(lab.s.VXsys, 300.5);
+    EXPECT_EQ(plan.Text1(1).text(), "149598,5");
+    EXPECT_EQ(plan.Text4(1).text(), "149597,5");
+    EXPECT_EQ(form.Text4.text(), "2000");
+
+    test::writeBytes(path, text.substr(0, 700));
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+    plan.Text27.setText("9");
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");
+    plan.Text27.setText("x");
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно номер плана и опыта");
+    plan.Check1(2).set(false);
+    plan.Command4.press();
+    EXPECT_EQ(screen.onlyMessage().text, "К-во факторов должно быть от 2 до 6");
+}
+
+TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
+    writeSun();
+    sun();
+    auto& plan = lab.desk.get<Form13>();
+    const std::string name = "\\Ser\\Plan1\\Tarvex3Nab.txt";
+    plan.Command7.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n" + name);
+
+    SeriesData series;
+    series.FileData = name;
+    series.kodData = dataLong;
+    series.header = {"one", "two", "three", "four"};
+    series.JD0 = 2400000;
+    series.records.resize(2);
+    series.records[1].dTd = 60000;
+    writeSeries(lab.tree, series);
+    lab.s.JDepoha = 2450000;
+    lab.s.JDut = 2450100;
+    plan.Text1(2).setText("0,0167");
+    plan.Text1(1).setText("149600");
+    plan.Command7.press();
+    EXPECT_TRUE(screen.messages.empty());
+    SeriesData read;
+    readSeries(lab.tree, name, dataLong, read);
+    ASSERT_EQ(read.NP1max(), 3);
+    EXPECT_EQ(read.date(2), 2450000);
+    EXPECT_EQ(read.at(2).ddTd, 200);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.0167);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parRsr], 149.6);
+    EXPECT_EQ(read.header[1], "two");
+    EXPECT_TRUE(read.header[2].starts_with("по плану №  1   от "));
+
+    screen.answers = {true, false};
+    plan.Text1(2).setText("0,02");
+    plan.Command7.press();   // replaces
+    readSeries(lab.tree, name, dataLong, read);
+    EXPECT_EQ(read.NP1max(), 3);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.02);
+    EXPECT_EQ(screen.questions.back().text, "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
+    plan.Command7.press();   // doubles the date
+    readSeries(lab.tree, name, dataLong, read);
+    EXPECT_EQ(read.NP1max(), 4);
+
+    plan.Command8.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Загрузите форму 22 (dLp)");
+    auto& terms = lab.desk.get<Form22>();
+    plan.Option6.choose();
+    plan.Text1(9).setText("0,75");
+    plan.Command8.press();
+    EXPECT_EQ(terms.Text1(3 * 10 + 40 + 8).text(), "0,75");
+    EXPECT_EQ(terms.Text1(3 * 10 + 8).text(), "0");
+}
+
+}  // namespace tarvex
