@@ -10,13 +10,16 @@
 #include <numeric>
 #include <set>
 
+#include "desktop/picture_view.h"
+
 namespace tarvex {
 
 namespace {
 
-constexpr int pairGap = 8;        ///< more between two pairs of label and field
-constexpr int widestArea = 1250;  ///< of a scrolled area that shows all its width, pixels
-constexpr int choiceGap = 1;      ///< between ticks or options below each other
+constexpr int pairGap = 8;         ///< more between two pairs of label and field
+constexpr int leastPicture = 320;  ///< width left to a picture that is moved in its area, pixels
+constexpr int widestArea = 1250;   ///< of a scrolled area that shows all its width, pixels
+constexpr int choiceGap = 1;       ///< between ticks or options below each other
 
 using Kind = Layout::Kind;
 
@@ -43,14 +46,18 @@ bool fillsWidth(const Layout& part) {
 /// A scrolled area that asks for the room of what it holds.
 class RoomyArea final : public QScrollArea {
 public:
+    /// @param picture  what it holds is a picture, which is moved in both directions
+    explicit RoomyArea(bool picture) : picture_(picture) {}
     QSize sizeHint() const override { return widget()->sizeHint() + QSize(barRoom(), barRoom()); }
     QSize minimumSizeHint() const override {
-        return {std::min(widget()->minimumSizeHint().width() + barRoom(), widestArea),
-                QScrollArea::minimumSizeHint().height()};
+        return {
+            std::min(widget()->minimumSizeHint().width() + barRoom(), picture_ ? leastPicture : widestArea),
+            QScrollArea::minimumSizeHint().height()};
     }
 
 private:
     int barRoom() const { return style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4; }
+    bool picture_;
 };
 
 /// What a grid leaves over goes behind its last cell, unless some cell makes use of it.
@@ -332,8 +339,10 @@ LayoutBuilder::Piece LayoutBuilder::frameOf(const Layout& part) const {
 
 LayoutBuilder::Piece LayoutBuilder::scrollOf(const Layout& part) const {
     const Piece inside = columnOf(part.children);
-    auto* area = new RoomyArea;
+    auto* area = new RoomyArea(isControl(part.children.front(), Control::Kind::Picture));
     area->setWidget(wrapped(inside));
+    for (QWidget* child : area->widget()->findChildren<QWidget*>())
+        if (auto* view = dynamic_cast<PictureView*>(child)) view->keepSize();
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     // Sideways the area is as wide as what it holds; up and down it takes what there is.

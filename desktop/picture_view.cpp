@@ -29,7 +29,13 @@ PictureView::PictureView(Picture& picture, std::function<void(const std::functio
 
 QSize PictureView::sizeHint() const { return shape_; }
 
+void PictureView::keepSize() {
+    keepsSize_ = true;
+    updateGeometry();
+}
+
 QSize PictureView::minimumSizeHint() const {
+    if (keepsSize_) return shape_;
     return shape_.scaled(shape_ / 2, Qt::KeepAspectRatio).boundedTo({320, 240});
 }
 

@@ -23,6 +23,9 @@ public:
     /// User coordinates of a point of this widget; none beside the picture.
     std::optional<QPointF> userPoint(QPointF at) const;
 
+    /// From now on the picture is never shown smaller than it is: a scroll area moves it instead.
+    void keepSize();
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -38,7 +41,7 @@ private:
     Picture* picture_;
     std::function<void(const std::function<void()>&)> act_;
     QSize shape_;
-    bool pressedInside_ = false;
+    bool pressedInside_ = false, keepsSize_ = false;
 };
 
 }  // namespace tarvex

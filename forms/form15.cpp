@@ -156,7 +156,7 @@ void Form15::printPlan() {
                   "Номер эксперимента, уровни плана и значение критерия (экспериментальное и расчетное)");
     for (int u = 1, last = experiments(p); u <= last; ++u) {
         const double y = page.rows - planTop - 0.5 - u / 2.0;
-        Picture1.text(0.3, y, std::to_string(u));
+        Picture1.text(0.9, y, std::to_string(u));
         for (int i = 1; i <= p.Nf; ++i) Picture1.text(i + 1, y, cut2(p.PlanX[i][u]));
     }
 }

@@ -209,7 +209,7 @@ double Form18::pointValue(bool outside) {
 
 void Form18::OptimizePlan18() {
     PlanBlock& p = lab.plan;
-    printOptimum(Picture1, p, 8, page.rows - p.Nplan / 2.0 - 4);
+    printOptimum(Picture1, p, 0.3, page.rows - p.Nplan / 2.0 - 8);
     for (int i = 1; i <= p.Nf; ++i) {
         const int factor = p.Nfact[i];
         Text3(factor).show(p.Xopt[i]);

@@ -61,9 +61,10 @@ void Form6::layOut() {
     const Layout imitators = frame("имитаторы", row({Option13, Option14, Option17}));
     const Layout what = row({frame("Планета", table(2, planets)), frame("Параметр", table(2, params)),
                              column({source, imitators, fields(1, {Text28, Text10})})});
-    const Layout loading = column(
-        {row({Command6, Check1, Check2}), row({Check3, Text31, Check10, Check11}), fields(2, {Text1, Text2}),
-         frame("Смещения", column({row({Command4, Text25}), row({Command5, Check12})}))});
+    const Layout loading =
+        column({row({Command6, Check1, Check2}), row({Check3, Text31, Check10, Check11}),
+                fields(2, {Text1, Text2}), row({Command7, Text26}),
+                frame("Смещения", column({row({Command4, Text25}), row({Command5, Check12})}))});
     const Layout fitting = column({
         row({frame("ур-е аппроксимации", row({Option9, Option10, Option11})), fields(1, {Text4})}),
         Check6,
@@ -84,7 +85,7 @@ void Form6::layOut() {
     layout_ = row({column({what, sample,
                            pages({frame("Загрузка и смещения", loading), frame("Аппроксимация", fitting),
                                   frame("Тест", testing), frame("Правка записей", editing)}),
-                           row({Command7, Text26}), row({Command16, Command15, Command3}), stretch()}),
+                           row({Command16, Command15, Command3}), stretch()}),
                    scrolled(Picture1)});
 }
 

@@ -142,7 +142,7 @@ void Form6::drawCurves() {
     for (double t = from; t <= to; t += curveStep) {
         const double value = fit.at((d.JD0 + t - settings.T0) / 36525);
         for (const double one : {value + away, value, value - away})
-            Picture1.disc(placeX(t), placeY(one), 0.03, color);
+            Picture1.disc(placeX(t), placeY(one), 0.015, color);
     }
 }
 

@@ -17,6 +17,7 @@ void PlanPage::drawEmpty(Picture& picture, bool numberRows) const {
     constexpr double unit = 24.91;
     constexpr Color grid{200, 200, 200}, axis{100, 100, 100};
     picture.resize(static_cast<int>(columns * unit), static_cast<int>(rows * unit));
+    picture.setTextHeight(11);  // narrow columns of the matrix
     picture.setScale(0, rows, columns, -2);
     picture.clear();
     for (int y = -2; y <= rows; ++y) picture.line(0, y, columns, y, grid);
@@ -67,8 +68,10 @@ void printOptimum(Picture& picture, PlanBlock& p, double x, double y) {
     BuildOptimumSystem(p);
     for (int level = 5; level >= 1; --level) y = printDown(picture, x, y, p.TestText[level]);
     for (int i = 1; i <= p.Nf; ++i) y = printDown(picture, x, y, p.TestText[10 + i]);
+    const std::string head = p.Stroka;  // stays at the head of the printed system: meant
     PrintOptimumSystem(p);
-    printDown(picture, x, y, p.Stroka);  // with what stood in the buffer at its head, as meant
+    y = printDown(picture, x, y, head);
+    printDown(picture, x, y, p.Stroka.substr(head.size()));
 }
 
 void plotAlongFactors(Picture& picture, PlanBlock& p, const std::function<double(int)>& coordinates,

@@ -9,7 +9,7 @@
 
 namespace tarvex {
 
-inline constexpr double planLine = 0.6;  ///< distance of printed lines, picture units
+inline constexpr double planLine = 0.55;  ///< distance of printed lines, picture units
 
 /// Size of the canvas of a plan in picture units.
 struct PlanPage {

@@ -10,13 +10,14 @@
 namespace tarvex {
 
 namespace {
-constexpr double farOutside = 20;     ///< in picture sizes: beyond it a point is not drawn
-constexpr double lineHeight = 15;     ///< of texts, in canvas units
+constexpr double farOutside = 20;  ///< in picture sizes: beyond it a point is not drawn
 }  // namespace
 
 Picture::Picture(Form* form, Spec spec)
-    : Control(form, Kind::Picture, std::move(spec.name), "", std::move(spec.hint)), width_(spec.width),
-      height_(spec.height), background_(spec.background) {}
+    : Control(form, Kind::Picture, std::move(spec.name), "", std::move(spec.hint)),
+      width_(spec.width),
+      height_(spec.height),
+      background_(spec.background) {}
 
 Canvas* Picture::canvas() {
     if (!canvas_) {
@@ -27,7 +28,8 @@ Canvas* Picture::canvas() {
 }
 
 void Picture::setScale(double left, double top, double right, double bottom) {
-    if (finite(left) == finite(right) || finite(top) == finite(bottom)) throw ArithmeticFailure("picture scale is empty");
+    if (finite(left) == finite(right) || finite(top) == finite(bottom))
+        throw ArithmeticFailure("picture scale is empty");
     left_ = left;
     top_ = top;
     right_ = right;
@@ -90,11 +92,11 @@ void Picture::text(double x, double y, const std::string& text, Color color) {
     const FlagsKept flags;
     double a, b;
     if (!place(x, y, a, b)) return;
-    for (std::size_t from = 0; from <= text.size(); b += lineHeight) {
+    for (std::size_t from = 0; from <= text.size(); b += textHeight_) {
         const auto end = std::min(text.find('\n', from), text.size());
         std::string one = text.substr(from, end - from);
         if (!one.empty() && one.back() == '\r') one.pop_back();
-        canvas_->text(a, b, one, color, lineHeight);
+        canvas_->text(a, b, one, color, textHeight_);
         from = end + 1;
     }
     changed();

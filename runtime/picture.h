@@ -16,8 +16,8 @@ struct Color {
     bool operator==(const Color&) const = default;
 };
 
-/// Where a picture is drawn.  Coordinates are canvas units: x to the right from 0 to width(), y down from 0 to
-/// height(); text is placed by its top left corner.
+/// Where a picture is drawn.  Coordinates are canvas units: x to the right from 0 to width(), y down from 0
+/// to height(); text is placed by its top left corner.
 class Canvas {
 public:
     virtual ~Canvas() = default;
@@ -36,7 +36,7 @@ public:
     enum class Button { Left, Right };
     struct Spec {
         std::string name;
-        int width = 700, height = 500;   ///< usual size in pixels; its shape is kept when a window resizes
+        int width = 700, height = 500;  ///< usual size in pixels; its shape is kept when a window resizes
         Color background = {255, 255, 255};
         std::string hint = "";
     };
@@ -50,11 +50,14 @@ public:
     void resize(int width, int height);
     void clear();
     void setBackground(Color background) { background_ = background; }
+    /// Height of texts from now on, in canvas units.
+    void setTextHeight(double height) { textHeight_ = height; }
 
     // All in user coordinates.  A point far outside, or no number, is not drawn.
     void line(double x1, double y1, double x2, double y2, Color color);
-    void circle(double x, double y, double radius, Color color);   ///< outline; the radius counts in units of x
-    void disc(double x, double y, double radius, Color color);     ///< filled
+    void circle(double x, double y, double radius,
+                Color color);                                   ///< outline; the radius counts in units of x
+    void disc(double x, double y, double radius, Color color);  ///< filled
     void cross(double x, double y, double half, Color color);
     /// Text with its top left corner at (x, y); a line end starts a new line below.
     void text(double x, double y, const std::string& text, Color color = {0, 0, 0});
@@ -73,8 +76,12 @@ public:
     int width() const { return width_; }
     int height() const { return height_; }
     Color background() const { return background_; }
-    double toUserX(double share) const { return left_ + share * (right_ - left_); }   ///< share of the width, 0..1
-    double toUserY(double share) const { return top_ + share * (bottom_ - top_); }    ///< share of the height, 0..1
+    double toUserX(double share) const {
+        return left_ + share * (right_ - left_);
+    }  ///< share of the width, 0..1
+    double toUserY(double share) const {
+        return top_ + share * (bottom_ - top_);
+    }  ///< share of the height, 0..1
     /// The canvas, made at the first use.  Null where the screen draws nothing.
     Canvas* canvas();
 
@@ -83,6 +90,7 @@ private:
 
     int width_, height_;
     Color background_;
+    double textHeight_ = 15;
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
     std::unique_ptr<Canvas> canvas_;
     Mouse click_, release_;

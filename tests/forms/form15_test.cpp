@@ -372,4 +372,36 @@ TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
     expectMessage("Задайте правильно данные");
 }
 
+// The real form of the experiment in the place of the stand-in.
+TEST_F(test::LabTest, AWholePlanInTestModeRunsOnForm2) {
+    lab.desk.show("Form1");
+    auto& form = lab.desk.get<Form15>();
+    for (int i = 1; i <= 7; ++i) {
+        form.Check3(i).set(i <= 3);
+        form.Text11(i).setText(i <= 4 ? "120" : i == 5 ? "1" : "1000");
+        form.Text12(i).setText("10");
+    }
+    form.Option2.choose();
+    form.Command5.press();
+    form.Option5.choose();
+    form.Command8.press();
+    EXPECT_TRUE(screen.messages.empty()) << screen.messages.front().text;
+    EXPECT_EQ(form.Text5.text(), "17");  // 16 points of the rotatable plan are done
+    EXPECT_EQ(lab.s.NPlan, 0);
+    EXPECT_EQ(screen.notices.size(), 1u);
+    EXPECT_EQ(screen.paused, 5000 + 16 * 1000);
+    PlanBlock read = lab.plan;
+    read.Yu = {};
+    ASSERT_TRUE(readTestPlan(lab.tree, read));
+    for (int u = 1; u <= 16; ++u) {
+        EXPECT_GT(lab.plan.Yu[u], 0);
+        EXPECT_NEAR(read.Yu[u], lab.plan.Yu[u], 1e-6);
+        EXPECT_NEAR(lab.plan.Yu[u], testCriterion(lab.plan, u, lab.run.kmTest5, lab.run.kmTest2), 1e-12);
+    }
+    form.Command1.press();
+    form.Command7.press();
+    EXPECT_TRUE(screen.messages.empty());
+    for (int i = 1; i <= 3; ++i) EXPECT_NEAR(form.Text15(i).number(), 50, 1e-3);
+}
+
 }  // namespace tarvex
