@@ -141,6 +141,8 @@ void Form7::place() {
     }
     benchPresent(s, m, b);
     bench_ = b;
+    m.N1 = static_cast<std::int16_t>(b.N1);   // the debug text of a run follows this pair
+    m.N2 = static_cast<std::int16_t>(b.N2);
     placed_ = true;
     showPresent();
     draw();

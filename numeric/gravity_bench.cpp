@@ -71,7 +71,7 @@ void act(const ModelState& s, const Motion& m, const GravityBench& b, int i, int
     angles(i, a.dAlfaVX1, a.dAlfaVY1, a.dBettaVZ1);
     angles(k, a.dAlfaVX2, a.dAlfaVY2, a.dBettaVZ2);
 
-    const bool late = b.useTrace && m.kodDX > 0;
+    const bool late = m.kodVgr == 1 && m.kodDX > 0;   // by the codes of the run, as in the right-hand side
     a.VX = s.VX[i] - (late ? m.AX[i] * a.T : 0);
     a.VY = s.VY[i] - (late ? m.AY[i] * a.T : 0);
     a.VZ = s.VZ[i] - (late ? m.AZ[i] * a.T : 0);

@@ -19,6 +19,8 @@ TEST_F(Form7Test, TwoBodiesAreChosenAndIterated) {
     form.Check1(3).set(true);                    // Mercury and the Earth
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(lab.motion.N1, 1);
+    EXPECT_EQ(lab.motion.N2, 3);
     EXPECT_NEAR(toNumber(form.Text8.text()), toNumber(form.Text7.text()) * MK / (0.001 * Vsv), 1);
     form.Command3.press();
     EXPECT_EQ(form.Text10.text(), "1");
