@@ -266,6 +266,7 @@ std::vector<std::string> experimentScript(const BatchOptions& options, int plane
         (setting.control.starts_with("Form1.") ? first : setting.control.starts_with("Form15.") ? plan : last).push_back(line);
     }
     if (!first.empty()) first.insert(first.end(), {"Form1.Command3", "Form1.Command12"});
+    first.emplace_back("Form1.Command1");      // hands the elements over to modelling
     plan.insert(plan.end(), {"Form15.Option6 = on", "Form15.Command5", "Form15.Command14"});
     std::vector<std::string> script = first;
     script.insert(script.end(), plan.begin(), plan.end());

@@ -50,6 +50,8 @@ void takeScales(const Experiment& e, const RunSettings& set) {
     e.s.kDt = toInt16(toNumber(set.Text39));
     e.run.dYplot = toNumber(set.Text36);
     e.s.NC = 0;
+    // a run that does not go on would never end: back in time goes by kodTime, never by the step's sign
+    if (!(e.s.Dt > 0) || e.s.kDt < 0) throw ArithmeticFailure("the step is not positive");
 }
 
 void takeClock(const Experiment& e, const RunSettings& set) {
