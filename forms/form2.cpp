@@ -115,7 +115,7 @@ Layout Form2::elementTable() {
     line(Text20, Text18, Text29);
     line(Text46, Text47, Text10);
     line(Text48, Text49, Text15);
-    return frame("Параметры орбиты; сдвиги углов в секундах дуги", table(4, std::move(cells)));
+    return frame("Параметры орбиты, сдвиги углов в секундах", table(4, std::move(cells)));
 }
 
 void Form2::arrange() {
@@ -127,25 +127,25 @@ void Form2::arrange() {
                                   column({fields(2, {Text38, Text39}), row({fields(1, {Text37}), "шагов"}),
                                           row({Check14, Text40, "году"}), row({Check17, Check19, Check18})}));
     const Layout measuring =
-        frame("Измерение и записи", column({row({Check4, Text13, fields(1, {Text17})}),
-                                            row({Check20, Check22}), row({Check2, Check12, Check21})}));
+        frame("Измерение и записи", column({row({Check4, Text13}), row({fields(1, {Text17}), Check22}),
+                                            Check20, row({Check2, Check21}), Check12}));
     const Layout plots =
-        frame("Графики", column({row({Check8, Check9, Check10, Check11}), row({Check15, Check16}),
+        frame("Графики", column({row({Check8, Check9, Check10}), row({Check11, Check15, Check16}),
                                  row({Check5, Check6, Check7}), row({Check3, Check1}),
                                  fields(2, {Text5, Text9, Text21, Text36})}));
-    const Layout clock = frame("Время", column({fields(3, {Text1, Text50, Text14}),
-                                                row({"дата", fields(3, {Text44, Text43, Text42})})}));
-    const Layout place =
-        frame("Положение", column({fields(2, {Text2, Text11, Text34, Text12, Text19, Text30, Text41})}));
-    const Layout passages =
-        frame("Пройдено", column({row({"AlfaP пройден", fields(3, {Text28, Text27, Text26})}),
-                                  row({"AlfaU пройден", fields(3, {Text33, Text32, Text31})})}));
     const Layout commands =
-        frame("Команды", column({row({Command1, Command4, Command5, Command2}),
-                                 row({Command9, Command7, Command3}), row({Command10, Command8, Command6})}));
-    layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
-                   column({clock, place, passages, elementTable(), Picture2, stretch()}),
-                   column({Picture1, row({Label1, HScroll1})})});
+        frame("Команды", column({row({Command1, Command4, Command5, Command2}), row({Command9, Command7}),
+                                 row({Command3, Command10, Command8, Command6})}));
+    const Layout clock =
+        frame("Время",
+              column({fields(2, {Text1, Text50, Text14}),
+                      table(4, {"", "год", "месяц", "день", "дата", Text44, Text43, Text42, "AlfaP пройден",
+                                Text28, Text27, Text26, "AlfaU пройден", Text33, Text32, Text31})}));
+    const Layout place =
+        frame("Положение", fields(2, {Text2, Text11, Text34, Text12, Text19, Text30, Text41}));
+    layout_ =
+        row({column({kind, stepping, measuring, plots, commands, stretch()}),
+             column({clock, place, elementTable(), Picture2}), column({Picture1, row({Label1, HScroll1})})});
 }
 
 void Form2::load() {

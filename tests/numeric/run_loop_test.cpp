@@ -3,28 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <limits>
-#include <new>
 
 #include "core/failure.h"
 #include "numeric/integrator.h"
+#include "tests/numeric/allocation_counter.h"
 #include "tests/support/ephemeris_files.h"
 #include "tests/support/test_run.h"
 #include "theories/geometry.h"
-
-namespace {
-std::size_t allocations = 0;
-}
-
-// Every allocation of this program is counted, so that a run can be asked for its own.
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 namespace tarvex {
 
@@ -218,8 +204,8 @@ TEST(RunLoop, StepsAllocateNothing) {
     t.start();
     struct Counter : RunPort {
         bool giveWay() override {
-            if (++passes == 1) before = allocations;
-            counted = allocations - before;
+            if (++passes == 1) before = test::allocations();
+            counted = test::allocations() - before;
             return passes < 150;
         }
         std::size_t before = 0, counted = 0;
