@@ -1,6 +1,7 @@
 #include "forms/form2.h"
 
 #include "forms/form1.h"
+#include "forms/form15.h"
 #include "stats/test_plan.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -282,6 +283,39 @@ TEST_F(Form2Test, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 0.11);
     EXPECT_EQ(lab.run.Tsec, 0);  // nothing was integrated
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt"));
+}
+
+// The plan's own form drives this one: the whole plan in test mode, then two real experiments.
+TEST_F(Form2Test, TheFormOfThePlanDrivesItsExperiments) {
+    Form15& owner = lab.desk.get<Form15>();
+    for (int i = 1; i <= 7; ++i) owner.Check3(i).set(i <= 2);
+    owner.Command5.press();
+    const double zero[] = {0, 100, 100, 100, 100, 1, lab.s.km[5], lab.s.km[2]};
+    for (int i = 1; i <= 7; ++i) owner.Text11(i).show(zero[i]);
+    owner.Option5.choose();
+    owner.Command8.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(lab.plan.Nexp, 10);
+    EXPECT_EQ(lab.s.NPlan, 0);
+    const std::string file = readBytes(folder.path() / "Dat/NabPlan2.txt");
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 1 + 1 + 2 + 1 + 9);
+
+    owner.Option6.choose();
+    owner.Text4.setText("4");
+    owner.Text5.setText("8");
+    owner.Text6.setText("9");
+    form->Text40.setText("1800");
+    owner.Command8.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan4/Txt1/Tarvex1Ras7.txt"));
+    for (const char* e : {"8", "9"}) {
+        const std::string head =
+            readBytes(folder.path() / ("Plan4/Txt1/Tarvex1Ras" + std::string(e) + ".txt"));
+        EXPECT_TRUE(head.starts_with("эксперимент № " + std::string(e))) << head;
+        EXPECT_NE(head.find("   kodDX= 2   kodPgr= 5"), std::string::npos);
+    }
+    EXPECT_EQ(lab.s.VXsys, lab.plan.XU[1][9]);
+    EXPECT_EQ(lab.s.NPlan, 0);
 }
 
 TEST_F(Form2Test, AnimationDrawsTickedBodiesAndErasesTheOldPlaces) {

@@ -136,6 +136,16 @@ TEST(Records, EnergyRunWritesPercentsAtEachDisplay) {
     EXPECT_NE(first.find("____Vpl= 00"), first.npos);
 }
 
+TEST(Records, AFolderThatVanishesEndsTheRun) {
+    TestRun t;
+    t.settings.boxes.records = true;
+    t.settings.Text39 = "50";
+    t.start();
+    std::filesystem::remove_all(t.folder.path() / "Plan0");
+    EXPECT_THROW(t.go(), Refusal);
+    EXPECT_EQ(t.run.NZamer, 3);  // the first perihelion that has a record
+}
+
 TEST(Records, PathsAndCountsOfModelsAndImitators) {
     TestRun t;
     t.run.kodModel = 1;
