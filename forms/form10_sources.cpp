@@ -89,9 +89,11 @@ void Form10::chooseTable(int i) {
         ReadTableCells(s, r.table, r.date, almagestPrecReduction, Check19.on());
     } catch (const std::exception&) {
         s.kodStop = 1;
+        r.table.close();   // so that the same choice tries again
         throw Refusal("Ошибка вычислений в таблицах" + s.NameData, "Tarvex7.0");
     }
     r.table.PrecTab0 = s.Prec;
+    startPasses(reduction());   // a step without "Начать" begins here
     if (i == alKhwarizmi && Check19.on()) r.table.PrecTab0 -= r.choices.Precess * 15 / 100 / 3600;
 }
 
