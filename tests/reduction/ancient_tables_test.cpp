@@ -132,4 +132,21 @@ TEST_F(Table, ReadsAWorkbookThroughTheOffice) {
     EXPECT_THROW(openTable(t, 1, office, DataTree(folder.path())), OpenFailure);
 }
 
+TEST_F(Table, TheAlmagestBesideTheProgramHasPtolemysSun) {
+    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
+    SpreadsheetOffice office;
+    openTable(t, 4, office, DataTree(TARVEX_SOURCE_DIR "/data"));
+    s.IplSel = 0;
+    // The autumn equinox of his own observations: year 887 of Nabonassar, 8/9 Athyr, an hour after sunrise.
+    date = {887, 3, 8, 19, 8.79};
+    read();
+    EXPECT_NEAR(s.Lpl[0], 180, 0.05);
+    EXPECT_EQ(s.Bpl[0], 0);
+    date = {1, 1, 1, 0, 1};
+    read();
+    EXPECT_NEAR(s.Lpl[0], 330.75 + 2.32, 0.1) << "the epoch: mean 330;45, equation 2;19";
+    s.IplSel = 11;
+    EXPECT_THROW(read(), ConversionFailure) << "the workbook does not claim a Moon";
+}
+
 }  // namespace tarvex

@@ -12,6 +12,7 @@
 #include "reduction/reduction_files.h"
 #include "stats/stat.h"
 #include "tests/support/temp_folder.h"
+#include "theories/perturbations.h"
 #include "theories/secular_theories.h"
 
 namespace tarvex {
@@ -134,6 +135,40 @@ TEST_F(Bench, TheSunStandsWhereTheAlmanacHasIt) {
         EXPECT_NEAR(arcSeconds(r.Lt, 198.378178), 0, 60);
         EXPECT_NEAR(arcSeconds(r.Bt, -7.783871), 0, 40);
     }
+}
+
+TEST_F(Bench, AgainstApparentPlacesComputedFromTheEphemerisByOtherRoutines) {
+    const DataTree data(TARVEX_SOURCE_DIR "/data");
+    readPlanetPerturbations(s, data.at(files::perturbations(1)));
+    s.Ipert1 = {0, 2, 3, 2, 3};
+    s.Ipert2 = {0, 5, 5, 5, 5};
+    r.header = r.file.open(data.at(observationFileName("SUMM", 0, "100", "")), "").text;
+    EXPECT_NE(r.header.find("Это не наблюдения"), std::string::npos);
+    s.God0 = 1985;
+    r.GodK = 2004;
+    s.JDepoha = 2446066.5;
+    c.earth = EarthTheory::Ser0Plus;
+    const auto means = [&] {
+        startReduction(all);
+        ReductionRun(all, view);
+        EXPECT_NEAR(r.NObs, 20 * 73, 2);
+        return SkyPlace{3600 * r.sumL / r.NObs, r.criterion[3][2][0]};   // mean of dL, scatter of dB
+    };
+    c.aberrSource = c.aberrReceiver = c.nutation = true;
+    const SkyPlace full = means();
+    EXPECT_NEAR(full.L, 0, 4);
+    EXPECT_LT(r.criterion[2][1][0], 9);
+    c.earthMoonTerms = true;
+    means();
+    EXPECT_LT(r.criterion[2][1][0], 4.5) << "the fitted terms";
+    c.earthMoonTerms = false;
+    c.aberrReceiver = false;
+    EXPECT_NEAR(means().L - full.L, 20.5, 0.5);
+    c.aberrReceiver = true;
+    c.parallax = true;   // the places are free of it: at a pole they move by 8.8 arc seconds in declination
+    s.ObsB = 90;
+    means();
+    EXPECT_NEAR(3600 * r.sumB / r.NObs, -8.79 * 0.96, 1.2);
 }
 
 TEST_F(Bench, RefractionLowersTheTheoryAndTheStagesKeepTheirOrder) {
