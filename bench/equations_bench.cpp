@@ -19,12 +19,15 @@ struct Law {
     bool relativistic;
     std::int16_t kodVgr, kodDX, kodPgr;
     double nR;
+    bool atStage = true;  // speeds along the lines at every stage, the dearest form
 };
 constexpr Law laws[] = {
     {"classical", false, 0, 0, 0, 2},
     {"relativistic", true, 0, 0, 0, 2},
     {"DX2 Lienard-Wiechert", false, 1, 2, 5, 2},
+    {"DX2 Lienard-Wiechert once a step", false, 1, 2, 5, 2, false},
     {"DX1", false, 1, 1, 0, 2},
+    {"DX2", false, 1, 2, 0, 2},
     {"DX2 Weber", false, 1, 2, 2, 2},
     {"DX3 Gerber", false, 1, 3, 4, 2},
     {"free exponent", false, 0, 0, 0, 2.1},
@@ -41,7 +44,7 @@ struct Experiment {
         motion.kodVgr = law.kodVgr;
         motion.kodDX = law.kodDX;
         motion.kodPgr = law.kodPgr;
-        motion.kodDiffurV = law.kodPgr != 0 ? 1 : 0;  // the dearest form: speeds at every stage
+        motion.kodDiffurV = law.kodPgr != 0 && law.atStage ? 1 : 0;
         motion.nR = law.nR;
         motion.kPgr1 = motion.kPgr2 = 1;
         motion.dTstage = s.Dt / 2;

@@ -5,6 +5,7 @@
 #include "core/failure.h"
 #include "numeric/lane_kernels.h"
 #include "numeric/pressure_laws.h"
+#include "numeric/trace_lines.h"
 
 namespace tarvex {
 namespace kernel {
@@ -59,7 +60,8 @@ TARVEX_LANES void newtonPairs(Motion& m, const BodyLanes& b, Watch& seen, Sums& 
     for (int i = 0; i < bodies; ++i) {
         const Actor a(m, b, i);
         for (int j = 0; j < lanes; j += 4) {
-            const Line line = retardedLine<0>(0, b, a, i, j, watch);
+            const Line line = presentLine(b, a, i, j, watch);
+            watch.notHuge(line.r);
             const Four inverse = 1 / line.r, f = magnitude<true>(m, i, j, line, inverse, 2, watch);
             keepLine(m, i, j, line);
             keepForce(m, i, j, pull(line, inverse, f, f), sums);
@@ -75,7 +77,21 @@ TARVEX_LANES void linePairs(Motion& m, const BodyLanes& b, Watch& seen) {
     Watch watch = seen;
     for (int i = 0; i < bodies; ++i) {
         const Actor a(m, b, i);
-        for (int j = 0; j < lanes; j += 4) keepLine(m, i, j, retardedLine<form>(perVgr, b, a, i, j, watch));
+        Line lines[3];
+        rowLines<form>(perVgr, b, a, i, lines, watch);
+        for (int n = 0; n < 3; ++n) keepLine(m, i, 4 * n, lines[n]);
+    }
+    seen = watch;
+}
+
+/// The lines of every pair by the traces.
+TARVEX_LANES void tracePairs(const ModelState& s, Motion& m, const BodyLanes& b, Watch& seen) {
+    const double Vgr = m.Vgr;
+    Watch watch = seen;
+    for (int i = 0; i < bodies; ++i) {
+        const Actor a(m, b, i);
+        const TracedActor traced(s, m, a, i);
+        for (int j = 0; j < lanes; j += 4) keepLine(m, i, j, tracedLine(Vgr, b, a, traced, i, j, watch));
     }
     seen = watch;
 }
@@ -118,13 +134,15 @@ TARVEX_KERNEL void newton(Motion& m, const BodyLanes& b, Watch& watch) {
     accelerations(m, sums, watch);
 }
 
-TARVEX_KERNEL void retardedLines(Motion& m, const BodyLanes& b, int form, Watch& watch) {
+TARVEX_KERNEL void retardedLines(const ModelState& s, Motion& m, const BodyLanes& b, int form, Watch& watch) {
     if (form == 0)
         linePairs<0>(m, b, watch);
     else if (form == 1)
         linePairs<1>(m, b, watch);
-    else
+    else if (form == 2)
         linePairs<2>(m, b, watch);
+    else
+        tracePairs(s, m, b, watch);
 }
 
 template <bool square>
@@ -210,10 +228,9 @@ void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
     if (form == 0 && kodPgr == 0 && m.nR == 2) {
         newton(m, b, watch);
     } else {
-        if (form == 3)
-            tracedLines(s, m, b, watch);
-        else
-            retardedLines(m, b, form, watch);
+        if (form == 3 && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
+            throw SubscriptFailure("the trace has not been made");
+        retardedLines(s, m, b, form, watch);
         if (m.nR == 2)
             squareForces(s, m, b, kodPgr, watch);
         else

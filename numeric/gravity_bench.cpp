@@ -20,8 +20,8 @@ double attraction(const ModelState& s, const GravityBench& b, double L) {
 }
 
 /// Coordinate of the trace on one axis for a delay T; `before` is that of the last iteration.
-double onTrace(const Motion& m, const Trace& saved, const Rows& X, const Rows& VX, const BodyArray& AX, int body, double T,
-               double Dt, double before) {
+double onTrace(const Motion& m, const Trace& saved, const Rows& X, const Rows& VX, const BodyArray& AX,
+               int body, double T, double Dt, double before) {
     const double straight = X[body] - VX[body] * T, curved = straight + AX[body] * T * T / 2;
     if (m.kodDX == 1) return straight;
     if (m.kodDX == 2) return curved;
@@ -32,7 +32,7 @@ double onTrace(const Motion& m, const Trace& saved, const Rows& X, const Rows& V
     for (int n = 0; n < m.NSled && n + 1 < saved.size(); ++n)
         if (n * Dt + dT < T && T < (n + 1) * Dt + dT)
             return saved.at(n, body) - (saved.at(n, body) - saved.at(n + 1, body)) * (T - dT - Dt * n) / Dt;
-    return before;      // exactly on a point of the trace: the last place stays, as in the right-hand side
+    return before;  // exactly on a point of the trace: the last place stays, as in the right-hand side
 }
 
 GravityBench::Point traceOf(const ModelState& s, const Motion& m, const GravityBench& b, int body, double T,
@@ -43,14 +43,17 @@ GravityBench::Point traceOf(const ModelState& s, const Motion& m, const GravityB
             onTrace(m, m.SledZsave, s.Z, s.VZ, m.AZ, body, T, s.Dt, before.Z)};
 }
 
-/// Projection of a velocity on the line, from the signs of the present velocity and the sizes of the one that counts.
-double projection(double cosA, double sinA, double cosB, double sinB, double vx, double vy, double vz, double x, double y, double z) {
+/// Projection of a velocity on the line, from the signs of the present velocity and the sizes of the one that
+/// counts.
+double projection(double cosA, double sinA, double cosB, double sinB, double vx, double vy, double vz,
+                  double x, double y, double z) {
     const auto sign = [](double v) { return v < 0 ? -1.0 : 1.0; };
-    return sign(vz) * sinB * std::abs(z) + cosB * sign(vx) * cosA * std::abs(x) + cosB * sign(vy) * sinA * std::abs(y);
+    return sign(vz) * sinB * std::abs(z) + cosB * sign(vx) * cosA * std::abs(x) +
+           cosB * sign(vy) * sinA * std::abs(y);
 }
 
-void act(const ModelState& s, const Motion& m, const GravityBench& b, int i, int k, const GravityBench::Point& from,
-         GravityBench::Action& a) {
+void act(const ModelState& s, const Motion& m, const GravityBench& b, int i, int k,
+         const GravityBench::Point& from, GravityBench::Action& a) {
     a.DX = s.X[k] - from.X;
     a.DY = s.Y[k] - from.Y;
     a.DZ = s.Z[k] - from.Z;
@@ -59,8 +62,12 @@ void act(const ModelState& s, const Motion& m, const GravityBench& b, int i, int
     ratio(1, Rxy);
     a.T = ratio(a.L, m.Vgr);
     a.Betta = std::atan(a.DZ / Rxy);
-    // the longitude in its quadrant; on the Y axis half a turn is added to it as well, as in the right-hand side
-    a.Alfa = a.DX == 0 ? (a.DY < 0 ? 2.5 : 1.5) * Pi : std::atan(a.DY / a.DX) + (a.DX < 0 ? Pi : a.DY <= 0 ? 2 * Pi : 0);
+    // the longitude in its quadrant; on the Y axis half a turn is added to it as well, as in the right-hand
+    // side
+    a.Alfa = a.DX == 0 ? (a.DY < 0 ? 2.5 : 1.5) * Pi
+                       : std::atan(a.DY / a.DX) + (a.DX < 0    ? Pi
+                                                   : a.DY <= 0 ? 2 * Pi
+                                                               : 0);
     const double cosA = std::cos(a.Alfa), sinA = std::sin(a.Alfa), cosB = Rxy / a.L, sinB = a.DZ / a.L;
 
     const auto angles = [&](int body, double& x, double& y, double& z) {
@@ -71,7 +78,7 @@ void act(const ModelState& s, const Motion& m, const GravityBench& b, int i, int
     angles(i, a.dAlfaVX1, a.dAlfaVY1, a.dBettaVZ1);
     angles(k, a.dAlfaVX2, a.dAlfaVY2, a.dBettaVZ2);
 
-    const bool late = m.kodVgr == 1 && m.kodDX > 0;   // by the codes of the run, as in the right-hand side
+    const bool late = m.kodVgr == 1 && m.kodDX > 0;  // by the codes of the run, as in the right-hand side
     a.VX = s.VX[i] - (late ? m.AX[i] * a.T : 0);
     a.VY = s.VY[i] - (late ? m.AY[i] * a.T : 0);
     a.VZ = s.VZ[i] - (late ? m.AZ[i] * a.T : 0);

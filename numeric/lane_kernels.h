@@ -95,27 +95,48 @@ TARVEX_LANES Line lineOf(Four dx, Four dy, Four dz, Four idle) {
     return {dx, dy, dz, flat, root(flat + dz * dz)};
 }
 
-/// The line to where body i was when its pull left: now (form 0), by its speed (form 1) and acceleration
-/// (form 2), in two iterations by count.
-template <int form>
-TARVEX_LANES Line retardedLine(double perVgr, const BodyLanes& b, const Actor& a, int i, int j,
-                               Watch& watch) {
-    const Four idle = at(idleTable.idle[i], j);
-    const Four dx = at(b.x, j) - a.x, dy = at(b.y, j) - a.y, dz = at(b.z, j) - a.z;
-    Line line = lineOf(dx, dy, dz, idle);
+TARVEX_LANES Line presentLine(const BodyLanes& b, const Actor& a, int i, int j, Watch& watch) {
+    const Line line = lineOf(at(b.x, j) - a.x, at(b.y, j) - a.y, at(b.z, j) - a.z, at(idleTable.idle[i], j));
     watch.nonZero(line.flat);
-    for (int iteration = 1; form != 0 && iteration <= 2; ++iteration) {
-        const Four t = line.r * perVgr;
-        if constexpr (form == 1) {
-            line = lineOf(dx + a.vx * t, dy + a.vy * t, dz + a.vz * t, idle);
-        } else {
-            line = lineOf(dx + a.vx * t - a.ax * t * t * 0.5, dy + a.vy * t - a.ay * t * t * 0.5,
-                          dz + a.vz * t - a.az * t * t * 0.5, idle);
-        }
-        watch.nonZero(line.flat);
-    }
-    watch.notHuge(line.r);
     return line;
+}
+
+/// The line to where body i was a delay ago, by its speed (form 1) and acceleration (form 2), with the delay
+/// of the line given; the differences of `present` are those of now.
+template <int form>
+TARVEX_LANES Line delayedLine(double perVgr, const Line& present, const Line& last, const Actor& a, int i,
+                              int j, Watch& watch) {
+    const Four t = last.r * perVgr, half = t * t * 0.5;
+    Four dx = present.dx + a.vx * t, dy = present.dy + a.vy * t, dz = present.dz + a.vz * t;
+    if constexpr (form == 2) {
+        dx -= a.ax * half;
+        dy -= a.ay * half;
+        dz -= a.az * half;
+    }
+    const Line line = lineOf(dx, dy, dz, at(idleTable.idle[i], j));
+    watch.nonZero(line.flat);
+    return line;
+}
+
+/// The three lines of row i to where body i was when its pull left: now (form 0), or retarded in two
+/// iterations by count.  The three go abreast, so that their chains of roots overlap.
+template <int form>
+TARVEX_LANES void rowLines(double perVgr, const BodyLanes& b, const Actor& a, int i, Line (&lines)[3],
+                           Watch& watch) {
+    const Line first = presentLine(b, a, i, 0, watch), second = presentLine(b, a, i, 4, watch);
+    const Line third = presentLine(b, a, i, 8, watch);
+    Line one = first, two = second, three = third;
+    for (int iteration = 1; form != 0 && iteration <= 2; ++iteration) {
+        one = delayedLine<form>(perVgr, first, one, a, i, 0, watch);
+        two = delayedLine<form>(perVgr, second, two, a, i, 4, watch);
+        three = delayedLine<form>(perVgr, third, three, a, i, 8, watch);
+    }
+    watch.notHuge(one.r);
+    watch.notHuge(two.r);
+    watch.notHuge(three.r);
+    lines[0] = one;
+    lines[1] = two;
+    lines[2] = three;
 }
 
 TARVEX_LANES void keepLine(Motion& m, int i, int j, const Line& line) {
@@ -158,9 +179,5 @@ void checkWatch(Motion& m, const Watch& watch);
 
 /// Forms the products of masses, ticks and gamma again if one of them has changed.
 void formWeights(const ModelState& s, PairWeights& w);
-
-/// Lines of every pair by the trace of body i, in two iterations from the present lines.  A time that falls
-/// exactly on the grid of the trace keeps the differences of the iteration before: that is meant.
-void tracedLines(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch);
 
 }  // namespace tarvex::kernel

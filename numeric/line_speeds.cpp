@@ -93,8 +93,10 @@ TARVEX_LANES void speedPairs(const ModelState& s, Motion& m, const BodyLanes& b,
     Watch watch = seen;  // in registers
     for (int i = 0; i < bodies; ++i) {
         const Actor a(m, b, i);
+        Line lines[3];
+        rowLines<form>(perVgr, b, a, i, lines, watch);
         for (int j = 0; j < lanes; j += 4) {
-            const Line line = retardedLine<form>(perVgr, b, a, i, j, watch);
+            const Line& line = lines[j / 4];
             const Direction u(line, 1 / line.r, at(idleTable.busy[i], j));
             const Four t = line.r * perVgr;
             keepLine(m, i, j, line);

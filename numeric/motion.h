@@ -30,11 +30,13 @@ public:
     int size() const { return size_; }  ///< count of positions a body, 0 before the first resize
     double at(int n, int body) const { return cells_[static_cast<std::size_t>(body * size_ + slot(n))]; }
     double& at(int n, int body) { return cells_[static_cast<std::size_t>(body * size_ + slot(n))]; }
+    /// The ring of one body and the place of index n in it, for readers of several coordinates at once.
+    const double* ring(int body) const { return &cells_[static_cast<std::size_t>(body * size_)]; }
+    int slot(int n) const { return head_ + n < size_ ? head_ + n : head_ + n - size_; }
     /// Moves every position one index back and drops the oldest; index 0 is then to be written.
     void shift() { head_ = head_ == 0 ? size_ - 1 : head_ - 1; }
 
 private:
-    int slot(int n) const { return head_ + n < size_ ? head_ + n : head_ + n - size_; }
     std::vector<double> cells_;
     int size_ = 0, head_ = 0;
 };
@@ -82,10 +84,9 @@ struct Motion {
     double Vsv2 = Vsv * Vsv;
 
     // --- pairs: from i to j, after retardation from the trace of i
-    alignas(32) PairArray DXp{}, DYp{}, DZp{};  ///< m
-    alignas(32) PairArray Rik{};                ///< m
-    alignas(32) PairArray Tik{};  ///< Rik/Vgr, s; kept by the trace only, elsewhere formed where it is needed
-    alignas(32) PairArray Fik{};  ///< N
+    alignas(32) PairArray DXp{}, DYp{}, DZp{};     ///< m
+    alignas(32) PairArray Rik{};                   ///< m
+    alignas(32) PairArray Fik{};                   ///< N
     alignas(32) PairArray FXik{}, FYik{}, FZik{};  ///< N; accelerations in the relativistic model
     bool fullQuadrant = false;         ///< AlfaIK has been put into its quadrant by the speeds along the line
     std::array<double, bodies> Phi{};  ///< potential of the relativistic model, m^2/s^2

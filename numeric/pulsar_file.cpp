@@ -10,7 +10,8 @@ PulsarData readPulsar(const std::filesystem::path& path) {
     file.line();
     file.line();
     PulsarData data;
-    for (double* value : {&data.m1, &data.m2, &data.Eks, &data.AlfaP, &data.Betta}) *value = file.number() / MK;
+    for (double* value : {&data.m1, &data.m2, &data.Eks, &data.AlfaP, &data.Betta})
+        *value = file.number() / MK;
     data.Rsr = file.number();
     data.P0 = file.number() / MK;
     return data;
@@ -18,10 +19,12 @@ PulsarData readPulsar(const std::filesystem::path& path) {
 
 void writePulsar(const std::filesystem::path& path, const PulsarData& data) {
     TextWriter file(path);
-    file.line("km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP град___1000000*Betta град___Rsr м___1000000*P0i сек");
+    file.line(
+        "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP "
+        "град___1000000*Betta град___Rsr м___1000000*P0i сек");
     file.line("  ");
-    file.items(Fix(MK * data.m1), Fix(MK * data.m2), Fix(MK * data.Eks), Fix(MK * data.AlfaP), Fix(MK * data.Betta),
-               Fix(data.Rsr), Fix(MK * data.P0));
+    file.items(Fix(MK * data.m1), Fix(MK * data.m2), Fix(MK * data.Eks), Fix(MK * data.AlfaP),
+               Fix(MK * data.Betta), Fix(data.Rsr), Fix(MK * data.P0));
     file.commit();
 }
 

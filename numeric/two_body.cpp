@@ -14,7 +14,7 @@ namespace tarvex {
 namespace {
 
 constexpr int m1 = 11, m2 = 0;
-constexpr double seam = 5;        ///< longitudes of two steps further apart lie on both sides of 0, degrees
+constexpr double seam = 5;  ///< longitudes of two steps further apart lie on both sides of 0, degrees
 
 double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
 double mass1(const ModelState& s) { return s.m[11]; }
@@ -53,10 +53,13 @@ void geometry(ModelState& s, TwoBody& b) {
 }
 
 double moment(const ModelState& s) {
-    return ((s.VY[m1] - s.VY[m2]) * (s.X[m1] - s.X[m2]) - (s.VX[m1] - s.VX[m2]) * (s.Y[m1] - s.Y[m2])) * mass1(s);
+    return ((s.VY[m1] - s.VY[m2]) * (s.X[m1] - s.X[m2]) - (s.VX[m1] - s.VX[m2]) * (s.Y[m1] - s.Y[m2])) *
+           mass1(s);
 }
 
-double kinetic(const ModelState& s, const TwoBody& b) { return mass1(s) * b.V1 * b.V1 / 2 + mass2(s) * b.V2 * b.V2 / 2; }
+double kinetic(const ModelState& s, const TwoBody& b) {
+    return mass1(s) * b.V1 * b.V1 / 2 + mass2(s) * b.V2 * b.V2 / 2;
+}
 
 void rungeKuttaStep(ModelState& s, TwoBody& b) {
     const auto stageOf = [&](std::array<double, 13>& K, double share) {
@@ -200,7 +203,7 @@ void twoBodyInitialData(ModelState& s) {
 void startTwoBody(ModelState& s, TwoBody& b) {
     if (b.kDt == 0) throw ArithmeticFailure("the step divisor is zero");
     s.X[15] = s.Y[15] = s.Z[15] = 0;
-    b.U = {0,           s.X[m2],  s.Y[m2],  s.Z[m2],  s.X[m1],  s.Y[m1], s.Z[m1],
+    b.U = {0,        s.X[m2],  s.Y[m2],  s.Z[m2],  s.X[m1],  s.Y[m1], s.Z[m1],
            s.VX[m2], s.VY[m2], s.VZ[m2], s.VX[m1], s.VY[m1], s.VZ[m1]};
     geometry(s, b);
     ratio(1, b.distance);
