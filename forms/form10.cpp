@@ -1,4 +1,5 @@
 #include "forms/form10.h"
+#include "forms/table_captions.h"
 
 #include <array>
 
@@ -9,8 +10,6 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::array tableCaptions = {"",  "AlBattani",    "Alfonso*", "AlKhwarizmi*",  "Almagest*", "",
-                                      "",  "Rudolphine*",  "Streete*", "Tycho (0,11)",  "Wing"};
 constexpr std::array observatoryCaptions = {"", "GREN", "PARI", "USNO", "NIKO", "CAPE", "SUMM", "иное"};
 
 /// Fields of a stage and its caption; the precession to the date has none.

@@ -1,4 +1,5 @@
 #include "forms/form16.h"
+#include "forms/table_captions.h"
 
 #include <array>
 #include <cmath>
@@ -38,7 +39,11 @@ std::string hms(ModelState& s, double day) {
 }  // namespace
 
 Form16::Form16(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"), Option9(this, 0, 4, [](int i) {
+    : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"), Option4(this, 0, 10, [](int i) {
+          return OptionButton::Spec{.name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0,
+                                    .hint = i == 0 ? "Таблица не выбрана" : "Открыть таблицу этого автора"};
+      }),
+      Option9(this, 0, 4, [](int i) {
           return OptionButton::Spec{.name = "Option9", .caption = theoryNames[i], .group = "theory", .on = i == 0,
                                     .hint = i == 0 ? "Теория не выбрана" : "Теория или эфемерида положений"};
       }),
@@ -75,10 +80,14 @@ Form16::Form16(Laboratory& lab_)
     Command14.onPress([this] { close(); });
     Option8.onChoose([this] { clearDisks(); });
     Option3.onChoose([this] { clearDisks(); });
+    Option1.onChoose([this] { chooseData(true); });
+    Option2.onChoose([this] { chooseData(false); });
+    for (int i = 0; i <= 10; ++i) Option4(i).onChoose([this, i] { chooseTable(i); }, bad);
     for (OptionButton* frameChoice : {&Option12, &Option13}) frameChoice->onChoose([this] { clearDisks(); });
 
-    std::vector<Layout> theories, stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
+    std::vector<Layout> theories, tables, stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
     for (int i = 0; i <= 4; ++i) theories.emplace_back(Option9(i));
+    for (int i = 0; i <= 10; ++i) tables.emplace_back(Option4(i));
     for (int k = 0; k < static_cast<int>(stageNames.size()); ++k)
         for (const Layout& cell : std::initializer_list<Layout>{stageNames[k], StagesSun(2 * k), StagesSun(2 * k + 1), StagesBody(2 * k), StagesBody(2 * k + 1)})
             stages.push_back(cell);
@@ -87,6 +96,7 @@ Form16::Form16(Laboratory& lab_)
     const Layout calendar = frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16}));
     const Layout sources = frame("Данные", column({row({Option1, Option2}), row(theories)}));
     const Layout riseAndSet = frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}));
+    const Layout ancient = frame("Таблицы древних астрономов", column({table(4, tables), Check4}));
     const Layout contacts = frame("Касания, всемирное время", fields(1, {Contact(1), Contact(2), Contact(3), Contact(4)}));
     layout_ = column({
         row({column({row({when, frame("Место и тело", fields(1, {Text24, Text25, Text1}))}),
@@ -95,7 +105,8 @@ Form16::Form16(Laboratory& lab_)
                      frame("Время", column({row({fields(1, {Text14}), Check5, fields(1, {Text15}), Check6}), fields(1, {Clocks})})),
                      pages({frame("Солнце и тело, град", column({table(5, stages), fields(2, {Text31, Text41})})),
                             frame("Касания, восход и записи",
-                                  row({contacts, riseAndSet, frame("Записи", column({Check13, Check23, Check30}))}))})}),
+                                  row({contacts, riseAndSet, frame("Записи", column({Check13, Check23, Check30}))})),
+                            frame("Таблицы", ancient)})}),
              column({row({Picture3, column({Picture1, Picture4})}),
                      fields(2, {Separation, SumOfRadii, DifferenceOfRadii, Magnitude, GreatestMagnitude, Text27}),
                      row({Option12, Option13, Check2, Check3, Check7, Check8})})}),
@@ -116,7 +127,10 @@ void Form16::load() {
     s.Rpl[3][0] = s.Lae;
 }
 
-void Form16::unload() { lab.s.kodStop = 1; }
+void Form16::unload() {
+    lab.s.kodStop = 1;
+    table_.close();
+}
 
 int Form16::theory() const {
     for (int i = 1; i <= 4; ++i)
@@ -139,13 +153,14 @@ void Form16::takeSettings() {
 
 void Form16::start() {
     ModelState& s = lab.s;
-    if (Option1.on()) throw Refusal("Выберете имитатор", "Tarvex7");
-    if (theory() == 0) throw Refusal("Выберете теорию", "Tarvex7");
+    if (Option1.on() && table_.table == nullptr) throw Refusal("Выберете имитатор", "Tarvex7");
+    if (Option2.on() && theory() == 0) throw Refusal("Выберете теорию", "Tarvex7");
     const std::int32_t body = Text1.int32();
     if (body == 3) throw Refusal("Землю не наблюдали", "Tarvex7");
     if (body < 0 || body > 11) throw SubscriptFailure("no body " + std::to_string(body));
     s.IplSel = body;
-    s.NameData = theoryNames[theory()];
+    s.NameData = Option1.on() ? table_.table->name : theoryNames[theory()];
+    e_.readTable = [this] { readTable(Check4.on()); };
     takeSettings();
     EclipseMasses(s, e_.source);
     s.ObsL = Text24.number();
@@ -235,8 +250,8 @@ void Form16::setClocks() {
     const double local = s.ObsL / 15 / 24;
     Clocks.setText("UT=" + clockText(s.JDut0 + 0.5) + "   LTut=" + clockText(s.JDut0 + 0.5 + local) +
                    "   UTet2=" + clockText(s.JDut + 0.5) + "   LTet2=" + clockText(s.JDut + 0.5 + local));
-    const double T = (s.JDut0 - JD2000) / 36525;
     if (e_.source == Eclipse::Source::Tables) return;
+    const double T = (s.JDut0 - JD2000) / 36525;
     PrecessMatrixEcl(s, (1579341 - JD2000) / 36525, T);
     Text31.show(cut6(s.Prec * kUgol));
     PrecessMatrixEcl(s, 0, T);
@@ -244,7 +259,8 @@ void Form16::setClocks() {
 }
 
 void Form16::showPlaces() {
-    for (int k = 0; k < static_cast<int>(stageNames.size()); ++k) {
+    const int firstStage = e_.source == Eclipse::Source::Tables ? 3 : 0;    // a table gives apparent places of date
+    for (int k = firstStage; k < static_cast<int>(stageNames.size()); ++k) {
         const auto &sun = stageOf(e_.sun, k), &body = stageOf(e_.body, k);
         StagesSun(2 * k).show(cut6(sun.L));
         StagesSun(2 * k + 1).show(cut6(sun.B));

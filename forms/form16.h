@@ -5,6 +5,7 @@
 #include <deque>
 
 #include "forms/laboratory.h"
+#include "reduction/ancient_tables.h"
 #include "reduction/eclipse.h"
 
 namespace tarvex {
@@ -142,6 +143,7 @@ public:
                            .caption = "день от 12 час.",
                            .group = "daystart",
                            .hint = "Сутки начинаются в полдень"}};
+    OptionButtons Option4;  ///< ancient table 0..10, item 0 blank
     OptionButtons Option9;  ///< theory 0..4, item 0 blank
     CheckBox Check1{
         this, {.name = "Check1", .caption = "Start+Stop", .hint = "После начала сделать только один шаг"}};
@@ -150,6 +152,10 @@ public:
                     {.name = "Check3",
                      .caption = "+ траектории на Солнце",
                      .hint = "Отмечать путь центра тела по диску"}};
+    CheckBox Check4{this,
+                    {.name = "Check4",
+                     .caption = "исправить Prec* от года создания табл.",
+                     .hint = "Заменить прецессию таблицы отсчетом от ее начала, 5025 сек. дуги за век"}};
     CheckBox Check7{this,
                     {.name = "Check7",
                      .caption = "+ экватор",
@@ -280,6 +286,9 @@ private:
 
     int theory() const;
     void takeSettings();
+    void chooseData(bool tables);
+    void chooseTable(int i);
+    void readTable(bool correct);
     void start();
     void EclipseRun();
     void oneStep();
@@ -301,6 +310,7 @@ private:
     Laboratory& lab;
     Eclipse e_;
     Contacts contacts_;
+    TableInUse table_;              ///< the workbook of this form
     std::string startDay_, startMonth_, startYear_;
     std::int16_t kalend_ = 0;  ///< calendar of the date fields
     double zone_ = 0;          ///< and their day start, hours

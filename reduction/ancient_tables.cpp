@@ -151,7 +151,7 @@ void openTable(TableInUse& t, int option, SpreadsheetOffice& office, const DataT
 }
 
 double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& date, double almagestPrec,
-                      bool correct) {
+                      bool correct, bool alsoSun) {
     if (t.table == nullptr) throw Failure("no table is open");
     const AncientTable& table = *t.table;
     const double PrecNow = (s.JDut0 - s.JDepoha) * tablePrecession;
@@ -166,6 +166,8 @@ double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& da
         if (body->latitude) wanted.push_back(*body->latitude);
         if (body->southMark) wanted.push_back(*body->southMark);
     }
+    const TableBody* sun = alsoSun && b != 0 ? bodyOf(table, 0) : nullptr;
+    if (sun != nullptr) wanted.push_back(sun->longitude);
     const auto values = t.book->calculate(
         {table.date.begin(), table.date.end()},
         {double(date.GodObs), double(date.MesObs), double(date.DenObsI), date.ChasObs}, wanted);
@@ -176,9 +178,13 @@ double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& da
     if (body != nullptr) {
         const double L = numberIn(*value++);
         double B = body->latitude ? numberIn(*value++) : 0;
-        if (body->southMark && textIn(*value) == "S") B = -B;
+        if (body->southMark && textIn(*value++) == "S") B = -B;
         s.Lpl[b] = L;
         s.Bpl[b] = B;
+    }
+    if (sun != nullptr) {
+        s.Lpl[0] = numberIn(*value);
+        s.Bpl[0] = 0;
     }
     if (table.addsPrecession) {
         s.Lpl[0] += s.Prec;

@@ -80,9 +80,10 @@ inline constexpr double almagestPrecReduction = 3.9, almagestPrecEclipse = 6.83;
 /// @param correct       replace the table's own precession: PrecTab0 at the start and 5025 arc seconds a
 /// century from
 ///                      JDepoha to JDut0
+/// @param alsoSun       read Lpl(0) as well, in the same exchange
 /// @return the precession that stands for the table's own when corrected: PrecTab0 + PrecNow, degrees
 /// Throws Failure.
 double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& date, double almagestPrec,
-                      bool correct);
+                      bool correct, bool alsoSun = false);
 
 }  // namespace tarvex

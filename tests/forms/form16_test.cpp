@@ -2,6 +2,7 @@
 
 #include "tests/forms/lab_fixture.h"
 #include "tests/support/ephemeris_files.h"
+#include "tests/support/test_workbook.h"
 
 namespace tarvex {
 
@@ -89,6 +90,42 @@ TEST_F(Form16Test, OneStepAndTypedClocks) {
     EXPECT_NEAR((lab.s.JDet - lab.s.JDut0) * 1440, 1.5, 1e-5);
     EXPECT_NEAR((lab.s.JDut - lab.s.JDut0) * 1440, -2, 1e-5);
     EXPECT_EQ(form.Text14.text(), "1,5");
+}
+
+/// The table of Wing with a Sun and a Moon that hang on the hour of the local date.
+TEST_F(Form16Test, PlacesOfAnAncientTable) {
+    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
+    std::vector<test::SheetCells> sheets(10);
+    sheets[0] = {{"G47", "=10+[.F14]/2"}, {"G43", "0.25"}};
+    sheets[2] = {{"P19", "10.5"}};
+    form.Option1.choose();
+    form.Option4(9).choose();                     // offered, and does nothing
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Выберете имитатор");
+    form.Option4(10).choose();
+    EXPECT_TRUE(screen.onlyMessage().text.starts_with("Не найден файл\r\n"));
+    test::writeWorkbook(folder.path() / "Tab/Wing.xls", sheets);
+    form.Option4(10).choose();
+    ASSERT_TRUE(screen.messages.empty()) << screen.messages[0].text;
+    EXPECT_EQ(form.Text4.text(), "1640");
+    EXPECT_TRUE(form.Option6.on());
+    form.Text24.setText("0");
+    form.Text2.setText("1,5");                    // twelve hours after the noon at which the table's day begins
+    form.Check1.set(true);
+    form.Check5.set(true);
+    form.Check4.set(true);
+    form.Command1.press();
+    ASSERT_TRUE(screen.messages.empty()) << screen.messages[0].text;
+    EXPECT_EQ(form.StagesSun(0).text(), "");      // a table gives apparent places: no aberration
+    EXPECT_NEAR(toNumber(form.StagesSun(6).text()), 10.5, 0.01);
+    EXPECT_NEAR(toNumber(form.StagesBody(6).text()), 16, 0.1);
+    EXPECT_NEAR(toNumber(form.StagesBody(7).text()), 0.25, 1e-5);
+    EXPECT_EQ(form.Text31.text(), "0");
+    form.Option2.choose();                        // back to the theories
+    form.Option9(4).choose();
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NE(form.StagesSun(0).text(), "");
 }
 
 TEST_F(Form16Test, RefusalsAndBadInput) {
