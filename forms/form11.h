@@ -211,7 +211,7 @@ public:
     ScrollBar HScroll1{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка построений"}};
-    Label Label1{this, {.name = "Label1", .caption = "Масштаб = 30 млн.км/см"}};
+    Label Label1{this, {.name = "Label1", .caption = "Масштаб = 30 млн.км/см", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 620,

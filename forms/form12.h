@@ -239,7 +239,7 @@ public:
                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
     ScrollBar HScroll1{
         this, {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб изображения"}};
-    Label Label1{this, {.name = "Label1"}};
+    Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{
         this,
         {.name = "Picture1", .width = 460, .height = 600, .hint = "Внизу плоскость XY, вверху вид сбоку XZ"}};

@@ -259,7 +259,7 @@ public:
         this, {.name = "Command10", .caption = "dLp*", .hint = "Открыть форму 22: возмущения планет"}};
     CommandButton Command14{this,
                             {.name = "Command14", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    Label Label16{this, {.name = "Label16", .caption = "день от 1.1.1 г. н.э."}};
+    Label Label16{this, {.name = "Label16", .caption = "день от 1.1.1 г. н.э.", .hint = "С какого дня ведется счет дней в этом календаре"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 300,

@@ -37,6 +37,7 @@ Form18::Form18(Laboratory& lab_)
         close();
         desk().unload(Form8::formName);
     });
+    Option8.setLeadsTo(Form8::formName);
     Option8.onChoose([this] { desk().show(Form8::formName); });
 
     std::vector<Layout> factorCells = {"", "нулевой уровень", "", "интервал", "", "Xiopt", "в единицах"};

@@ -247,7 +247,7 @@ public:
     ScrollBar HScroll1{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 50, .hint = "Масштаб изображения; идет в Mx"}};
-    Label Label1{this, {.name = "Label1"}};
+    Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, тыс. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 420,

@@ -4,15 +4,66 @@
 
 namespace tarvex {
 
-Form3::Form3(Laboratory& lab) : Form(lab.desk, formName, "Подсказка      Tarvex7m - форма 3") {
-    Text1.setText(help::mainRoad);
-    Text2.setText(help::forms);
-    Text3.setText(help::form1);
-    Text4.setText(help::rules);
+namespace {
+
+constexpr int optionColumns = 2;
+
+std::vector<int> numbersOf(const Desk& desk) {
+    std::vector<int> numbers;
+    for (const std::string& name : desk.names()) numbers.push_back(formNumber(name));
+    return numbers;
+}
+
+OptionButton::Spec formSpec(int number) {
+    OptionButton::Spec spec{.name = "Option4", .caption = "Форма " + std::to_string(number), .group = "page"};
+    spec.hint = "Кнопки и поля формы " + std::to_string(number);
+    return spec;
+}
+
+HelpPage roadPage() { return {"Главный путь", help::mainRoad}; }
+HelpPage rulesPage() { return {"Числа и файлы", help::rules}; }
+
+}  // namespace
+
+Form3::Form3(Laboratory& lab)
+    : Form(lab.desk, formName, "Подсказка      Tarvex7m - форма 3"),
+      Option4(this, numbersOf(lab.desk), formSpec) {
     Command1.onPress([this] { close(); });
-    layout_ = column({pages({frame("Главный путь", Text1), frame("Формы", Text2),
-                             frame("Кнопки формы 1", Text3), frame("Числа и файлы", Text4)}),
-                      row({stretch(), Command1})});
+    Command2.onPress([this] { find(); });
+    const auto showPage = [this] { Text1.setText(textOf(chosenPage())); };
+    for (OptionButton* option : {&Option1, &Option2, &Option3}) option->onChoose(showPage);
+    std::vector<Layout> forms;
+    for (const int number : numbersOf(lab.desk)) {
+        Option4(number).onChoose(showPage);
+        forms.push_back(Option4(number));
+    }
+    layout_ =
+        column({row({fields(1, {Text2}), Command2, stretch()}),
+                row({column({frame("Раздел", column({Option1, Option2, Option3})),
+                             frame("Кнопки и поля", table(optionColumns, std::move(forms))), stretch()}),
+                     Text1}),
+                row({stretch(), Command1})});
+}
+
+void Form3::load() { Text1.setText(textOf(chosenPage())); }
+
+HelpPage Form3::chosenPage() const {
+    if (Option1.on()) return roadPage();
+    if (Option2.on()) return rulesPage();
+    for (const int number : numbersOf(desk()))
+        if (Option4(number).on()) return pageOfForm(desk(), "Form" + std::to_string(number));
+    return listOfForms(desk());
+}
+
+std::vector<HelpPage> Form3::pages() const {
+    std::vector<HelpPage> all{roadPage(), rulesPage(), listOfForms(desk())};
+    for (const std::string& name : desk().names()) all.push_back(pageOfForm(desk(), name));
+    return all;
+}
+
+void Form3::find() {
+    const bool nothing = Text2.text().find_first_not_of(' ') == std::string::npos;
+    Text1.setText(nothing ? textOf(chosenPage()) : searchHelp(pages(), Text2.text()));
 }
 
 }  // namespace tarvex

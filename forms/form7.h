@@ -228,7 +228,7 @@ public:
     ScrollBar HScroll1{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 200, .hint = "Масштаб рисунка; идет в Mx"}};
-    Label Label23{this, {.name = "Label23", .caption = "Масштаб = 20 млн. км./ см"}};
+    Label Label23{this, {.name = "Label23", .caption = "Масштаб = 20 млн. км./ см", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 480,

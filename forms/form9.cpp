@@ -1,56 +1,136 @@
 #include "forms/form9.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "core/tree_listing.h"
+
 namespace tarvex {
 
 namespace {
 
-/// A folder of the tree: its caption and the files in it.
-Layout folder(const char* name, Label& caption, std::vector<Layout> files) {
-    std::vector<Layout> inside{caption};
-    for (Layout& file : files) inside.push_back(std::move(file));
-    return frame(name, column(std::move(inside)));
+constexpr int firstFolder = 2, mostFilesShown = 24;
+constexpr std::array<const char*, 11> folders{"Dat",   "JPL",   "NEW",        "Ser",         "Obs",  "Tab",
+                                              "Plan0", "Plan1", "Plan0/Txt1", "Plan0/Txt11", "Arhiv"};
+
+/// What a file is by its folder and name.
+struct FileKind {
+    const char *folder, *start, *end, *meaning;
+};
+constexpr std::array<FileKind, 18> fileKinds{{
+    {"Dat", "Tarvex", "XYZ", "координаты прогона (форма 2)"},
+    {"Dat", "Tarvex", ".dat", "элементы и начальные данные (форма 1)"},
+    {"Dat", "dL", ".dat", "возмущения планеты (форма 22)"},
+    {"Dat", "NabPlan", ".txt", "эксперименты теста (формы 2, 15, 18)"},
+    {"Dat", "Pulsar", ".dat", "двойная система (форма 25)"},
+    {"Dat", "Stat", ".txt", "статистика сравнения (форма 10)"},
+    {"Dat", "Bad_data", ".txt", "отброшенные наблюдения (форма 10)"},
+    {"Dat", "Ras_data", ".txt", "расчетные места (форма 10)"},
+    {"Dat", "Param_data", ".txt", "ход затмения (форма 16)"},
+    {"Dat", "TimeYer_data", ".txt", "восходы и заходы (форма 16)"},
+    {"JPL", "ascp", ".405", "эфемериды DE405, 20 лет"},
+    {"Obs", "", ".txt", "наблюдения (форма 10)"},
+    {"Tab", "", ".xls", "древние таблицы (формы 10, 16)"},
+    {"", "TarvexNab", ".dat", "вековые сдвиги имитатора (форма 6)"},
+    {"", "TarvexPlan", ".dat", "план и веса (формы 15, 19)"},
+    {"", "Tarvex", "Nab.txt", "ряд элементов имитатора (форма 6)"},
+    {"", "Tarvex", "Ras.dat", "расчетные сдвиги по экспериментам (формы 6, 15, 19)"},
+    {"", "Tarvex", "Ras", "элементы в эксперименте (форма 2)"},
+}};
+
+std::string meaningOf(const std::string& folder, const std::string& name) {
+    for (const FileKind& kind : fileKinds) {
+        const std::string_view end = kind.end;
+        const bool ends = end.starts_with(".") || end.find('.') != end.npos ? name.ends_with(end)
+                                                                            : name.find(end) != name.npos;
+        if ((*kind.folder == '\0' || folder == kind.folder) && name.starts_with(kind.start) && ends)
+            return kind.meaning;
+    }
+    if (name.find("_") != name.npos && name.ends_with(".dat")) return "эксперимент плана (форма 13)";
+    return "";
+}
+
+/// "1 файл", "3 файла", "11 файлов".
+std::string filesInWords(int n) {
+    const bool teen = n % 100 / 10 == 1;
+    const char* word = !teen && n % 10 == 1                  ? "файл"
+                       : !teen && n % 10 >= 2 && n % 10 <= 4 ? "файла"
+                                                             : "файлов";
+    return fmt::format("{} {}", n, word);
+}
+
+std::string sizeInWords(std::uintmax_t bytes) { return fmt::format("{} кБ", (bytes + 1023) / 1024); }
+
+void tell(const FolderListing& folder, int depth, std::string& text) {
+    const std::string indent(4 * depth, ' ');
+    text += fmt::format("{}{}/   {}", indent, folder.name,
+                        folder.readable ? filesInWords(folder.count()) : "не читается");
+    if (folder.count() > 0) text += ", " + sizeInWords(folder.bytes());
+    text += "\n";
+    int shown = 0;
+    for (const FolderListing::File& file : folder.files) {
+        if (++shown > mostFilesShown) {
+            text += fmt::format("{}    ... и еще {}\n", indent,
+                                filesInWords(static_cast<int>(folder.files.size()) - mostFilesShown));
+            break;
+        }
+        const std::string meaning = meaningOf(folder.name, file.name);
+        text += fmt::format("{}    {}   {}{}{}\n", indent, file.name, sizeInWords(file.bytes),
+                            meaning.empty() ? "" : " - ", meaning);
+    }
+    for (std::size_t i = 0; i < folder.folders.size(); ++i) {  // neighbours without files on one line
+        const std::size_t first = i;
+        while (i < folder.folders.size() && folder.folders[i].count() == 0) ++i;
+        if (i - first > 1)
+            text += fmt::format("{}    {}/ ... {}/   пусто\n", indent, folder.folders[first].name,
+                                folder.folders[i - 1].name);
+        else
+            i = first;
+        if (i < folder.folders.size()) tell(folder.folders[i], depth + 1, text);
+    }
 }
 
 }  // namespace
 
 Form9::Form9(Laboratory& lab)
-    : Form(lab.desk, formName, "Файловая система программы      Tarvex7m   -  форма 9") {
+    : Form(lab.desk, formName, "Файловая система программы      Tarvex7m   -  форма 9"),
+      Text1(this, firstFolder, firstFolder + static_cast<int>(folders.size()) - 1,
+            [](int i) {
+                TextField::Spec spec{.name = "Text1", .readOnly = true, .width = 12};
+                spec.hint = fmt::format("Сколько файлов в папке {} и ниже", folders[i - firstFolder]);
+                return spec;
+            }),
+      tree_(lab.tree) {
     Command1.onPress([this] { close(); });
-    layout_ = scrolled(column({
-        Label1,
-        row({column({folder("Dat", Label2,
-                            {"Tarvex<N>.dat - элементы и начальные данные (форма 1)",
-                             "dL<i>.dat - возмущения планет (форма 22)",
-                             "Tarvex<i>XYZ<N>.txt - координаты прогона (форма 2)",
-                             "NabPlan<k>.txt - эксперименты теста (форма 2)",
-                             "Pulsar<N>.dat - двойная система (форма 25)",
-                             "Stat..., Bad_data..., Ras_data_... - отчеты формы 10",
-                             "Param_data.txt, TimeYer_data.txt - отчеты формы 16"}),
-                     folder("JPL", Label3,
-                            {"ascp<год>.405 - эфемериды, файл на 20 лет",
-                             "Tarvex<i>Nab.txt - ряды имитаторов JPL0 и JPL2"}),
-                     folder("NEW", Label4,
-                            {"Tarvex<i>Nab.txt - ряды элементов имитатора",
-                             "TarvexNab.dat - таблица вековых сдвигов"})}),
-             column({folder("Ser", Label5,
-                            {"TarvexNab.dat - таблица вековых сдвигов",
-                             "Plan<k>/Tarvex<i>Nab.txt - ряды элементов по плану k"}),
-                     folder("Obs", Label6,
-                            {"<обсерватория><i>_G_<n>.txt - наблюдения",
-                             "Plan<k>/<i>_<n>_<e>.dat - эксперименты плана (форма 13)"}),
-                     folder("Tab", Label7,
-                            {"<таблицы>.xls - книги древних астрономов",
-                             "Plan<k>/<i>_<n>_<e>.dat - эксперименты плана (форма 13)"}),
-                     folder("Plan<k>", Label8,
-                            {Label9, "TarvexPlan<k>.dat - план (формы 15 и 19)",
-                             "Tarvex<i>Ras.dat - расчетные сдвиги", row({Label10, Label11}),
-                             "Txt<i>/Tarvex<i>Ras<e>.txt - элементы в эксперименте e (форма 2)"}),
-                     frame("Arhiv", column({Label12})),
-                     frame("Risunki", column({"*.bmp - сохраненные рисунки"}))})}),
-        "N - номер файла, i - номер объекта (0 Солнце, 1..9 планеты, 11 Луна), k - номер плана, e - номер "
-        "эксперимента, n - номер файла наблюдений",
-        row({stretch(), Command1}),
-    }));
+    Command2.onPress([this] { refresh(); });
+    std::vector<Layout> cells;
+    int i = firstFolder;
+    for (Label* caption : {&Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label9, &Label10,
+                           &Label11, &Label12}) {
+        cells.push_back(*caption);
+        cells.push_back(Text1(i++));
+    }
+    layout_ = column({Label1, frame("Папки", table(2, std::move(cells))), frame("На диске", Text2),
+                      row({stretch(), Command2, Command1})});
+}
+
+void Form9::load() { refresh(); }
+
+void Form9::activate() { refresh(); }
+
+void Form9::refresh() {
+    for (std::size_t i = 0; i < folders.size(); ++i) {
+        const FolderListing listing = listFolder(tree_.root() / folders[i]);
+        Text1(firstFolder + static_cast<int>(i))
+            .setText(listing.readable ? filesInWords(listing.count()) : "нет папки");
+    }
+    FolderListing all = listFolder(tree_.root());
+    std::string text = fmt::format("{}   {}, {}\n", tree_.root().string(), filesInWords(all.count()),
+                                   sizeInWords(all.bytes()));
+    for (const FolderListing& folder : all.folders) tell(folder, 0, text);
+    Text2.setText(text);
 }
 
 }  // namespace tarvex

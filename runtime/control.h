@@ -49,6 +49,9 @@ public:
     /// One line: what the control means, its unit, where its value goes.
     const std::string& hint() const { return hint_; }
     void setHint(std::string hint);
+    /// Name of the form that this control opens; empty when it opens none.
+    const std::string& leadsTo() const { return leadsTo_; }
+    void setLeadsTo(std::string formName) { leadsTo_ = std::move(formName); }
 
 protected:
     void changed();            ///< tells the screen that this control must be shown anew
@@ -57,7 +60,7 @@ protected:
 private:
     Form* form_;
     Kind kind_;
-    std::string name_, caption_, hint_;
+    std::string name_, caption_, hint_, leadsTo_;
     bool enabled_ = true, visible_ = true;
 };
 

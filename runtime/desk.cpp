@@ -25,12 +25,16 @@ void Desk::add(const std::string& name, Maker maker) {
     makers_[name] = std::move(maker);
 }
 
-Form& Desk::form(const std::string& name) {
-    if (const auto found = loaded_.find(name); found != loaded_.end()) return *found->second;
+std::unique_ptr<Form> Desk::describe(const std::string& name) const {
     const auto maker = makers_.find(name);
     if (maker == makers_.end()) throw Failure("no form " + name);
+    return maker->second();
+}
+
+Form& Desk::form(const std::string& name) {
+    if (const auto found = loaded_.find(name); found != loaded_.end()) return *found->second;
     const InHandler alive(*this);
-    Form& made = *(loaded_[name] = maker->second());
+    Form& made = *(loaded_[name] = describe(name));
     made.load();
     return made;
 }

@@ -41,6 +41,8 @@ public:
     F& get() {
         return static_cast<F&>(form(F::formName));
     }
+    /// A form just made, neither loaded nor shown, for what its controls tell of themselves.
+    std::unique_ptr<Form> describe(const std::string& name) const;
     /// Loads the form without showing it and unloads it at once, for what its load writes into the state.
     void loadAndUnload(const std::string& name);
 

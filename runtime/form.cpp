@@ -34,6 +34,7 @@ void Form::guarded(const Handler& handler) {
 void Form::progress(double share) { desk_.screen().progress(*this, share); }
 
 void Form::opens(CommandButton& command, const std::string& formName) {
+    command.setLeadsTo(formName);
     if (desk_.knows(formName)) {
         command.onPress([this, formName] { desk_.show(formName); });
     } else {
