@@ -74,7 +74,7 @@ Form10::Form10(Laboratory& lab_)
     Command18.onPress([this] { restoreStart(); });
     Command10.onPress([this] { findRegression(); }, orShow("Ошибка при обработке данных", "Tarvex7.0"));
     Command12.onPress([this] { plotFactors(); }, orShow("Ошибка при построение графиков", "Tarvex7.0"));
-    Text52.onChange([this] { showPlanSummary(); }, bad);
+    Text52.onChange([this] { ShowPlanSummary(); }, bad);
     opens(Command9, "Form13");
     opens(Command16, "Form21");
     opens(Command17, "Form22");

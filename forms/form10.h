@@ -170,7 +170,7 @@ private:
     void closeSources();
 
     // --- a run (form10_run.cpp)
-    void readRunParams();
+    void ReadRunParams();
     void readChoices();
     void convertDate();
     void convertJulian();
@@ -197,7 +197,7 @@ private:
     void printResponse(int k);
     void findRegression();
     void plotFactors();
-    void showPlanSummary();
+    void ShowPlanSummary();
 
     Reduction reduction() { return {lab.s, lab.reduction, lab.plan, lab.tree}; }
 

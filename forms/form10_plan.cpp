@@ -43,7 +43,7 @@ void Form10::runExperiments() {
         for (int k = first; k <= last; ++k) printResponse(k);
         return;
     }
-    readRunParams();
+    ReadRunParams();
     bounds(first, last);
     layOutExperiments(plan, last);
     for (int k = first; k <= last; ++k) {
@@ -79,7 +79,7 @@ void Form10::plotFactors() {
 }
 
 /// The plan as it stands: levels and optimum of the factors, speeds, the table of its points.
-void Form10::showPlanSummary() {
+void Form10::ShowPlanSummary() {
     const PlanBlock& plan = lab.plan;
     const ReductionState& r = lab.reduction;
     clearGraph();

@@ -87,7 +87,7 @@ void Form10::readFields() {
     Ysdvig_ = Text53.number();
 }
 
-void Form10::readRunParams() {
+void Form10::ReadRunParams() {
     ModelState& s = lab.s;
     ReductionState& r = lab.reduction;
     s.kodStop = 1;
@@ -116,7 +116,7 @@ void Form10::readRunParams() {
 void Form10::start() {
     if (running_) return;
     if (Option2.on() && lab.s.kodStop == 1) throw Refusal("Надо открыть файл снова", "Tarvex7.0");
-    readRunParams();
+    ReadRunParams();
     clearGraph();
     clearSystem();
     startReduction(reduction());

@@ -145,7 +145,7 @@ void ObservationFile::rewind() {
     for (int i = 0; i < headerLines; ++i) reader_->line();
 }
 
-std::optional<Observation> ObservationFile::next(const ObservationFilter& filter) {
+std::optional<Observation> ObservationFile::ReadObsRecord(const ObservationFilter& filter) {
     if (!reader_) throw FileFailure("no file of observations is open");
     bool end = false;
     for (std::string line; !end && reader_->line(line);)

@@ -60,7 +60,7 @@ public:
 
     /// The next usable observation, nothing at the end of the file or of the years.
     /// Throws Failure for a record that cannot be read, and when the file is closed.
-    std::optional<Observation> next(const ObservationFilter& filter);
+    std::optional<Observation> ReadObsRecord(const ObservationFilter& filter);
 
 private:
     std::optional<TextReader> reader_;

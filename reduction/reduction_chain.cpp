@@ -24,7 +24,7 @@ public:
         : s(s_), r(r_), c(r_.choices), plan(plan_), log(log_), b(s_.IplSel), T((s_.JDut0 - JD2000) / 36525) {}
 
     void theory();
-    bool visible(const HeliocentricView& view);
+    bool VisibilityTest(const HeliocentricView& view);
     void chain();
 
 private:
@@ -196,7 +196,7 @@ SkyPlace Pass::horizon(int body) {
     return {s.Azim, s.Vys};
 }
 
-bool Pass::visible(const HeliocentricView& view) {
+bool Pass::VisibilityTest(const HeliocentricView& view) {
     PrecessMatrixEcl(s, 0, T);
     s.Ipl = 3;
     ApplyPrecessXYZ(s);
@@ -335,7 +335,7 @@ void reduceTheory(ModelState& s, ReductionState& r, const PlanBlock& plan, const
     const ArithmeticGuard guard;
     Pass pass(s, r, plan, log);
     pass.theory();
-    r.kodVidim = pass.visible(view) ? 1 : 0;
+    r.kodVidim = pass.VisibilityTest(view) ? 1 : 0;
     if (r.kodVidim == 1) pass.chain();
     guard.check();
 }

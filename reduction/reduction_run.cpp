@@ -72,7 +72,7 @@ bool stepFile(Reduction x) {
     do {
         std::optional<Observation> found;
         try {
-            found = r.file.next({s.God0, r.GodK, r.choices.byDistance});
+            found = r.file.ReadObsRecord({s.God0, r.GodK, r.choices.byDistance});
         } catch (const std::exception&) {
             s.kodStop = 1;
             r.file.close();

@@ -25,6 +25,11 @@
 #include "spreadsheet/office_process.h"
 #include "spreadsheet/spreadsheet.h"
 
+#ifdef __SANITIZE_ADDRESS__
+// The office's client libraries keep their descriptions of types until the end of the process.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libuno_\nleak:libgcc3_uno\n"; }
+#endif
+
 namespace tarvex {
 
 namespace uno = com::sun::star::uno;

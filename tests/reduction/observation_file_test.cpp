@@ -96,13 +96,13 @@ TEST_F(File, AnUnknownMonthKeepsTheOneBeforeAndTheFirstIsSkipped) {
           with(19, "Dec"));
     file.open(path, "");
     for (const auto& [month, day] : std::vector<std::pair<int, int>>{{3, 15}, {3, 17}, {12, 15}}) {
-        const auto o = file.next(byDistance);
+        const auto o = file.ReadObsRecord(byDistance);
         ASSERT_TRUE(o);
         EXPECT_EQ(o->month, month);
         EXPECT_EQ(o->day, day);
     }
-    EXPECT_FALSE(file.next(byDistance));
-    EXPECT_FALSE(file.next(byDistance)) << "the end stays the end";
+    EXPECT_FALSE(file.ReadObsRecord(byDistance));
+    EXPECT_FALSE(file.ReadObsRecord(byDistance)) << "the end stays the end";
 }
 
 TEST_F(File, HeaderIsKeptWithTheNameAndRewindFindsTheFirstRecord) {
@@ -111,10 +111,10 @@ TEST_F(File, HeaderIsKeptWithTheNameAndRewindFindsTheFirstRecord) {
     EXPECT_EQ(header.text, "oneSUMM\r\ntwoSUMM\r\nthreeSUMM\r\nfourSUMM");
     EXPECT_EQ(header.firstYear, 1980);
     EXPECT_EQ(header.lastYear, 1990);
-    EXPECT_TRUE(file.next(byDistance));
-    EXPECT_FALSE(file.next(byDistance));
+    EXPECT_TRUE(file.ReadObsRecord(byDistance));
+    EXPECT_FALSE(file.ReadObsRecord(byDistance));
     file.rewind();
-    EXPECT_TRUE(file.next(byDistance));
+    EXPECT_TRUE(file.ReadObsRecord(byDistance));
 }
 
 TEST_F(File, WhatIsNoFileOfObservationsStaysClosed) {
@@ -124,10 +124,10 @@ TEST_F(File, WhatIsNoFileOfObservationsStaysClosed) {
         EXPECT_THROW(file.open(path, ""), Failure) << head;
         EXPECT_FALSE(file.isOpen());
     }
-    EXPECT_THROW(file.next(byDistance), Failure);
+    EXPECT_THROW(file.ReadObsRecord(byDistance), Failure);
     write("");
     file.open(path, "");
-    EXPECT_FALSE(file.next(byDistance)) << "a header alone is an end at once";
+    EXPECT_FALSE(file.ReadObsRecord(byDistance)) << "a header alone is an end at once";
 }
 
 }  // namespace tarvex
