@@ -61,7 +61,7 @@ Form12::Form12(Laboratory& lab_)
         column({frame("Тело", table(3, bodyChoice)),
                 frame("Форма исходных координат", row({Option2, Option3})),
                 frame("Плоскость", row({Option8, Option9, Option10})),
-                frame("К равноденствию эпохи", row({Option16, Option17})),
+                frame("к равноденствию эпохи", row({Option16, Option17})),
                 frame("Система", row({Option18, Option19, Option20})),
                 frame("Исходные координаты", fields(2, {Text1, Text11, Text2, Text12, Text3, Text13})),
                 row({Command6, Command7})}),
@@ -120,16 +120,22 @@ void Form12::setCoordinates() {
         return;
     }
     ConvBodyByTheory(s, i);
+    showFromBase(i, frame, {&Text1, &Text2, &Text3, &Text11, &Text12, &Text13});
+}
+
+/// The body in the frame into six fields: X, Y, Z, longitude, latitude, distance; its longitude becomes the angle.
+void Form12::showFromBase(int i, const ConvFrame& frame, const std::array<TextField*, 6>& to) {
+    ModelState& s = lab.s;
     ConvFromBase(s, i, frame);
-    Text1.show(Fix(s.X[i]) / MK);
-    Text2.show(Fix(s.Y[i]) / MK);
-    Text3.show(Fix(s.Z[i]) / MK);
-    if (Option10.on()) Text25.show(cut6(s.TAU));
+    to[0]->show(Fix(s.X[i]) / MK);
+    to[1]->show(Fix(s.Y[i]) / MK);
+    to[2]->show(Fix(s.Z[i]) / MK);
+    if (frame.plane == ConvFrame::Plane::Horizon) Text25.show(cut6(s.TAU));
     ConvDraw(i, frame);
     PairGeometry(s, frame.originRow(), i);
-    Text12.show(s.LatPl);
-    Text13.show(s.Rcur / MK);
-    Text11.show(s.LonPl[i]);
+    to[3]->show(s.LonPl[i]);
+    to[4]->show(s.LatPl);
+    to[5]->show(s.Rcur / MK);
     angle_ = s.LonPl[i];
     showAngle();
 }
@@ -158,23 +164,11 @@ void Form12::typedToBase(int i, const ConvFrame& frame) {
 }
 
 void Form12::convert() {
-    ModelState& s = lab.s;
     const int i = body();
     const ConvFrame frame = frameChosen();
     if (Option10.on() && !Option20.on())
         throw Refusal("Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические", "Tarvex7");
-    ConvFromBase(s, i, frame);
-    Text4.show(Fix(s.X[i]) / MK);
-    Text5.show(Fix(s.Y[i]) / MK);
-    Text6.show(Fix(s.Z[i]) / MK);
-    if (Option10.on()) Text25.show(cut6(s.TAU));
-    ConvDraw(i, frame);
-    PairGeometry(s, frame.originRow(), i);
-    Text14.show(s.LonPl[i]);
-    Text15.show(s.LatPl);
-    Text16.show(s.Rcur / MK);
-    angle_ = s.LonPl[i];
-    showAngle();
+    showFromBase(i, frame, {&Text4, &Text5, &Text6, &Text14, &Text15, &Text16});
 }
 
 double Form12::angleTyped() const {

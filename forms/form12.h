@@ -1,6 +1,8 @@
 #pragma once
 // Form12: the coordinate converter.
 
+#include <array>
+
 #include "forms/laboratory.h"
 #include "reduction/converter.h"
 
@@ -252,6 +254,7 @@ private:
     void setCoordinates();
     void typedToBase(int body, const ConvFrame& frame);
     void convert();
+    void showFromBase(int body, const ConvFrame& frame, const std::array<TextField*, 6>& to);
     void dateToJulian();
     void julianToDate();
     void showLocalTimes();

@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
+#include "theories/longitudes.h"
 
 namespace tarvex {
 
@@ -14,12 +15,6 @@ namespace {
 constexpr int rowLongitude = 20;      ///< cell of LonPl that keeps the longitude of the last apse
 constexpr double straddles = 355;     ///< two longitudes further apart lie on both sides of 0, degrees
 constexpr double nearFullTurn = 359;  ///< small steps from here, so that the wrap is timed well, degrees
-
-/// Mean of the longitudes before and after, on the right side when they straddle 0.
-double meanLongitude(double before, double after) {
-    const double mean = (before + after) / 2;
-    return std::abs(after - before) > straddles ? mean - 180 : mean;
-}
 
 double lessTurnAbove360(double a) { return a > 360 ? a - 360 : a; }
 
@@ -38,7 +33,7 @@ void followPeriod(ModelState& s, RunState& run, Passage& seen) {
 void followNode(ModelState& s, RunState& run, Passage& seen) {
     const double now = s.Z[s.IplSel] - s.Z[s.Icentr];
     if (Sgn(run.ZOldSel) != Sgn(now)) {
-        run.AlfaU = meanLongitude(run.LonOld, s.LonPl[s.IplSel]);
+        run.AlfaU = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
         const double upper = lessTurnAbove360(run.AlfaU + run.dAlfa);
         const double lower = run.AlfaU - run.dAlfa < 0 ? run.AlfaU - run.dAlfa + 360 : run.AlfaU - run.dAlfa;
         seen.node = true;
@@ -74,7 +69,7 @@ bool stillApproaching(const ModelState& s, RunState& run) {
 /// Longitude of perihelion in the plane of the orbit from the longitude at which the apse was passed.
 /// Leaves the distance and the latitude of the turned point in Rcur and LatPl: meant.
 void perihelionInOrbit(ModelState& s, RunState& run) {
-    run.AlfaP = meanLongitude(run.LonOld, s.LonPl[s.IplSel]);
+    run.AlfaP = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
     s.LonPl[rowLongitude] = run.AlfaP;
     double u = run.AlfaP - run.AlfaU;
     if (u <= 0) u += 360;
@@ -131,11 +126,6 @@ int originRow(const RunBoxes& boxes) {
     if (boxes.originEarth) return rowEarthMoon;
     if (boxes.originSun) return rowSun;
     return rowOrigin;
-}
-
-bool inWindow(double longitude, double upper, double lower) {
-    if (upper <= lower) return longitude <= upper || longitude >= lower;
-    return longitude <= upper && longitude >= lower;
 }
 
 void startMeasurement(ModelState& s, RunState& run) {

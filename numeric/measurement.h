@@ -21,10 +21,6 @@ struct Passage {
 /// Origin of the measurement by the ticked boxes, the last one wins: 15 the zero row, 0, 3, 14.
 int originRow(const RunBoxes& boxes);
 
-/// True when a longitude lies in a window; a window whose upper bound is at or below the lower one wraps
-/// through 0.  All in degrees.
-bool inWindow(double longitude, double upper, double lower);
-
 /// Elements at Start from ElemStart of IplSel, all baselines, and the first windows of dAlfa.
 void startMeasurement(ModelState& s, RunState& run);
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "reduction/coordinate_chain.h"
+#include "reduction/theory_places.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
@@ -86,11 +87,7 @@ void ConvPrepare(ModelState& s) {
     keepInitial(s, 10);
     SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], 2.5);
 
-    s.GMST = 24 * Frac1(SiderealTime(s.JDut0 - 2400000.5) / 24);
-    s.LMST = s.ObsL / 15 + s.GMST;
-    if (s.LMST > 24) s.LMST -= 24;
-    s.LMST *= 15;
-    SpherToXYZ(s, 12, s.LMST, s.ObsB, REarth);
+    ObserverRow(s, s.JDut0);
     copyRow(s, 12, 16);
     s.Ipl = 16;
     EquToEcl(s, T);

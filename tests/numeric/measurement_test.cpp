@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "theories/longitudes.h"
+
 #include <array>
 #include <cmath>
 #include <future>
