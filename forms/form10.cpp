@@ -79,8 +79,8 @@ Form10::Form10(Laboratory& lab_)
     opens(Command16, "Form21");
     opens(Command17, "Form22");
     opens(Command11, "Form6");
-    Command14.onPress([this] { closeSources(); close(); });
-    Command13.onPress([this] { closeSources(); desk().unloadAll(name()); });
+    Command14.onPress([this] { close(); });
+    Command13.onPress([this] { desk().unloadAll(name()); });
 
     const auto epochs = [this](bool plan) {
         if (!plan) Option13.choose();
@@ -162,7 +162,8 @@ void Form10::load() {
 void Form10::unload() {
     lab.s.kodStop = 1;
     lab.office.onBusy([](bool) {});
-    closeSources();
+    gone_ = true;
+    if (!running_) closeSources();   // otherwise when the pass that still runs has ended
 }
 
 void Form10::clearGraph() {

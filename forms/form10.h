@@ -203,7 +203,7 @@ private:
 
     Laboratory& lab;
     PlanPage page_;
-    bool running_ = false;
+    bool running_ = false, gone_ = false;   ///< a run goes on; the form has been closed
     int passes_ = 0;
     double MT_ = 1, MAlfa_ = 90, MdAlfa_ = 100, MdR_ = 50, Ysdvig_ = 0;   ///< scales of the lower graph
 };

@@ -144,6 +144,7 @@ void Form10::pass() {
         explicit Mark(Form10& form_) : form(form_) { form.running_ = true; }
         ~Mark() {
             form.running_ = false;
+            if (form.gone_) form.closeSources();
             form.progress(-1);
         }
         Form10& form;

@@ -59,8 +59,10 @@ void stepTable(Reduction x) {
     NormalizeLocalDate(s, r.date);
     try {
         ReadTableCells(s, r.table, r.date, almagestPrecReduction, r.choices.replacePrecession);
-    } catch (const std::exception&) {
+    } catch (const std::exception& failure) {
         s.kodStop = 1;
+        // A workbook whose office has gone is closed: the same choice then opens it again.
+        if (dynamic_cast<const OfficeFailure*>(&failure) != nullptr) r.table.close();
         throw Refusal("Ошибка вычислений в таблицах" + s.NameData, "Tarvex7.0");
     }
 }

@@ -177,10 +177,16 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
     EXPECT_EQ(lab.s.kodStop, 1);
-    lab.reduction.table.close();
     form.Option4(9).choose();
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
+
+    form.Text4.setText("1580");
+    screen.atYield = [&](int) { form.Command14.press(); };   // closed in the middle of its run
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_FALSE(lab.desk.isLoaded("Form10"));
+    EXPECT_EQ(lab.reduction.table.table, nullptr);
 }
 
 TEST_F(Form10Test, ThePlanRunsAndItsRegressionFindsTheOptimum) {
