@@ -30,12 +30,17 @@ void speeds(OrbitCheck& c) {
     c.Vp = length(c.U[10], c.U[11], c.U[12]);
 }
 
+constexpr double sixth = 1.0 / 6;
+
 /// One step of the classical Runge-Kutta scheme of fourth order.
 void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
     const auto stageOf = [&](std::array<double, 13>& K, double share) {
         OrbitCheckDiffur(s, c);
-        for (int k = 1; k <= 12; ++k) K[k] = c.DtCur * c.dU[k];
-        for (int k = 1; k <= 12; ++k) c.U[k] = c.U0[k] + K[k] * share;
+        const double Dt = c.DtCur;
+        for (int k = 1; k <= 12; ++k) {
+            K[k] = Dt * c.dU[k];
+            c.U[k] = c.U0[k] + K[k] * share;
+        }
     };
     c.Tstage = c.Tsec;
     c.U0 = c.U;
@@ -47,7 +52,7 @@ void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
     OrbitCheckDiffur(s, c);
     for (int k = 1; k <= 12; ++k) {
         c.K4[k] = c.DtCur * c.dU[k];
-        c.U[k] = c.U0[k] + (c.K1[k] + 2 * c.K2[k] + 2 * c.K3[k] + c.K4[k]) / 6;
+        c.U[k] = c.U0[k] + (c.K1[k] + 2 * c.K2[k] + 2 * c.K3[k] + c.K4[k]) * sixth;
     }
 }
 
@@ -90,9 +95,9 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     c.BettaMax = std::max(c.BettaMax, latitude);
     c.Lmin = std::min(c.Lmin, s.Rcur);
     c.Lmax = std::max(c.Lmax, s.Rcur);
-    speeds(c);
-    c.Vmin = std::min(c.Vmin, c.Vp);
-    c.Vmax = std::max(c.Vmax, c.Vp);
+    const double Vp2 = c.U[10] * c.U[10] + c.U[11] * c.U[11] + c.U[12] * c.U[12];
+    if (Vp2 < c.Vmin * c.Vmin) c.Vmin = std::sqrt(Vp2);
+    if (Vp2 > c.Vmax * c.Vmax) c.Vmax = std::sqrt(Vp2);
 
     const double z = s.Z[p] - s.Z[c.Iobs];
     if (Sgn(c.Zprev) != Sgn(z) && Sgn(c.Zprev) <= 0) {
@@ -193,12 +198,13 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
             throw;
         }
         unpack(s, c);
-        measure(s, c, port);
-        guard.check();
+        measure(s, c, port);      // refuses by itself what could not be divided
         ++c.NC;
         c.Tsec += c.DtCur;
     } while (c.NC < c.NC0);
     c.NC = 0;
+    guard.check();
+    speeds(c);
     s.Rcur = length(s.X[c.IplSel] - s.X[0], s.Y[c.IplSel] - s.Y[0], s.Z[c.IplSel] - s.Z[0]);
     c.Esys = c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2 +
              s.gamma * s.m[c.Icentr] * s.m[c.IplJ] * (1 / c.R00 - 1 / s.Rcur);

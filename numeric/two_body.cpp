@@ -44,11 +44,16 @@ void unpack(ModelState& s, const TwoBody& b) {
 }
 
 void geometry(ModelState& s, TwoBody& b) {
-    twoBodyCentre(s);
+    if (b.origin == rowCentre) twoBodyCentre(s);
     PairGeometry(s, b.origin, m1);
     b.Rcur = s.Rcur;
-    b.distance = length(s.X[m1] - s.X[m2], s.Y[m1] - s.Y[m2], s.Z[m1] - s.Z[m2]);
+    b.distance = b.origin == m2 ? b.Rcur : length(s.X[m1] - s.X[m2], s.Y[m1] - s.Y[m2], s.Z[m1] - s.Z[m2]);
     b.V1 = length(s.VX[m1], s.VY[m1], s.VZ[m1]);
+}
+
+/// What only the display and the energy need.
+void atDisplay(ModelState& s, TwoBody& b) {
+    twoBodyCentre(s);
     b.V2 = length(s.VX[m2], s.VY[m2], s.VZ[m2]);
 }
 
@@ -61,11 +66,16 @@ double kinetic(const ModelState& s, const TwoBody& b) {
     return mass1(s) * b.V1 * b.V1 / 2 + mass2(s) * b.V2 * b.V2 / 2;
 }
 
+constexpr double sixth = 1.0 / 6;
+
 void rungeKuttaStep(ModelState& s, TwoBody& b) {
     const auto stageOf = [&](std::array<double, 13>& K, double share) {
         TwoBodyDiffur(s, b);
-        for (int k = 1; k <= 12; ++k) K[k] = b.DtCur * b.dU[k];
-        for (int k = 1; k <= 12; ++k) b.U[k] = b.U0[k] + K[k] * share;
+        const double Dt = b.DtCur;
+        for (int k = 1; k <= 12; ++k) {
+            K[k] = Dt * b.dU[k];
+            b.U[k] = b.U0[k] + K[k] * share;
+        }
     };
     b.U0 = b.U;
     stageOf(b.K1, 0.5);
@@ -74,7 +84,7 @@ void rungeKuttaStep(ModelState& s, TwoBody& b) {
     TwoBodyDiffur(s, b);
     for (int k = 1; k <= 12; ++k) {
         b.K4[k] = b.DtCur * b.dU[k];
-        b.U[k] = b.U0[k] + (b.K1[k] + 2 * b.K2[k] + 2 * b.K3[k] + b.K4[k]) / 6;
+        b.U[k] = b.U0[k] + (b.K1[k] + 2 * b.K2[k] + 2 * b.K3[k] + b.K4[k]) * sixth;
     }
 }
 
@@ -89,9 +99,10 @@ void beginCounting(TwoBody& b) {
 }
 
 void countDelays(const ModelState& s, TwoBody& b) {
-    const double slow = 1 / std::sqrt(1 - b.V1 * b.V1 / (Vsv * Vsv));
+    constexpr double c2 = Vsv * Vsv;
+    const double slow = 1 / std::sqrt(1 - b.V1 * b.V1 / c2);
     b.dTv -= (1 - slow) * b.DtCur + b.DtCur * b.dTvSr;
-    b.dTm += b.DtCur * s.gamma * mass2(s) / b.distance / (Vsv * Vsv) - b.DtCur * b.dTmSr;
+    b.dTm += b.DtCur * s.gamma * mass2(s) / (b.distance * c2) - b.DtCur * b.dTmSr;
 }
 
 void watchPeriod(ModelState& s, TwoBody& b, TwoBodyPort& port) {
@@ -206,6 +217,7 @@ void startTwoBody(ModelState& s, TwoBody& b) {
     b.U = {0,        s.X[m2],  s.Y[m2],  s.Z[m2],  s.X[m1],  s.Y[m1], s.Z[m1],
            s.VX[m2], s.VY[m2], s.VZ[m2], s.VX[m1], s.VY[m1], s.VZ[m1]};
     geometry(s, b);
+    atDisplay(s, b);
     ratio(1, b.distance);
     b.Rold = b.Rcur;
     b.R0 = b.distance;
@@ -294,12 +306,13 @@ void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port) {
             throw;
         }
         unpack(s, b);
-        measure(s, b, port);
-        guard.check();
+        measure(s, b, port);      // refuses by itself what could not be divided
         port.stepDone();
         ++NC;
         b.Tsec += b.DtCur;
     } while (NC < b.NC0);
+    guard.check();
+    atDisplay(s, b);
     b.Esys = kinetic(s, b) + s.gamma * mass1(s) * mass2(s) * (1 / b.R0 - 1 / b.distance);
     b.MKDsys = moment(s);
 }
