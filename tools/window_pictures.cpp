@@ -1,0 +1,196 @@
+// Pictures of the laboratory's windows for the guide: each form is brought to where a reader of the guide
+// stands, with the same controls that he would use, and its window is saved. usage: window_pictures DATA
+// FOLDER   (DATA is written into: give a copy)
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+#include "desktop/desktop_screen.h"
+#include "desktop/form_window.h"
+#include "forms/laboratory.h"
+
+namespace {
+
+using namespace tarvex;
+
+constexpr int settleMilliseconds = 300;
+constexpr int widestWindow = 1366, highestWindow = 768;
+
+/// Nobody is there to answer a message: it ends the program.
+void endOnMessage() {
+    const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    std::fprintf(stderr, "window_pictures: %s\n", qPrintable(box->text()));
+    std::_Exit(1);
+}
+
+class Pictures {
+public:
+    Pictures(Laboratory& lab, DesktopScreen& screen, std::string folder)
+        : lab_(lab), screen_(screen), folder_(std::move(folder)) {}
+
+    /// "Form2.Text13" gets a text; an option or a tick is switched on; a command is pressed.
+    void set(const std::string& reference, const std::string& text) {
+        control<TextField>(reference).setText(text);
+    }
+    void choose(const std::string& reference) { control<OptionButton>(reference).choose(); }
+    void tick(const std::string& reference, bool on = true) { control<CheckBox>(reference).set(on); }
+    void press(const std::string& reference) { control<CommandButton>(reference).press(); }
+    std::string text(const std::string& reference) { return control<TextField>(reference).text(); }
+
+    void open(const std::string& form) {
+        lab_.desk.show(form);
+        settle();
+    }
+    /// Presses the command; as soon as `when` holds, the run is stopped by the other one.
+    void pressUntil(const std::string& command, const std::string& stop, std::function<bool()> when) {
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, [&] {
+            if (when()) press(stop);
+        });
+        watch.start(1);
+        press(command);
+    }
+    void save(const std::string& form, const std::string& name) {
+        open(form);
+        QWidget* window = screen_.windowOf(lab_.desk.form(form));
+        window->resize(window->size().boundedTo({widestWindow, highestWindow}));
+        settle();
+        const std::string path = folder_ + "/" + name + ".png";
+        if (!window->grab().save(QString::fromStdString(path))) throw Failure("cannot write " + path);
+    }
+
+private:
+    template <class T>
+    T& control(const std::string& reference) {
+        const auto dot = reference.find('.');
+        Form& form = lab_.desk.form(reference.substr(0, dot));
+        auto* found = dynamic_cast<T*>(form.find(reference.substr(dot + 1)));
+        if (found == nullptr) throw Failure("no control " + reference);
+        return *found;
+    }
+    void settle() {
+        screen_.flush();
+        screen_.pause(settleMilliseconds);
+        screen_.flush();
+    }
+
+    Laboratory& lab_;
+    DesktopScreen& screen_;
+    std::string folder_;
+};
+
+/// Mercury for six years: the first result of the README, its series and the fit.
+void mercury(Pictures& p) {
+    p.open("Form1");
+    p.save("Form1", "form1");
+    p.press("Form1.Command1");
+    p.set("Form2.Text40", "1806");
+    for (const char* tick : {"Check4", "Check14", "Check20", "Check22", "Check3", "Check8", "Check9"})
+        p.tick(std::string("Form2.") + tick);
+    p.set("Form2.Text17", "1");
+    p.set("Form2.Text38", "3600");
+    p.set("Form2.Text39", "1000");
+    p.set("Form2.Text5", "10");
+    p.set("Form2.Text9", "1");
+    p.press("Form2.Command1");
+    p.save("Form2", "form2");
+    p.set("Form2.Text40", "1830");  // a series long enough for a fit
+    p.press("Form2.Command1");
+    p.open("Form6");
+    p.choose("Form6.Option8");
+    p.set("Form6.Text28", "0");
+    p.set("Form6.Text1", "2");
+    p.set("Form6.Text10", "1");
+    p.set("Form6.Text4", "1");
+    p.press("Form6.Command6");
+    p.press("Form6.Command9");
+    p.save("Form6", "form6");
+}
+
+void plans(Pictures& p) {
+    p.open("Form18");
+    for (const char* factor : {"Form18.Check3(1)", "Form18.Check3(2)"}) p.tick(factor);
+    p.press("Form18.Command14");
+    p.press("Form18.Command4");
+    p.press("Form18.Command1");
+    p.press("Form18.Command5");
+    p.press("Form18.Command13");
+    p.save("Form18", "form18");
+    p.press("Form15.Command5");
+    p.save("Form15", "form15");
+}
+
+void observations(Pictures& p) {
+    p.open("Form10");
+    p.choose("Form10.Option2");
+    p.set("Form10.Text1", "0");
+    p.choose("Form10.Option9(6)");
+    p.choose("Form10.Option21");
+    p.choose("Form10.Option18");
+    p.tick("Form10.Check31");
+    p.set("Form10.Text65", "1969");
+    p.press("Form10.Command1");
+    p.save("Form10", "form10");
+}
+
+void eclipse(Pictures& p) {
+    p.open("Form16");
+    p.choose("Form16.Option9(3)");
+    p.tick("Form16.Check5");
+    p.tick("Form16.Check6");
+    p.set("Form16.Text14", "1,0817");
+    p.set("Form16.Text15", "0");
+    p.tick("Form16.Check30");
+    p.set("Form16.Text2", "29,42");
+    p.set("Form16.Text3", "3");
+    p.set("Form16.Text4", "2006");
+    p.pressUntil("Form16.Command1", "Form16.Command4", [&] { return !p.text("Form16.Contact(2)").empty(); });
+    p.save("Form16", "form16");
+}
+
+void help(Pictures& p) {
+    p.open("Form3");
+    p.set("Form3.Text2", "перигелия");
+    p.press("Form3.Command2");
+    p.save("Form3", "form3");
+    p.save("Form9", "form9");
+    p.save("Form5", "form5");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "window_pictures DATA FOLDER\n");
+        return 2;
+    }
+    int own = 1;
+    QApplication application(own, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QFont font = QApplication::font();
+    font.setPointSizeF(10);
+    QApplication::setFont(font);
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &endOnMessage);
+    watch.start(settleMilliseconds);
+    try {
+        DesktopScreen screen;
+        Laboratory lab(screen, argv[1]);
+        Pictures pictures(lab, screen, argv[2]);
+        for (const auto& part : {mercury, plans, observations, eclipse, help}) part(pictures);
+        lab.desk.unloadAll("Form1");
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "window_pictures: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
