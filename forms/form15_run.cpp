@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "forms/form15.h"
+#include "initial/start_up.h"
 #include "stats/gravity_plan.h"
 #include "stats/plan_file.h"
 
@@ -35,6 +36,12 @@ void Form15::RunExperiments() {
     readLevels();
     setNaturalLevels(p);
     for (int i = 1; i <= p.Nf; ++i) Text13(p.Nfact[i]).show(p.XU[p.Nfact[i]][p.Nplan]);
+    // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
+    if (!elementsHandedOver(lab.s)) {
+        handOverElements(lab.s);
+        planRead = "Элементы орбит для измерений взяты с формы 1";
+        tellState();
+    }
     prepareForm2();
     lab.motion.kodVgr = 1;
     lab.motion.kodDX = 2;

@@ -38,4 +38,11 @@ void handOverElements(ModelState& s) {
     }
 }
 
+bool elementsHandedOver(const ModelState& s) {
+    for (const auto& element : s.ElemStart)
+        for (const double value : element)
+            if (value != 0) return true;
+    return false;
+}
+
 }  // namespace tarvex

@@ -17,4 +17,7 @@ void tickBodies(ModelState& s, const std::array<bool, bodies>& ticked);
 /// Copies the elements of bodies 1..10 into ElemStart for the modelling.
 void handOverElements(ModelState& s);
 
+/// False while ElemStart is all zeros.
+bool elementsHandedOver(const ModelState& s);
+
 }  // namespace tarvex

@@ -159,6 +159,18 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     EXPECT_EQ(runs.back().kPgr2, 0);
 }
 
+TEST_F(Form15Test, ElementsThatForm1HasNotHandedOverAreTakenAtTheRun) {
+    create({2, 4});
+    form->Text6.setText("1");
+    lab.s.AlfaP0[1] = 1.25;
+    form->Command8.press();
+    EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
+    EXPECT_EQ(form->Label3.caption(), "Элементы орбит для измерений взяты с формы 1");
+    lab.s.AlfaP0[1] = 2.5;  // of other data, not handed over: the run keeps what it was given
+    form->Command8.press();
+    EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
+}
+
 TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
     create({1, 4});
     form->Option5.choose();
