@@ -117,10 +117,19 @@ std::string lowered(const std::string& text) {
     return low;
 }
 
+/// A long Russian word without its ending, so that it is found in every case and number.
+std::string stem(std::string word) {
+    constexpr std::size_t letterBytes = 2, endingLetters = 2, shortest = 6;
+    const bool russian = std::all_of(word.begin(), word.end(), [](char c) { return (c & 0x80) != 0; });
+    if (russian && word.size() >= shortest * letterBytes)
+        word.resize(word.size() - endingLetters * letterBytes);
+    return word;
+}
+
 std::vector<std::string> wordsOf(const std::string& text) {
     std::istringstream in(lowered(text));
     std::vector<std::string> words;
-    for (std::string word; in >> word;) words.push_back(word);
+    for (std::string word; in >> word;) words.push_back(stem(word));
     return words;
 }
 

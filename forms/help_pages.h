@@ -25,7 +25,8 @@ HelpPage pageOfForm(const Desk& desk, const std::string& formName);
 int formNumber(std::string_view formName);
 /// The page as one text.
 std::string textOf(const HelpPage& page);
-/// The entries of all pages that hold each word of `wanted`, in whatever case; says so when there are none.
+/// The entries of all pages that hold each word of `wanted`, whatever their case and Russian endings; says so
+/// when there are none.
 std::string searchHelp(const std::vector<HelpPage>& pages, const std::string& wanted);
 
 }  // namespace tarvex

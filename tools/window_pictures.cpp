@@ -158,7 +158,7 @@ void eclipse(Pictures& p) {
 
 void help(Pictures& p) {
     p.open("Form3");
-    p.set("Form3.Text2", "перигелия");
+    p.set("Form3.Text2", "смещение перигелия");
     p.press("Form3.Command2");
     p.save("Form3", "form3");
     p.save("Form9", "form9");

@@ -73,6 +73,7 @@ TEST_F(HelpForms, SearchShowsOnlyWhatMatches) {
     EXPECT_NE(found.find("[Command12]"), std::string::npos);
     EXPECT_EQ(found.find("[Command9]"), std::string::npos);
     EXPECT_TRUE(found.starts_with("Найдено мест: 1\n")) << found;
+    EXPECT_NE(search("долготы перигелием").find("Долгота перигелия, градусы"), std::string::npos);
     EXPECT_EQ(search("  фывапролдж "), "Ничего не найдено: фывапролдж");
     EXPECT_EQ(search(" "), road);
     EXPECT_TRUE(screen.messages.empty());
