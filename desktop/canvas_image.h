@@ -4,6 +4,7 @@
 #include <QImage>
 #include <memory>
 
+#include "desktop/drawing.h"
 #include "runtime/picture.h"
 
 class QPainter;
@@ -19,6 +20,7 @@ public:
 
     double width() const override { return width_; }
     double height() const override { return height_; }
+    void setScale(double left, double top, double right, double bottom) override;
     void clear(Color background) override;
     void line(double x1, double y1, double x2, double y2, Color color) override;
     void circle(double x, double y, double radius, Color color, bool filled) override;
@@ -27,15 +29,24 @@ public:
 
     /// What has been drawn, at pixelsPerUnit; null while nothing but the background has been.
     const QImage& image() const;
-    Color background() const { return background_; }
+    /// The same; one of background when nothing has been drawn.
+    QImage whole() const;
+    Color background() const { return drawing_.background(); }
+    const Drawing& drawing() const { return drawing_; }
+
+    /// Shows a part of what has been drawn, enlarged: lines stay thin, small discs and texts keep their size.
+    /// @param part    of the canvas, in canvas units
+    /// @param target  where it goes, of the same shape
+    /// @param size    pixels of a canvas unit when nothing is enlarged
+    void paintPart(QPainter& painter, const QRectF& part, const QRectF& target, double size) const;
 
     static constexpr int pixelsPerUnit = 2;
 
 private:
-    QPainter& painter(Color color);
+    void draw(Mark mark);
 
     int width_, height_;
-    Color background_{255, 255, 255};
+    Drawing drawing_;
     QImage image_;                               ///< made at the first line: an unused picture costs nothing
     mutable std::unique_ptr<QPainter> painter_;  ///< kept between lines, ended when the image is read
 };

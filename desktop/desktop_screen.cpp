@@ -10,6 +10,7 @@
 #include "core/arithmetic.h"
 #include "desktop/canvas_image.h"
 #include "desktop/form_window.h"
+#include "desktop/window_bar.h"
 
 namespace tarvex {
 
@@ -145,11 +146,11 @@ void DesktopScreen::formShown(Form& form) {
     const FlagsKept flags;
     FormWindow*& window = windows_[&form];
     over_ = false;
-    if (window == nullptr) window = new FormWindow(form);
-    if (window->isMinimized()) window->showNormal();
-    window->show();
-    window->raise();
-    window->activateWindow();
+    if (window == nullptr)
+        window = new FormWindow(form, [this](const Form& asking) {
+            if (help_) help_(asking);
+        });
+    bringToFront(*window);
 }
 
 void DesktopScreen::formUnloaded(Form& form) {

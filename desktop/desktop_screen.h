@@ -34,6 +34,9 @@ public:
     void controlChanged(Control& control) override;
     std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
 
+    /// What opens the help about a form (F1).
+    void onHelp(std::function<void(const Form&)> help) { help_ = std::move(help); }
+
     /// Shows all that has changed since the last time.
     void flush();
     FormWindow* windowOf(const Form& form) const;
@@ -50,6 +53,7 @@ private:
     QWidget* front() const;
 
     std::map<const Form*, FormWindow*> windows_;
+    std::function<void(const Form&)> help_;
     std::unordered_set<Control*> changed_;
     const Control* lastChanged_ = nullptr;  ///< a picture changes at every line drawn
     std::map<const Form*, double> shares_;  ///< progress not shown yet

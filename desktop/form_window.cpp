@@ -1,9 +1,13 @@
 #include "desktop/form_window.h"
 
+#include <QApplication>
 #include <QButtonGroup>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -13,7 +17,11 @@
 #include <algorithm>
 
 #include "desktop/layout_builder.h"
+#include "desktop/picture_view.h"
 #include "desktop/run_status.h"
+#include "desktop/table_text.h"
+#include "desktop/window_bar.h"
+#include "desktop/window_places.h"
 #include "runtime/desk.h"
 
 namespace tarvex {
@@ -29,10 +37,12 @@ constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
+FormWindow::FormWindow(Form& form, Help help)
+    : form_(&form), help_(std::move(help)), status_(new RunStatus), bar_(makeBar()) {
     setWindowTitle(QString::fromStdString(form.title()));
     setObjectName(QString::fromStdString(form.name()));
     statusBar()->addPermanentWidget(status_);
+    statusBar()->addPermanentWidget(bar_);
     statusBar()->setFixedHeight(fontMetrics().height() + 8);
 
     QWidget* contents = nullptr;
@@ -43,7 +53,8 @@ FormWindow::FormWindow(Form& form) : form_(&form), status_(new RunStatus) {
         const QSize least = contents->minimumSizeHint();
         if (least.width() <= room().width() && least.height() <= room().height()) break;
     }
-    fitScreen(contents->sizeHint() + QSize(2, 4));
+    bar_->refresh();
+    if (!restorePlace(*this)) fitScreen(contents->sizeHint() + QSize(2, 4));
 }
 
 FormWindow::~FormWindow() = default;
@@ -61,8 +72,9 @@ QWidget* FormWindow::build(const Density& density) {
         std::transform(rest.begin(), rest.end(), more.begin(), [](Control* c) { return Layout(*c); });
         tree = column({std::move(tree), row(std::move(more))});
     }
+    tree_ = std::move(tree);
     QWidget* contents =
-        LayoutBuilder([this](Control& c) -> ControlView& { return viewOf(c); }, density).build(tree);
+        LayoutBuilder([this](Control& c) -> ControlView& { return viewOf(c); }, density).build(tree_);
     contents->setFont(density.font);
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
@@ -75,6 +87,7 @@ QWidget* FormWindow::build(const Density& density) {
         view->widget()->installEventFilter(this);
     }
     refreshing_ = false;
+    offerTables();
 
     // Size hints are wanted at once, from the innermost layout outwards, not when the event loop comes to it.
     const auto inside = contents->findChildren<QWidget*>();
@@ -133,6 +146,7 @@ void FormWindow::commitEdits() {
 }
 
 void FormWindow::detach() {
+    if (isVisible()) rememberPlace(*this);
     form_ = nullptr;
     for (const auto& [control, view] : views_) view->detach();
     hide();
@@ -141,6 +155,54 @@ void FormWindow::detach() {
 void FormWindow::showProgress(double share) { status_->set(share); }
 
 void FormWindow::note(const QString& text) { statusBar()->showMessage(text, 60000); }
+
+WindowBar* FormWindow::makeBar() {
+    const auto pictures = [this] {
+        std::vector<PictureView*> all;
+        for (QWidget* child : findChildren<QWidget*>())
+            if (auto* view = dynamic_cast<PictureView*>(child)) all.push_back(view);
+        return all;
+    };
+    const auto help = [this] {
+        if (form_ != nullptr && help_) form_->guarded({[this] { help_(*form_); }, {}});
+    };
+    return new WindowBar(*this, {openWindows, pictures, help, [this] { copyFocusedTable(); }});
+}
+
+void FormWindow::offerTables() {
+    for (const auto& [control, view] : views_) {
+        if (qobject_cast<QLineEdit*>(view->widget()) == nullptr || gridOf(tree_, *control) == nullptr)
+            continue;
+        view->widget()->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(view->widget(), &QWidget::customContextMenuRequested, this,
+                [this, field = control](QPoint at) { showFieldMenu(*field, at); });
+    }
+}
+
+void FormWindow::showFieldMenu(const Control& field, QPoint at) {
+    if (form_ == nullptr) return;
+    auto* edit = static_cast<QLineEdit*>(views_.at(&field)->widget());
+    QMenu* menu = edit->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addSeparator();
+    connect(menu->addAction("Копировать таблицу\tCtrl+Shift+C"), &QAction::triggered, this,
+            [this, &field] { copyTable(field); });
+    menu->popup(edit->mapToGlobal(at));
+}
+
+void FormWindow::copyTable(const Control& control) {
+    if (form_ == nullptr) return;
+    commitEdits();
+    const Layout* grid = form_ == nullptr ? nullptr : gridOf(tree_, control);
+    if (grid == nullptr) return;
+    QApplication::clipboard()->setText(QString::fromStdString(tableText(*grid)));
+    statusBar()->showMessage("Таблица скопирована");
+}
+
+void FormWindow::copyFocusedTable() {
+    for (const auto& [control, view] : views_)
+        if (view->widget()->hasFocus()) return copyTable(*control);
+}
 
 bool FormWindow::event(QEvent* event) {
     if (form_ != nullptr && event->type() == QEvent::WindowActivate) form_->desk().turnTo(*form_);
@@ -170,6 +232,23 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
         if (control->kind() == Control::Kind::Command &&
             static_cast<const CommandButton*>(control)->isDefault())
             return static_cast<QPushButton*>(views_.at(control)->widget())->click();
+}
+
+std::vector<QMainWindow*> openWindows() {
+    std::vector<QMainWindow*> open;
+    const Desk* desk = nullptr;
+    for (QWidget* one : QApplication::topLevelWidgets()) {
+        auto* window = dynamic_cast<FormWindow*>(one);
+        if (window == nullptr || window->form() == nullptr) continue;
+        desk = &window->form()->desk();
+        open.push_back(window);
+    }
+    const auto place = [&](QWidget* window) {
+        const auto& names = desk->names();
+        return std::find(names.begin(), names.end(), window->objectName().toStdString()) - names.begin();
+    };
+    std::sort(open.begin(), open.end(), [&](QWidget* a, QWidget* b) { return place(a) < place(b); });
+    return open;
 }
 
 }  // namespace tarvex

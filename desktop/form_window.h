@@ -2,6 +2,7 @@
 // The window of one form.
 
 #include <QMainWindow>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -12,10 +13,13 @@
 namespace tarvex {
 
 class RunStatus;
+class WindowBar;
 
 class FormWindow final : public QMainWindow {
 public:
-    explicit FormWindow(Form& form);
+    using Help = std::function<void(const Form&)>;
+    /// @param help  opens the help about a form
+    FormWindow(Form& form, Help help);
     ~FormWindow() override;
 
     /// Shows a changed control anew.
@@ -25,6 +29,10 @@ public:
     /// The form goes: nothing of it is touched any more, the window closes.
     void detach();
     void showProgress(double share);
+    const Form* form() const { return form_; }
+    /// The table in which this control stands goes to the clipboard, its cells separated by tabs.
+    void copyTable(const Control& control);
+
     /// A line for the user that asks for no answer.
     void note(const QString& text);
 
@@ -40,13 +48,23 @@ private:
     QWidget* build(const Density& density);
     QSize room() const;
     void fitScreen(QSize wanted);
+    WindowBar* makeBar();
+    void offerTables();
+    void showFieldMenu(const Control& field, QPoint at);
+    void copyFocusedTable();
 
     Form* form_;
+    Help help_;
+    Layout tree_;  ///< as it is shown
     Density density_;
     std::map<const Control*, std::unique_ptr<ControlView>> views_;
     std::map<std::string, QButtonGroup*> groups_;
     RunStatus* status_;
+    WindowBar* bar_;
     bool refreshing_ = false;  ///< what a widget reports meanwhile is not the user's doing
 };
+
+/// The windows of all open forms, in the order of the forms.
+std::vector<QMainWindow*> openWindows();
 
 }  // namespace tarvex

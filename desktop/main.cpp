@@ -1,8 +1,10 @@
 // tarvex: the laboratory in windows.
 
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QStyleFactory>
+#include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -40,9 +42,25 @@ void setLook(QApplication& application) {
     QApplication::setFont(font);
 }
 
+/// The help form, at the page of the form that asks.
+void openHelp(tarvex::Laboratory& lab, const tarvex::Form& asking) {
+    lab.desk.show("Form3");
+    const std::string number = asking.name().substr(std::string("Form").size());
+    tarvex::Control* page = lab.desk.form("Form3").find("Option4(" + number + ")");
+    if (auto* option = dynamic_cast<tarvex::OptionButton*>(page)) option->choose();
+}
+
+/// The toolkit's own words (of its menus and dialogs) in Russian, where they are installed.
+void setLanguage(QApplication& application) {
+    auto* words = new QTranslator(&application);
+    if (words->load("qtbase_ru", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(words);
+}
+
 int runLaboratory(const fs::path& data) {
     tarvex::DesktopScreen screen;
     tarvex::Laboratory lab(screen, data);
+    screen.onHelp([&lab](const tarvex::Form& asking) { openHelp(lab, asking); });
     lab.desk.show("Form1");
     const int status = QApplication::exec();
     if (lab.desk.anyLoaded()) lab.desk.unloadAll("Form1");  // forms without a window, files still open
@@ -79,6 +97,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("tarvex");
     QApplication::setQuitOnLastWindowClosed(false);  // the screen knows when the last form has gone
     setLook(application);
+    setLanguage(application);
 
     try {
         return runLaboratory(tarvex::findDataTree(given));

@@ -1,16 +1,23 @@
 #include "desktop/picture_view.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusTipEvent>
 
 #include "core/numbers.h"
 #include "desktop/canvas_image.h"
+#include "desktop/picture_menu.h"
 
 namespace tarvex {
 
 namespace {
+
+constexpr double largestZoom = 200, wheelStep = 1.25;
 
 /// A coordinate for the status line: about four significant digits.
 QString shortNumber(double v) {
@@ -43,6 +50,7 @@ void PictureView::refresh() {
     const QSize now(picture_->width(), picture_->height());
     if (now != shape_) {
         shape_ = now;
+        part_ = {0, 0, 1, 1};
         updateGeometry();
     }
     update();
@@ -56,8 +64,8 @@ QRectF PictureView::target() const {
 std::optional<QPointF> PictureView::userPoint(QPointF at) const {
     const QRectF area = target();
     if (picture_ == nullptr || !area.contains(at)) return std::nullopt;
-    return QPointF(picture_->toUserX((at.x() - area.left()) / area.width()),
-                   picture_->toUserY((at.y() - area.top()) / area.height()));
+    return QPointF(picture_->toUserX(part_.left() + (at.x() - area.left()) / area.width() * part_.width()),
+                   picture_->toUserY(part_.top() + (at.y() - area.top()) / area.height() * part_.height()));
 }
 
 void PictureView::paintCanvas(QPainter& painter) const {
@@ -69,6 +77,11 @@ void PictureView::paintCanvas(QPainter& painter) const {
     if (image.isNull()) {
         painter.fillRect(area, QColor(back.r, back.g, back.b));
         return;
+    }
+    if (part_.width() < 1) {
+        const QRectF units(part_.x() * canvas->width(), part_.y() * canvas->height(),
+                           part_.width() * canvas->width(), part_.height() * canvas->height());
+        return canvas->paintPart(painter, units, area, area.width() / canvas->width());
     }
     // Below half its size a plain interpolation would lose thin lines: average the pixels instead.
     const QSize pixels = (area.size() * devicePixelRatioF()).toSize();
@@ -87,11 +100,80 @@ void PictureView::paintEvent(QPaintEvent*) {
     painter.drawRect(target().adjusted(0, 0, -1, -1));
 }
 
+QImage PictureView::image() const {
+    const auto* canvas = picture_ == nullptr ? nullptr : static_cast<ImageCanvas*>(picture_->canvas());
+    return canvas == nullptr ? QImage() : canvas->whole();
+}
+
+void PictureView::showPart(QRectF part) {
+    if (part.width() >= 1) part = {0, 0, 1, 1};
+    part.moveTo(std::clamp(part.x(), 0.0, 1 - part.width()), std::clamp(part.y(), 0.0, 1 - part.height()));
+    part_ = part;
+    update();
+}
+
+void PictureView::showWhole() { showPart({0, 0, 1, 1}); }
+
+void PictureView::zoom(double factor, QPointF at) {
+    const QRectF area = target();
+    const double size = std::clamp(part_.width() / factor, 1 / largestZoom, 1.0);
+    const double shareX = (at.x() - area.left()) / area.width(),
+                 shareY = (at.y() - area.top()) / area.height();
+    showPart({part_.x() + shareX * (part_.width() - size), part_.y() + shareY * (part_.height() - size), size,
+              size});
+}
+
+/// Moves what is shown: the enlarged picture in its frame, or the whole one in its scroll area.
+void PictureView::drag(QPointF by) {
+    const QRectF area = target();
+    if (part_.width() < 1)
+        return showPart(part_.translated(-by.x() / area.width() * part_.width(),
+                                         -by.y() / area.height() * part_.height()));
+    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget()) {
+        auto* scrolled = qobject_cast<QScrollArea*>(above);
+        if (scrolled == nullptr) continue;
+        for (auto [bar, step] : {std::pair(scrolled->horizontalScrollBar(), by.x()),
+                                 std::pair(scrolled->verticalScrollBar(), by.y())})
+            bar->setValue(bar->value() - qRound(step));
+        return;
+    }
+}
+
 void PictureView::mousePressEvent(QMouseEvent* event) {
     pressedInside_ = userPoint(event->position()).has_value();
+    // The widget itself moves in a scroll area: count on the screen.
+    if (event->button() == Qt::LeftButton && zooms()) dragged_ = event->globalPosition();
+}
+
+void PictureView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && zooms()) return showWhole();
+    mousePressEvent(event);
+}
+
+void PictureView::wheelEvent(QWheelEvent* event) {
+    // In a scroll area the plain wheel moves the picture and Ctrl enlarges it.
+    const bool scrolls =
+        keepsSize_ && !event->modifiers().testFlag(Qt::ControlModifier) && part_.width() == 1;
+    if (!zooms() || scrolls || event->angleDelta().y() == 0) return event->ignore();
+    zoom(std::pow(wheelStep, event->angleDelta().y() / 120.0), event->position());
+    event->accept();
+}
+
+void PictureView::contextMenuEvent(QContextMenuEvent* event) {
+    if (picture_ == nullptr) return;
+    // Where the right button belongs to the form, Shift with it or the menu key opens the menu.
+    if (event->reason() == QContextMenuEvent::Mouse && picture_->hasMouseMeaning() &&
+        !event->modifiers().testFlag(Qt::ShiftModifier))
+        return;
+    pressedInside_ = false;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addPictureCommands(*menu, *this);
+    menu->popup(event->globalPos());
 }
 
 void PictureView::mouseReleaseEvent(QMouseEvent* event) {
+    dragged_.reset();
     const auto at = userPoint(event->position());
     if (!at || !pressedInside_) return;
     if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton) return;
@@ -102,6 +184,10 @@ void PictureView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void PictureView::mouseMoveEvent(QMouseEvent* event) {
+    if (dragged_) {
+        drag(event->globalPosition() - *dragged_);
+        dragged_ = event->globalPosition();
+    }
     const auto at = userPoint(event->position());
     QString tip = at ? "x = " + shortNumber(at->x()) + "    y = " + shortNumber(at->y()) : QString();
     if (at && picture_ != nullptr && !picture_->hint().empty())

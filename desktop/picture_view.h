@@ -1,6 +1,7 @@
 #pragma once
 // Shows a picture's canvas at any size, with its shape kept, and turns mouse events into user coordinates.
 
+#include <QImage>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -18,10 +19,23 @@ public:
     void detach() { picture_ = nullptr; }
     /// Takes over a new shape and paints anew.
     void refresh();
+    /// The picture; null once it has gone.
+    Picture* picture() const { return picture_; }
+    /// The whole picture as an image, at the size of its canvas.
+    QImage image() const;
     /// Where the picture lies in this widget.
     QRectF target() const;
     /// User coordinates of a point of this widget; none beside the picture.
     std::optional<QPointF> userPoint(QPointF at) const;
+
+    /// A picture without a mouse meaning of its own is enlarged with the wheel, moved by dragging, and shown
+    /// whole again by a double click.
+    bool zooms() const { return picture_ != nullptr && !picture_->hasMouseMeaning(); }
+    /// Shows it so many times larger, with what lies at this point of the widget kept there.
+    void zoom(double factor, QPointF at);
+    void showWhole();
+    /// What is shown, in shares of the picture.
+    QRectF part() const { return part_; }
 
     /// From now on the picture is never shown smaller than it is: a scroll area moves it instead.
     void keepSize();
@@ -34,14 +48,21 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void paintCanvas(class QPainter& painter) const;
+    void showPart(QRectF part);
+    void drag(QPointF by);
 
     Picture* picture_;
     std::function<void(const std::function<void()>&)> act_;
     QSize shape_;
     bool pressedInside_ = false, keepsSize_ = false;
+    QRectF part_{0, 0, 1, 1};
+    std::optional<QPointF> dragged_;  ///< where the pointer was last in a drag
 };
 
 }  // namespace tarvex

@@ -22,7 +22,10 @@ Picture::Picture(Form* form, Spec spec)
 Canvas* Picture::canvas() {
     if (!canvas_) {
         canvas_ = form().desk().screen().makeCanvas(*this);
-        if (canvas_) canvas_->clear(background_);
+        if (canvas_) {
+            canvas_->setScale(left_, top_, right_, bottom_);
+            canvas_->clear(background_);
+        }
     }
     return canvas_.get();
 }
@@ -34,6 +37,7 @@ void Picture::setScale(double left, double top, double right, double bottom) {
     top_ = top;
     right_ = right;
     bottom_ = bottom;
+    if (canvas_) canvas_->setScale(left, top, right, bottom);
 }
 
 void Picture::resize(int width, int height) {

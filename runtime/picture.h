@@ -23,11 +23,14 @@ public:
     virtual ~Canvas() = default;
     virtual double width() const = 0;
     virtual double height() const = 0;
+    /// User coordinates of the corners from now on, for a canvas that tells them again.
+    virtual void setScale(double /*left*/, double /*top*/, double /*right*/, double /*bottom*/) {}
     virtual void clear(Color background) = 0;
     virtual void line(double x1, double y1, double x2, double y2, Color color) = 0;
     virtual void circle(double x, double y, double radius, Color color, bool filled) = 0;
     virtual void text(double x, double y, const std::string& text, Color color, double size) = 0;
-    /// Writes the picture; the ending of the name (.bmp, .png) tells the format.  Throws FileFailure.
+    /// Writes the picture; the ending of the name tells the format: .png, .bmp, .svg, or .csv for its points and
+    /// lines as numbers.  Throws FileFailure.
     virtual void save(const std::filesystem::path& path) const = 0;
 };
 

@@ -36,9 +36,10 @@ public:
             rightButton = button == Picture::Button::Right;
         });
         layout_ = row({column({frame("Поля", fields(2, {Text1, Text2, Check1, Label1})),
+                               frame("Таблица", table(2, {"i", "V, км/с", Text4, Text5})),
                                frame("Выбор", column({Option1, Option2, Option3})), HScroll1, Text3,
                                row({Command1, Command2, Command3, Command4})}),
-                       Picture1});
+                       column({Picture1, Picture2})});
     }
     void activate() override { ++activated; }
 
@@ -58,6 +59,8 @@ public:
     TextField Text1{this,
                     {.name = "Text1", .label = "V & W, км/с", .text = "19,4", .hint = "Скорость, км/с"}};
     TextField Text2{this, {.name = "Text2", .label = "Итог", .readOnly = true}};
+    TextField Text4{this, {.name = "Text4", .text = "1"}};
+    TextField Text5{this, {.name = "Text5", .text = "29,8"}};
     CheckBox Check1{this, {.name = "Check1", .caption = "A & B"}};
     Label Label1{this, {.name = "Label1", .caption = "нет"}};
     OptionButton Option1{this, {.name = "Option1", .caption = "первый", .group = "g"}};
@@ -70,6 +73,7 @@ public:
     CommandButton Command3{this, {.name = "Command3", .caption = "Остановить"}};
     CommandButton Command4{this, {.name = "Command4", .caption = "Закрыть"}};
     Picture Picture1{this, {.name = "Picture1", .width = 400, .height = 440}};
+    Picture Picture2{this, {.name = "Picture2", .width = 200, .height = 200}};
     TextField Text9{this, {.name = "Text9", .hidden = true}};
 
     std::string seen;

@@ -1,64 +1,16 @@
 #include <gtest/gtest.h>
 
 #include "desktop/picture_view.h"
-#include "tests/desktop/bench_form.h"
+#include "tests/desktop/window_fixture.h"
 
 namespace tarvex {
 
 using test::BenchForm;
 using test::BoxAnswer;
 
-namespace {
+using test::soon;
 
-struct Application : ::testing::Environment {
-    void SetUp() override {
-        application = std::make_unique<QApplication>(count, arguments);
-        QApplication::setQuitOnLastWindowClosed(false);
-    }
-    void TearDown() override { application.reset(); }  // before the statics of the toolkit go
-
-    int count = 1;
-    char name[14] = "desktop_tests";
-    char* arguments[2] = {name, nullptr};
-    std::unique_ptr<QApplication> application;
-};
-[[maybe_unused]] const auto* const environment = ::testing::AddGlobalTestEnvironment(new Application);
-
-struct Window : ::testing::Test {
-    Window() : desk(screen) {
-        desk.add("Bench", [this] { return std::make_unique<BenchForm>(desk); });
-        desk.show("Bench");
-        form = &desk.get<BenchForm>();
-        window = screen.windowOf(*form);
-        [[maybe_unused]] const bool exposed = QTest::qWaitForWindowExposed(window);
-    }
-    template <class Widget>
-    Widget* find(const char* name) const {
-        auto* widget = window->findChild<Widget*>(name);
-        if (widget == nullptr) throw Failure(std::string("no widget ") + name);
-        return widget;
-    }
-    void press(const char* name) const { QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton); }
-    void type(const char* name, const char* text) const {
-        auto* edit = find<QLineEdit>(name);
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-
-    DesktopScreen screen;
-    Desk desk;
-    BenchForm* form;
-    FormWindow* window;
-};
-
-/// Does something in the middle of what runs until then.
-template <class Action>
-void soon(Action action) {
-    QTimer::singleShot(50, action);
-}
-
-}  // namespace
+struct Window : test::WindowTest {};
 
 TEST_F(Window, ShowsEveryControlWithItsExactCaptionAndState) {
     EXPECT_EQ(window->windowTitle(), "Стенд & окно");

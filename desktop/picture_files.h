@@ -1,0 +1,19 @@
+#pragma once
+// A picture as a drawing of vectors and as numbers for a spreadsheet.
+
+#include <QByteArray>
+
+#include "desktop/drawing.h"
+
+class QImage;
+
+namespace tarvex {
+
+/// The picture as .svg.  Where old marks are gone it holds the image instead, so that nothing is missing.
+QByteArray svgOf(const Drawing& drawing, const QImage& image);
+
+/// Points (discs, circles, dots), then lines, in user coordinates: "вид;x;y;x2;y2;цвет" with a decimal comma.
+/// What is drawn in the background colour is left out.
+QByteArray csvOf(const Drawing& drawing);
+
+}  // namespace tarvex

@@ -1,0 +1,220 @@
+// The windows of every form of the laboratory, in the order of the desk.
+
+#include <gtest/gtest.h>
+
+#include "desktop/picture_view.h"
+#include "desktop/table_text.h"
+#include "forms/form2.h"
+#include "forms/laboratory.h"
+#include "tests/desktop/window_fixture.h"
+#include "tests/support/recording_screen.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvex {
+
+namespace {
+
+/// Names of all forms, in the order of the desk.
+std::vector<std::string> allForms() {
+    test::RecordingScreen screen;
+    const Laboratory lab(screen, "/nonexistent");
+    return lab.desk.names();
+}
+
+/// One form in its window, and the same form on a screen that only records, as the player has it.
+struct EveryForm : ::testing::TestWithParam<std::string> {
+    EveryForm() : shown(windows, folder.path()), played(recorder, folder.path()) {
+        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Plan0/Txt1", "Risunki"})
+            folder.makeFolder(name);
+        closer.start(10);
+        QObject::connect(&closer, &QTimer::timeout, [] {
+            // What a form says about the empty tree is not the matter here.
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+        });
+        shown.desk.show(GetParam());
+        played.desk.show(GetParam());
+        QCoreApplication::processEvents();
+    }
+    Form& form() { return shown.desk.form(GetParam()); }
+    Form& twin() { return played.desk.form(GetParam()); }
+    FormWindow& window() { return *windows.windowOf(form()); }
+
+    QTimer closer;
+    test::TempFolder folder;
+    DesktopScreen windows;
+    test::RecordingScreen recorder;
+    Laboratory shown, played;
+};
+
+/// Controls as a layout places them, from left to right and down.
+void inLayoutOrder(const Layout& part, std::vector<const Control*>& all) {
+    if (part.control != nullptr) all.push_back(part.control);
+    for (const Layout& child : part.children) inLayoutOrder(child, all);
+}
+
+QString plain(QString text) { return text.replace("&&", "&").replace('\n', ' '); }
+
+/// What a widget says about itself, as the control would.
+std::string textOn(const QWidget& widget) {
+    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget)) return edit->text().toStdString();
+    if (const auto* box = qobject_cast<const QPlainTextEdit*>(&widget))
+        return box->toPlainText().toStdString();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return (button->isCheckable() ? button->isChecked() ? "+" : "-" : "") +
+               plain(button->text()).toStdString();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) return plain(label->text()).toStdString();
+    if (const auto* bar = qobject_cast<const QScrollBar*>(&widget)) return std::to_string(bar->value());
+    return "picture";
+}
+
+std::string textOf(const Control& control) {
+    const auto oneLine = [](std::string text) { return plain(QString::fromStdString(text)).toStdString(); };
+    switch (control.kind()) {
+        case Control::Kind::Text: {
+            QString text = QString::fromStdString(static_cast<const TextField&>(control).text());
+            return text.replace("\r\n", "\n").toStdString();
+        }
+        case Control::Kind::Check:
+            return (static_cast<const CheckBox&>(control).on() ? "+" : "-") + oneLine(control.caption());
+        case Control::Kind::Option:
+            return (static_cast<const OptionButton&>(control).on() ? "+" : "-") + oneLine(control.caption());
+        case Control::Kind::Scroll:
+            return std::to_string(static_cast<const ScrollBar&>(control).value());
+        case Control::Kind::Picture:
+            return "picture";
+        default:
+            return oneLine(control.caption());
+    }
+}
+
+}  // namespace
+
+TEST_P(EveryForm, ShowsEveryControlWithItsCaptionTextAndHint) {
+    EXPECT_EQ(window().windowTitle().toStdString(), form().title());
+    EXPECT_FALSE(form().title().empty());
+    QStringList captions;
+    for (const QLabel* label : window().findChildren<QLabel*>()) captions << label->text();
+    for (const Control* control : form().controls()) {
+        const QWidget& widget = *test::find<QWidget>(window(), control->name());
+        EXPECT_EQ(textOn(widget), textOf(*control)) << control->name();
+        EXPECT_EQ(widget.isEnabled(), control->enabled()) << control->name();
+        EXPECT_EQ(!widget.isHidden(), control->visible()) << control->name();
+        EXPECT_TRUE(widget.toolTip().endsWith(QString::fromStdString(control->hint()))) << control->name();
+        const Layout* grid = gridOf(form().layout(), *control);
+        const bool headed =
+            grid != nullptr && grid->kind == Layout::Kind::Table;  // its cells carry no labels
+        if (control->kind() == Control::Kind::Text && control->visible() && !headed) {
+            EXPECT_TRUE(control->caption().empty() ||
+                        captions.contains(QString::fromStdString(control->caption())))
+                << control->name();
+        }
+    }
+}
+
+TEST_P(EveryForm, TabGoesThroughTheControlsInTheOrderOfTheLayout) {
+    std::vector<const Control*> placed;
+    inLayoutOrder(form().layout(), placed);
+    std::vector<std::string> wanted, seen;
+    for (const Control* control : placed)
+        if (const auto* widget = test::find<QWidget>(window(), control->name());
+            widget->focusPolicy() & Qt::TabFocus)
+            wanted.push_back(control->name());
+    for (QWidget* at = window().nextInFocusChain(); at != &window(); at = at->nextInFocusChain())
+        if (at->focusPolicy() & Qt::TabFocus)
+            if (form().find(at->objectName().toStdString()) != nullptr &&
+                std::find(wanted.begin(), wanted.end(), at->objectName().toStdString()) != wanted.end())
+                seen.push_back(at->objectName().toStdString());
+    EXPECT_EQ(seen, wanted);
+}
+
+TEST_P(EveryForm, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
+    // Every input in turn, through the widget here and through the control there.
+    for (std::size_t i = 0; i < form().controls().size(); ++i) {
+        Control& one = *form().controls()[i];
+        Control& other = *twin().controls()[i];
+        ASSERT_EQ(one.name(), other.name());
+        if (!one.enabled() || !one.visible()) continue;
+        if (one.kind() == Control::Kind::Text) {
+            auto& field = static_cast<TextField&>(one);
+            if (field.readOnly() || field.lines() > 1) continue;
+            auto* edit = test::find<QLineEdit>(window(), one.name());
+            edit->setText("7");
+            emit edit->editingFinished();
+            if (other.enabled() && static_cast<TextField&>(other).text() != "7")
+                static_cast<TextField&>(other).setText("7");
+        } else if (one.kind() == Control::Kind::Check) {
+            test::find<QCheckBox>(window(), one.name())->click();
+            static_cast<CheckBox&>(other).set(!static_cast<CheckBox&>(other).on());
+        } else if (one.kind() == Control::Kind::Scroll) {
+            auto& bar = static_cast<ScrollBar&>(other);
+            test::find<QScrollBar>(window(), one.name())->setValue(bar.max());
+            bar.setValue(bar.max());
+        }
+        QCoreApplication::processEvents();
+        if (!shown.desk.isLoaded(GetParam())) break;
+    }
+    for (std::size_t i = 0; i < form().controls().size(); ++i) {
+        EXPECT_EQ(textOf(*form().controls()[i]), textOf(*twin().controls()[i]))
+            << form().controls()[i]->name();
+        EXPECT_EQ(textOn(*test::find<QWidget>(window(), form().controls()[i]->name())),
+                  textOf(*form().controls()[i]));
+    }
+}
+
+TEST_P(EveryForm, PicturesSurviveAResize) {
+    std::vector<PictureView*> views;
+    for (QWidget* child : window().findChildren<QWidget*>())
+        if (auto* view = dynamic_cast<PictureView*>(child)) views.push_back(view);
+    for (const QSize size : {QSize(700, 500), QSize(1900, 1000), QSize(1100, 640)}) {
+        window().resize(size);
+        QCoreApplication::processEvents();
+        for (PictureView* view : views) {
+            const Picture& picture = *view->picture();
+            EXPECT_NEAR(view->target().width() / view->target().height(),
+                        static_cast<double>(picture.width()) / picture.height(), 1e-6);
+            const auto corner = view->userPoint(view->target().topLeft() + QPointF(1e-9, 1e-9));
+            ASSERT_TRUE(corner.has_value());
+            EXPECT_NEAR(corner->x(), picture.toUserX(0), 1e-6);
+            EXPECT_NEAR(corner->y(), picture.toUserY(0), 1e-6);
+            EXPECT_FALSE(view->grab().isNull());
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Desk, EveryForm, ::testing::ValuesIn(allForms()),
+                         [](const auto& one) { return one.param; });
+
+TEST(RealForms, AStopReachesARunningExperiment) {
+    test::TempFolder folder;
+    for (const char* name : {"Dat", "Plan0/Txt1", "Risunki"}) folder.makeFolder(name);
+    DesktopScreen screen;
+    Laboratory lab(screen, folder.path());
+    lab.desk.show("Form1");
+    QWidget* first = screen.windowOf(lab.desk.form("Form1"));
+    test::find<QPushButton>(*first, "Command1")->click();
+    lab.desk.show("Form2");
+    auto& form = lab.desk.get<Form2>();
+    QWidget* window = screen.windowOf(form);
+    test::find<QLineEdit>(*window, "Text40")->setText("1900");
+    QTimer shutMessages;
+    QStringList said;
+    QObject::connect(&shutMessages, &QTimer::timeout, [&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            said << box->text();
+            box->reject();
+        }
+    });
+    shutMessages.start(10);
+    bool pressed = false;
+    std::string running;
+    QTimer::singleShot(300, [&] {
+        running = form.Text1.text();
+        pressed = true;
+        test::find<QPushButton>(*window, "Command4")->click();
+    });
+    test::find<QPushButton>(*window, "Command1")->click();  // returns only when the run has ended
+    EXPECT_TRUE(pressed) << said.join('|').toStdString();
+    EXPECT_FALSE(lab.desk.busy());
+}
+
+}  // namespace tarvex
