@@ -195,7 +195,8 @@ TEST(RealForms, AStopReachesARunningExperiment) {
     lab.desk.show("Form2");
     auto& form = lab.desk.get<Form2>();
     QWidget* window = screen.windowOf(form);
-    test::find<QLineEdit>(*window, "Text40")->setText("1900");
+    form.Check14.set(true);
+    form.Text40.setText("2900");
     QTimer shutMessages;
     QStringList said;
     QObject::connect(&shutMessages, &QTimer::timeout, [&] {
@@ -205,15 +206,19 @@ TEST(RealForms, AStopReachesARunningExperiment) {
         }
     });
     shutMessages.start(10);
-    bool pressed = false;
-    std::string running;
-    QTimer::singleShot(300, [&] {
-        running = form.Text1.text();
-        pressed = true;
+    bool running = false;
+    QStringList status;
+    QTimer::singleShot(700, [&] {
+        running = lab.desk.busy();
+        for (const QLabel* label : window->findChildren<QLabel*>()) status << label->text();
         test::find<QPushButton>(*window, "Command4")->click();
     });
     test::find<QPushButton>(*window, "Command1")->click();  // returns only when the run has ended
-    EXPECT_TRUE(pressed) << said.join('|').toStdString();
+    EXPECT_TRUE(running) << said.join('|').toStdString();
+    EXPECT_EQ(lab.s.kodStop, 1);
+    EXPECT_LT(lab.s.God, 2900);
+    EXPECT_TRUE(status.join('|').contains(QRegularExpression("прошло 0:0.*осталось .*, конец ")))
+        << status.join('|').toStdString();
     EXPECT_FALSE(lab.desk.busy());
 }
 
