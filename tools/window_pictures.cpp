@@ -12,6 +12,7 @@
 #include <functional>
 #include <string>
 
+#include "core/text_files.h"
 #include "desktop/desktop_screen.h"
 #include "desktop/form_window.h"
 #include "forms/laboratory.h"
@@ -57,6 +58,33 @@ public:
         });
         watch.start(1);
         press(command);
+    }
+    /// Does the lines of a script that act, up to the one that starts with `end`.
+    void play(const std::string& script, const std::string& end) {
+        TextReader in(script);
+        for (std::string line; in.line(line) && !line.starts_with(end);) {
+            if (!line.starts_with("Form")) continue;
+            const auto sign = line.find(" = ");
+            const std::string reference = line.substr(0, sign),
+                              value = sign == line.npos ? "" : line.substr(sign + 3);
+            lab_.desk.turnTo(lab_.desk.form(reference.substr(0, reference.find('.'))));
+            switch (control<Control>(reference).kind()) {
+                case Control::Kind::Text:
+                    set(reference, value);
+                    break;
+                case Control::Kind::Option:
+                    choose(reference);
+                    break;
+                case Control::Kind::Check:
+                    tick(reference, value == "on");
+                    break;
+                case Control::Kind::Command:
+                    press(reference);
+                    break;
+                default:
+                    throw Failure("cannot do " + line);
+            }
+        }
     }
     void save(const std::string& form, const std::string& name) {
         open(form);
@@ -124,7 +152,11 @@ void plans(Pictures& p) {
     p.press("Form18.Command5");
     p.press("Form18.Command13");
     p.save("Form18", "form18");
-    p.press("Form15.Command5");
+}
+
+/// The plan of the main road: what its script does, up to the optimum.
+void wholeRoad(Pictures& p) {
+    p.play("examples/main_road.tvx", "echo 8.");
     p.save("Form15", "form15");
 }
 
@@ -186,7 +218,7 @@ int main(int argc, char** argv) {
         DesktopScreen screen;
         Laboratory lab(screen, argv[1]);
         Pictures pictures(lab, screen, argv[2]);
-        for (const auto& part : {mercury, plans, observations, eclipse, help}) part(pictures);
+        for (const auto& part : {mercury, plans, wholeRoad, observations, eclipse, help}) part(pictures);
         lab.desk.unloadAll("Form1");
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "window_pictures: %s\n", failure.what());
