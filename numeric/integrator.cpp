@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "numeric/lane_kernels.h"
+
 namespace tarvex {
 
 namespace {
 
 constexpr int firstAcceleration = 3 * bodies;  ///< cell of the first acceleration in dU
-
-using State = std::array<double, equations>;
 
 void rightHandSide(ModelState& s, Motion& motion) {
     if (motion.kodOTO == 1) {
@@ -19,47 +19,55 @@ void rightHandSide(ModelState& s, Motion& motion) {
 }
 
 /// K = h*dU and U = U0 + K*share, and the accelerations of the stage into A.
-template <int divisor>
-void endStage(double h, const State& dU, const State& U0, State& K, State& A, double* U) {
+TARVEX_KERNEL void endStage(double h, double share, const double* __restrict dU, const double* __restrict U0,
+                            double* __restrict K, double* __restrict A, double* __restrict U) {
     for (int k = 0; k < equations; ++k) {
         K[k] = h * dU[k];
-        U[k] = K[k] / divisor + U0[k];
+        U[k] = K[k] * share + U0[k];
     }
-    std::copy(dU.begin() + firstAcceleration, dU.end(), A.begin() + firstAcceleration);
+    for (int k = firstAcceleration; k < equations; ++k) A[k] = dU[k];
+}
+
+/// The weighted mean of the four stages into U, that of their accelerations into dU.
+TARVEX_KERNEL void endStep(double h, const RunState& run, double* __restrict K4, double* __restrict A4,
+                           double* __restrict dU, double* __restrict U) {
+    const double *K1 = run.K1.data(), *K2 = run.K2.data(), *K3 = run.K3.data(), *U0 = run.U0.data();
+    const double *A1 = run.A1.data(), *A2 = run.A2.data(), *A3 = run.A3.data();
+    for (int k = 0; k < equations; ++k) {
+        K4[k] = h * dU[k];
+        U[k] = (2 * K2[k] + K1[k] + 2 * K3[k] + K4[k]) / 6 + U0[k];
+    }
+    for (int k = firstAcceleration; k < equations; ++k) {
+        A4[k] = dU[k];
+        dU[k] = (2 * A2[k] + A1[k] + 2 * A3[k] + A4[k]) / 6;
+    }
 }
 
 }  // namespace
 
 void rungeKuttaStep(ModelState& s, Motion& motion, RunState& run) {
     const double h = s.DtCur;
-    double* const U = motion.U.data();
+    double *const U = motion.U.data(), *const dU = motion.dU.data();
     motion.NDiffur = 0;
     run.Tstage = run.Tsec;
     motion.dTstage = 0;
     std::copy(U, U + equations, run.U0.begin());
 
     rightHandSide(s, motion);
-    endStage<2>(h, motion.dU, run.U0, run.K1, run.A1, U);
+    endStage(h, 0.5, dU, run.U0.data(), run.K1.data(), run.A1.data(), U);
 
     run.Tstage = h / 2 + run.Tsec;
     motion.dTstage = h / 2;
     rightHandSide(s, motion);
-    endStage<2>(h, motion.dU, run.U0, run.K2, run.A2, U);
+    endStage(h, 0.5, dU, run.U0.data(), run.K2.data(), run.A2.data(), U);
 
     rightHandSide(s, motion);
-    endStage<1>(h, motion.dU, run.U0, run.K3, run.A3, U);
+    endStage(h, 1, dU, run.U0.data(), run.K3.data(), run.A3.data(), U);
 
     run.Tstage = run.Tsec + h;
     motion.dTstage = h;
     rightHandSide(s, motion);
-    for (int k = 0; k < equations; ++k) {
-        run.K4[k] = h * motion.dU[k];
-        U[k] = (2 * run.K2[k] + run.K1[k] + 2 * run.K3[k] + run.K4[k]) / 6 + run.U0[k];
-    }
-    for (int k = firstAcceleration; k < equations; ++k) {
-        run.A4[k] = motion.dU[k];
-        motion.dU[k] = (2 * run.A2[k] + run.A1[k] + 2 * run.A3[k] + run.A4[k]) / 6;
-    }
+    endStep(h, run, run.K4.data(), run.A4.data(), dU, U);
 }
 
 namespace {

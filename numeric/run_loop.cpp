@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
@@ -188,29 +189,55 @@ void step(const Experiment& e, const ArithmeticGuard& guard) {
 
 // ------------------------------------------------------------------ what follows the step
 
-void measure(const Experiment& e, RunPort& port) {
+/// @return  true when something was passed, and told
+bool measure(const Experiment& e, RunPort& port) {
     const Passage seen = measurePass(e.s, e.run);
-    if (seen.node || seen.apse || seen.periodRenewed) port.passed(seen);
+    const bool told = seen.node || seen.apse || seen.periodRenewed;
+    if (told) port.passed(seen);
     if (seen.apse) {
         if (e.run.boxes.records && e.run.NZamer > 2) WriteRasRecord(e.tree, e.s, e.run);
         endApse(e.run);
     }
     refineStep(e.s, e.run);
+    return told;
 }
 
+/// The date of the run in GodR, MesR, DenR.  Within a day only the fraction of DenR changes; whoever else may
+/// have written these cells makes it forget the day.
+class RunDate {
+public:
+    void tell(ModelState& s) {
+        constexpr int egyptian = 2;  // this calendar changes JD as well
+        const double Z = Int(s.JD + 0.5), F = s.JD + 0.5 - Z;
+        if (Z == day_) {
+            s.DenR = whole_ + F - s.TimeZone / 24;
+            return;
+        }
+        const std::int16_t before = s.kodErrDate;
+        s.kodErrDate = 0;
+        DateFromJD(s, s.JD);
+        if (s.kodErrDate != 0) throw OverflowFailure("the date of the run has left the calendar");
+        s.kodErrDate = before;
+        if (s.kodKalend == egyptian) return;
+        day_ = Z;
+        whole_ = std::round(s.DenR - F + s.TimeZone / 24);
+    }
+    void forget() { day_ = noDay; }
+
+private:
+    static constexpr double noDay = std::numeric_limits<double>::infinity();
+    double day_ = noDay, whole_ = 0;
+};
+
 /// The clock takes the step just chosen, not the one just made: meant.
-void advanceClock(const Experiment& e) {
+void advanceClock(const Experiment& e, RunDate& date) {
     ModelState& s = e.s;
     s.NC = static_cast<std::int16_t>(s.NC + 1);
     e.run.Tsec += s.DtCur;
     e.run.Tmod += e.run.kodTime * s.DtCur;
     e.ephemeris.JDjpl += e.run.kodTime * s.DtCur / sekD;
     s.JD = e.ephemeris.JDjpl;
-    const std::int16_t before = s.kodErrDate;
-    s.kodErrDate = 0;
-    DateFromJD(s, s.JD);
-    if (s.kodErrDate != 0) throw OverflowFailure("the date of the run has left the calendar");
-    s.kodErrDate = before;
+    date.tell(s);
 }
 
 /// Copies for the gravity bench while the debug box is on.
@@ -253,19 +280,22 @@ bool reachedEnd(const Experiment& e) { return e.run.boxes.endAtYear && e.run.God
 
 void runPasses(const Experiment& e, RunPort& port) {
     const ArithmeticGuard guard;
+    RunDate date;
     for (;;) {
         e.motion.kodDebug = e.run.boxes.debugText ? 1 : 0;
         step(e, guard);
         e.s.Icentr = originRow(e.run.boxes);
-        if (e.run.boxes.measure) measure(e, port);
-        advanceClock(e);
+        if (e.run.boxes.measure && measure(e, port)) date.forget();
+        advanceClock(e, date);
         pushTrace(e.s, e.motion, e.run.Tsec);
         keepTrace(e.motion);
         if (reachedEnd(e)) {
             port.showDate();  // the fields tell the pass that ended the run
             return;
         }
-        if (e.s.NC >= e.s.NC0 && !displayPass(e, port)) return;
+        if (e.s.NC < e.s.NC0) continue;
+        if (!displayPass(e, port)) return;
+        date.forget();
     }
 }
 
