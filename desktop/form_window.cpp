@@ -33,7 +33,7 @@ struct Closeness {
     double font;  ///< of the usual size
     int digits, gap, rowWidth;
 };
-constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10, 3, 600}};
+constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10, 3, 600}, {0.78, 9, 2, 560}};
 
 }  // namespace
 

@@ -71,6 +71,10 @@ bool isWords(const Layout& part) {
     return part.kind == Kind::Text || part.kind == Kind::Empty || isControl(part, Control::Kind::Label);
 }
 
+bool isBlank(const std::vector<Layout>& cells, std::size_t i) {
+    return i < cells.size() && cells[i].kind == Kind::Empty;
+}
+
 /// Commands, ticks and options: what may stand in a folded row.
 bool isPress(const Layout& part) {
     return isControl(part, Control::Kind::Command) || isControl(part, Control::Kind::Check) ||
@@ -316,7 +320,9 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
             const Qt::Alignment align = heading            ? Qt::AlignHCenter | Qt::AlignBottom
                                         : fillsWidth(cell) ? Qt::Alignment()
                                                            : Qt::AlignLeft | Qt::AlignVCenter;
-            grid->addWidget(one.widget, row, column, align);
+            int span = 1;  // a heading stands above the blank places behind it too
+            while (heading && column + span < columns && isBlank(cells, i + span)) ++span;
+            grid->addWidget(one.widget, row, column, 1, span, align);
         }
         if (one.wide) grid->setColumnStretch(column, 1);
         if (one.tall) grid->setRowStretch(row, 1);

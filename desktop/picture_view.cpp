@@ -17,6 +17,7 @@ namespace tarvex {
 
 namespace {
 
+constexpr double movedSize = 1.25;  ///< of a picture that is moved in a scroll area: its small print is read
 constexpr double largestZoom = 200, wheelStep = 1.25;
 
 /// A coordinate for the status line: about four significant digits.
@@ -34,7 +35,7 @@ PictureView::PictureView(Picture& picture, std::function<void(const std::functio
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QSize PictureView::sizeHint() const { return shape_; }
+QSize PictureView::sizeHint() const { return keepsSize_ ? shape_ * movedSize : shape_; }
 
 void PictureView::keepSize() {
     keepsSize_ = true;
@@ -42,7 +43,7 @@ void PictureView::keepSize() {
 }
 
 QSize PictureView::minimumSizeHint() const {
-    if (keepsSize_) return shape_;
+    if (keepsSize_) return sizeHint();
     return shape_.scaled(shape_ / 2, Qt::KeepAspectRatio).boundedTo({320, 240});
 }
 

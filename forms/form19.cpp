@@ -57,8 +57,8 @@ Form19::Form19(Laboratory& lab_)
     Command3.onPress([this] { close(); });
 
     std::vector<Layout> cells = {
-        "", "перигелий, вес", "", "угол восхождения, вес", "", "угол наклона, вес", "", "эксцентриситет, вес",
-        "", "полуось, вес",   "", "угловая скорость, вес", ""};
+        "", "перигелий, вес", blank(), "угол восхождения, вес", blank(), "угол наклона, вес", blank(),
+        "эксцентриситет, вес", blank(), "полуось, вес", blank(), "угловая скорость, вес", blank()};
     for (int i = 1; i <= weightPlanets; ++i) {
         cells.push_back(Option9(i));
         for (int c = 1; c <= shiftParams; ++c)

@@ -78,6 +78,7 @@ void Form7::load() {
     s.Mx = HScroll1.value() * 100000.0 * 1000;
     Picture1.setScale(-10, 10, 10, -10);
     clearPicture();
+    Picture1.setTextHeight(13);  // the longest note fills the width
     double y = 9.4;
     for (const char* note : notes) Picture1.text(-9.6, y -= 0.8, note, black);
 }

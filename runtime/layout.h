@@ -16,7 +16,8 @@ struct Layout {
     enum class Kind {
         Empty, Item, Text, Row, Column,
         Fields,    ///< a grid of labelled fields: label and field side by side, `columns` pairs in a row
-        Table,     ///< a grid of bare cells, `columns` in a row: field labels are not repeated
+        Table,     ///< a grid of bare cells, `columns` in a row: field labels are not repeated; in a first row
+                   ///< of headings each spans the blank() places behind it
         Frame,     ///< a titled group around its one child
         Scroll,    ///< its one child, with scroll bars when it does not fit
         Stretch,   ///< takes the room that is left
