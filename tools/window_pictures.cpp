@@ -1,9 +1,12 @@
 // Pictures of the laboratory's windows for the guide: each form is brought to where a reader of the guide
-// stands, with the same controls that he would use, and its window is saved. usage: window_pictures DATA
-// FOLDER   (DATA is written into: give a copy)
+// stands, with the same controls that he would use, and its window is saved.
+// usage: window_pictures DATA FOLDER [every [dark] [SCRIPT]]
+// DATA is written into: give a copy.  With "every" each form is saved, as it opens or after the lines of the
+// script; "dark" takes the palette of a dark desktop.
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTimer>
@@ -11,6 +14,7 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "core/text_files.h"
 #include "desktop/desktop_screen.h"
@@ -22,6 +26,7 @@ namespace {
 using namespace tarvex;
 
 constexpr int settleMilliseconds = 300;
+constexpr int lastForm = 26;
 constexpr int widestWindow = 1366, highestWindow = 768;
 
 /// Nobody is there to answer a message: it ends the program.
@@ -188,6 +193,23 @@ void eclipse(Pictures& p) {
     p.save("Form16", "form16");
 }
 
+/// Every form of the laboratory, for a look at all of them after a change of the windows.
+void every(Pictures& p, const std::string& script) {
+    if (!script.empty()) p.play(script, "end");
+    for (int form = 1; form <= lastForm; ++form) {
+        const std::string number = std::to_string(form);
+        p.save("Form" + number, "form" + number);
+    }
+}
+
+QPalette darkPalette() {
+    QPalette dark(QColor(45, 45, 48), QColor(35, 35, 38));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Highlight, QColor(42, 100, 170));
+    dark.setColor(QPalette::Link, QColor(110, 170, 240));
+    return dark;
+}
+
 void help(Pictures& p) {
     p.open("Form3");
     p.set("Form3.Text2", "смещение перигелия");
@@ -200,14 +222,19 @@ void help(Pictures& p) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "window_pictures DATA FOLDER\n");
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const bool wantsEvery = words.size() > 2 && words[2] == "every";
+    const bool wantsDark = wantsEvery && words.size() > 3 && words[3] == "dark";
+    const std::size_t scriptPlace = wantsDark ? 4 : 3;
+    if (words.size() < 2 || (words.size() > 2 && !wantsEvery)) {
+        std::fprintf(stderr, "window_pictures DATA FOLDER [every [dark] [SCRIPT]]\n");
         return 2;
     }
     int own = 1;
     QApplication application(own, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (wantsDark) QApplication::setPalette(darkPalette());
     QFont font = QApplication::font();
     font.setPointSizeF(10);
     QApplication::setFont(font);
@@ -216,9 +243,12 @@ int main(int argc, char** argv) {
     watch.start(settleMilliseconds);
     try {
         DesktopScreen screen;
-        Laboratory lab(screen, argv[1]);
-        Pictures pictures(lab, screen, argv[2]);
-        for (const auto& part : {mercury, plans, wholeRoad, observations, eclipse, help}) part(pictures);
+        Laboratory lab(screen, words[0]);
+        Pictures pictures(lab, screen, words[1]);
+        if (wantsEvery)
+            every(pictures, words.size() > scriptPlace ? words[scriptPlace] : "");
+        else
+            for (const auto& part : {mercury, plans, wholeRoad, observations, eclipse, help}) part(pictures);
         lab.desk.unloadAll("Form1");
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "window_pictures: %s\n", failure.what());
