@@ -10,6 +10,7 @@
 
 #include "core/failure.h"
 #include "desktop/picture_files.h"
+#include "desktop/toolkit.h"
 
 namespace tarvex {
 
@@ -27,6 +28,7 @@ QColor toQt(Color c) { return QColor(c.r, c.g, c.b); }
 void needFonts() {
     if (QCoreApplication::instance() != nullptr) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    prepareToolkit();
     static int count = 1;
     static char name[] = "tarvex";
     static char* arguments[] = {name, nullptr};

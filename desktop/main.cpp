@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QMessageBox>
-#include <QStyleFactory>
 #include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
@@ -13,6 +12,8 @@
 #include "core/data_home.h"
 #include "core/failure.h"
 #include "desktop/desktop_screen.h"
+#include "desktop/look.h"
+#include "desktop/toolkit.h"
 #include "forms/laboratory.h"
 
 namespace {
@@ -21,7 +22,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* usage = "tarvex [--data КАТАЛОГ] [--version]";
 constexpr const char* noDisplay = "Нет экрана. Без экрана опыты проигрывает tarvex-script СЦЕНАРИЙ.";
-constexpr double readablePoints = 10;
 
 bool isSet(const char* variable) {
     const char* value = std::getenv(variable);
@@ -33,13 +33,6 @@ void whileConnecting(QtMsgType type, const QMessageLogContext&, const QString& t
     if (type != QtFatalMsg) return;
     std::fprintf(stderr, "tarvex: %s\n%s\n", noDisplay, qPrintable(text));
     std::_Exit(1);
-}
-
-void setLook(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QFont font = application.font();
-    font.setPointSizeF(readablePoints);
-    QApplication::setFont(font);
 }
 
 /// The help form, at the page of the form that asks.
@@ -89,6 +82,7 @@ int main(int argc, char** argv) {
         return 1;
     }
 
+    tarvex::prepareToolkit();
     int own = 1;  // the words are ours, not the toolkit's
     const auto before = qInstallMessageHandler(whileConnecting);
     QApplication application(own, argv);
@@ -96,7 +90,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("tarvex");
     QApplication::setDesktopFileName("tarvex");
     QApplication::setQuitOnLastWindowClosed(false);  // the screen knows when the last form has gone
-    setLook(application);
+    tarvex::setLook(application);
     setLanguage(application);
 
     try {

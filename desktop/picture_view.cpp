@@ -98,7 +98,7 @@ void PictureView::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     paintCanvas(painter);
     painter.setPen(palette().mid().color());
-    painter.drawRect(target().adjusted(0, 0, -1, -1));
+    painter.drawRect(target().toAlignedRect().adjusted(0, 0, -1, -1));
 }
 
 QImage PictureView::image() const {

@@ -8,7 +8,6 @@
 #include <QMessageBox>
 #include <QPalette>
 #include <QPixmap>
-#include <QStyleFactory>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -19,6 +18,8 @@
 #include "core/text_files.h"
 #include "desktop/desktop_screen.h"
 #include "desktop/form_window.h"
+#include "desktop/look.h"
+#include "desktop/toolkit.h"
 #include "forms/laboratory.h"
 
 namespace {
@@ -231,13 +232,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     int own = 1;
+    prepareToolkit();
     QApplication application(own, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    setLook(application);
     if (wantsDark) QApplication::setPalette(darkPalette());
-    QFont font = QApplication::font();
-    font.setPointSizeF(10);
-    QApplication::setFont(font);
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &endOnMessage);
     watch.start(settleMilliseconds);
