@@ -1,5 +1,7 @@
 #include "script/player.h"
 
+#include <algorithm>
+#include <array>
 #include <cctype>
 #include <istream>
 
@@ -276,8 +278,9 @@ void Player::savePicture(std::string_view rest) {
     const std::string_view reference = takeWord(rest);
     Control& saved = control(reference);
     if (saved.kind() != Control::Kind::Picture) throw LineFailure{saved.name() + " - не рисунок"};
-    if (!rest.ends_with(".png") && !rest.ends_with(".bmp"))
-        throw LineFailure{"рисунок сохраняют в файл .png или .bmp"};
+    constexpr std::array endings = {".png", ".bmp", ".svg", ".csv"};
+    if (std::none_of(endings.begin(), endings.end(), [&](const char* one) { return rest.ends_with(one); }))
+        throw LineFailure{"рисунок сохраняют в файл .png, .bmp, .svg или .csv"};
     try {
         static_cast<Picture&>(saved).save(std::filesystem::path(rest));
     } catch (const FileFailure&) {

@@ -45,6 +45,7 @@ public:
         Command7.setEnabled(false);
         Picture1.onRelease([this](double x, double y, Picture::Button b) {
             Text2.setText(toText(x) + ";" + toText(y) + (b == Picture::Button::Left ? ";left" : ";right"));
+            Picture1.disc(x, y, 0.5, {255, 0, 0});
         });
         Picture1.setScale(-10, 12, 10, -10);
     }
@@ -317,7 +318,7 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         {"at yield 1", "после at yield N нет действия"},
         {"at once Bench.Command3", "ожидается at yield N ..."},
         {"save Bench.Text1 a.png", "Text1 - не рисунок"},
-        {"save Bench.Picture1 a.gif", "рисунок сохраняют в файл .png или .bmp"},
+        {"save Bench.Picture1 a.gif", "рисунок сохраняют в файл .png, .bmp, .svg или .csv"},
         {noFile, "не удалось записать «/nowhere/a.png»"},
         {"Нажать кнопку", "непонятная строка: «Нажать кнопку»"},
         {std::string("\x7f"
@@ -331,6 +332,15 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         EXPECT_EQ(played.failure, "2: " + failure);
         EXPECT_EQ(played.out, "");
     }
+}
+
+TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
+    const std::string csv = (folder.path() / "a.csv").string(), svg = (folder.path() / "a.svg").string();
+    const Outcome played = play("Bench.Picture1 release -2.5,10 left\nsave Bench.Picture1 " + csv +
+                                "\nsave Bench.Picture1 " + svg);
+    EXPECT_EQ(played.failure, "");
+    EXPECT_EQ(test::readBytes(csv), "\xEF\xBB\xBFвид;x;y;x2;y2;цвет\r\nточка;-2,5;10;;;#ff0000\r\n");
+    EXPECT_NE(test::readBytes(svg).find("fill=\"#ff0000\"/>"), std::string::npos);
 }
 
 TEST_F(PlayerTest, OnlyPicturesThatAScriptSavesAreDrawn) {
