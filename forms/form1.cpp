@@ -56,7 +56,7 @@ TextField::Spec Form1::cell(int) {
                                          "Долгота узла, градусы, или масса Солнца / масса объекта"};
     return {.name = "Text" + std::to_string(column),
             .hint = std::string(hints[column - 1]) + "; с экрана берется командой загрузки",
-            .width = 12};
+            .width = column == 2 ? 13 : 12};  // semi-axes of the outer planets are the longest numbers
 }
 
 Form1::Form1(Laboratory& lab_)

@@ -5,46 +5,13 @@
 #include "desktop/picture_view.h"
 #include "desktop/table_text.h"
 #include "forms/form2.h"
-#include "forms/laboratory.h"
-#include "tests/desktop/window_fixture.h"
-#include "tests/support/recording_screen.h"
-#include "tests/support/temp_folder.h"
+#include "tests/desktop/every_form.h"
 
 namespace tarvex {
 
 namespace {
 
-/// Names of all forms, in the order of the desk.
-std::vector<std::string> allForms() {
-    test::RecordingScreen screen;
-    const Laboratory lab(screen, "/nonexistent");
-    return lab.desk.names();
-}
-
-/// One form in its window, and the same form on a screen that only records, as the player has it.
-struct EveryForm : ::testing::TestWithParam<std::string> {
-    EveryForm() : shown(windows, folder.path()), played(recorder, folder.path()) {
-        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Plan0/Txt1", "Risunki"})
-            folder.makeFolder(name);
-        closer.start(10);
-        QObject::connect(&closer, &QTimer::timeout, [] {
-            // What a form says about the empty tree is not the matter here.
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
-        });
-        shown.desk.show(GetParam());
-        played.desk.show(GetParam());
-        QCoreApplication::processEvents();
-    }
-    Form& form() { return shown.desk.form(GetParam()); }
-    Form& twin() { return played.desk.form(GetParam()); }
-    FormWindow& window() { return *windows.windowOf(form()); }
-
-    QTimer closer;
-    test::TempFolder folder;
-    DesktopScreen windows;
-    test::RecordingScreen recorder;
-    Laboratory shown, played;
-};
+struct AllForms : test::EveryForm {};
 
 /// Controls as a layout places them, from left to right and down.
 void inLayoutOrder(const Layout& part, std::vector<const Control*>& all) {
@@ -89,7 +56,7 @@ std::string textOf(const Control& control) {
 
 }  // namespace
 
-TEST_P(EveryForm, ShowsEveryControlWithItsCaptionTextAndHint) {
+TEST_P(AllForms, ShowsEveryControlWithItsCaptionTextAndHint) {
     EXPECT_EQ(window().windowTitle().toStdString(), form().title());
     EXPECT_FALSE(form().title().empty());
     QStringList captions;
@@ -111,7 +78,7 @@ TEST_P(EveryForm, ShowsEveryControlWithItsCaptionTextAndHint) {
     }
 }
 
-TEST_P(EveryForm, TabGoesThroughTheControlsInTheOrderOfTheLayout) {
+TEST_P(AllForms, TabGoesThroughTheControlsInTheOrderOfTheLayout) {
     std::vector<const Control*> placed;
     inLayoutOrder(form().layout(), placed);
     std::vector<std::string> wanted, seen;
@@ -127,7 +94,7 @@ TEST_P(EveryForm, TabGoesThroughTheControlsInTheOrderOfTheLayout) {
     EXPECT_EQ(seen, wanted);
 }
 
-TEST_P(EveryForm, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
+TEST_P(AllForms, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
     // Every input in turn, through the widget here and through the control there.
     for (std::size_t i = 0; i < form().controls().size(); ++i) {
         Control& one = *form().controls()[i];
@@ -161,7 +128,7 @@ TEST_P(EveryForm, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
     }
 }
 
-TEST_P(EveryForm, PicturesSurviveAResize) {
+TEST_P(AllForms, PicturesSurviveAResize) {
     std::vector<PictureView*> views;
     for (QWidget* child : window().findChildren<QWidget*>())
         if (auto* view = dynamic_cast<PictureView*>(child)) views.push_back(view);
@@ -181,8 +148,7 @@ TEST_P(EveryForm, PicturesSurviveAResize) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Desk, EveryForm, ::testing::ValuesIn(allForms()),
-                         [](const auto& one) { return one.param; });
+INSTANTIATE_TEST_SUITE_P(Desk, AllForms, ::testing::ValuesIn(test::allForms()), test::nameOf);
 
 TEST(RealForms, AStopReachesARunningExperiment) {
     test::TempFolder folder;

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QFont>
 #include <QSettings>
 #include <QtWidgets/QApplication>
+#include <fstream>
 #include <memory>
 
+#include "desktop/look.h"
+#include "desktop/toolkit.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvex {
@@ -16,10 +20,22 @@ struct Application : ::testing::Environment {
     void SetUp() override {
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                            QString::fromStdString(settings.path().string()));
+        prepareToolkit();
+        if (qEnvironmentVariable("QT_QPA_PLATFORM") == "offscreen") describeScreen();
         application = std::make_unique<QApplication>(count, arguments);
+        QApplication::setFont(QFont("DejaVu Sans"));
+        setLook(*application);
         QApplication::setQuitOnLastWindowClosed(false);
     }
     void TearDown() override { application.reset(); }  // before the statics of the toolkit go
+
+    /// The smallest screen on which the windows are to be comfortable.
+    void describeScreen() const {
+        const auto file = settings.path() / "screen.json";
+        std::ofstream(file) << R"({"screens": [{"name": "small", "x": 0, "y": 0, "width": 1280, "height": 720,
+                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QByteArray::fromStdString(file.string()));
+    }
 
     const test::TempFolder settings;
     int count = 1;

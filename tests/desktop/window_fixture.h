@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QSettings>
+
 #include "tests/desktop/bench_form.h"
 
 namespace tarvex::test {
@@ -40,6 +42,11 @@ struct WindowTest : ::testing::Test {
     BenchForm* form;
     FormWindow* window;
 };
+
+/// Windows open again as for the first time.
+inline void forgetPlaces() {
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "tarvex", "windows").clear();
+}
 
 /// Does something in the middle of what runs until then.
 template <class Action>

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QSettings>
-
 #include "desktop/picture_view.h"
 #include "desktop/window_bar.h"
 #include "tests/desktop/window_fixture.h"
@@ -198,7 +196,7 @@ TEST_F(WindowTools, AWindowComesBackWhereItWas) {
     desk.unload("Bench");
     desk.show("Bench");
     EXPECT_EQ(screen.windowOf(desk.get<test::BenchForm>())->geometry(), place);
-    QSettings(QSettings::IniFormat, QSettings::UserScope, "tarvex", "windows").clear();
+    test::forgetPlaces();
 }
 
 }  // namespace tarvex

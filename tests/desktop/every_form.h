@@ -1,0 +1,45 @@
+#pragma once
+// Each form of the laboratory in its window, and beside it the same form as the player has it.
+
+#include "forms/laboratory.h"
+#include "tests/desktop/window_fixture.h"
+#include "tests/support/recording_screen.h"
+#include "tests/support/temp_folder.h"
+
+namespace tarvex::test {
+
+/// Names of all forms, in the order of the desk.
+inline std::vector<std::string> allForms() {
+    RecordingScreen screen;
+    const Laboratory lab(screen, "/nonexistent");
+    return lab.desk.names();
+}
+inline std::string nameOf(const ::testing::TestParamInfo<std::string>& one) { return one.param; }
+
+/// One form in its window, and the same form on a screen that only records, as the player has it.
+struct EveryForm : ::testing::TestWithParam<std::string> {
+    EveryForm() : shown(windows, folder.path()), played(recorder, folder.path()) {
+        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Plan0/Txt1", "Risunki"})
+            folder.makeFolder(name);
+        forgetPlaces();
+        closer.start(10);
+        QObject::connect(&closer, &QTimer::timeout, [] {
+            // What a form says about the empty tree is not the matter here.
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+        });
+        shown.desk.show(GetParam());
+        played.desk.show(GetParam());
+        QCoreApplication::processEvents();
+    }
+    Form& form() { return shown.desk.form(GetParam()); }
+    Form& twin() { return played.desk.form(GetParam()); }
+    FormWindow& window() { return *windows.windowOf(form()); }
+
+    QTimer closer;
+    TempFolder folder;
+    DesktopScreen windows;
+    RecordingScreen recorder;
+    Laboratory shown, played;
+};
+
+}  // namespace tarvex::test
