@@ -95,6 +95,7 @@ QWidget* FormWindow::build(const Density& density) {
         if (QLayout* layout = (*child)->layout()) layout->activate();
         (*child)->updateGeometry();
     }
+    LayoutBuilder::shareRows(*contents);
     contents->layout()->activate();
     return contents;
 }

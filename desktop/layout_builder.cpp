@@ -19,6 +19,7 @@ namespace {
 constexpr int pairGap = 8;         ///< more between two pairs of label and field
 constexpr int leastPicture = 320;  ///< width left to a picture that is moved in its area, pixels
 constexpr int widestArea = 1250;   ///< of a scrolled area that shows all its width, pixels
+constexpr int captionRoom = 14;    ///< of a command, left and right of its caption together, pixels
 constexpr int choiceGap = 1;       ///< between ticks or options below each other
 
 using Kind = Layout::Kind;
@@ -64,6 +65,12 @@ private:
 void closeGrid(QGridLayout& grid, bool wide, bool tall) {
     if (!wide) grid.setColumnStretch(grid.columnCount(), 1);
     if (!tall) grid.setRowStretch(grid.rowCount(), 1);
+}
+
+/// A titled frame, or some below each other.
+bool isGroup(const Layout& part) {
+    return part.kind == Kind::Frame || (part.kind == Kind::Column && !part.children.empty() &&
+                                        std::all_of(part.children.begin(), part.children.end(), isGroup));
 }
 
 /// A caption, or nothing: what the headings of a table are made of.
@@ -127,6 +134,13 @@ QWidget* LayoutBuilder::build(const Layout& tree) const {
     return widget;
 }
 
+void LayoutBuilder::shareRows(const QWidget& contents) {
+    for (auto* box : contents.findChildren<QHBoxLayout*>())
+        for (int i = 0; i < box->count(); ++i)
+            if (box->stretch(i) > 0 && box->itemAt(i)->spacerItem() == nullptr)
+                box->setStretch(i, std::max(1, box->itemAt(i)->sizeHint().width()));
+}
+
 LayoutBuilder::Piece LayoutBuilder::piece(const Layout& part) const {
     switch (part.kind) {
         case Kind::Item:
@@ -175,7 +189,7 @@ LayoutBuilder::Piece LayoutBuilder::item(Control& control) const {
 LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int limit) const {
     if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts, limit);
     auto* box = bare<QHBoxLayout>();
-    bool wide = false, tall = false;
+    bool wide = false, tall = false, barred = false;
     for (const Layout& part : parts) {
         if (part.kind == Kind::Stretch) {
             box->addStretch(1);
@@ -183,18 +197,19 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int 
             continue;
         }
         const Piece one = piece(part);
+        const bool bar = isControl(part, Control::Kind::Scroll);  // as long as its row
+        barred |= bar;
+        const int share = one.wide || bar ? 1 : 0;
         if (one.layout != nullptr)
-            box->addLayout(one.layout, one.wide ? 1 : 0);
+            box->addLayout(one.layout, share);
         else
-            box->addWidget(one.widget, one.wide ? 1 : 0);
+            box->addWidget(one.widget, share);
         wide |= one.wide;
         tall |= one.tall;
     }
     // Groups side by side share what is left, so that their outer edges line up with the rows above and
     // below.
-    const bool groups =
-        std::all_of(parts.begin(), parts.end(), [](const Layout& l) { return l.kind == Kind::Frame; });
-    if (!wide && !groups) box->addStretch(1);
+    if (!wide && !barred && !std::all_of(parts.begin(), parts.end(), isGroup)) box->addStretch(1);
     return {box, nullptr, wide, tall};
 }
 
@@ -217,6 +232,18 @@ LayoutBuilder::Piece LayoutBuilder::foldedRow(const std::vector<Layout>& parts, 
     }
     line->addStretch(1);
     return {box, nullptr};
+}
+
+/// Of the longest caption where all cells are commands or blank; 0 otherwise.
+int LayoutBuilder::commandWidth(const std::vector<Layout>& cells) const {
+    int widest = 0;
+    for (const Layout& cell : cells) {
+        if (cell.kind == Kind::Empty) continue;
+        if (!isCommand(cell)) return 0;
+        const QFontMetrics metrics(density_.font);
+        widest = std::max(widest, metrics.horizontalAdvance(literal(cell.control->caption())) + captionRoom);
+    }
+    return widest;
 }
 
 /// Commands below each other, as wide as the longest.
@@ -317,9 +344,13 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
             grid->addLayout(one.layout, row, column);
         } else {
             const bool heading = headed && row == 0;
-            const Qt::Alignment align = heading            ? Qt::AlignHCenter | Qt::AlignBottom
-                                        : fillsWidth(cell) ? Qt::Alignment()
-                                                           : Qt::AlignLeft | Qt::AlignVCenter;
+            const bool fills = fillsWidth(cell) || isCommand(cell);
+            const auto below = static_cast<std::size_t>(i + columns);
+            const bool aboveChoices = below < cells.size() && isChoice(cells[below]);
+            const Qt::Alignment align =
+                heading ? (aboveChoices ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignBottom
+                : fills ? Qt::Alignment()
+                        : Qt::AlignLeft | Qt::AlignVCenter;
             int span = 1;  // a heading stands above the blank places behind it too
             while (heading && column + span < columns && isBlank(cells, i + span)) ++span;
             grid->addWidget(one.widget, row, column, 1, span, align);
@@ -329,6 +360,8 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
         wide |= one.wide;
         tall |= one.tall;
     }
+    if (const int width = commandWidth(cells); width > 0)
+        for (int column = 0; column < columns; ++column) grid->setColumnMinimumWidth(column, width);
     closeGrid(*grid, wide, tall);
     return {grid, nullptr, wide, tall};
 }

@@ -19,6 +19,9 @@ public:
 
     /// A widget that holds the whole tree.
     QWidget* build(const Layout& tree) const;
+    /// What makes use of more room shares that of its row by its usual width; once all controls show their
+    /// texts.
+    static void shareRows(const QWidget& contents);
 
 private:
     /// A layout or a widget; `wide` and `tall` tell whether it makes use of more room than it needs.
@@ -33,6 +36,7 @@ private:
     /// @param limit  width beyond which a row of commands or ticks is folded, pixels
     Piece rowOf(const std::vector<Layout>& parts, int limit) const;
     Piece foldedRow(const std::vector<Layout>& parts, int limit) const;
+    int commandWidth(const std::vector<Layout>& cells) const;
     QLayout* commandsOf(const std::vector<Layout>& run) const;
     QLayout* choicesOf(const std::vector<Layout>& run) const;
     Piece columnOf(const std::vector<Layout>& parts) const;

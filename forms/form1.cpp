@@ -148,23 +148,23 @@ void Form1::arrange() {
     const Layout loading =
         frame("Источник и дата",
               column({fields(3, {Text34, Text33, Text32}), row({Command17, Command18, fields(1, {Text24})}),
-                      Option4, Option5, Option8, Option9, Option6, Option7,
-                      row({Command3, fields(1, {Text23})}), Command4}));
-    const Layout initial = frame("Начальные данные", column({fields(1, {Text25, Text26, Text11}), Check3,
-                                                             row({Check4, Check6, Check7}), Command12,
-                                                             Command15, Command2, Command16}));
+                      row({Option4, Option5, Option8}), Option9, Option6, Option7,
+                      table(2, {Command3, fields(1, {Text23}), Command4, blank()})}));
+    const Layout initial =
+        frame("Начальные данные",
+              column({row({Check3, Check4, Check6}), Command12, Command15, Command2, Command16, Check7}));
     const Layout check =
         frame("Проверка орбиты",
               column({fields(2, {Text29, Text30, Text10, Text31}), row({Check1, Check5, Label13}), Command13,
                       row({Command5, Command6, Command7}),
                       fields(2, {Text13, Text40, Text15, Text16, Text21, Text8, Text35, Text12, Text27,
                                  Text22, Text14, Text9, Text37, Text36, Text17, Text18, Text19, Text20})}));
-    const Layout forms =
-        frame("Формы", column({Command1, Command20, Command10, Command11, Command8, Command19, Command21,
-                               Command22, Command23, Command24, Command25, Command26, Command27, Command9}));
-    layout_ = column({row({column({row({Option2, Option3}), table(9, std::move(cells))}),
-                           column({Picture1, Label10, HScroll1})}),
-                      row({loading, initial, check, forms})});
+    const Layout forms = frame(
+        "Формы", table(3, {Command1, Command20, Command10, Command11, Command8, Command19, Command21,
+                           Command22, Command23, Command24, Command25, Command26, Command27, Command9}));
+    layout_ = row({column({row({Option2, Option3, stretch(), fields(3, {Text25, Text26, Text11})}),
+                           table(9, std::move(cells)), row({column({loading, initial}), check})}),
+                   column({Picture1, row({Label10, HScroll1}), forms})});
 }
 
 void Form1::load() {

@@ -120,32 +120,36 @@ Layout Form2::elementTable() {
 
 void Form2::arrange() {
     const Layout kind = frame(
-        "Что решать",
-        column({row({Option3, Option7, Option8}), row({Option4, Option5, Option6, Option9}),
-                row({Option1, Option2, fields(1, {Text8})}), row({Check13, Text35, fields(1, {Text45})})}));
-    const Layout stepping = frame("Шаг и начало координат",
-                                  column({fields(2, {Text38, Text39}), row({fields(1, {Text37}), "шагов"}),
-                                          row({Check14, Text40, "году"}), row({Check17, Check19, Check18})}));
+        "Что решать", column({row({Option3, Option7, Option8}), row({Option4, Option5, Option6, Option9}),
+                              row({Option1, Option2, stretch(), fields(1, {Text8})}),
+                              row({Check13, Text35, stretch(), fields(1, {Text45})})}));
+    const Layout stepping =
+        frame("Шаг и начало координат",
+              column({table(3, {Layout(Text38.caption()), Text38, fields(1, {Text39}),
+                                Layout(Text37.caption()), Text37, "шагов", Check14, Text40, "году"}),
+                      row({Check17, Check19, Check18})}));
     const Layout measuring =
-        frame("Измерение и записи", column({row({Check4, Text13}), row({fields(1, {Text17}), Check22}),
-                                            Check20, row({Check2, Check21}), Check12}));
+        frame("Измерение и записи",
+              column({table(3, {Check4, Text13, blank(), Layout(Text17.caption()), Text17, Check22}), Check20,
+                      row({Check2, Check21}), Check12}));
     const Layout plots =
-        frame("Графики", column({row({Check8, Check9, Check10}), row({Check11, Check15, Check16}),
-                                 row({Check5, Check6, Check7}), row({Check3, Check1}),
+        frame("Графики", column({table(3, {Check8, Check9, Check10, Check11, Check15, Check16, Check5, Check6,
+                                           Check7, Check3, Check1, blank()}),
                                  fields(2, {Text5, Text9, Text21, Text36})}));
     const Layout commands =
-        frame("Команды", column({row({Command1, Command4, Command5, Command2}), row({Command9, Command7}),
-                                 row({Command3, Command10, Command8, Command6})}));
+        frame("Команды", column({table(3, {Command1, Command4, Command5, Command2, Command3, Command10,
+                                           Command7, Command8, Command6}),
+                                 Command9}));
     const Layout clock =
         frame("Время",
               column({fields(2, {Text1, Text50, Text14}),
                       table(4, {"", "год", "месяц", "день", "дата", Text44, Text43, Text42, "AlfaP пройден",
                                 Text28, Text27, Text26, "AlfaU пройден", Text33, Text32, Text31})}));
     const Layout place =
-        frame("Положение", fields(2, {Text2, Text11, Text34, Text12, Text19, Text30, Text41}));
-    layout_ =
-        row({column({kind, stepping, measuring, plots, commands, stretch()}),
-             column({clock, place, elementTable(), Picture2}), column({Picture1, row({Label1, HScroll1})})});
+        frame("Положение", fields(1, {Text2, Text34, Text11, Text12, Text30, Text19, Text41}));
+    layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
+                   column({clock, elementTable(), row({place, Picture2})}),
+                   column({Picture1, row({Label1, HScroll1})})});
 }
 
 void Form2::load() {

@@ -90,9 +90,9 @@ public:
     TextField Text43{this, result("Text43", "месяц", "Дата модели: месяц", 3)};
     TextField Text42{this, result("Text42", "день", "Дата модели: день", 9)};
     TextField Text2{this, result("Text2", "долгота, град", "Долгота объекта из выбранного начала, градусы")};
-    TextField Text11{this, result("Text11", "X, тыс.км", "Координата X объекта (или центра масс), тыс. км", 11)};
-    TextField Text12{this, result("Text12", "Y, тыс.км", "Координата Y объекта (или центра масс), тыс. км", 11)};
-    TextField Text30{this, result("Text30", "Z, тыс.км", "Координата Z объекта (или центра масс), тыс. км", 11)};
+    TextField Text11{this, result("Text11", "X, тыс.км", "Координата X объекта (или центра масс), тыс. км")};
+    TextField Text12{this, result("Text12", "Y, тыс.км", "Координата Y объекта (или центра масс), тыс. км")};
+    TextField Text30{this, result("Text30", "Z, тыс.км", "Координата Z объекта (или центра масс), тыс. км")};
     TextField Text34{this, result("Text34", "К-во оборотов, шт", "Пройдено перигелиев; записи начинаются после второго", 6)};
     TextField Text33{this, result("Text33", "год", "Последний восходящий узел: год", 6)};
     TextField Text32{this, result("Text32", "месяц", "Последний восходящий узел: месяц", 3)};
@@ -112,8 +112,8 @@ public:
     TextField Text20{this, result("Text20", "Eks", "Эксцентриситет в начале")};
     TextField Text18{this, result("Text18", "", "Эксцентриситет сейчас")};
     TextField Text29{this, result("Text29", "", "Изменение эксцентриситета")};
-    TextField Text46{this, result("Text46", "Rsr, тыс.км.", "Большая полуось в начале, тыс. км", 11)};
-    TextField Text47{this, result("Text47", "", "Большая полуось сейчас, тыс. км", 11)};
+    TextField Text46{this, result("Text46", "Rsr, тыс.км.", "Большая полуось в начале, тыс. км")};
+    TextField Text47{this, result("Text47", "", "Большая полуось сейчас, тыс. км")};
     TextField Text10{this, result("Text10", "", "Изменение большой полуоси, тыс. км")};
     TextField Text48{this, result("Text48", "Period, дни", "Период в начале, дни")};
     TextField Text49{this, result("Text49", "", "Период сейчас, дни")};
@@ -128,7 +128,7 @@ public:
 private:
     static const RunSettings& runDefaults();
     static double clockSeconds();   ///< of the computer
-    static TextField::Spec result(const char* name, const char* label, const char* hint, int width = 10);
+    static TextField::Spec result(const char* name, const char* label, const char* hint, int width = 11);
 
     void bindCommands();
     void bindBoxes();
