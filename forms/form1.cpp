@@ -174,7 +174,7 @@ void Form1::load() {
     Command12.press();
 }
 
-void Form1::unload() { lab.s.kodStop = 1; }
+void Form1::unload() { check_.leave(); }
 
 void Form1::activate() {
     lab.s.kodKalend = 0;
@@ -329,10 +329,12 @@ void Form1::showTable() {
 void Form1::showState() {
     const std::array<Label*, 7> headings = {&Label1, &Label2, &Label3, &Label4, &Label5, &Label6, &Label7};
     for (int k = 0; k < 7; ++k) headings[k]->setCaption(stateHeadings[k]);
-    for (int i = 0; i <= NPlanetMax; ++i) {
-        const auto shown = shownState(lab.s, i);
-        for (int k = 0; k < 7; ++k) cellAt(k + 1, i).show(shown[k]);
-    }
+    for (int i = 0; i <= NPlanetMax; ++i) showStateRow(i, 7);
+}
+
+void Form1::showStateRow(int body, int columns) {
+    const auto shown = shownState(lab.s, body);
+    for (int k = 0; k < columns; ++k) cellAt(k + 1, body).show(shown[k]);
 }
 
 void Form1::redrawPicture() {

@@ -302,6 +302,8 @@ public:
     void redrawPicture();
     /// Shows the table in the chosen view.
     void showTable();
+    /// Shows coordinates and velocities of one body in its row of the table, with 7 columns its mass too.
+    void showStateRow(int body, int columns = 6);
 
 private:
     static TextField::Spec result(const char* name, const char* label, const char* hint);

@@ -160,7 +160,7 @@ void Form10::load() {
 }
 
 void Form10::unload() {
-    lab.s.kodStop = 1;
+    if (running_) lab.s.kodStop = 1;
     lab.office.onBusy([](bool) {});
     gone_ = true;
     if (!running_) closeSources();   // otherwise when the pass that still runs has ended

@@ -95,7 +95,7 @@ void Form11::load() {
     clearPicture();
 }
 
-void Form11::unload() { lab.s.kodStop = 1; }
+void Form11::unload() { gone_ = true; }
 
 void Form11::showScale() {
     lab.s.Mx = HScroll1.value() * 100000.0 * 1000;
@@ -209,7 +209,7 @@ void Form11::stepLoop() {
         Text23.show(day + step);
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (lab.s.kodStop != 1);
+    } while (lab.s.kodStop != 1 && !gone_);
 }
 
 /// Picture coordinate of a point in the chosen plane.

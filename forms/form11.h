@@ -236,6 +236,7 @@ private:
 
     Laboratory& lab;
     AberrationBench bench_;
+    bool gone_ = false;                              ///< the form has been closed
     std::string startDay_, startMonth_, startYear_;  ///< date fields kept by "С шагом"
 };
 

@@ -38,7 +38,7 @@ Form14::Form14(Laboratory& lab_) : Form(lab_.desk, formName, "Эллипс и э
 
 void Form14::load() { clearPictures(); }
 
-void Form14::unload() { lab.s.kodStop = 1; }
+void Form14::unload() { gone_ = true; }
 
 void Form14::clearPictures() {
     Picture1.setScale(-10, 10, 14, -10);
@@ -93,7 +93,7 @@ void Form14::EccentricRun() {
         model_.T = finite(model_.T + Text10.number());
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (lab.s.kodStop != 1);
+    } while (lab.s.kodStop != 1 && !gone_);
 }
 
 void Form14::drawMarks(Color ellipse, Color eccentric, Color equant) {

@@ -142,7 +142,7 @@ private:
     Laboratory& lab;
     Eccentric model_;
     Eccentric drawn_;  ///< where the marks stand that the next drawing erases
-    bool started_ = false;
+    bool started_ = false, gone_ = false;
 };
 
 }  // namespace tarvex

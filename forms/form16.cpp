@@ -128,7 +128,7 @@ void Form16::load() {
 }
 
 void Form16::unload() {
-    lab.s.kodStop = 1;
+    gone_ = true;
     table_.close();
 }
 
@@ -209,7 +209,7 @@ void Form16::EclipseRun() {
         oneStep();
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (lab.s.kodStop != 1);
+    } while (lab.s.kodStop != 1 && !gone_);
 }
 
 void Form16::oneStep() {

@@ -316,7 +316,7 @@ private:
     double zone_ = 0;          ///< and their day start, hours
     int kodTimeDir = 1;
     int kodRefresh = 0;  ///< 1: the disk plot is to be cleared, 2: it has been
-    bool started_ = false, altitudeKnown_ = false;
+    bool started_ = false, gone_ = false, altitudeKnown_ = false;
     double lastAltitude_ = 0;  ///< of the Sun's upper limb at the last step, degrees
     double greatest_ = 0;
     Mark oldSun_, oldBody_, oldShadow_;

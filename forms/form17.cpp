@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/arithmetic.h"
 #include "core/calendar.h"
 
 namespace tarvex {
@@ -113,9 +114,9 @@ void Form17::setValues() {
         const Row r = rowOf(k);
         r.JDt0 = JDfromDate(s, 1.5, 1, r.T0.int32());
     }
-    s.Diam[rowSun] = MK * Text6.number();
-    s.Diam[rowEarthMoon] = MK * Text7.number();
-    s.Diam[rowMoon] = MK * Text8.number();
+    s.Diam[rowSun] = finite(MK * Text6.number());
+    s.Diam[rowEarthMoon] = finite(MK * Text7.number());
+    s.Diam[rowMoon] = finite(MK * Text8.number());
 }
 
 /// Row k of kET from the fields.

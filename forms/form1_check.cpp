@@ -13,6 +13,9 @@ constexpr double planetRadius = 0.06;
 
 double cut2(double v) { return Fix(100 * v) / 100; }
 
+/// Metres as thousands of km with two decimals.
+double thousandKm(double v) { return Fix(100 * v / MK) / 100; }
+
 /// Share of the colour's strength: bodies below the plane are drawn dim.
 double strength(double z) { return z < 0 ? 0.5 : 1; }
 
@@ -23,6 +26,7 @@ Form1Check::Form1Check(Form1& form, Laboratory& lab_) : form_(form), lab(lab_) {
 void Form1Check::start() {
     ModelState& s = lab.s;
     OrbitCheck c;
+    c.cosA = check_.cosA, c.sinA = check_.sinA;
     for (int i = 0; i <= NPlanetMax; ++i)
         if (form_.Option1(i).on()) c.IplSel = i;
     const bool moon = c.IplSel == rowXena && s.kodMoon == 1;
@@ -36,9 +40,9 @@ void Form1Check::start() {
 
     const auto place = [&](int row, int from) {
         s.X[row] = s.X0[from], s.Y[row] = s.Y0[from], s.Z[row] = s.Z0[from];
-        s.VX[row] = 1000 * s.VXsys + s.VX0[from];
-        s.VY[row] = 1000 * s.VYsys + s.VY0[from];
-        s.VZ[row] = 1000 * s.VZsys + s.VZ0[from];
+        s.VX[row] = finite(1000 * s.VXsys + s.VX0[from]);
+        s.VY[row] = finite(1000 * s.VYsys + s.VY0[from]);
+        s.VZ[row] = finite(1000 * s.VZsys + s.VZ0[from]);
     };
     place(rowSun, c.Icentr);
     place(c.IplSel, c.IplJ);
@@ -81,7 +85,7 @@ void Form1Check::loop() {
         display();
         if (lab.s.kodStop == 1) break;
         desk.yield();
-    } while (desk.anyLoaded());
+    } while (desk.anyLoaded() && !gone_);
 }
 
 void Form1Check::nodePassed() {
@@ -95,7 +99,7 @@ void Form1Check::perihelionPassed() {
     form_.Text13.show(cut6(c.Tper));
     form_.Text14.show(cut6(c.EksM));
     form_.Text15.show(Fix((c.Vmin + c.Vmax) * 100 / 2) / 100);
-    form_.Text16.show(cut2(Rr / MK));
+    form_.Text16.show(thousandKm(Rr));
     form_.Text21.show(cut6(c.AlfaPcur));
     form_.Text27.show(Fix(MK * sekG * (c.Vmin + c.Vmax) / 2 / Rr) / MK);
     form_.Text8.show(Fix((c.AlfaPcur - c.AlfaP1) * 36000000) / 10000);
@@ -112,15 +116,16 @@ void Form1Check::display() {
     orbitCheckCentre(s, c);
     for (const int row : {0, c.IplSel, 14}) s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     drawPair(bodyColor(s, 0, strength(s.Z[0])), bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
-    if (form_.Option3.on()) form_.showTable();
+    if (form_.Option3.on())
+        for (const int row : {0, c.IplSel}) form_.showStateRow(row);
     form_.Text9.show(Fix(ratio(10000 * MK * MK * (c.Esys - c.Esys0), c.Esys0)) / MK / MK / 100);
-    form_.Text17.show(cut2(c.Lmax / MK));
-    form_.Text18.show(cut2(c.Lmin / MK));
+    form_.Text17.show(thousandKm(c.Lmax));
+    form_.Text18.show(thousandKm(c.Lmin));
     form_.Text19.show(cut2(c.Vmax));
     form_.Text20.show(cut2(c.Vmin));
-    form_.Text36.show(cut6(c.BettaMax * kUgol));
+    form_.Text36.show(Fix(MK * c.BettaMax * kUgol) / MK);
     form_.Text37.show(s.LonPl[c.IplSel]);
-    form_.Text40.show(cut2(c.Tstage / sekG));
+    form_.Text40.show(Fix(100 * c.Tstage / sekG) / 100);
 }
 
 void Form1Check::drawPair(Color centre, Color planet, Color cross) {

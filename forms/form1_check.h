@@ -17,6 +17,7 @@ public:
     void start();
     void goOn();    ///< from where it stood
     void batch();   ///< NC0 steps and a stop
+    void leave() { gone_ = true; }   ///< the form goes: a running check ends at its next display
 
 private:
     void nodePassed() override;
@@ -29,7 +30,7 @@ private:
     Form1& form_;
     Laboratory& lab;
     OrbitCheck check_;
-    bool started_ = false;
+    bool started_ = false, gone_ = false;
 };
 
 }  // namespace tarvex

@@ -86,7 +86,7 @@ void Form20::activate() {
     showScale();
 }
 
-void Form20::unload() { lab.s.kodStop = 1; }
+void Form20::unload() { gone_ = true; }
 
 void Form20::showScale() {
     lab.s.Mx = HScroll1.value() * 1000000.0;
@@ -131,7 +131,7 @@ void Form20::setData() {
         s.Eks0[11] = Text7.number();
         s.AlfaP0[11] = Text8.number() / kUgol;
         s.AlfaU0[11] = Text9.number() / kUgol;
-        s.R0sr[11] = Text10.number() * MK;
+        s.R0sr[11] = finite(Text10.number() * MK);
         s.Betta0[11] = Text40.number() / kUgol;
         const double km = Text21.number();
         s.m[11] = ratio(s.m[13], km);
@@ -157,11 +157,13 @@ void Form20::setData() {
                         .earthSpeedByShare = Check10.on(), .shiftMoonSpeed = Check9.on()});
 
     clearPicture();
+    const double X = s.X[0], Y = s.Y[0], Z = s.Z[0];  // the Earth stands in row 0 for the picture only
     for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[0] = (*axis)[3];
     check_.IplSel = check_.IplJ = 11;
     check_.Icentr = 13;
     orbitCheckCentre(s, check_);
     drawPair(earthColor, moonColor, centreColor);
+    s.X[0] = X, s.Y[0] = Y, s.Z[0] = Z;
     Picture1.text(-9, -6.2, "Xz  Yz  Zz (тыс.км)=        " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK), black);
     Picture1.text(-9, -6.9, "Xl  Yl  Zl (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK), black);
     Picture1.text(-9, -7.6, "VXz  VYz  VZz (м/с)=        " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0]), black);
@@ -192,9 +194,9 @@ void Form20::start() {
     s.Icentr = c.Icentr = 13;
     c.Iobs = Check1.on() ? 14 : 0;
     c.moonBench = true;
-    c.NC0 = Text36.int16();
-    c.Dt = Text22.number();
-    c.kDt = Text23.int16();
+    c.NC0 = s.NC0 = Text36.int16();
+    c.Dt = s.Dt = Text22.number();
+    c.kDt = s.kDt = Text23.int16();
     c.dAlfa = Text24.number();
     s.VYsys = Text44.number();
     for (const int i : {0, 11}) {
@@ -202,7 +204,7 @@ void Form20::start() {
         s.Y[i] = s.Y0[i];
         s.Z[i] = s.Z0[i];
         s.VX[i] = s.VX0[i];
-        s.VY[i] = s.VY0[i] + 1000 * s.VYsys;
+        s.VY[i] = finite(s.VY0[i] + 1000 * s.VYsys);
         s.VZ[i] = s.VZ0[i];
     }
     orbitCheckCentre(s, c);
@@ -232,7 +234,7 @@ void Form20::loop() {
         display();
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (desk().anyLoaded());
+    } while (desk().anyLoaded() && !gone_);
 }
 
 void Form20::nodePassed() {
@@ -274,7 +276,7 @@ void Form20::display() {
         s.ZOld[i] = s.Z[i];
     }
     drawPair(earthColor, moonColor, centreColor);
-    Text25.show(cut6(check_.Tsec / sekG));
+    Text25.show(Fix(MK * check_.Tsec / sekG) / MK);
     Text6.show(check_.NObs);
     Text4.show(Fix(100 * s.LonPl[11]) / 100);
     s.RSol = s.Rcur;             // the distance of the pair stays where the Sun's radius was, as meant

@@ -249,7 +249,7 @@ private:
     OrbitCheck check_;
     double M0sys_ = 0, KD0sysY_ = 0;  ///< angular momentum and momentum along Y at the start
     double firstPeriod_ = 0;          ///< period after the second perihelion, days
-    bool started_ = false;
+    bool started_ = false, gone_ = false;
 };
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "forms/date_fields.h"
 #include "reduction/coordinate_chain.h"
@@ -87,10 +88,10 @@ void Form24::calculate() {
         ApplyPrecessVXYZ(s);
     }
     if (Option1.on()) {
-        for (Rows* row : {&s.X, &s.Y, &s.Z}) (*row)[i] *= s.Lae;
-        s.VX[i] = s.Lae * s.VX.at(s.Ipl) / sekD;  // the row of Ipl, whatever it was: meant
-        s.VY[i] = s.Lae * s.VY[i] / sekD;
-        s.VZ[i] = s.Lae * s.VZ[i] / sekD;
+        for (Rows* row : {&s.X, &s.Y, &s.Z}) (*row)[i] = finite((*row)[i] * s.Lae);
+        s.VX[i] = finite(s.Lae * s.VX.at(s.Ipl) / sekD);  // the row of Ipl, whatever it was: meant
+        s.VY[i] = finite(s.Lae * s.VY[i] / sekD);
+        s.VZ[i] = finite(s.Lae * s.VZ[i] / sekD);
     }
     Text1.show(s.X[i]);
     Text2.show(s.Y[i]);

@@ -79,7 +79,7 @@ Form25::Form25(Laboratory& lab_)
 
 void Form25::load() { clearPictures(); }
 void Form25::activate() { showScale(); }
-void Form25::unload() { lab.s.kodStop = 1; }
+void Form25::unload() { gone_ = true; }
 
 void Form25::showScale() {
     lab.s.Mx = HScroll1.value() * 1000000.0;
@@ -241,7 +241,7 @@ void Form25::loop() {
         display();
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (desk().anyLoaded() && lab.s.kodStop != 1);
+    } while (desk().anyLoaded() && lab.s.kodStop != 1 && !gone_);
 }
 
 double Form25::plotX() const { return lab.twoBody.Tsec / (Text6.number() * sekD); }

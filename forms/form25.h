@@ -288,7 +288,7 @@ private:
     double plotX() const;
 
     Laboratory& lab;
-    bool started_ = false;
+    bool started_ = false, gone_ = false;
     double effectStart_ = 0;   ///< when the speed of gravity began to act, s
     double lastReceived_ = 0;  ///< time at which the last pulse shown was received, s
     bool anyPerStep_ = false;  ///< some plot of every step is on

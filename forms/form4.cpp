@@ -137,11 +137,11 @@ void Form4::resolveAndSum() {
 
 void Form4::giveToSystem() {
     ModelState& s = lab.s;
+    auto& form1 = desk().get<Form1>();  // first: where it was closed, its load puts the system at rest
     s.VXsys = Text1.number();
     s.VYsys = Text2.number();
     s.VZsys = Text3.number();
     addSystemVelocity(s);
-    auto& form1 = desk().get<Form1>();
     form1.Option3.choose();
     form1.Text28.setText(presentTime());
 }

@@ -57,13 +57,13 @@ void MoonEarthFromBary(ModelState& s) {
     const double q = ratio(s.m[rowMoon], s.m[rowEarth]);
     for (Rows* axis : initialPlaces(s)) {
         Rows& x = *axis;
-        x[rowEarth] = -x[rowMoon] * s.m[rowMoon] / s.m[rowEarth];
+        x[rowEarth] = ratio(-x[rowMoon] * s.m[rowMoon], s.m[rowEarth]);
         x[rowMoon] = x[rowMoon] + x[rowEarth];
     }
     for (Rows* axis : initialSpeeds(s)) {
         Rows& v = *axis;
         v[rowMoon] = ratio(v[rowMoon], q + 1);
-        v[rowEarth] = -v[rowMoon] * s.m[rowMoon] / s.m[rowEarth];
+        v[rowEarth] = ratio(-v[rowMoon] * s.m[rowMoon], s.m[rowEarth]);
     }
 }
 

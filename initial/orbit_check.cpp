@@ -190,11 +190,13 @@ void OrbitCheckDiffur(ModelState& s, OrbitCheck& c) {
 void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     const ArithmeticGuard guard;
     do {
+        const double distance = s.Rcur;
         rungeKuttaStep(s, c);
         try {
             guard.check();
         } catch (const ArithmeticFailure&) {
             c.U = c.U0;
+            s.Rcur = distance;
             throw;
         }
         unpack(s, c);

@@ -22,7 +22,7 @@ struct OrbitCheck {
     double Dt = 0, DtCur = 0;       ///< base and current step, s
     int kDt = 1;                    ///< divisor of the step in the windows
     int NC = 0, NC0 = 1;            ///< steps since the last screen update, steps per update
-    double cosA = 0, sinA = 0;      ///< of the pair's longitude; kept from the last call where dx is 0
+    double cosA = 1, sinA = 0;      ///< of the pair's longitude; kept from the last call where dx is 0
 
     // --- measurement
     double Tper0 = 0, Tper = 0;     ///< time of the last perihelion, s; measured period, days

@@ -126,9 +126,9 @@ void takeInitialState(const Experiment& e) {
         s.X[i] = s.X0[i];
         s.Y[i] = s.Y0[i];
         s.Z[i] = s.Z0[i];
-        s.VX[i] = (1000 * s.VXsys + s.VX0[i]) * sign;
-        s.VY[i] = (1000 * s.VYsys + s.VY0[i]) * sign;
-        s.VZ[i] = (1000 * s.VZsys + s.VZ0[i]) * sign;
+        s.VX[i] = finite(1000 * s.VXsys + s.VX0[i]) * sign;
+        s.VY[i] = finite(1000 * s.VYsys + s.VY0[i]) * sign;
+        s.VZ[i] = finite(1000 * s.VZsys + s.VZ0[i]) * sign;
     }
     packState(s, e.motion);
     e.motion.dV1old = {};

@@ -1,5 +1,7 @@
 #include "forms/form17.h"
 
+#include <cmath>
+
 #include "core/et_ut.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -78,6 +80,13 @@ TEST_F(Form17Test, TypedRowsStayAndBadFieldsEndInTheMessage) {
             EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << field->name() << " " << bad;
         }
         field->setText(before);
+    }
+    for (TextField* diameter : {&form.Text6, &form.Text7, &form.Text8}) {
+        diameter->setText("1e305");  // thousands of km that overflow in metres
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << diameter->name();
+        for (const double v : s.Diam) EXPECT_TRUE(std::isfinite(v));
+        diameter->setText("1");
     }
     form.Text20.setText("40000");  // a year outside 16 bits
     form.Command1.press();

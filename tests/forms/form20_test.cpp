@@ -1,6 +1,9 @@
 #include "forms/form20.h"
 
+#include <cmath>
+
 #include "forms/form1.h"
+#include "forms/form4.h"
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
@@ -80,6 +83,7 @@ TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
         EXPECT_NEAR(s.X0[11] - s.X0[0], dx, 2e3) << geocentric;      // the file rows were reduced by whole turns
         EXPECT_NEAR(s.VY0[11] - s.VY0[0], dvy, 0.02) << geocentric;
         EXPECT_EQ(s.kodBary, geocentric ? 1 : 2);
+        EXPECT_EQ(s.X[0], 0);  // the present Sun stays: the Earth enters the initial rows only
     }
 }
 
@@ -96,11 +100,114 @@ TEST_F(OrbitCheckForms, Form20ChecksTheMoon) {
     EXPECT_LT(std::abs(toNumber(form.Text41.text())), 1e-4);
     EXPECT_LT(std::abs(toNumber(form.Text42.text())), 1e-4);
     EXPECT_NEAR(lab.s.RSol, 384400000, 3e7);                          // the distance stays in the Sun's radius
+    EXPECT_EQ(lab.s.NC0, 10000);
+    EXPECT_EQ(lab.s.Dt, 360);
+    EXPECT_EQ(lab.s.kDt, 10);
     // the sign of Check10 is a plus
     form.Check7.set(false);
     form.Check10.set(true);
     form.Command6.press();
     EXPECT_GT(lab.s.VX0[0] * lab.s.VX0[11], 0);
+}
+
+/// A time is multiplied before it is divided: 58 hundredths of a year are 0,58 and not 0,57.
+TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
+    first.Option1(5).choose();
+    first.Text29.setText("29");
+    first.Text30.setText("315576");
+    first.Text31.setText("1");
+    stopAfter(1, first.Command5);
+    first.Command13.press();  // two batches: 58 hundredths of a year
+    EXPECT_EQ(first.Text40.text(), "0,58");
+    auto& form = lab.desk.get<Form20>();
+    form.Command6.press();
+    form.Text36.setText("6");
+    form.Text22.setText("63,1152");
+    form.Text23.setText("1");
+    stopAfter(1, form.Command2);
+    form.Command1.press();
+    EXPECT_EQ(form.Text25.text(), "0,000024");
+}
+
+/// While the table shows coordinates, the check writes its two rows and leaves what is typed into the others.
+TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
+    first.Option3.choose();
+    const std::string before = first.Text1(1).text();
+    first.Text1(4).setText("7");
+    first.Text7(1).setText("8");
+    first.Text29.setText("10");
+    stopAfter(1, first.Command5);
+    first.Command13.press();
+    EXPECT_EQ(first.Text1(4).text(), "7");
+    EXPECT_EQ(first.Text7(1).text(), "8");
+    EXPECT_NE(first.Text1(1).text(), before);
+    EXPECT_EQ(first.Text1(1).text(), toText(cut6(lab.s.X[1]) / MK));
+}
+
+/// A form that is closed ends its own calculation and no other.
+TEST_F(OrbitCheckForms, ClosingAFormStopsNothingElse) {
+    for (const char* name : {"Form10", "Form11", "Form14", "Form16", "Form20", "Form25", "Form1"}) {
+        lab.desk.show(name);
+        screen.messages.clear();
+        lab.s.kodStop = 0;  // as while an experiment runs
+        lab.desk.unload(name);
+        EXPECT_EQ(lab.s.kodStop, 0) << name;
+    }
+    for (const char* name : {"Form1", "Form20"}) {
+        const std::string command = name == std::string("Form1") ? "Command13" : "Command1";
+        Form& form = lab.desk.form(name);
+        if (auto* data = dynamic_cast<Form20*>(&form)) data->Command6.press();
+        screen.messages.clear();
+        int yields = 0;
+        screen.atYield = [&](int) {
+            ++yields;
+            lab.desk.unload(name);
+        };
+        static_cast<CommandButton*>(form.find(command))->press();
+        screen.atYield = nullptr;
+        EXPECT_EQ(yields, 1) << name;
+        EXPECT_EQ(lab.s.kodStop, 0) << name;
+        EXPECT_TRUE(screen.messages.empty()) << name;
+    }
+}
+
+/// Numbers that overflow on the way to metres end in the message and leave the state finite.
+TEST_F(OrbitCheckForms, OverflowsReachNoState) {
+    const auto finiteState = [this] {
+        for (const Rows* rows : {&lab.s.R0sr, &lab.s.VX, &lab.s.VY, &lab.s.X0, &lab.s.VX0})
+            for (const double v : *rows)
+                if (!std::isfinite(v)) return false;
+        return std::isfinite(lab.s.Rcur);
+    };
+    lab.s.VXsys = 1e306;
+    first.Command13.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_TRUE(finiteState());
+    lab.s.VXsys = 0;
+    first.Text30.setText("1e300");
+    first.Command13.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    EXPECT_TRUE(finiteState());
+
+    auto& form = lab.desk.get<Form20>();
+    form.Command6.press();
+    form.Text44.setText("1e306");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
+    EXPECT_TRUE(finiteState());
+    form.Option9.choose();
+    form.Text10.setText("1e305");
+    form.Command6.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_TRUE(finiteState());
+
+    // the Moon so far away that its moment has no number
+    first.Check3.set(true);
+    first.Command3.press();
+    lab.s.R0sr[10] = 1e290;
+    first.Command12.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_TRUE(finiteState());
 }
 
 TEST_F(OrbitCheckForms, Form20BadInput) {

@@ -80,6 +80,16 @@ TEST_F(Form4Test, GivesTheVelocityToTheSystemAndShowsItOnForm1) {
     EXPECT_EQ(lab.desk.get<Form4>().Text2.text(), "-20,5");
 }
 
+TEST_F(Form4Test, TheVelocityStaysWhenForm1IsOpenedAnew) {
+    Form4& form = open();
+    lab.desk.unload("Form1");
+    form.Text1.setText("300");
+    form.Command1.press();
+    EXPECT_EQ(s.VXsys, 300);
+    EXPECT_TRUE(lab.desk.isLoaded("Form1"));
+    EXPECT_EQ(s.VX[3], 300000 + s.VX0[3]);
+}
+
 TEST_F(Form4Test, BadNumbersAreRefused) {
     Form4& form = open();
     form.Check3.set(true);

@@ -123,6 +123,25 @@ TEST(OrbitCheck, BatchesAreOneUnbrokenRun) {
     EXPECT_EQ(a.Tsec, b.Tsec);
 }
 
+/// With equal X there is no ratio of the differences: the angle is the one of the last call, at first 0.
+TEST(OrbitCheck, AngleOfThePairIsKeptWhereItHasNoRatio) {
+    ModelState s;
+    s.gamma = 1;
+    s.m[0] = 2;
+    s.m[1] = 3;
+    OrbitCheck c;
+    c.U[5] = 1;  // straight along Y, 1 m away
+    OrbitCheckDiffur(s, c);
+    EXPECT_DOUBLE_EQ(c.dU[10], 2);
+    EXPECT_DOUBLE_EQ(c.dU[11], 0);
+    c.U[4] = 1e-9;
+    OrbitCheckDiffur(s, c);
+    c.U[4] = 0;
+    OrbitCheckDiffur(s, c);
+    EXPECT_NEAR(c.dU[10], 0, 1e-8);
+    EXPECT_NEAR(c.dU[11], -2, 1e-8);
+}
+
 TEST(OrbitCheck, FailureKeepsTheLastGoodState) {
     ModelState s = moon(2451545, 1, geocentric);
     OrbitCheck c = moonCheck(s, 0);
