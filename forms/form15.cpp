@@ -152,7 +152,7 @@ void Form15::CreatePlan15() {
 
 void Form15::printPlan() {
     const PlanBlock& p = lab.plan;
-    Picture1.text(0.3, page.rows - planTop + 0.6,
+    Picture1.text(0.9, page.rows - planTop,
                   "Номер эксперимента, уровни плана и значение критерия (экспериментальное и расчетное)");
     for (int u = 1, last = experiments(p); u <= last; ++u) {
         const double y = page.rows - planTop - 0.5 - u / 2.0;

@@ -36,7 +36,7 @@ void runStandardTest(PlanBlock& p) {
     p.b.fill(1);
     for (int u = 1, last = experiments(p); u <= last; ++u) {
         for (int i = 1; i <= p.Nf; ++i) {
-            p.X[i] = p.dXvar[i] * p.PlanX[i][u] + p.Xnul[i];
+            p.X[i] = finite(p.dXvar[i] * p.PlanX[i][u] + p.Xnul[i]);
             p.XU[i][u] = p.PlanX[i][u];
         }
         p.Nexp = static_cast<std::int16_t>(u);
@@ -49,7 +49,7 @@ void runAdditionalTest(PlanBlock& p, int test) {
     const Test& chosen = tests[test - 1];
     p.b.fill(1);
     for (int u = 1, last = experiments(p); u <= last; ++u) {
-        for (int i = 1; i <= p.Nf; ++i) p.XU[i][u] = p.dXvar[i] * p.PlanX[i][u] + p.Xnul[i];
+        for (int i = 1; i <= p.Nf; ++i) p.XU[i][u] = finite(p.dXvar[i] * p.PlanX[i][u] + p.Xnul[i]);
         if (test == dividingTest && p.XU[4][u] == 0)
             throw Refusal("Деление на ноль в эксперименте  " + std::to_string(u), "Tarvex7m");
         p.Yu[u] = finite(chosen.value(u, p.XU[1][u], p.XU[2][u], p.XU[3][u], p.XU[4][u]));
@@ -64,7 +64,7 @@ void findExtremes(PlanBlock& p) {
         if (p.Yu[u] < p.Ymin) p.Ymin = p.Yu[u];
         if (p.Yu[u] > p.Ymax) p.Ymax = p.Yu[u];
     }
-    p.Mcrit = (p.Ymax - p.Ymin) / 10;
+    p.Mcrit = finite((p.Ymax - p.Ymin) / 10);
 }
 
 void takeCriterion(PlanBlock& p, CriterionForm form, bool relative) {
@@ -97,20 +97,22 @@ double pointCriterion(const PlanBlock& p, double y, CriterionForm form, bool rel
         case CriterionForm::dY:
             return ratio(away, std::abs(D));
         case CriterionForm::dY2:
-            return ratio(away, D) * ratio(away, D);
+            return finite(ratio(away, D) * ratio(away, D));
         case CriterionForm::AbsDY:
             return outside ? ratio(std::abs(away), D) : std::abs(ratio(away, D));
     }
     return y;
 }
 
+double evaluatePoint(PlanBlock& p, int u) {
+    for (int i = 1; i <= p.Nf; ++i) p.X[i] = p.PlanX[i][u];
+    p.Nexp = static_cast<std::int16_t>(u);
+    EvalRegression(p);
+    return p.Z[u];
+}
+
 void evaluatePlan(PlanBlock& p) {
-    for (int u = 1, last = experiments(p); u <= last; ++u) {
-        for (int i = 1; i <= p.Nf; ++i) p.X[i] = p.PlanX[i][u];
-        p.Nexp = static_cast<std::int16_t>(u);
-        EvalRegression(p);
-        p.Yras[u] = p.Z[u];
-    }
+    for (int u = 1, last = experiments(p); u <= last; ++u) p.Yras[u] = evaluatePoint(p, u);
 }
 
 }  // namespace tarvex

@@ -45,8 +45,8 @@ double shiftCriterion(const ShiftTables& t, const std::vector<int>& planets, con
 }
 
 void codedTest(PlanBlock& p, CriterionForm form) {
-    evaluatePlan(p);
-    for (int u = 1; u <= p.Nplan; ++u) p.Yu[u] = pointCriterion(p, p.Z[u], form, true, false);
+    for (int u = 1, last = experiments(p); u <= last; ++u)
+        p.Yu[u] = pointCriterion(p, evaluatePoint(p, u), form, true, false);
 }
 
 }  // namespace tarvex

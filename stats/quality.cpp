@@ -95,6 +95,7 @@ std::vector<int> factorsOutside(const PlanBlock& p) {
 }
 
 std::string stationaryText(const PlanBlock& p) {
+    if (p.Nf < 2 || p.Nf > maxFactors) return " ";  // no plan, no point
     std::string text = "Стационарная точка: ";
     switch (stationaryKind(p)) {
         case StationaryKind::Minimum:

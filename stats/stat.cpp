@@ -164,36 +164,38 @@ void FitRegression(PlanBlock& p) {
     const auto& k = p.k;
     const int last = lastColumn(p.Nf), firstSquare = squareColumn(p.Nf, 1);
     const double corners = 1 << p.Nf;
+    auto b = p.b;
     switch (p.kodPlan) {
         case planOrtho: {
             double squares = 0;
             for (int c = 1; c <= last; ++c) {
-                p.b[c] = ratio(sum.column[c], p.EXi2[c]);
-                if (c >= firstSquare) squares += p.b[c];
+                b[c] = ratio(sum.column[c], p.EXi2[c]);
+                if (c >= firstSquare) squares += b[c];
             }
-            p.b[0] = sum.Y / p.Nplan - p.Xi2sr * squares;  // of the equation in plain squares
+            b[0] = sum.Y / p.Nplan - p.Xi2sr * squares;  // of the equation in plain squares
             break;
         }
         case planRoto:
         case planUniform:
         case planDBox:
-            p.b[0] = k[1] * sum.Y - k[2] * sum.squares;
-            for (int c = 1; c < firstSquare; ++c) p.b[c] = (c <= p.Nf ? k[3] : k[4]) * sum.column[c];
+            b[0] = k[1] * sum.Y - k[2] * sum.squares;
+            for (int c = 1; c < firstSquare; ++c) b[c] = (c <= p.Nf ? k[3] : k[4]) * sum.column[c];
             for (int c = firstSquare; c <= last; ++c)
-                p.b[c] = p.kodPlan == planDBox  // the table of the D-plan is meant with these signs and no k7
-                             ? k[5] * sum.column[c] - k[6] * sum.squares - k[2] * sum.Y
-                             : k[5] * sum.column[c] + k[6] * sum.squares - k[7] * sum.Y;
+                b[c] = p.kodPlan == planDBox  // the table of the D-plan is meant with these signs and no k7
+                           ? k[5] * sum.column[c] - k[6] * sum.squares - k[2] * sum.Y
+                           : k[5] * sum.column[c] + k[6] * sum.squares - k[7] * sum.Y;
             break;
         case planComposite:
-            p.b[0] = (sum.outer - sum.core / corners) / 4 / (p.Nf - 1);
-            for (int c = 1; c <= p.Nf; ++c) p.b[c] = sum.column[c] / (corners + 2);
-            for (int c = p.Nf + 1; c < firstSquare; ++c) p.b[c] = sum.column[c] / corners;
-            for (int c = firstSquare; c <= last; ++c) p.b[c] = sum.columnOuter[c] / 2 - p.b[0];
+            b[0] = (sum.outer - sum.core / corners) / 4 / (p.Nf - 1);
+            for (int c = 1; c <= p.Nf; ++c) b[c] = sum.column[c] / (corners + 2);
+            for (int c = p.Nf + 1; c < firstSquare; ++c) b[c] = sum.column[c] / corners;
+            for (int c = firstSquare; c <= last; ++c) b[c] = sum.columnOuter[c] / 2 - b[0];
             break;
         default:
             throw SubscriptFailure("unknown kind of plan");
     }
-    for (int c = 0; c <= last; ++c) finite(p.b[c]);
+    for (int c = 0; c <= last; ++c) finite(b[c]);
+    p.b = b;
 }
 
 void EvalRegression(PlanBlock& p) {

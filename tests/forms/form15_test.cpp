@@ -94,6 +94,13 @@ struct Form15Test : test::LabTest {
 TEST_F(Form15Test, OpensOnAPlanThatCanRun) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(form->Text6.text(), "25");
+    int titles = 0;
+    for (const auto& item : test::drawnOn(form->Picture1)) {
+        if (!item.text.starts_with("Номер эксперимента, уровни плана")) continue;
+        ++titles;
+        EXPECT_NEAR(form->Picture1.toUserY(item.y / form->Picture1.height()), 58 + 4 - 19, 1e-9);
+    }
+    EXPECT_EQ(titles, 1);
     EXPECT_EQ(form->Text3.text(), " Сюда приходят \r\n  сообщения с \r\n     формы 2\r\n");
     create({5});
     expectMessage("К-во факторов должно быть от 2 до 6");
@@ -304,9 +311,11 @@ TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
     create({1, 4});
     form->Option5.choose();
     form->Option20.choose();
+    lab.plan.Yras[1] = 77;
     form->Command10.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(lab.plan.Yu[1], 0);  // six terms of 1 at (1, 1), Yopt is 6
+    EXPECT_EQ(lab.plan.Yras[1], 77);  // of the last fit
+    EXPECT_EQ(lab.plan.Yu[1], 0);     // six terms of 1 at (1, 1), Yopt is 6
     EXPECT_DOUBLE_EQ(lab.plan.Yu[9], 25 / 36.0);
     EXPECT_EQ(form->Text4.text(), "6");  // the first value over the plan number
     EXPECT_EQ(form->Text11(4).text() + form->Text12(4).text() + form->Text11(2).text(), "011");

@@ -205,6 +205,8 @@ TEST_F(Form18Test, CriterionComesFromTheFileOfTestExperiments) {
 }
 
 TEST_F(Form18Test, KindOfTheStationaryPointIsTold) {
+    form.Command5.press();
+    EXPECT_EQ(form.Label2.caption(), " ");  // no plan, nothing to tell
     create(form.Option13, 2);
     struct Case {
         double b11, b22, b12;

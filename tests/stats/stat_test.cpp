@@ -7,6 +7,7 @@
 
 #include "core/data_tree.h"
 #include "core/failure.h"
+#include "stats/bench.h"
 #include "stats/test_plan.h"
 #include "tests/support/temp_folder.h"
 
@@ -286,6 +287,27 @@ TEST(Stat, SingularSystemsThrowEvenWhereAnotherRowCouldServe) {
         p.b = {};
         EXPECT_THROW(BuildOptimumSystem(p), ArithmeticFailure) << Nf;
     }
+}
+
+TEST(Stat, NumbersBeyondRangeNeverReachThePlan) {
+    for (int kind : {1, 2, 5}) {
+        PlanBlock p = planOf(kind, 2);
+        for (int u = 1; u <= p.Nplan; ++u)
+            p.Yu[u] = u % 2 == 0 ? 1.5e308 : 1.6e308;  // in range; their sum is not
+        EXPECT_THROW(FitRegression(p), ArithmeticFailure);
+        for (const double b : p.b) EXPECT_TRUE(std::isfinite(b)) << kind;
+    }
+    PlanBlock p = planOf(1, 2);
+    for (int i = 1; i <= 2; ++i) p.Xnul[i] = p.dXvar[i] = 1.5e308;
+    EXPECT_THROW(runAdditionalTest(p, 1), ArithmeticFailure);  // Y(u)=u needs no level
+    EXPECT_THROW(runStandardTest(p), ArithmeticFailure);
+    EXPECT_TRUE(std::isfinite(p.XU[1][1]) && std::isfinite(p.X[1]));
+    p.Yu[1] = 1.5e308;
+    p.Yu[2] = -1.5e308;
+    EXPECT_THROW(findExtremes(p), ArithmeticFailure);
+    EXPECT_TRUE(std::isfinite(p.Mcrit));
+    p.Yopt = 0;
+    EXPECT_THROW(pointCriterion(p, 1e200, CriterionForm::dY2, false, false), ArithmeticFailure);
 }
 
 TEST(TestPlanFile, IsWrittenByteForByteAndReadBack) {
