@@ -68,13 +68,12 @@ Form13::Form13(Laboratory& lab_)
     opens(Command9, "Form6");
     Command10.onPress([this] { close(); });
 
-    std::vector<Layout> rows = {"", "нулевой уровень", "+/-", "Xopt", "XoptR"};
+    std::vector<Layout> rows = {"", "нулевой уровень", "", "интервал", "", "закодир.", "XoptR"};
     for (int i = 1; i <= factors; ++i)
-        for (const Layout& one : std::initializer_list<Layout>{Check1(i), Text1(i), Text2(i), Text3(i), Text4(i)})
-            rows.push_back(one);
+        rows.insert(rows.end(), {Check1(i), Text1(i), "+/-", Text2(i), "X" + std::to_string(i) + "opt=", Text3(i), Text4(i)});
     layout_ = column({
         Label20,
-        frame("Факторы", column({table(5, rows), "X2...X9 = dL3,dL4,dL7,dL5,dL8,dL9,dL10,dL21 "})),
+        frame("Факторы", column({table(7, rows), "X2...X9 = dL3,dL4,dL7,dL5,dL8,dL9,dL10,dL21 "})),
         row({frame("План", column({row({Option5, Option4, Command4}), fields(2, {Text26, Text27})})),
              frame("Загрузить из", column({row({Option2, Option1}), Command1, Command2})),
              frame("от планеты", column({Check2, row({Option3, Option6})}))}),
@@ -299,6 +298,7 @@ void Form13::AddOptimumRecord() {
         throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
     }
     changed.kodData = dataLong;
+    const std::string asRead = "NP1max=  " + std::to_string(changed.NP1max()) + "   JD0 =  " + toText(changed.JD0);
     changed.header[2] = "по плану №  " + std::to_string(s.NPlan) + "   от " + todayText();
     int at = recordAt(changed, date);
     if (at == 0) {
@@ -314,11 +314,11 @@ void Form13::AddOptimumRecord() {
     }
     stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, changed); });
     lab.series = std::move(changed);
-    printSeries(at);
+    printSeries(asRead, at);
 }
 
-/// The series on the picture of Form6, the new record between lines.
-void Form13::printSeries(int marked) {
+/// The series on the picture of Form6: the heads, the line of what was read, the records, the new one between lines.
+void Form13::printSeries(const std::string& asRead, int marked) {
     struct Item {
         const char* label;
         int p;
@@ -341,7 +341,7 @@ void Form13::printSeries(int marked) {
         y -= 0.5;
     };
     for (const std::string& line : d.header) print(line);
-    print("NP1max=  " + std::to_string(d.NP1max()) + "   JD0 =  " + toText(d.JD0));
+    print(asRead);
     for (int i = 1; i <= d.NP1max(); ++i) {
         const Record& r = d.at(i);
         std::string text = Format(i, "0000") + "    dT= " + Format(r.dTd, "0000000.00") + "    ddT= " +

@@ -62,7 +62,7 @@ private:
     bool sourceChosen(const Form10& data) const;
     std::string testFile(const Form10& data) const;
     void showSource();
-    void printSeries(int marked);
+    void printSeries(const std::string& asRead, int marked);
 
     Laboratory& lab;
     std::int32_t NOpyt_ = 1;

@@ -66,7 +66,8 @@ void Form6::layOut() {
                 fields(2, {Text1, Text2}), row({Command7, Text26}),
                 frame("Смещения", column({row({Command4, Text25}), row({Command5, Check12})}))});
     const Layout fitting = column({
-        row({frame("ур-е аппроксимации", row({Option9, Option10, Option11})), fields(1, {Text4})}),
+        row({frame("ур-е аппроксимации", row({Option9, Option10, Option11})),
+             frame("в группе", fields(1, {Text4}))}),
         Check6,
         row({frame("критерий при переборе", row({Option12, Option15, Option16})),
              fields(1, {Text29, Text7})}),

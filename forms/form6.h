@@ -72,7 +72,7 @@ public:
         .hint = "Аппроксимация прямой"}};
     OptionButton Option11{this, {.name = "Option11", .caption = "квад", .group = "ур-е аппроксимации",
         .hint = "Аппроксимация параболой"}};
-    TextField Text4{this, {.name = "Text4", .label = "в группе точек", .text = "5",
+    TextField Text4{this, {.name = "Text4", .label = "точек", .text = "5",
         .hint = "Записей в одной группе, шт", .width = 6}};
     CheckBox Check6{this, {.name = "Check6",
         .caption = "+ с перебором всех вариантов разбивки выборки на группы",
@@ -162,7 +162,8 @@ private:
     bool sizePicture();
     void showSample();
     void drawSeries();
-    void printSeries();
+    std::vector<std::string> seriesText();
+    void printLines(const std::vector<std::string>& lines);
     void showDate(double date, TextField& year, TextField& month, TextField& day);
     void pick(double x, Picture::Button button);
     void needEditable(const char* action);
@@ -190,6 +191,7 @@ private:
 
     Laboratory& lab;
     double MT = 15, Mpar = 0.1;            ///< years and units of the parameter in a picture unit
+    double searchX = 25, searchY = 10;     ///< group sizes and units of the shift in a unit of the search graph
     double Ymin = 0, Ymax = 0;             ///< extremes of the parameter
     std::int16_t loadedParam = 0;          ///< parameter with which the series was loaded
     bool loadedRates = false;              ///< a rate of the Moon was copied into W* at the load

@@ -57,9 +57,10 @@ void Form6::chooseFile() {
     d.Npl = chosenPlanet();
     d.Nparam = chosenParam();
     chooseImitator();
+    const std::int32_t experiment = Text10.int32();
     switch (chosenKind()) {
         case dataModel:
-            d.FileData = files::runRecord(lab.s.NPlan, d.Npl, Text10.int32());
+            d.FileData = files::runRecord(lab.s.NPlan, d.Npl, experiment);
             break;
         case dataLong:
             d.FileData = files::series(d.DirImit + "\\Plan" + toText(lab.s.NPlan), d.Npl);
@@ -81,6 +82,9 @@ void Form6::LoadSeries() {
     const DataKind kind = chosenKind();
     reading(d.FileData, [&] { readSeries(lab.tree, d.FileData, kind, d); });
     try {
+        if (Check1.on() && (d.Nparam < 3 || d.Nparam == parAlfaL0)) foldAngles(d, d.Nparam);
+        // the text tells intervals and W* as the file has them, before the parameter changes them in memory
+        const std::vector<std::string> lines = Check2.on() ? seriesText() : std::vector<std::string>{};
         prepareForParam();
         if (!Check3.on() && !sizePicture()) {
             d.records.clear();
@@ -88,7 +92,7 @@ void Form6::LoadSeries() {
         }
         showSample();
         if (Check2.on())
-            printSeries();
+            printLines(lines);
         else
             drawSeries();
     } catch (...) {
@@ -101,7 +105,6 @@ void Form6::LoadSeries() {
 
 void Form6::prepareForParam() {
     SeriesData& d = lab.series;
-    if (Check1.on() && (d.Nparam < 3 || d.Nparam == parAlfaL0)) foldAngles(d, d.Nparam);
     loadedParam = d.Nparam;
     loadedRates = d.Nparam == parW && d.Npl == rowMoon && (Check10.on() || Check11.on());
     // such a value is taken at the moment of the record, not across an interval
@@ -170,7 +173,7 @@ void Form6::drawSeries() {
         Picture1.circle(placeX(r.ddTd / 2 + r.dTd), placeY(r.Par[d.Nparam]), 0.06, color);
 }
 
-void Form6::printSeries() {
+std::vector<std::string> Form6::seriesText() {
     struct Item {
         const char* label;
         int p;
@@ -184,10 +187,7 @@ void Form6::printSeries() {
         {"    dP11  = ", parDP11, "00.000000"},   {"    dU11  = ", parDU11, "00.000000"}};
     const SeriesData& d = lab.series;
     const int marked = Text5.int32();
-    const auto print = [this](const std::string& text) {
-        Picture1.text(0.3, lineY, text);
-        lineY -= 0.5;
-    };
+    std::vector<std::string> lines;
     for (int i = 1; i <= d.NP1max(); ++i) {
         double date = d.date(i);
         DateFromJD(lab.s, date);
@@ -196,9 +196,17 @@ void Form6::printSeries() {
                            "    dT= " + Format(r.dTd, "0000000.00") +
                            "    ddT= " + Format(r.ddTd, "000000.00");
         for (const Item& item : items) text += item.label + Format(r.Par[item.p], item.pattern);
-        if (i == marked) print("---------------------");
-        print(text);
-        if (i == marked) print("---------------------");
+        if (i == marked) lines.emplace_back("---------------------");
+        lines.push_back(text);
+        if (i == marked) lines.emplace_back("---------------------");
+    }
+    return lines;
+}
+
+void Form6::printLines(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        Picture1.text(0.3, lineY, line);
+        lineY -= 0.5;
     }
 }
 

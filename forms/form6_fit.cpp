@@ -36,6 +36,8 @@ void Form6::FitSample() {
     d.at(count);
     MT = Text1.number();
     Mpar = Text2.number();
+    searchX = Text29.number();
+    searchY = Text7.number();
     chosenColor();
 
     const bool search = Check6.on();
@@ -171,9 +173,8 @@ void Form6::GroupSearchReport(int last) {
     report("минимальное при NCP0 = " + toText(found.best) + "   dAlfaP100M = ", found.min);
     if (!Check3.on()) searchReference = found.min.shift;
 
-    const double scaleX = Text29.number(), scaleY = Text7.number();
-    const auto x = [&](int s) { return ratio(s - first + 1, scaleX) + 1; };
-    const auto y = [&](double value) { return ratio(value - searchReference, scaleY) + 5; };
+    const auto x = [&](int s) { return ratio(s - first + 1, searchX) + 1; };
+    const auto y = [&](double value) { return ratio(value - searchReference, searchY) + 5; };
     const auto segment = [&](int s, double from, double to, Color color) {
         Picture1.line(x(s - 1), y(from), x(s), y(to), color);
     };

@@ -4,6 +4,7 @@
 
 #include "forms/form13.h"
 #include "forms/form22.h"
+#include "forms/form6.h"
 #include "reduction/observation_file.h"
 #include "stats/series.h"
 #include "tests/forms/lab_fixture.h"
@@ -325,6 +326,8 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     plan.Text1(1).setText("149600");
     plan.Command7.press();
     EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NE(printed(lab.desk.get<Form6>().Picture1).find("four\nNP1max=  2   JD0 =  2400000\n0001    dT= "),
+              std::string::npos) << "the count is that of the file before the new record";
     SeriesData read;
     readSeries(lab.tree, name, dataLong, read);
     ASSERT_EQ(read.NP1max(), 3);

@@ -81,9 +81,13 @@ TEST_F(Form6Test, FileFollowsTheOptions) {
     form.Option3(1).choose();
     form.Command6.press();
     expectMessage("Ошибка чтения данных из файла\r\n\\JPL\\Tarvex1Nab.txt");
-    form.Text28.setText("два");
-    form.Command6.press();
-    expectMessage("Задайте правильно данные");
+    for (TextField* field :
+         {&form.Text10, &form.Text28}) {  // the experiment too, though an imitator has none
+        field->setText("два");
+        form.Command6.press();
+        expectMessage("Задайте правильно данные");
+        field->setText("1");
+    }
 }
 
 TEST_F(Form6Test, LoadedSeriesIsShownAndDrawn) {
@@ -107,6 +111,33 @@ TEST_F(Form6Test, LoadedSeriesIsShownAndDrawn) {
                item.text.starts_with(
                    "3   IG= 2001    dT= 0000730,50    ddT= 000000,00    Ves= 0,0100    AlfaP  = 000001,02");
     EXPECT_TRUE(text);
+}
+
+TEST_F(Form6Test, TextTellsTheRecordsAsTheFileHasThem) {
+    form.Check2.set(true);
+    form.Check10.set(true);
+    const std::string moon =
+        "а\r\nб\r\nв\r\nг\r\n 1  237849650 \r\n"
+        " 1  0  3652500  100000000  0  0  0  0  0  300000000  0  700000000  0 \r\n";
+    struct Case {
+        int planet, param;
+        std::string series;
+        const char* told;
+    };
+    for (const Case& c : {Case{1, 7, longSeries(), "    ddT= 036525,00    Ves= "},
+                          {11, 1, moon, "    ddT= 036525,00    Ves= "},
+                          {11, 6, moon, "    W0  = 0003,00000    AlfaL0"}}) {
+        put("\\Ser\\Plan1\\Tarvex" + std::to_string(c.planet) + "Nab.txt", c.series);
+        form.Option3(c.planet).choose();
+        form.Option4(c.param).choose();
+        form.Command6.press();
+        EXPECT_TRUE(screen.messages.empty());
+        bool told = false;
+        for (const auto& item : test::drawnOn(form.Picture1))
+            told = told || item.text.find(c.told) != std::string::npos;
+        EXPECT_TRUE(told) << c.planet << " " << c.param;
+    }
+    EXPECT_EQ(lab.series.at(1).Par[parW], 7);  // in memory the rate stands in the place of W*
 }
 
 TEST_F(Form6Test, LargePictureIsAskedForAndNoStopsTheLoad) {
@@ -172,8 +203,12 @@ TEST_F(Form6Test, FitFindsTheShiftAndFillsTheTables) {
     form.Text4.setText("7");
     form.Command9.press();
     expectMessage("Первичные данные должны быть\r\nразбиты минимум на 2 группы");
-    for (auto [field, text] :
-         {std::pair{&form.Text16, "13"}, {&form.Text4, "0"}, {&form.Text2, "0"}, {&form.Text23, "x"}}) {
+    for (auto [field, text] : {std::pair{&form.Text16, "13"},
+                               {&form.Text4, "0"},
+                               {&form.Text2, "0"},
+                               {&form.Text23, "x"},
+                               {&form.Text29, ""},
+                               {&form.Text7, "x"}}) {
         const std::string old = field->text();
         form.Text4.setText("2");
         field->setText(text);
