@@ -22,6 +22,20 @@ void DateFromJD(ModelState& s, double& JD);
 /// Throws SubscriptFailure for a month outside 1..12, OverflowFailure for a day outside 32 bits.
 void NormalizeDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God);
 
+/// Puts the calendar and TimeZone back when a form has done its work in those of its own data.
+class CalendarKept {
+public:
+    explicit CalendarKept(ModelState& s) : s_(s), kalend_(s.kodKalend), zone_(s.TimeZone) {}
+    ~CalendarKept() { s_.kodKalend = kalend_, s_.TimeZone = zone_; }
+    CalendarKept(const CalendarKept&) = delete;
+    CalendarKept& operator=(const CalendarKept&) = delete;
+
+private:
+    ModelState& s_;
+    std::int16_t kalend_;
+    double zone_;
+};
+
 /// Whole hours, minutes and seconds of the fraction of d into ChasR, MinR, SekR; seconds are cut.
 void DayToHMS(ModelState& s, double d);
 

@@ -57,7 +57,7 @@ public:
     OptionButton Option21{this, {.name = "Option21", .caption = "Ser0+", .group = "earth", .hint = "Земля и Луна по Ser0+"}};
     OptionButton Option10{this, {.name = "Option10", .caption = "План", .group = "planet", .hint = "Параметры орбиты наблюдаемого тела из плана формы 13"}};
     OptionButton Option11{this, {.name = "Option11", .caption = "JPL0", .group = "planet", .hint = "Планета по JPL0"}};
-    OptionButton Option12{this, {.name = "Option12", .caption = "Ser0", .group = "planet", .on = true, .hint = "Планета по Ser0"}};
+    OptionButton Option12{this, {.name = "Option12", .caption = "Ser0", .group = "planet", .on = true, .hint = "Планета по Ser0 или, когда Земля по Ser0+, по Ser0+"}};
     OptionButton Option13{this, {.name = "Option13", .caption = "J2000", .group = "epoch", .on = true, .hint = "Параметры плана в равноденствии J2000"}};
     OptionButton Option14{this, {.name = "Option14", .caption = "JD", .group = "epoch", .hint = "Параметры плана в равноденствии даты"}};
     TextField Text47{this, {.name = "Text47", .label = "Прецессия, сек", .text = "5030", .hint = "Прецессия параметров плана, угл.сек за век; идет в Precess", .width = 8}};
@@ -170,7 +170,9 @@ private:
     void closeSources();
 
     // --- a run (form10_run.cpp)
-    void ReadRunParams();
+    bool ReadRunParams();
+    void takeCalendar();
+    std::int32_t bodyTyped() const;
     void readChoices();
     void convertDate();
     void convertJulian();
@@ -183,6 +185,7 @@ private:
     void readFields() override;
     void dateRead() override;
     void heliocentric() override;
+    void placed() override;
     void compared() override;
     void rejected() override;
     void accepted() override;

@@ -43,7 +43,7 @@ void Form10::runExperiments() {
         for (int k = first; k <= last; ++k) printResponse(k);
         return;
     }
-    ReadRunParams();
+    if (!ReadRunParams()) return;
     bounds(first, last);
     layOutExperiments(plan, last);
     for (int k = first; k <= last; ++k) {

@@ -1,7 +1,9 @@
 // Form10: one run, what it reads from the fields and what it shows.
+#include <algorithm>
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "core/clock.h"
 #include "core/numbers.h"
 #include "forms/date_fields.h"
@@ -17,19 +19,30 @@ constexpr Color green{0, 200, 0}, dRcolor{0, 0, 200}, dLcolor{255, 0, 0}, moonCo
 constexpr double pointRadius = 0.05, rejectedRadius = 0.15;
 constexpr int progressEvery = 64;   ///< passes
 
-double zeroOrNumber(bool wanted, const TextField& field) { return wanted ? field.number() : 0; }
-
 }  // namespace
 
-void Form10::convertDate() {
+/// The calendar and the start of the day of the data.
+void Form10::takeCalendar() {
     lab.s.kodKalend = Option7.on() ? 2 : Option6.on() ? 1 : 0;
     lab.s.TimeZone = Option16.on() ? 12 : 0;
+}
+
+/// Number of the body from its field, 0..11.
+std::int32_t Form10::bodyTyped() const {
+    const std::int32_t body = Text1.int32();
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
+    return body;
+}
+
+void Form10::convertDate() {
+    const CalendarKept kept(lab.s);
+    takeCalendar();
     gregorianToJulian(lab, {Text4, Text3, Text2, Text5});
 }
 
 void Form10::convertJulian() {
-    lab.s.kodKalend = Option7.on() ? 2 : Option6.on() ? 1 : 0;
-    lab.s.TimeZone = Option16.on() ? 12 : 0;
+    const CalendarKept kept(lab.s);
+    takeCalendar();
     julianToGregorian(lab, {Text4, Text3, Text2, Text5});
 }
 
@@ -79,7 +92,7 @@ void Form10::readFields() {
     ReductionChoices& c = lab.reduction.choices;
     lab.s.DtCur = Text18.number();
     c.dMax = Text50.number();
-    c.Pauza = static_cast<int>(zeroOrNumber(c.pause, Text17));
+    c.Pauza = Text17.int32();
     MT_ = Text6.number();
     MAlfa_ = Text19.number();
     MdAlfa_ = Text20.number();
@@ -87,20 +100,24 @@ void Form10::readFields() {
     Ysdvig_ = Text53.number();
 }
 
-void Form10::ReadRunParams() {
+/// False when the date is none.
+bool Form10::ReadRunParams() {
     ModelState& s = lab.s;
     ReductionState& r = lab.reduction;
     s.kodStop = 1;
     if (Option1.on() && Option4(0).on()) throw Refusal("Выберете имитатор", "Tarvex7.0");
     if (Option2.on() && Option9(0).on()) throw Refusal("Выберете обсерваторию", "Tarvex7.0");
-    const std::int32_t body = Text1.int32();
+    const std::int32_t body = bodyTyped();
     if (body == 3) throw Refusal("Землю не наблюдали", "Tarvex7.0");
-    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
     s.IplSel = body;
     s.ObsL = Text24.number();
     s.ObsB = Text25.number();
     readChoices();
+    s.kodErrDate = 0;
     convertDate();
+    if (s.kodErrDate != 0) return false;  // the date has been complained of
+    const CalendarKept kept(s);
+    takeCalendar();
     r.kodKalendTab = s.kodKalend;
     r.TimeZoneTab = s.TimeZone;
     s.JDepoha = s.JD;
@@ -111,12 +128,13 @@ void Form10::ReadRunParams() {
     if (desk().isLoaded("Form13"))
         if (auto* signal = dynamic_cast<TextField*>(desk().form("Form13").find("Text16"))) signal->setText(timeOfDay());
     s.kodStop = 0;
+    return true;
 }
 
 void Form10::start() {
     if (running_) return;
     if (Option2.on() && lab.s.kodStop == 1) throw Refusal("Надо открыть файл снова", "Tarvex7.0");
-    ReadRunParams();
+    if (!ReadRunParams()) return;
     clearGraph();
     clearSystem();
     startReduction(reduction());
@@ -187,8 +205,11 @@ void Form10::drawSky() {
         return;
     }
     drawBothViews(Picture3, 0, 0, 0, 0.06, bodyColor(s, 3));
-    drawBothViews(Picture3, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0));
-    drawBothViews(Picture3, s.X[b] / s.Mx, s.Y[b] / s.Mx, s.Z[b] / s.Mx, 0.06, color);
+    if (b != rowSun) drawBothViews(Picture3, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0));
+    // by the theory, on the ecliptic like the Sun: the row itself holds the data in their own frame by now
+    const SkyPlace& place = r.stage[stageJ2000];
+    const double B = place.B / kUgol, L = place.L / kUgol, R = r.Rgeo / s.Mx;
+    drawBothViews(Picture3, R * std::cos(B) * std::cos(L), R * std::cos(B) * std::sin(L), R * std::sin(B), 0.06, color);
 }
 
 void Form10::graphPoint(double y, Color color) {
@@ -196,17 +217,20 @@ void Form10::graphPoint(double y, Color color) {
     Picture4.disc(x, y + Ysdvig_, pointRadius, color);
 }
 
-void Form10::compared() {
+void Form10::placed() {
     const ReductionState& r = lab.reduction;
     Text40.show(lab.s.JDet);
+    if (!r.choices.visibility && !r.choices.horizonPicture) return;
+    Text54.show(cut6(r.body.L));
+    Text55.show(cut6(r.body.B));
+}
+
+void Form10::compared() {
+    const ReductionState& r = lab.reduction;
     for (int i = 0; i < chainStages; ++i) {
         if (!r.reached[i] || !stageL[i]) continue;
         stageL[i]->show(cut6(r.stage[i].L));
         stageB[i]->show(cut6(r.stage[i].B));
-    }
-    if (r.choices.visibility || r.choices.horizonPicture) {
-        Text54.show(cut6(r.body.L));
-        Text55.show(cut6(r.body.B));
     }
     const bool L = Check11.on(), B = Check12.on();
     if (Check1.on() && L) graphPoint(ratio(r.Lt, MAlfa_), {0, 0, 255});
@@ -261,7 +285,11 @@ void Form10::accepted() {
     if (Check35.on() && B) graphPoint(ratio(c[3][j][k], MdAlfa_), {220, 220, 0});
 }
 
-void Form10::pause(int milliseconds) { desk().screen().pause(milliseconds); }
+/// In short pieces, so that "Остановить" is seen at once.
+void Form10::pause(int milliseconds) {
+    constexpr int piece = 100;
+    for (int left = milliseconds; left > 0 && lab.s.kodStop != 1; left -= piece) desk().screen().pause(std::min(left, piece));
+}
 
 void Form10::giveWay() {
     const ReductionState& r = lab.reduction;

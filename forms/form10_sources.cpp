@@ -1,4 +1,5 @@
 // Form10: choosing tables and files of observations.
+#include "core/calendar.h"
 #include "core/numbers.h"
 #include "forms/date_fields.h"
 #include "forms/form10.h"
@@ -70,6 +71,11 @@ void Form10::chooseTable(int i) {
         Text16.show(table.startYear);
         Text14.show(table.startYear + yearsOfTable);
     }
+    // all fields before the workbook: a table that is open needs no second choice
+    s.IplSel = bodyTyped();
+    s.ObsL = Text24.number();
+    s.ObsB = Text25.number();
+    readChoices();
     try {
         openTable(r.table, i, lab.office, lab.tree);
     } catch (const OfficeFailure&) {
@@ -78,11 +84,11 @@ void Form10::chooseTable(int i) {
         throw Refusal("Не найдена таблица\r\n" + lab.tree.at(tableFileName(table)).string(), "Tarvex6");
     }
 
-    s.IplSel = Text1.int32();
-    s.ObsL = Text24.number();
-    s.ObsB = Text25.number();
-    readChoices();
     convertDate();
+    const CalendarKept kept(s);
+    takeCalendar();
+    r.kodKalendTab = s.kodKalend;
+    r.TimeZoneTab = s.TimeZone;
     s.JDepoha = s.JDut0 = s.JD;
     NormalizeLocalDate(s, r.date);
     try {
@@ -114,7 +120,7 @@ void Form10::chooseObservatory(int i) {
     Text3.setText("1");
     for (CheckBox* correction : {&Check15, &Check16, &Check17}) correction->set(true);
 
-    s.IplSel = Text1.int32();
+    s.IplSel = bodyTyped();
     const char* filtered = !Check3.on() ? "" : Option17.on() ? "LB" : "L";
     const auto path = lab.tree.at(observationFileName(s.NameData, s.IplSel, Text56.text(), filtered));
     Text57.setText(Text56.text());

@@ -51,6 +51,7 @@ void stepTable(Reduction x) {
     r.JDwhole += Fix(part);
     r.JDpart = part - Fix(part);
     s.JD = r.JDwhole + r.JDpart;
+    const CalendarKept kept(s);
     r.worldDate = shownWorldDate(s);
     s.kodKalend = r.kodKalendTab;
     s.TimeZone = r.TimeZoneTab;
@@ -70,6 +71,9 @@ void stepTable(Reduction x) {
 /// Next observation from JDepoha on; false at the end of the file.
 bool stepFile(Reduction x) {
     auto& [s, r, plan, tree] = x;
+    const CalendarKept kept(s);
+    s.kodKalend = r.kodKalendTab;
+    s.TimeZone = r.TimeZoneTab;
     r.endOfFile = false;
     do {
         std::optional<Observation> found;
@@ -88,8 +92,6 @@ bool stepFile(Reduction x) {
         r.date = {found->year, found->month, found->day, found->hours, found->dayWithTime()};
         s.Lpl[s.IplSel] = found->ascension;
         s.Bpl[s.IplSel] = found->declination;
-        s.kodKalend = r.kodKalendTab;
-        s.TimeZone = r.TimeZoneTab;
         NormalizeDate(s, r.date.DenObs, r.date.MesObs, r.date.GodObs);
         s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
     } while (s.JD < s.JDepoha);
@@ -138,6 +140,7 @@ void onePass(Reduction x, ReductionView& view) {
             appendStage(s, r, tree, label, L, B, R);
         };
     reduceTheory(s, r, plan, log, [&] { view.heliocentric(); });
+    view.placed();
     if (r.kodVidim == 0) return;  // dropped without any count
     compareWithData(s, r);
     if (log) log("  GEO EQU (GEO ECL) Nabl      ", r.Ln, r.Bn, r.Rgeo);

@@ -14,6 +14,7 @@ public:
     virtual void readFields() {}    ///< read the fields that may change while the run goes on
     virtual void dateRead() {}      ///< date and place of the data are known
     virtual void heliocentric() {}  ///< rows 0, 3, IplSel heliocentric of the date
+    virtual void placed() {}        ///< theory and visibility are known, also of what is not seen
     virtual void compared() {}      ///< stages and residuals are known
     virtual void rejected() {}      ///< by the filter
     virtual void accepted() {}      ///< sums and criteria are renewed

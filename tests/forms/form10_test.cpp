@@ -155,6 +155,58 @@ TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
     EXPECT_EQ(form.Text23.text(), "3");
 }
 
+TEST_F(Form10Test, WhatIsNotSeenStillShowsWhereItStands) {
+    writeSun();
+    auto& form = sun();
+    form.Text65.setText("2001");
+    form.Check29.set(true);
+    form.Text46.setText("91");
+    form.Check28.set(true);
+    form.Text17.setText("250");
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(lab.reduction.NObs, 0);
+    EXPECT_EQ(form.Text7.text(), "");
+    EXPECT_NEAR(form.Text40.number(), 2451574, 0.01);
+    EXPECT_NEAR(form.Text55.number(), 90 - 17.8, 1) << "the Sun at noon in the south of the equator";
+    EXPECT_EQ(screen.paused, 750);
+    form.Text17.setText("1e30");
+    form.Command6.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+}
+
+/// A table without cells, so that no office is needed.
+TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
+    auto& form = lab.desk.get<Form10>();
+    form.Text1.setText("25");
+    form.Option4(5).choose();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
+    EXPECT_EQ(lab.s.IplSel, 11) << "a number that is no body reaches nothing";
+    form.Text1.setText("11");
+    form.Option4(0).choose();
+    form.Option4(5).choose();
+    form.Command6.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text2.text() + "." + form.Text3.text() + "." + form.Text4.text(), "1.1.2000")
+        << "a first step lands on the start, in the calendar of the table";
+    EXPECT_EQ(form.Text5.text(), "2451558");
+    EXPECT_EQ(lab.s.kodKalend, 0) << "the calendar of the others";
+    EXPECT_EQ(lab.s.TimeZone, 0);
+    form.Text65.setText("1999");
+    for (CommandButton* command : {&form.Command1, &form.Command2, &form.Command3}) {
+        command->press();
+        EXPECT_EQ(lab.s.kodKalend + lab.s.TimeZone, 0) << command->name();
+    }
+    EXPECT_TRUE(screen.messages.empty());
+    const double before = lab.s.JDepoha;
+    form.Text4.setText("99999");
+    for (CommandButton* command : {&form.Command1, &form.Command7}) {
+        command->press();
+        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату") << "and no run from a date that is none";
+    }
+    EXPECT_EQ(lab.s.JDepoha, before);
+}
+
 TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
     test::writeWorkbook(folder.path() / "Tab/Tycho.xls",
