@@ -27,8 +27,7 @@ Form11::Form11(Laboratory& lab_)
       lab(lab_) {
     const Shown badData = orShow("Введите правильно данные ", "Tarvex7"), badRun = orShow("Ошибка при расчете", "Tarvex7");
     Command1.onPress([this] {
-        prepare(Text23.number());
-        bench_.JDorigin = lab.s.JD;
+        if (prepare(Text23.number())) bench_.JDorigin = lab.s.JD;
     }, badData);
     Command3.onPress([this] { iterate(); }, badRun);
     Command5.onPress([this] {
@@ -37,7 +36,7 @@ Form11::Form11(Laboratory& lab_)
         startMonth_ = Text33.text();
         startYear_ = Text43.text();
         Text9.number();
-        prepare(Text23.number());
+        if (!prepare(Text23.number())) return;
         bench_.JDorigin = lab.s.JD;
         lab.s.kodStop = 0;
         stepLoop();
@@ -122,8 +121,8 @@ void Form11::showBody(int row, TextField& x, TextField& y, TextField& z, TextFie
     vz.show(cut6(s.VZ[row] / 1000));
 }
 
-/// Reads the fields and forms the real places for the date with this day.
-void Form11::prepare(double day) {
+/// Reads the fields and forms the real places for the date with this day; false when that is no date.
+bool Form11::prepare(double day) {
     ModelState& s = lab.s;
     Text7.number();
     Text8.number();
@@ -140,27 +139,27 @@ void Form11::prepare(double day) {
     }
     bench_.body = object;
 
-    const auto calendar = s.kodKalend;
-    const double zone = s.TimeZone;
-    s.kodKalend = 0;
-    s.TimeZone = 0;
-    s.JD = JDfromDate(s, day, Text33.int32(), Text43.int32());
-    s.kodKalend = calendar;
-    s.TimeZone = zone;
+    {
+        const CalendarKept kept(s);
+        s.kodKalend = 0;
+        s.TimeZone = 0;
+        s.kodErrDate = 0;
+        s.JD = JDfromDate(s, day, Text33.int32(), Text43.int32());
+    }
+    if (s.kodErrDate != 0) return false;  // it has been complained of
 
     if (object == AberrationBench::star) {
-        s.X[object] = Text12.number() * MK;
-        s.Y[object] = Text14.number() * MK;
-        s.Z[object] = Text16.number() * MK;
-        s.VX[object] = Text18.number() * 1000;
-        s.VY[object] = Text20.number() * 1000;
-        s.VZ[object] = Text22.number() * 1000;
+        s.X[object] = finite(Text12.number() * MK);
+        s.Y[object] = finite(Text14.number() * MK);
+        s.Z[object] = finite(Text16.number() * MK);
+        s.VX[object] = finite(Text18.number() * 1000);
+        s.VY[object] = finite(Text20.number() * 1000);
+        s.VZ[object] = finite(Text22.number() * 1000);
     }
     AberrationPrepare(s, bench_, Check2.on(), Text1.number() / kUgol, Text2.number() / kUgol);
 
-    s.Mean[3] = Frac1(s.AlfaL[3] / 2 / Pi);
     if (Check2.on()) {
-        Text1.show(cut6(kUgol * 2 * Pi * s.Mean[3]));
+        Text1.show(cut6(360 * Frac1(s.AlfaL[3] / 2 / Pi)));
         if (object != 0 && object != AberrationBench::star) Text2.show(cut6(360 * Frac1(s.AlfaL[object] / 2 / Pi)));
     }
     showBody(3, Text11, Text13, Text15, Text17, Text19, Text21);
@@ -170,6 +169,8 @@ void Form11::prepare(double day) {
     Text37.show(cut6(bench_.GeoL));
     Text47.show(cut6(bench_.GeoB));
     Text10.show(0);
+    if (Option3.on()) drawPlaces();
+    return true;
 }
 
 void Form11::iterate() {
@@ -204,7 +205,7 @@ void Form11::iterate() {
 void Form11::stepLoop() {
     do {
         const double day = Text23.number(), step = Text9.number();
-        prepare(day);
+        if (!prepare(day)) break;
         stage("Ошибка при расчете", "Tarvex7", [&] { iterate(); });
         Text23.show(day + step);
         if (lab.s.kodStop == 1) break;
@@ -217,23 +218,35 @@ double Form11::across(double x, double y, double z, bool horizontal) const {
     return (horizontal ? x : Option1.on() ? y : z) / lab.s.Mx;
 }
 
+/// The places of the Earth and the object and, in the plane of the ecliptic, their orbits.
+void Form11::drawPlaces() {
+    const ModelState& s = lab.s;
+    for (const int row : {3, bench_.body}) {
+        Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true), across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15,
+                      colorOf(row));
+        if (Option1.on() && row != AberrationBench::star && row != 0)
+            Picture1.circle(0, 0, s.R0sr[row] / s.Mx, {90, 90, 90});
+    }
+}
+
+Color Form11::colorOf(int row) const {
+    const ModelState& s = lab.s;
+    if (row == AberrationBench::star) return {255, 255, 255};
+    return {s.ColorR[row], s.ColorG[row], s.ColorB[row]};
+}
+
 void Form11::drawConstruction() {
     const ModelState& s = lab.s;
     const int b = bench_.body;
     const int n = bench_.iterations - 1;
     const int strength = static_cast<int>(100.0 / (4 * n + 1) + 155), sumStrength = static_cast<int>(100.0 / (4 * n + 1) + 125);
     const double ex = across(s.X[3], s.Y[3], s.Z[3], true), ey = across(s.X[3], s.Y[3], s.Z[3], false);
-    const auto mark = [&](int row, double x, double y, double z, double radius) {
-        const Color color = row == AberrationBench::star ? Color{255, 255, 255}
-                                                         : Color{s.ColorR[row], s.ColorG[row], s.ColorB[row]};
-        const double px = across(x, y, z, true), py = across(x, y, z, false);
-        Picture1.disc(px, py, radius, color);
+    drawPlaces();
+    for (const int row : {3, b}) {
+        const double px = across(s.X0[row], s.Y0[row], s.Z0[row], true), py = across(s.X0[row], s.Y0[row], s.Z0[row], false);
         // velocity at one ten-thousandth of a cell for a metre a second
-        Picture1.line(px, py, px + s.VX[row] / 10000, py + (Option1.on() ? s.VY[row] : s.VZ[row]) / 10000, color);
-        if (Option1.on() && row != AberrationBench::star && row != 0) Picture1.circle(0, 0, s.R0sr[row] / s.Mx, {90, 90, 90});
-    };
-    mark(3, s.X0[3], s.Y0[3], s.Z0[3], 0.15);
-    mark(b, s.X0[b], s.Y0[b], s.Z0[b], 0.15);
+        Picture1.line(px, py, px + s.VX[row] / 10000, py + (Option1.on() ? s.VY[row] : s.VZ[row]) / 10000, colorOf(row));
+    }
     const auto ray = [&](double x, double y, double z, Color color) {
         Picture1.line(ex, ey, across(x, y, z, true), across(x, y, z, false), color);
     };
@@ -271,7 +284,7 @@ void Form11::drawComponents() {
         return;
     for (const int row : {3, b})
         Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true), across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04,
-                      {s.ColorR[row], s.ColorG[row], s.ColorB[row]});
+                      colorOf(row));
 }
 
 }  // namespace tarvex

@@ -223,13 +223,15 @@ public:
     void unload() override;
 
 private:
-    void prepare(double day);
+    bool prepare(double day);
     void iterate();
     void stepLoop();
     void showScale();
     void clearPicture();
     void showBody(int row, TextField& x, TextField& y, TextField& z, TextField& vx, TextField& vy,
                   TextField& vz);
+    Color colorOf(int row) const;
+    void drawPlaces();
     void drawConstruction();
     void drawComponents();
     double across(double x, double y, double z, bool horizontal) const;

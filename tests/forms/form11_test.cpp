@@ -1,5 +1,7 @@
 #include "forms/form11.h"
 
+#include <cmath>
+
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
@@ -42,9 +44,33 @@ TEST_F(Form11Test, StarFromTheFields) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(lab.s.VXsys, 100);
     EXPECT_NE(form.Text34.text(), "0");
+    form.Text3.setText("1e307");
+    form.Command3.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете");
+    EXPECT_TRUE(std::isfinite(lab.s.VX[3]));
+    form.Text14.setText("1e304");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ");
+    EXPECT_TRUE(std::isfinite(lab.s.Y[10]));
+    form.Text14.setText("-200000000000");
     form.Check1(10).set(false);                          // nothing ticked: the star stays the object
     form.Command1.press();
     EXPECT_NEAR(toNumber(form.Text30.text()), 2e11, 1e6);
+}
+
+TEST_F(Form11Test, PreparationShowsThePlacesAndLeavesTheMeanAnomaly) {
+    form.Check2.set(true);
+    form.Command2.press();
+    form.Command1.press();
+    const double anomaly = form.Text1.number() / kUgol - lab.s.AlfaP0[3];
+    EXPECT_NEAR(lab.s.Mean[3], anomaly < 0 ? anomaly + 2 * Pi : anomaly, 1e-7);
+    int orbits = 0, places = 0;
+    for (const auto& d : test::drawnOn(form.Picture1)) {
+        orbits += d.kind == test::Drawn::Kind::Circle;
+        places += d.kind == test::Drawn::Kind::Disc;
+    }
+    EXPECT_EQ(orbits, 2);
+    EXPECT_EQ(places, 2);
 }
 
 TEST_F(Form11Test, BadInput) {
@@ -61,6 +87,10 @@ TEST_F(Form11Test, BadInput) {
         EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ") << field->name() << text;
         field->setText(good);
     }
+    form.Text43.setText("40000");
+    form.Command5.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату") << "once, and the steps end";
+    form.Text43.setText("2000");
     form.Command1.press();
     form.Text3.setText("быстро");
     form.Command3.press();
