@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "core/et_ut.h"
 #include "theories/geometry.h"
@@ -146,15 +147,15 @@ void Form12::typedToBase(int i, const ConvFrame& frame) {
     if (Option2.on()) {
         s.LonPl[i] = Text11.number();
         s.LatPl = Text12.number();
-        s.Rcur = Text13.number() * MK;
+        s.Rcur = finite(Text13.number() * MK);
         SpherToXYZ(s, i, s.LonPl[i], s.LatPl, s.Rcur);
         Text1.show(Fix(s.X[i]) / MK);
         Text2.show(Fix(s.Y[i]) / MK);
         Text3.show(Fix(s.Z[i]) / MK);
     } else {
-        s.X[i] = Text1.number() * MK;
-        s.Y[i] = Text2.number() * MK;
-        s.Z[i] = Text3.number() * MK;
+        s.X[i] = finite(Text1.number() * MK);
+        s.Y[i] = finite(Text2.number() * MK);
+        s.Z[i] = finite(Text3.number() * MK);
         PairGeometry(s, 15, i);
         Text11.show(s.LonPl[i]);
         Text12.show(s.LatPl);

@@ -65,10 +65,13 @@ void Form14::start() {
         if (scale->number() == 0) throw ArithmeticFailure("a scale is zero");
     Text10.number();
     EccentricAt(p);
+    const double start = model_.T * p.W;  // by the time that the last run has left, 0 at first: meant
     model_ = drawn_ = p;
     started_ = true;
     lab.s.kodStop = 0;
     clearPictures();
+    const double radius = ratio(p.R, Text5.number());
+    Picture1.disc(radius * std::cos(start), radius * std::sin(start), 0.1, black);
     stage("Ошибка при расчете координат", "Tarvex7", [&] { EccentricRun(); });
 }
 

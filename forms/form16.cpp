@@ -151,13 +151,19 @@ void Form16::takeSettings() {
     kodTimeDir = Option18.on() ? 1 : -1;
 }
 
+/// Number of the body from its field, 0..11.
+std::int32_t Form16::bodyTyped() const {
+    const std::int32_t body = Text1.int32();
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
+    return body;
+}
+
 void Form16::start() {
     ModelState& s = lab.s;
     if (Option1.on() && table_.table == nullptr) throw Refusal("Выберете имитатор", "Tarvex7");
     if (Option2.on() && theory() == 0) throw Refusal("Выберете теорию", "Tarvex7");
-    const std::int32_t body = Text1.int32();
+    const std::int32_t body = bodyTyped();
     if (body == 3) throw Refusal("Землю не наблюдали", "Tarvex7");
-    if (body < 0 || body > 11) throw SubscriptFailure("no body " + std::to_string(body));
     s.IplSel = body;
     s.NameData = Option1.on() ? table_.table->name : theoryNames[theory()];
     e_.readTable = [this] { readTable(Check4.on()); };
@@ -172,10 +178,12 @@ void Form16::start() {
     zone_ = Option16.on() ? 12 : 0;
     s.kodKalend = kalend_;
     s.TimeZone = zone_;
+    s.kodErrDate = 0;
     NormalizeDate(s, Text2.number(), Text3.int32(), Text4.int32());
     s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
     s.kodKalend = 0;
     s.TimeZone = 0;
+    if (s.kodErrDate != 0) return;  // the date has been complained of
     startDay_ = Text2.text();
     startMonth_ = Text3.text();
     startYear_ = Text4.text();
@@ -310,6 +318,7 @@ void Form16::nextDate() {
     const double step = e_.kodSolst ? ratio(Text26.number(), Text8.number()) : Text26.number();
     s.kodKalend = kalend_;
     s.TimeZone = zone_;
+    s.kodErrDate = 0;
     if (kodTimeDir > 0) {
         NormalizeDate(s, Text2.number() + step, Text3.int32(), Text4.int32());
         s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
@@ -319,6 +328,7 @@ void Form16::nextDate() {
     }
     s.kodKalend = 0;
     s.TimeZone = 0;
+    if (s.kodErrDate != 0) s.kodStop = 1;  // the way ends where the calendar does
     Text2.show(s.DenR);
     Text3.show(s.MesR);
     Text4.show(s.GodR);

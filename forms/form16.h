@@ -200,12 +200,12 @@ public:
     TextField Text31{this,
                      {.name = "Text31",
                       .label = "p от JD 1579341, град",
-                      .hint = "Общая прецессия от JD 1579341 до даты, градусы",
+                      .hint = "Общая прецессия от JD 1579341 до даты, градусы; с таблицей - прецессия таблицы",
                       .readOnly = true}};
     TextField Text41{this,
                      {.name = "Text41",
                       .label = "p от J2000, град",
-                      .hint = "Общая прецессия от J2000 до даты, градусы",
+                      .hint = "Общая прецессия от J2000 до даты, градусы; с таблицей - прецессия, которой заменяется ее собственная",
                       .readOnly = true}};
     TextFields StagesSun, StagesBody;  ///< longitude and latitude by stage: cells 2*stage and 2*stage + 1
     TextFields Contact;                ///< contacts 1..4, universal time
@@ -285,6 +285,7 @@ private:
     };
 
     int theory() const;
+    std::int32_t bodyTyped() const;
     void takeSettings();
     void chooseData(bool tables);
     void chooseTable(int i);

@@ -1,6 +1,8 @@
 // Form16: eclipses by the ancient tables.
 #include "core/calendar.h"
+#include "core/clock.h"
 #include "forms/form16.h"
+#include "forms/form17.h"
 
 namespace tarvex {
 
@@ -41,12 +43,13 @@ void Form16::chooseTable(int i) {
         Text3.setText(i == almagest ? "6" : "1");
         Text4.show(startYears[i]);
     }
+    // all fields before the workbook: a table that is open needs no second choice
+    s.IplSel = bodyTyped();
+    s.ObsL = Text24.number();
+    s.ObsB = Text25.number();
     const std::string path = lab.tree.at(tableFileName(table)).string();
     stage("Не найден файл\r\n" + path, "Tarvex6", [&] { openTable(table_, i, lab.office, lab.tree); });
 
-    s.IplSel = Text1.int32();
-    s.ObsL = Text24.number();
-    s.ObsB = Text25.number();
     s.kodKalend = i == almagest ? 2 : 1;
     s.TimeZone = 12;
     NormalizeDate(s, Text2.number(), Text3.int32(), Text4.int32());
@@ -57,8 +60,15 @@ void Form16::chooseTable(int i) {
     s.kodKalend = 0;
     s.TimeZone = 0;
     table_.PrecTab0 = 0;
-    readTable(false);
+    try {
+        readTable(false);
+    } catch (const Refusal&) {
+        table_.close();  // so that the same choice tries again
+        throw;
+    }
     table_.PrecTab0 = s.Prec;
+    // Form17 takes its fields anew, with the laws that stand there
+    if (desk().isLoaded("Form17")) desk().get<Form17>().Text5.setText(timeOfDay());
 }
 
 /// The Sun and the body from the workbook for this moment, at the local time of the place.
@@ -75,8 +85,10 @@ void Form16::readTable(bool correct) {
     double corrected = 0;
     try {
         corrected = ReadTableCells(s, table_, date, almagestPrecEclipse, correct, true);
-    } catch (const std::exception&) {
+    } catch (const std::exception& failure) {
         s.kodStop = 1;
+        // A workbook whose office has gone is closed: the same choice then opens it again.
+        if (dynamic_cast<const OfficeFailure*>(&failure) != nullptr) table_.close();
         throw Refusal("Ошибка вычислений в таблицах", "Tarvex6");
     }
     Text31.show(cut6(s.Prec));

@@ -1,5 +1,7 @@
 #include "forms/form12.h"
 
+#include <cmath>
+
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
@@ -100,6 +102,14 @@ TEST_F(Form12Test, RefusalsAndBadInput) {
     form.Text31.setText("2451545");
     form.Command6.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно исходные координаты");
+    form.Text13.setText("1e304");                 // beyond double precision in metres
+    form.Text1.setText("1e304");
+    for (OptionButton* kind : {&form.Option2, &form.Option3}) {
+        kind->choose();
+        form.Command6.press();
+        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно исходные координаты");
+        EXPECT_TRUE(std::isfinite(lab.s.X[11]) && std::isfinite(lab.s.Rcur)) << kind->name();
+    }
     form.Text8.setText("x");
     form.Option4.choose();
     form.Command4.press();

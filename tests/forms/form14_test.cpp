@@ -1,5 +1,7 @@
 #include "forms/form14.h"
 
+#include <algorithm>
+
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
@@ -30,6 +32,10 @@ TEST_F(Form14Test, RunsUntilStoppedGoesOnAndSteps) {
         red += d.kind == Drawn::Kind::Disc && d.color == Color{255, 0, 0};
         blue += d.kind == Drawn::Kind::Disc && d.color == Color{0, 0, 255};
     }
+    const auto& figure = test::drawnOn(form.Picture1);
+    const auto start = std::find_if(figure.begin(), figure.end(), [](const Drawn& d) { return d.kind == Drawn::Kind::Disc; });
+    ASSERT_NE(start, figure.end());
+    EXPECT_EQ(start->color, (Color{0, 0, 0})) << "the point of the start comes first";
     EXPECT_EQ(red, 10);
     EXPECT_EQ(blue, 10);
 }

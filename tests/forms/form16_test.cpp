@@ -1,5 +1,8 @@
 #include "forms/form16.h"
 
+#include <signal.h>
+
+#include "forms/form17.h"
 #include "tests/forms/lab_fixture.h"
 #include "tests/support/ephemeris_files.h"
 #include "tests/support/test_workbook.h"
@@ -79,6 +82,19 @@ TEST_F(Form16Test, SunriseSunsetAndTheEquinoxLog) {
     EXPECT_NE(log.find("   A= "), std::string::npos);
 }
 
+TEST_F(Form16Test, TheStepsEndWhereTheCalendarEnds) {
+    form.Option9(4).choose();
+    form.Text4.setText("40000");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+    EXPECT_EQ(screen.yields, 0) << "no run from a date that is none";
+    form.Text4.setText("32000");
+    form.Text26.setText("200000");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+    EXPECT_EQ(lab.s.kodStop, 1);
+}
+
 TEST_F(Form16Test, OneStepAndTypedClocks) {
     form.Check1.set(true);
     form.Check5.set(true);
@@ -121,6 +137,21 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     EXPECT_NEAR(toNumber(form.StagesBody(6).text()), 16, 0.1);
     EXPECT_NEAR(toNumber(form.StagesBody(7).text()), 0.25, 1e-5);
     EXPECT_EQ(form.Text31.text(), "0");
+    form.Text1.setText("20");
+    form.Option4(1).choose();
+    EXPECT_TRUE(screen.onlyMessage().text.starts_with("Введите правильно данные"));
+    EXPECT_EQ(lab.s.IplSel, 11);
+    form.Text1.setText("11");
+    lab.s.Diam[0] = 1;
+    lab.desk.get<Form17>().Text6.setText("1400");
+    form.Option4(10).choose();
+    EXPECT_EQ(lab.s.Diam[0], 1400e6);             // Form17 takes its fields again
+    kill(lab.office.process(), 9);
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка вычислений в таблицах");
+    form.Option4(10).choose();                    // the same choice opens it anew
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
     form.Option2.choose();                        // back to the theories
     form.Option9(4).choose();
     form.Command1.press();
