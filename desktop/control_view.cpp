@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "desktop/number_edit.h"
 #include "desktop/picture_view.h"
 
 namespace tarvex {
@@ -57,7 +58,7 @@ QString folded(QString text) {
 class LineView final : public ControlView {
 public:
     LineView(TextField& field, const Density& density, const Act& act)
-        : ControlView(field, new QLineEdit, density), field_(field), act_(act) {
+        : ControlView(field, new NumberEdit, density), field_(field), act_(act) {
         const bool number = isNumberOrEmpty(field.text()) && field.width() <= mostLeftDigits;
         edit()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         const int digits = field.width() > 0 ? field.width() : density.digits;

@@ -16,11 +16,12 @@ namespace tarvex {
 
 namespace {
 
-constexpr int pairGap = 8;         ///< more between two pairs of label and field
-constexpr int leastPicture = 320;  ///< width left to a picture that is moved in its area, pixels
-constexpr int widestArea = 1250;   ///< of a scrolled area that shows all its width, pixels
-constexpr int captionRoom = 14;    ///< of a command, left and right of its caption together, pixels
-constexpr int choiceGap = 1;       ///< between ticks or options below each other
+constexpr int pairGap = 8;            ///< more between two pairs of label and field
+constexpr int leastPicture = 320;     ///< width left to a picture that is moved in its area, pixels
+constexpr QSize usualArea(800, 480);  ///< of a picture that changes its shape, however small it is now
+constexpr int widestArea = 1250;      ///< of a scrolled area that shows all its width, pixels
+constexpr int captionRoom = 14;       ///< of a command, left and right of its caption together, pixels
+constexpr int choiceGap = 1;          ///< between ticks or options below each other
 
 using Kind = Layout::Kind;
 
@@ -49,11 +50,22 @@ class RoomyArea final : public QScrollArea {
 public:
     /// @param picture  what it holds is a picture, which is moved in both directions
     explicit RoomyArea(bool picture) : picture_(picture) {}
-    QSize sizeHint() const override { return widget()->sizeHint() + QSize(barRoom(), barRoom()); }
+    QSize sizeHint() const override {
+        const QSize whole = widget()->sizeHint() + QSize(barRoom(), barRoom());
+        return picture_ ? whole.expandedTo(usualArea) : whole;
+    }
     QSize minimumSizeHint() const override {
         return {
             std::min(widget()->minimumSizeHint().width() + barRoom(), picture_ ? leastPicture : widestArea),
             QScrollArea::minimumSizeHint().height()};
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        if (picture_)
+            for (QWidget* child : widget()->findChildren<QWidget*>())
+                if (auto* view = dynamic_cast<PictureView*>(child)) view->fitIn(maximumViewportSize());
+        QScrollArea::resizeEvent(event);
     }
 
 private:

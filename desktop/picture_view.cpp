@@ -18,6 +18,7 @@ namespace tarvex {
 namespace {
 
 constexpr double movedSize = 1.25;  ///< of a picture that is moved in a scroll area: its small print is read
+constexpr double mostFitted = 2;    ///< of a picture that is seen whole in its scroll area
 constexpr double largestZoom = 200, wheelStep = 1.25;
 
 /// A coordinate for the status line: about four significant digits.
@@ -35,10 +36,24 @@ PictureView::PictureView(Picture& picture, std::function<void(const std::functio
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QSize PictureView::sizeHint() const { return keepsSize_ ? shape_ * movedSize : shape_; }
+double PictureView::fitted() const {
+    return std::min(static_cast<double>(room_.width()) / shape_.width(),
+                    static_cast<double>(room_.height()) / shape_.height());
+}
+
+QSize PictureView::sizeHint() const {
+    if (!keepsSize_) return shape_;
+    return shape_ * (fitted() >= 1 ? std::min(fitted(), mostFitted) : movedSize);
+}
 
 void PictureView::keepSize() {
     keepsSize_ = true;
+    updateGeometry();
+}
+
+void PictureView::fitIn(QSize room) {
+    if (room == room_) return;
+    room_ = room;
     updateGeometry();
 }
 
@@ -154,7 +169,7 @@ void PictureView::mouseDoubleClickEvent(QMouseEvent* event) {
 void PictureView::wheelEvent(QWheelEvent* event) {
     // In a scroll area the plain wheel moves the picture and Ctrl enlarges it.
     const bool scrolls =
-        keepsSize_ && !event->modifiers().testFlag(Qt::ControlModifier) && part_.width() == 1;
+        keepsSize_ && fitted() < 1 && !event->modifiers().testFlag(Qt::ControlModifier) && part_.width() == 1;
     if (!zooms() || scrolls || event->angleDelta().y() == 0) return event->ignore();
     zoom(std::pow(wheelStep, event->angleDelta().y() / 120.0), event->position());
     event->accept();

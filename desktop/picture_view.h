@@ -25,6 +25,7 @@ public:
     QImage image() const;
     /// Where the picture lies in this widget.
     QRectF target() const;
+    double fitted() const;  ///< how many times its usual size the scroll area shows whole
     /// User coordinates of a point of this widget; none beside the picture.
     std::optional<QPointF> userPoint(QPointF at) const;
 
@@ -39,6 +40,8 @@ public:
 
     /// From now on the picture is never shown smaller than it is: a scroll area moves it instead.
     void keepSize();
+    /// What the scroll area shows at once: a picture that is whole in it without becoming small fills it.
+    void fitIn(QSize room);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -61,6 +64,7 @@ private:
     std::function<void(const std::function<void()>&)> act_;
     QSize shape_;
     bool pressedInside_ = false, keepsSize_ = false;
+    QSize room_;  ///< of the scroll area around it
     QRectF part_{0, 0, 1, 1};
     std::optional<QPointF> dragged_;  ///< where the pointer was last in a drag
 };

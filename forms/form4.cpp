@@ -26,21 +26,25 @@ CheckBox::Spec Form4::tick(const char* name, const char* caption) {
     return {.name = name, .caption = caption, .hint = "Включить эту скорость в сумму"};
 }
 TextField::Spec Form4::speed(const char* name, const char* text) {
-    return {.name = name, .label = "V, км/с", .text = text, .hint = "Величина скорости, км/с", .width = 7};
+    return {.name = name,
+            .label = "V, км/с",
+            .text = text,
+            .hint = "Величина скорости, км/с; раскладывается по осям",
+            .width = 12};
 }
 TextField::Spec Form4::alfa(const char* name, const char* text) {
     return {.name = name,
             .label = "Alfa, град",
             .text = text,
             .hint = "Долгота направления, градусы",
-            .width = 7};
+            .width = 12};
 }
 TextField::Spec Form4::betta(const char* name, const char* text) {
     return {.name = name,
             .label = "Betta, град",
             .text = text,
             .hint = "Угол направления от плоскости XY, градусы; минус - вниз",
-            .width = 7};
+            .width = 12};
 }
 TextField::Spec Form4::part(const char* name, const char* label) {
     return {.name = name,
@@ -73,15 +77,15 @@ Form4::Form4(Laboratory& lab_)
     Command4.onPress([this] { clearPicture(); });
     Command3.onPress([this] { close(); });
 
-    std::vector<Layout> left;
+    std::vector<Layout> speeds;
     for (Row& r : rows())
-        left.push_back(column(
+        speeds.push_back(column(
             {r.tick, row({fields(3, {r.V, r.Alfa, r.Betta, r.VX, r.VY, r.VZ}), column({r.plus, r.minus})})}));
-    left.push_back(row({frame("Сумма, км/с", fields(1, {Text34, Text35, Text36})),
-                        frame("Скорость системы, км/с", fields(1, {Text1, Text2, Text3}))}));
-    left.push_back(Command2);
-    left.push_back(row({Command1, Command4, Command3}));
-    layout_ = row({column(std::move(left)), column({fields(1, {Text37}), Picture1})});
+    layout_ = row({column({frame("Составляющие скорости", column(std::move(speeds))),
+                           row({frame("Сумма, км/с", fields(1, {Text34, Text35, Text36})),
+                                frame("Скорость системы, км/с", fields(1, {Text1, Text2, Text3}))}),
+                           Command2, table(3, {Command1, Command4, Command3})}),
+                   column({Picture1, row({stretch(), fields(1, {Text37})})})});
 }
 
 void Form4::load() {

@@ -6,7 +6,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr Color black{0, 0, 0}, grey{150, 150, 150}, blue{0, 0, 220}, red{220, 0, 0}, green{0, 140, 0};
+constexpr Color black{0, 0, 0}, grey{120, 120, 120}, blue{0, 0, 220}, red{220, 0, 0}, green{0, 140, 0};
 constexpr double orbit = 6, nodeAngle = 40 / kUgol, inclination = 30 / kUgol, perihelion = 60 / kUgol,
                  planetAngle = 115 / kUgol;  // the drawn orbit; the last two from the node in its plane
 
@@ -39,9 +39,10 @@ void drawCurve(Picture& picture, Curve curve, double from, double to, Color colo
     }
 }
 
-void drawRay(Picture& picture, Point to, const std::string& name, Color color) {
+/// A ray from the Sun with its name behind its end, moved aside by so much.
+void drawRay(Picture& picture, Point to, const std::string& name, Color color, Point aside = {0.2, 0.2}) {
     picture.line(0, 0, to.x, to.y, color);
-    picture.text(to.x + 0.15, to.y + 0.3, name, color);
+    picture.text(to.x + aside.x, to.y + aside.y, name, color);
 }
 
 constexpr const char* notation =
@@ -86,12 +87,12 @@ void Form5::load() {
 }
 
 void Form5::drawAxes() {
-    drawRay(Picture1, seen(8.5, 0, 0), "X (точка весны)", black);
+    drawRay(Picture1, seen(8.5, 0, 0), "X (точка весны)", black, {0.3, 0.1});
     drawRay(Picture1, seen(0, 8, 0), "Y", black);
     drawRay(Picture1, seen(0, 0, 6.5), "Z (полюс эклиптики)", black);
     drawCurve(
         Picture1, [](double a) { return onEcliptic(orbit, a); }, 0, 2 * Pi, grey);
-    Picture1.text(-8.6, -5.6, "плоскость эклиптики", grey);
+    Picture1.text(3.9, -2, "плоскость эклиптики", grey);
     Picture1.disc(0, 0, 0.3, {240, 200, 0});
     Picture1.text(-1.9, 0.9, "Солнце", black);
 }
@@ -102,7 +103,7 @@ void Form5::drawOrbit() {
     drawRay(Picture1, onOrbit(orbit, 0), "узел", green);
     drawRay(Picture1, onOrbit(orbit, perihelion), "перигелий", red);
     const Point planet = onOrbit(orbit, planetAngle);
-    drawRay(Picture1, planet, "планета", blue);
+    drawRay(Picture1, planet, "планета", blue, {0.4, 0.5});
     Picture1.disc(planet.x, planet.y, 0.2, blue);
 
     drawCurve(
@@ -112,7 +113,7 @@ void Form5::drawOrbit() {
     Picture1.text(atU.x - 0.6, atU.y - 0.2, "AlfaU", green);
     drawCurve(
         Picture1, [](double u) { return onOrbit(2.6, u); }, 0, perihelion, red);
-    Picture1.text(atP.x, atP.y + 0.3, "AlfaP - AlfaU", red);
+    Picture1.text(atP.x - 0.25, atP.y - 0.45, "AlfaP - AlfaU", red);
     drawCurve(
         Picture1, [](double u) { return onOrbit(3.4, u); }, perihelion, planetAngle, blue);
     Picture1.text(atA.x, atA.y + 0.6, "Anom", blue);
@@ -123,7 +124,7 @@ void Form5::drawOrbit() {
     };
     drawCurve(Picture1, tilt, 0, inclination, black);
     const Point atB = tilt(inclination / 2);
-    Picture1.text(atB.x + 0.2, atB.y + 0.2, "Betta", black);
+    Picture1.text(atB.x + 0.25, atB.y - 0.4, "Betta", black);
 }
 
 }  // namespace tarvex

@@ -18,7 +18,7 @@ public:
          .hint = "Орбита планеты над плоскостью эклиптики; X направлена в точку весеннего равноденствия"}};
     TextField Text1{
         this,
-        {.name = "Text1", .hint = "Имена величин и их единицы", .readOnly = true, .lines = 26, .width = 62}};
+        {.name = "Text1", .hint = "Имена величин и их единицы", .readOnly = true, .lines = 25, .width = 62}};
     CommandButton Command1{this,
                            {.name = "Command1", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
 

@@ -1,5 +1,7 @@
 #include "forms/form6.h"
 
+#include <algorithm>
+
 #include "core/arithmetic.h"
 
 namespace tarvex {
@@ -118,18 +120,21 @@ void Form6::drawEmpty(double rows, double columns, bool grid) {
     if (!grid) return;
     // a picture can have many thousand columns: lines closer than a pixel show nothing
     const int stepX = 1 + static_cast<int>(columns / 2000), stepY = 1 + static_cast<int>(rows / 2000);
+    // numbers at the edges stand inside the picture; in its lower corners those of the sides
+    constexpr double lineHeight = 0.6;
     for (int x = 0; x <= columns; x += stepX) {
         Picture1.line(x, 0, x, rows, line);
-        Picture1.text(x, 0.6, std::to_string(x), middle);
+        if (x >= 1 && x <= columns - 2) Picture1.text(x, lineHeight, std::to_string(x), middle);
     }
     for (int j = 0; j <= rows; j += stepY) {
+        const double y = std::clamp(j + lineHeight / 2, lineHeight, rows);
         Picture1.line(0, j, columns, j, line);
-        Picture1.text(0, j + 0.3, std::to_string(j - 1), middle);
-        Picture1.text(columns - 1, j + 0.3, std::to_string(j - 5), middle);
+        Picture1.text(0, y, std::to_string(j - 1), middle);
+        Picture1.text(columns - 1, y, std::to_string(j - 5), middle);
     }
     Picture1.line(0, 5, columns, 5, middle);
-    Picture1.text(0.2, rows - 0.1, "Alfa");
-    Picture1.text(columns - 2, rows - 0.1, "dAlfa");
+    Picture1.text(1.2, rows - 0.1, "Alfa");
+    Picture1.text(std::max(columns - 3, 2.9), rows - 0.1, "dAlfa");
 }
 
 }  // namespace tarvex

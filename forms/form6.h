@@ -60,10 +60,10 @@ public:
     TextField Text18{this, {.name = "Text18", .hint = "Параметр последней записи, в его единицах", .readOnly = true}};
     TextField Text9{this, {.name = "Text9", .hint = "Год первой записи", .readOnly = true, .width = 5}};
     TextField Text8{this, {.name = "Text8", .hint = "Месяц первой записи", .readOnly = true, .width = 3}};
-    TextField Text6{this, {.name = "Text6", .hint = "День первой записи", .readOnly = true, .width = 6}};
+    TextField Text6{this, {.name = "Text6", .hint = "День первой записи", .readOnly = true, .width = 9}};
     TextField Text22{this, {.name = "Text22", .hint = "Год последней записи", .readOnly = true, .width = 5}};
     TextField Text21{this, {.name = "Text21", .hint = "Месяц последней записи", .readOnly = true, .width = 3}};
-    TextField Text20{this, {.name = "Text20", .hint = "День последней записи", .readOnly = true, .width = 6}};
+    TextField Text20{this, {.name = "Text20", .hint = "День последней записи", .readOnly = true, .width = 9}};
 
     // --- the fit
     OptionButton Option9{this, {.name = "Option9", .caption = "const", .group = "ур-е аппроксимации",
@@ -116,7 +116,7 @@ public:
     // --- editing and files
     CommandButton Command1{this, {.name = "Command1", .caption = "Удалить точку №",
         .hint = "Удалить запись из данных и из файла"}};
-    TextField Text5{this, {.name = "Text5", .text = "2", .hint = "Номер записи", .width = 6}};
+    TextField Text5{this, {.name = "Text5", .text = "2", .hint = "Номер записи, которую удалит команда; правка идет и в файл", .width = 6}};
     CommandButton Command2{this, {.name = "Command2", .caption = "Добавить в файл точку от",
         .hint = "Добавить запись с отмеченным параметром или заменить его в записи с той же датой"}};
     TextField Text34{this, {.name = "Text34", .label = "год", .text = "1600", .hint = "Год новой записи", .width = 6}};
@@ -135,7 +135,7 @@ public:
         .hint = "Перед записью обработать все эксперименты плана"}};
     CommandButton Command7{this, {.name = "Command7", .caption = "Сохранить график как",
         .hint = "Сохранить рисунок в папке Risunki, .bmp или .png по имени"}};
-    TextField Text26{this, {.name = "Text26", .text = "Tar1", .hint = "Имя файла рисунка", .width = 12}};
+    TextField Text26{this, {.name = "Text26", .text = "Tar1", .hint = "Имя файла рисунка в папке Risunki; с .png на конце PNG, иначе BMP", .width = 12}};
     CommandButton Command16{this, {.name = "Command16", .caption = "К плану", .hint = "Открыть форму 15"}};
     CommandButton Command15{this, {.name = "Command15", .caption = "Файлы*", .hint = "Открыть форму 9"}};
     CommandButton Command3{this, {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть форму 6"}};

@@ -55,8 +55,7 @@ Form7::Form7(Laboratory& lab_)
             row({frame("Тела", table(2, choice)),
                  frame("Условия", column({fields(2, {Text1, Text2, Text6, Text40, Text23, Text62, Text46}), row({fields(3, {Text3, Text4, Text5}), Check3}),
                                           row({Check2, Check4, Check5})}))}),
-            row({Command1, fields(1, {Text10})}),
-            Command3,
+            row({column({Command1, Command3}), fields(1, {Text10})}),
             row({frame("Сейчас", fields(3, {Text7, Text8, Text9})), frame("Показать", row({Option3, Option4}))}),
             frame("Положения (тыс.км) и скорости (м/с)",
                   table(7, {"", "X", "Y", "Z", "VX", "VY", "VZ", "тело 1", Text11, Text13, Text15, Text17, Text19, Text21,
@@ -66,7 +65,7 @@ Form7::Form7(Laboratory& lab_)
                   column({table(5, {"", "угол VX", "угол VY", "угол VZ", "dV, м/с", "i", Text31, Text32, Text33, Text34, "k", Text35, Text36, Text37, Text38}),
                           fields(3, {Text53, Text54, Text55, Text59, Text60, Text61, Text30, Text41, Text42, Text43, Text44, Text45, Text56, Text57, Text58})})),
         }),
-        column({Picture1, row({Label23, HScroll1}), row({Option1, Option2, Command4})}),
+        column({Picture1, row({Label23, HScroll1}), row({Option1, Option2, stretch(), Command4})}),
     });
 }
 
@@ -78,7 +77,7 @@ void Form7::load() {
     s.Mx = HScroll1.value() * 100000.0 * 1000;
     Picture1.setScale(-10, 10, 10, -10);
     clearPicture();
-    Picture1.setTextHeight(13);  // the longest note fills the width
+    Picture1.setTextHeight(16);  // the longest note fills the width
     double y = 9.4;
     for (const char* note : notes) Picture1.text(-9.6, y -= 0.8, note, black);
 }

@@ -108,24 +108,30 @@ public:
                       .label = "сделано итераций",
                       .hint = "Число итераций после задания положений",
                       .readOnly = true}};
-    TextField Text11{this, {.name = "Text11", .hint = "X тела 1, тыс. км", .readOnly = true}};
-    TextField Text12{this, {.name = "Text12", .hint = "X тела 2, тыс. км", .readOnly = true}};
-    TextField Text13{this, {.name = "Text13", .hint = "Y тела 1, тыс. км", .readOnly = true}};
-    TextField Text14{this, {.name = "Text14", .hint = "Y тела 2, тыс. км", .readOnly = true}};
-    TextField Text15{this, {.name = "Text15", .hint = "Z тела 1, тыс. км", .readOnly = true}};
-    TextField Text16{this, {.name = "Text16", .hint = "Z тела 2, тыс. км", .readOnly = true}};
-    TextField Text17{this, {.name = "Text17", .hint = "VX тела 1, м/с", .readOnly = true}};
-    TextField Text18{this, {.name = "Text18", .hint = "VX тела 2, м/с", .readOnly = true}};
-    TextField Text19{this, {.name = "Text19", .hint = "VY тела 1, м/с", .readOnly = true}};
-    TextField Text20{this, {.name = "Text20", .hint = "VY тела 2, м/с", .readOnly = true}};
-    TextField Text21{this, {.name = "Text21", .hint = "VZ тела 1, м/с", .readOnly = true}};
-    TextField Text22{this, {.name = "Text22", .hint = "VZ тела 2, м/с", .readOnly = true}};
-    TextField Text24{this, {.name = "Text24", .hint = "X следа тела 1, тыс. км", .readOnly = true}};
-    TextField Text25{this, {.name = "Text25", .hint = "X следа тела 2, тыс. км", .readOnly = true}};
-    TextField Text26{this, {.name = "Text26", .hint = "Y следа тела 1, тыс. км", .readOnly = true}};
-    TextField Text27{this, {.name = "Text27", .hint = "Y следа тела 2, тыс. км", .readOnly = true}};
-    TextField Text28{this, {.name = "Text28", .hint = "Z следа тела 1, тыс. км", .readOnly = true}};
-    TextField Text29{this, {.name = "Text29", .hint = "Z следа тела 2, тыс. км", .readOnly = true}};
+    TextField Text11{this, {.name = "Text11", .hint = "X тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text12{this, {.name = "Text12", .hint = "X тела 2, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text13{this, {.name = "Text13", .hint = "Y тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text14{this, {.name = "Text14", .hint = "Y тела 2, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text15{this, {.name = "Text15", .hint = "Z тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text16{this, {.name = "Text16", .hint = "Z тела 2, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text17{this, {.name = "Text17", .hint = "VX тела 1, м/с", .readOnly = true, .width = 12}};
+    TextField Text18{this, {.name = "Text18", .hint = "VX тела 2, м/с", .readOnly = true, .width = 12}};
+    TextField Text19{this, {.name = "Text19", .hint = "VY тела 1, м/с", .readOnly = true, .width = 12}};
+    TextField Text20{this, {.name = "Text20", .hint = "VY тела 2, м/с", .readOnly = true, .width = 12}};
+    TextField Text21{this, {.name = "Text21", .hint = "VZ тела 1, м/с", .readOnly = true, .width = 12}};
+    TextField Text22{this, {.name = "Text22", .hint = "VZ тела 2, м/с", .readOnly = true, .width = 12}};
+    TextField Text24{this,
+                     {.name = "Text24", .hint = "X следа тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text25{this,
+                     {.name = "Text25", .hint = "X следа тела 2, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text26{this,
+                     {.name = "Text26", .hint = "Y следа тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text27{this,
+                     {.name = "Text27", .hint = "Y следа тела 2, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text28{this,
+                     {.name = "Text28", .hint = "Z следа тела 1, тыс. км", .readOnly = true, .width = 12}};
+    TextField Text29{this,
+                     {.name = "Text29", .hint = "Z следа тела 2, тыс. км", .readOnly = true, .width = 12}};
     TextField Text31{
         this, {.name = "Text31", .hint = "Угол VX тела i с направлением на k, градусы", .readOnly = true}};
     TextField Text32{
@@ -201,18 +207,36 @@ public:
                       .label = "FZsum - FZs",
                       .hint = "Отличие FZ от силы по следам, Н",
                       .readOnly = true}};
-    TextField Text47{
-        this, {.name = "Text47", .hint = "VX тела 1 в мгновение ухода гравитации, м/с", .readOnly = true}};
-    TextField Text48{
-        this, {.name = "Text48", .hint = "VY тела 1 в мгновение ухода гравитации, м/с", .readOnly = true}};
-    TextField Text49{
-        this, {.name = "Text49", .hint = "VZ тела 1 в мгновение ухода гравитации, м/с", .readOnly = true}};
-    TextField Text50{
-        this, {.name = "Text50", .hint = "VX тела 2 в мгновение ухода гравитации, м/с", .readOnly = true}};
-    TextField Text51{
-        this, {.name = "Text51", .hint = "VY тела 2 в мгновение ухода гравитации, м/с", .readOnly = true}};
-    TextField Text52{
-        this, {.name = "Text52", .hint = "VZ тела 2 в мгновение ухода гравитации, м/с", .readOnly = true}};
+    TextField Text47{this,
+                     {.name = "Text47",
+                      .hint = "VX тела 1 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
+    TextField Text48{this,
+                     {.name = "Text48",
+                      .hint = "VY тела 1 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
+    TextField Text49{this,
+                     {.name = "Text49",
+                      .hint = "VZ тела 1 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
+    TextField Text50{this,
+                     {.name = "Text50",
+                      .hint = "VX тела 2 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
+    TextField Text51{this,
+                     {.name = "Text51",
+                      .hint = "VY тела 2 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
+    TextField Text52{this,
+                     {.name = "Text52",
+                      .hint = "VZ тела 2 в мгновение ухода гравитации, м/с",
+                      .readOnly = true,
+                      .width = 12}};
     CommandButton Command1{this,
                            {.name = "Command1",
                             .caption = "Задать положение 2-х планет",
@@ -228,11 +252,14 @@ public:
     ScrollBar HScroll1{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 200, .hint = "Масштаб рисунка; идет в Mx"}};
-    Label Label23{this, {.name = "Label23", .caption = "Масштаб = 20 млн. км./ см", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
+    Label Label23{this,
+                  {.name = "Label23",
+                   .caption = "Масштаб = 20 млн. км./ см",
+                   .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",
-                      .width = 480,
-                      .height = 480,
+                      .width = 600,
+                      .height = 600,
                       .hint = "Тела, их следы, силы и скорости в выбранной плоскости"}};
 
     void load() override;

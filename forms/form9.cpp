@@ -112,8 +112,8 @@ Form9::Form9(Laboratory& lab)
         cells.push_back(*caption);
         cells.push_back(Text1(i++));
     }
-    layout_ = column({Label1, frame("Папки", table(2, std::move(cells))), frame("На диске", Text2),
-                      row({stretch(), Command2, Command1})});
+    layout_ = row({column({frame("Папки", column({Label1, table(2, std::move(cells))})), stretch()}),
+                   column({frame("На диске", Text2), row({stretch(), Command2, Command1})})});
 }
 
 void Form9::load() { refresh(); }
