@@ -21,7 +21,7 @@ double strength(double z) { return z < 0 ? 0.5 : 1; }
 
 }  // namespace
 
-Form1Check::Form1Check(Form1& form, Laboratory& lab_) : form_(form), lab(lab_) {}
+Form1Check::Form1Check(Form1& form, Laboratory& lab_) : form_(form), lab(lab_), check_(lab_.orbitCheck) {}
 
 void Form1Check::start() {
     ModelState& s = lab.s;
@@ -53,7 +53,6 @@ void Form1Check::start() {
     c.dAlfa = form_.Text10.number();
     startOrbitCheck(s, c);
     check_ = c;
-    started_ = true;
     s.kodStop = 0;
     for (const int row : {0, c.IplSel, 14}) s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     form_.Text8.show(0);
@@ -72,20 +71,25 @@ void Form1Check::goOn() {
 
 void Form1Check::batch() {
     lab.s.kodStop = 1;
+    requireOwn();
     check_.NC = 0;
     check_.NC0 = lab.s.NC0 = form_.Text29.int16();
     loop();
 }
 
+void Form1Check::requireOwn() const {
+    if (!check_.begun(false)) throw Failure("no check to go on with");
+}
+
 void Form1Check::loop() {
-    if (!started_) throw Failure("no check to go on with");
+    requireOwn();
     Desk& desk = form_.desk();
     do {
         runOrbitCheckBatch(lab.s, check_, *this);
         display();
         if (lab.s.kodStop == 1) break;
         desk.yield();
-    } while (desk.anyLoaded() && !gone_);
+    } while (desk.anyLoaded() && !gone_ && check_.begun(false));
 }
 
 void Form1Check::nodePassed() {

@@ -23,14 +23,15 @@ private:
     void nodePassed() override;
     void perihelionPassed() override;
 
+    void requireOwn() const;
     void loop();
     void display();
     void drawPair(Color centre, Color planet, Color cross);
 
     Form1& form_;
     Laboratory& lab;
-    OrbitCheck check_;
-    bool started_ = false, gone_ = false;
+    OrbitCheck& check_;
+    bool gone_ = false;
 };
 
 }  // namespace tarvex

@@ -23,7 +23,7 @@ std::string threeNumbers(double a, double b, double c) {
 }  // namespace
 
 Form20::Form20(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Расчет барицентрических начальных данных для Луны и Земли    Tarvex7m4  - форма 20"), lab(lab_) {
+    : Form(lab_.desk, formName, "Расчет барицентрических начальных данных для Луны и Земли    Tarvex7m4  - форма 20"), lab(lab_), check_(lab_.orbitCheck) {
     const Shown badData = orShow("Задайте правильно данные", "Tarvex7m"), badRun = orShow("Ошибка решения уравнений", "Tarvex7m");
     Command10.onPress([this] { gregorianToJulian(lab, dateFields()); }, badData);
     Command11.onPress([this] { julianToGregorian(lab, dateFields()); }, badData);
@@ -159,9 +159,10 @@ void Form20::setData() {
     clearPicture();
     const double X = s.X[0], Y = s.Y[0], Z = s.Z[0];  // the Earth stands in row 0 for the picture only
     for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[0] = (*axis)[3];
-    check_.IplSel = check_.IplJ = 11;
-    check_.Icentr = 13;
-    orbitCheckCentre(s, check_);
+    OrbitCheck pair;
+    pair.IplSel = pair.IplJ = 11;
+    pair.Icentr = 13;
+    orbitCheckCentre(s, pair);
     drawPair(earthColor, moonColor, centreColor);
     s.X[0] = X, s.Y[0] = Y, s.Z[0] = Z;
     Picture1.text(-9, -6.2, "Xz  Yz  Zz (тыс.км)=        " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK), black);
@@ -190,6 +191,7 @@ double Form20::momentumY() const { return lab.s.m[13] * lab.s.VY[0] + lab.s.m[11
 void Form20::start() {
     ModelState& s = lab.s;
     OrbitCheck c;
+    c.cosA = check_.cosA, c.sinA = check_.sinA;
     s.IplSel = c.IplSel = c.IplJ = 11;
     s.Icentr = c.Icentr = 13;
     c.Iobs = Check1.on() ? 14 : 0;
@@ -209,12 +211,12 @@ void Form20::start() {
     }
     orbitCheckCentre(s, c);
     startOrbitCheck(s, c);
+    c.M0sys = finite(angularMomentum());
+    c.KD0sysY = finite(momentumY());
     check_ = c;
-    M0sys_ = angularMomentum();
-    KD0sysY_ = momentumY();
     Picture1.text(-9, -4.1, "E0sys (Дж)=              " + toText(c.Esys0), black);
-    Picture1.text(-9, -4.8, "M0sys (кг*м^2/с) =   " + toText(M0sys_), black);
-    Picture1.text(-9, -5.5, "KD0sysY (кг*м/с) =   " + toText(KD0sysY_), black);
+    Picture1.text(-9, -4.8, "M0sys (кг*м^2/с) =   " + toText(c.M0sys), black);
+    Picture1.text(-9, -5.5, "KD0sysY (кг*м/с) =   " + toText(c.KD0sysY), black);
     for (TextField* result : {&Text37, &Text3, &Text2, &Text20, &Text30, &Text17, &Text27, &Text18, &Text28, &Text38, &Text39,
                               &Text19, &Text29, &Text41, &Text42, &Text43, &Text25, &Text6, &Text4})
         result->show(0);
@@ -224,17 +226,16 @@ void Form20::start() {
         s.ZOld[i] = s.Z[i];
     }
     s.kodStop = 0;
-    started_ = true;
 }
 
 void Form20::loop() {
-    if (!started_) throw Failure("no check to go on with");
+    if (!check_.begun(true)) throw Failure("no check to go on with");
     do {
         runOrbitCheckBatch(lab.s, check_, *this);
         display();
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (desk().anyLoaded() && !gone_);
+    } while (desk().anyLoaded() && !gone_ && check_.begun(true));
 }
 
 void Form20::nodePassed() {
@@ -281,8 +282,8 @@ void Form20::display() {
     Text4.show(Fix(100 * s.LonPl[11]) / 100);
     s.RSol = s.Rcur;             // the distance of the pair stays where the Sun's radius was, as meant
     Text41.show(percent(check_.Esys, check_.Esys0));
-    Text42.show(percent(angularMomentum(), M0sys_));
-    if (std::abs(KD0sysY_) > leastMomentum) Text43.show(percent(momentumY(), KD0sysY_));
+    Text42.show(percent(angularMomentum(), check_.M0sys));
+    if (std::abs(check_.KD0sysY) > leastMomentum) Text43.show(percent(momentumY(), check_.KD0sysY));
 }
 
 void Form20::drawPair(Color earth, Color moon, Color centre) {

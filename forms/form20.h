@@ -246,10 +246,9 @@ private:
     struct DateFields dateFields();
 
     Laboratory& lab;
-    OrbitCheck check_;
-    double M0sys_ = 0, KD0sysY_ = 0;  ///< angular momentum and momentum along Y at the start
+    OrbitCheck& check_;
     double firstPeriod_ = 0;          ///< period after the second perihelion, days
-    bool started_ = false, gone_ = false;
+    bool gone_ = false;
 };
 
 }  // namespace tarvex

@@ -12,6 +12,7 @@ Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(st
     addNames(names, series);
     addNames(names, shifts);
     addNames(names, ephemeris);
+    addNames(names, orbitCheck);
     addForms(*this);
 }
 

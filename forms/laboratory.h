@@ -7,6 +7,7 @@
 #include "core/model_state.h"
 #include "core/name_table.h"
 #include "forms/pulsar_extras.h"
+#include "initial/orbit_check.h"
 #include "numeric/motion.h"
 #include "numeric/run_loop.h"
 #include "numeric/run_state.h"
@@ -39,6 +40,7 @@ struct Laboratory {
     SeriesData series;  ///< the loaded series of orbit elements
     ShiftTables shifts; ///< secular shifts, observed and calculated
     Ephemeris ephemeris{tree};
+    OrbitCheck orbitCheck;  ///< the orbit check of Form1 or Form20, whichever was begun last
     TwoBody twoBody;       ///< the two-body run of Form25
     PulsarExtras pulsar;   ///< and what Form26 adds to it
     SpreadsheetOffice office;      ///< outlives the workbook of the reduction

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/name_table.h"
 #include "core/numbers.h"
 #include "theories/geometry.h"
 #include "theories/longitudes.h"
@@ -123,6 +124,15 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
 
 }  // namespace
 
+void addNames(NameTable& table, const OrbitCheck& c) {
+#define NAME(variable) table.add(#variable, c.variable)
+    NAME(Iobs); NAME(Tper); NAME(Lmin); NAME(Lmax); NAME(Vmin); NAME(Vmax); NAME(Vc); NAME(Vp); NAME(BettaMax);
+    NAME(EksM); NAME(AlfaP1); NAME(AlfaU1); NAME(AlfaPcur); NAME(AlfaUcur); NAME(LonPrev); NAME(Zprev);
+    NAME(Rprev); NAME(PerHi); NAME(PerLo); NAME(UzHi); NAME(UzLo); NAME(kodPer); NAME(R00); NAME(Esys0);
+    NAME(M0sys); NAME(KD0sysY);
+#undef NAME
+}
+
 void orbitCheckCentre(ModelState& s, const OrbitCheck& c) {
     const double a = s.m[c.Icentr], b = s.m[c.IplJ], sum = a + b;
     s.X[14] = ratio(s.X[0] * a + s.X[c.IplSel] * b, sum);
@@ -208,8 +218,8 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     guard.check();
     speeds(c);
     s.Rcur = length(s.X[c.IplSel] - s.X[0], s.Y[c.IplSel] - s.Y[0], s.Z[c.IplSel] - s.Z[0]);
-    c.Esys = c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2 +
-             s.gamma * s.m[c.Icentr] * s.m[c.IplJ] * (1 / c.R00 - 1 / s.Rcur);
+    c.Esys = finite(c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2 +
+                    s.gamma * s.m[c.Icentr] * s.m[c.IplJ] * (1 / c.R00 - 1 / s.Rcur));
 }
 
 }  // namespace tarvex

@@ -8,6 +8,9 @@
 
 namespace tarvex {
 
+class NameTable;
+
+/// The one check of the laboratory: Form1 and Form20 take turns, each goes on only with a check of its own.
 struct OrbitCheck {
     // --- who moves
     int IplSel = 1;         ///< row in which the planet is shown
@@ -42,7 +45,15 @@ struct OrbitCheck {
     int NObs = 0;                   ///< perihelia passed
     double R00 = 0;                 ///< distance at the start, m
     double Esys0 = 0, Esys = 0;     ///< kinetic energy at the start, energy now, J
+    double M0sys = 0, KD0sysY = 0;  ///< Form20: angular momentum and momentum along Y at the start
+
+    /// True once a check of that kind has been begun and no other has replaced it.
+    bool begun(bool onMoonBench) const { return R00 > 0 && moonBench == onMoonBench; }
 };
+
+/// Enters the measured values and windows under their own names.  U, dU, Tsec and whatever else has the name of a
+/// variable of an experiment stay the experiment's.
+void addNames(NameTable& table, const OrbitCheck& c);
 
 /// What a form shows while the check runs.
 class OrbitCheckPort {

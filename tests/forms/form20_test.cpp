@@ -144,6 +144,40 @@ TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
     EXPECT_EQ(first.Text1(1).text(), toText(cut6(lab.s.X[1]) / MK));
 }
 
+/// There is one check at a time: the form whose check another has replaced has none to go on with.
+TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
+    auto& form = lab.desk.get<Form20>();
+    first.Text29.setText("5000");
+    first.Text31.setText("10");
+    stopAfter(1, first.Command5);
+    first.Command13.press();
+    EXPECT_NEAR(toNumber(lab.names.value("EksM")), toNumber(first.Text14.text()), 1e-6);
+    EXPECT_NEAR(toNumber(lab.names.value("AlfaP1")), kUgol * lab.s.AlfaP0[1], 1e-9);
+    form.Command6.press();
+    form.Command3.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    const std::string time = first.Text40.text();
+    first.Command7.press();  // building the Moon's data has not touched the planet's check
+    EXPECT_NE(first.Text40.text(), time);
+    // a check begun while the other runs ends that one
+    int yields = 0;
+    screen.atYield = [&](int) {
+        if (++yields == 1) form.Command1.press();
+        if (yields == 4) form.Command2.press();
+    };
+    first.Command6.press();
+    EXPECT_EQ(yields, 4);
+    EXPECT_TRUE(screen.messages.empty());
+    for (CommandButton* command : {&first.Command6, &first.Command7}) {
+        command->press();
+        EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    }
+    screen.atYield = nullptr;
+    stopAfter(1, form.Command2);
+    form.Command3.press();
+    EXPECT_TRUE(screen.messages.empty());
+}
+
 /// A form that is closed ends its own calculation and no other.
 TEST_F(OrbitCheckForms, ClosingAFormStopsNothingElse) {
     for (const char* name : {"Form10", "Form11", "Form14", "Form16", "Form20", "Form25", "Form1"}) {
