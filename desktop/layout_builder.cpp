@@ -227,6 +227,7 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int 
 
 LayoutBuilder::Piece LayoutBuilder::foldedRow(const std::vector<Layout>& parts, int limit) const {
     std::vector<int> widths;
+    widths.reserve(parts.size());
     for (const Layout& part : parts)
         widths.push_back(viewOf_(*part.control).widget()->sizeHint().width() + density_.gap);
     const int whole = std::accumulate(widths.begin(), widths.end(), 0);

@@ -10,6 +10,7 @@ const MoonTerm& termOf(int n) { return moonTerms[n <= 16 ? n - 1 : n - 9]; }
 
 std::vector<int> termNumbers() {
     std::vector<int> numbers;
+    numbers.reserve(std::size(moonTerms));
     for (const MoonTerm& term : moonTerms) numbers.push_back(term.n);
     return numbers;
 }

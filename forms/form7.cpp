@@ -1,5 +1,7 @@
 #include "forms/form7.h"
 
+#include <fmt/format.h>
+
 #include <array>
 #include <cmath>
 
@@ -250,8 +252,11 @@ void Form7::printTrace() {
         const int k = std::max(0, static_cast<int>(Fix(ratio(T - m.dTstageSave, s.Dt))));
         const std::string index = toText(number++);
         if (k + 1 >= m.SledXsave.size()) continue;
-        Picture1.text(-9.6, y, "k" + index + "=   " + toText(k) + "   Xk+1= " + toText(m.SledXsave.at(k + 1, i)) + "   Xsled= " + toText(trace) +
-                                   "   Xk=   " + toText(m.SledXsave.at(k, i)) + "   X" + index + "=  " + toText(s.X[i]) + "   T12=  " + toText(T), black);
+        Picture1.text(-9.6, y,
+                      fmt::format("k{0}=   {1}   Xk+1= {2}   Xsled= {3}   Xk=   {4}   X{0}=  {5}   T12=  {6}",
+                                  index, k, toText(m.SledXsave.at(k + 1, i)), toText(trace),
+                                  toText(m.SledXsave.at(k, i)), toText(s.X[i]), toText(T)),
+                      black);
         y -= 0.8;
     }
 }

@@ -48,7 +48,7 @@ std::string meaningOf(const std::string& folder, const std::string& name) {
         if ((*kind.folder == '\0' || folder == kind.folder) && name.starts_with(kind.start) && ends)
             return kind.meaning;
     }
-    if (name.find("_") != name.npos && name.ends_with(".dat")) return "эксперимент плана (форма 13)";
+    if (name.find('_') != name.npos && name.ends_with(".dat")) return "эксперимент плана (форма 13)";
     return "";
 }
 

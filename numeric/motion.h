@@ -28,15 +28,17 @@ public:
     /// Makes room for the indices 0..last of every body.
     void resize(int last);
     int size() const { return size_; }  ///< count of positions a body, 0 before the first resize
-    double at(int n, int body) const { return cells_[static_cast<std::size_t>(body * size_ + slot(n))]; }
-    double& at(int n, int body) { return cells_[static_cast<std::size_t>(body * size_ + slot(n))]; }
+    double at(int n, int body) const { return cells_[place(body) + static_cast<std::size_t>(slot(n))]; }
+    double& at(int n, int body) { return cells_[place(body) + static_cast<std::size_t>(slot(n))]; }
     /// The ring of one body and the place of index n in it, for readers of several coordinates at once.
-    const double* ring(int body) const { return &cells_[static_cast<std::size_t>(body * size_)]; }
+    const double* ring(int body) const { return &cells_[place(body)]; }
     int slot(int n) const { return head_ + n < size_ ? head_ + n : head_ + n - size_; }
     /// Moves every position one index back and drops the oldest; index 0 is then to be written.
     void shift() { head_ = head_ == 0 ? size_ - 1 : head_ - 1; }
 
 private:
+    std::size_t place(int body) const { return static_cast<std::size_t>(body) * static_cast<std::size_t>(size_); }
+
     std::vector<double> cells_;
     int size_ = 0, head_ = 0;
 };

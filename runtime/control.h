@@ -194,7 +194,7 @@ public:
         std::string caption = "";
         std::string hint = "";
     };
-    Label(Form* form, Spec spec) : Control(form, Kind::Label, spec.name, spec.caption, spec.hint) {}
+    Label(Form* form, const Spec& spec) : Control(form, Kind::Label, spec.name, spec.caption, spec.hint) {}
 };
 
 /// Controls of one name with an index: Text1(0) .. Text1(10).  A bad index is a SubscriptFailure.
