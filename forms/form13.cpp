@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/arithmetic.h"
 #include "core/clock.h"
 #include "core/numbers.h"
 #include "forms/form10.h"
@@ -141,7 +142,7 @@ void Form13::fromTemplate() {
     Form10& data = lab.desk.get<Form10>();
     ModelState& s = lab.s;
     s.God0 = data.Text4.int32();
-    lab.reduction.GodK = s.God0 + 20;
+    lab.reduction.GodK = toInt32(s.God0 + 20.0);
     data.Text65.show(lab.reduction.GodK);
     data.Text51.setText(timeOfDay());   // the date into JD
     s.JDepoha = s.JD;
@@ -197,10 +198,10 @@ void Form13::ReadPlanFields() {
     PlanBlock& plan = lab.plan;
     for (int i = factors; i >= 1; --i) {
         const double unit = i == 1 ? MK : 1;
-        plan.Xnul[i] = Text1(i).number() * unit;
-        plan.dXvar[i] = Text2(i).number() * unit;
+        plan.Xnul[i] = finite(Text1(i).number() * unit);
+        plan.dXvar[i] = finite(Text2(i).number() * unit);
         plan.Xopt[i] = Text3(i).number();
-        plan.XoptR[i] = Text4(i).number() * unit;
+        plan.XoptR[i] = finite(Text4(i).number() * unit);
     }
     lab.s.VXsys = Text5.number();
     lab.s.VYsys = Text6.number();

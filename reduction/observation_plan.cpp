@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/arithmetic.h"
 #include "core/numbers.h"
 #include "core/text_files.h"
 #include "theories/secular_theories.h"
@@ -103,6 +104,7 @@ void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataT
         if (file.int32() != i) throw FileFailure("factor " + std::to_string(i) + " is missing in " + name);
         for (double& value : row[i]) value = file.number();
     }
+    for (const int c : {0, 1, 3}) finite(row[1][c] * km);
     file.line();
     file.line();
     std::array<double, 5> last{};

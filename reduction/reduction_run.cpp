@@ -219,7 +219,7 @@ void layOutExperiments(PlanBlock& plan, int last) {
         for (int i = 1; i <= 9; ++i) plan.XU.at(i).at(k) = plan.Xnul[i];
         for (int f = 1; f <= plan.Nf; ++f) {
             const int i = plan.Nfact[f];
-            plan.XU.at(i).at(k) = plan.PlanX[f][k] * plan.dXvar[i] + plan.Xnul[i];
+            plan.XU.at(i).at(k) = finite(plan.PlanX[f][k] * plan.dXvar[i] + plan.Xnul[i]);
         }
     }
 }

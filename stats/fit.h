@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "core/numbers.h"
 #include "stats/series.h"
 
 namespace tarvex {
@@ -20,7 +21,7 @@ struct FitSettings {
     bool unitWeights = false;  ///< all weights 1
 
     int leastGroups() const { return static_cast<int>(equation) + 1; }
-    int size() const { return last - first + 1; }
+    int size() const { return toInt32(static_cast<double>(last) - first + 1); }
 };
 
 struct Group {

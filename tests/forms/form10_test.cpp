@@ -2,6 +2,8 @@
 
 #include <signal.h>
 
+#include <cmath>
+
 #include "forms/form13.h"
 #include "forms/form22.h"
 #include "forms/form6.h"
@@ -301,6 +303,11 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
         plan.Text4(i).setText(i == 1 ? "149597,5" : "1");
     }
     plan.Text5.setText("300,5");
+    plan.Text2(1).setText("1e308");   // in range, but not in metres
+    plan.Command2.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные для плана");
+    EXPECT_TRUE(std::isfinite(lab.plan.dXvar[1]));
+    plan.Text2(1).setText("10");
     plan.Command2.press();
     EXPECT_TRUE(screen.messages.empty());
     const auto path = folder.path() / "Obs/Plan1/0_100_1.dat";
@@ -341,10 +348,21 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     EXPECT_EQ(plan.Text4(1).text(), "149597,5");
     EXPECT_EQ(form.Text4.text(), "2000");
 
-    test::writeBytes(path, text.substr(0, 700));
+    std::string tooLarge = text;
+    tooLarge.replace(text.find("149598500 "), 9, "1.5E308");
+    for (const std::string& bad : {text.substr(0, 700), tooLarge}) {
+        test::writeBytes(path, bad);
+        plan.Command1.press();
+        EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
+        EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+        EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
+    }
+    plan.Option2.choose();
+    form.Text4.setText("2147483640");   // no year twenty years later
     plan.Command1.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
-    EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете параметров для шаблона");
+    form.Text4.setText("2000");
+    plan.Option1.choose();
     plan.Text27.setText("9");
     plan.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");

@@ -204,6 +204,7 @@ TEST_F(Form6Test, FitFindsTheShiftAndFillsTheTables) {
     form.Command9.press();
     expectMessage("Первичные данные должны быть\r\nразбиты минимум на 2 группы");
     for (auto [field, text] : {std::pair{&form.Text16, "13"},
+                               {&form.Text15, "-2147483647"},
                                {&form.Text4, "0"},
                                {&form.Text2, "0"},
                                {&form.Text23, "x"},

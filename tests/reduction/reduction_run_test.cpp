@@ -358,6 +358,8 @@ TEST_F(Bench, APlanFindsTheElementsThatMadeTheObservations) {
     EXPECT_NEAR(plan.Xopt[1], -0.4, 0.01);
     EXPECT_NEAR(plan.Xopt[2], 0.3, 0.01);
     for (int k = 1; k <= plan.Nplan; ++k) EXPECT_NEAR(plan.Yras[k], plan.Yu[k], 0.02 * plan.Yu[1]);
+    plan.Xnul[7] = plan.dXvar[7] = 1.5e308;  // their sum is beyond range
+    EXPECT_THROW(layOutExperiments(plan, plan.Nplan), ArithmeticFailure);
 }
 
 TEST_F(Bench, TheTestOfTheRegressionGivesItsOwnTerms) {
