@@ -135,7 +135,7 @@ void Form10::start() {
     if (running_) return;
     if (Option2.on() && lab.s.kodStop == 1) throw Refusal("Надо открыть файл снова", "Tarvex7.0");
     if (!ReadRunParams()) return;
-    clearGraph();
+    ShowPlanSummary();  // an empty graph below, and above it the plan beside which the responses are printed
     clearSystem();
     startReduction(reduction());
     drawLimits();

@@ -115,6 +115,7 @@ TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     };
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NE(printed(form.Picture4).find("Номер эксперимента"), std::string::npos) << "the plan stays in sight";
     EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
