@@ -1,6 +1,8 @@
 #include "batch/batch_options.h"
 
+#include <array>
 #include <sstream>
+#include <utility>
 
 #include "core/failure.h"
 #include "core/numbers.h"
@@ -64,8 +66,11 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
             experiments = true;
         } else if (word == "--planets") {
             options.planets = numberList(value());
-            for (const int p : options.planets)
+            std::array<bool, 11> named{};  // two processes for one planet would write the same records
+            for (const int p : options.planets) {
                 if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
+                if (std::exchange(named[p], true)) throw Failure("--planets: номера без повторений");
+            }
         } else if (word == "--jobs") {
             options.jobs = wholeNumber(value());
         } else if (const auto sign = word.find('='); sign != std::string::npos && sign > 0 && word.front() != '-') {

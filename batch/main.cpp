@@ -4,10 +4,13 @@
 
 #include "batch/batch_options.h"
 #include "batch/plan_batch.h"
+#include "core/failure.h"
 
 int main(int argc, char** argv) {
     try {
-        return tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout, std::cerr);
+        const int status = tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout, std::cerr);
+        if (!std::cout.flush()) throw tarvex::Failure("не удалось записать вывод");
+        return status;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';
         return 2;

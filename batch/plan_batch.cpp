@@ -105,10 +105,18 @@ int work(const BatchOptions& options, const Task& task, const fs::path& tree, in
     return 1;
 }
 
+fs::path dataTree(const BatchOptions& options) {
+    try {
+        return findDataTree(options.data);
+    } catch (const OpenFailure&) {
+        throw Failure("нет каталога данных" + (options.data ? " " + options.data->string() : ""));
+    }
+}
+
 class Batch {
 public:
     Batch(const BatchOptions& options, std::ostream& out, std::ostream& err)
-        : options_(options), out_(out), err_(err), root_(findDataTree(options.data)), real_(root_) {
+        : options_(options), out_(out), err_(err), root_(dataTree(options)), real_(root_) {
         if (!fs::is_regular_file(real_.at(files::plan(options.plan))))
             throw Failure("Не могу найти файл " + files::plan(options.plan));
         for (const int planet : options.planets) {

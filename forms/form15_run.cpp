@@ -94,7 +94,7 @@ void Form15::NextExperiment() {
     s.VXsys = factor(1);
     s.VYsys = factor(2);
     s.VZsys = factor(3);
-    lab.motion.Vgr = factor(4) * Vsv;
+    lab.motion.Vgr = finite(factor(4) * Vsv);
     lab.motion.kPgr1 = factor(5);
     lab.motion.kPgr2 = Check5.on() ? 0 : factor(5);
     s.m[5] = ratio(s.m[0], factor(6));

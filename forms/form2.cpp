@@ -74,8 +74,9 @@ void Form2::bindCommands() {
     HScroll1.onChange([this] { rescale(); });
     Picture2.onClick([this](double x, double y, Picture::Button button) {
         if (button != Picture::Button::Left) return;
-        viewX_ += x;
-        viewY_ += y;
+        const double toX = finite(viewX_ + x), toY = finite(viewY_ + y);
+        viewX_ = toX;
+        viewY_ = toY;
         clearView();
         drawMarkers();
     });

@@ -209,7 +209,7 @@ void Form25::start() {
     s.VYsys = Text32.number();
     for (const int i : {0, 11}) {
         s.X[i] = s.X0[i], s.Y[i] = s.Y0[i], s.Z[i] = s.Z0[i];
-        s.VX[i] = s.VX0[i] + 1000 * s.VXsys, s.VY[i] = s.VY0[i] + 1000 * s.VYsys, s.VZ[i] = s.VZ0[i];
+        s.VX[i] = finite(s.VX0[i] + 1000 * s.VXsys), s.VY[i] = finite(s.VY0[i] + 1000 * s.VYsys), s.VZ[i] = s.VZ0[i];
     }
     startTwoBody(s, b);
     s.kodStop = 0;

@@ -136,9 +136,9 @@ void Form7::place() {
         s.VYsys = Text4.number();
         s.VZsys = Text5.number();
         for (const int i : {b.N1, b.N2}) {
-            s.VX[i] += 1000 * s.VXsys;
-            s.VY[i] += 1000 * s.VYsys;
-            s.VZ[i] += 1000 * s.VZsys;
+            s.VX[i] = finite(s.VX[i] + 1000 * s.VXsys);
+            s.VY[i] = finite(s.VY[i] + 1000 * s.VYsys);
+            s.VZ[i] = finite(s.VZ[i] + 1000 * s.VZsys);
         }
     }
     benchPresent(s, m, b);

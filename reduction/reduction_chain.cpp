@@ -45,7 +45,9 @@ private:
         s.X[from] -= sign * s.X[what], s.Y[from] -= sign * s.Y[what], s.Z[from] -= sign * s.Z[what];
     }
     void addSystemVelocity(int body) {
-        s.VX[body] += s.VXsys * 1000, s.VY[body] += s.VYsys * 1000, s.VZ[body] += s.VZsys * 1000;
+        s.VX[body] = finite(s.VX[body] + s.VXsys * 1000);
+        s.VY[body] = finite(s.VY[body] + s.VYsys * 1000);
+        s.VZ[body] = finite(s.VZ[body] + s.VZsys * 1000);
     }
     void reach(ChainStage stage, const char* label);
     void refraction();
@@ -163,7 +165,7 @@ void Pass::planet() {
 
 void Pass::theory() {
     s.X[0] = s.Y[0] = s.Z[0] = 0;
-    s.VX[0] = s.VXsys * 1000, s.VY[0] = s.VYsys * 1000, s.VZ[0] = s.VZsys * 1000;
+    s.VX[0] = finite(s.VXsys * 1000), s.VY[0] = finite(s.VYsys * 1000), s.VZ[0] = finite(s.VZsys * 1000);
     s.JDet = s.JDut0 + EtUt1900(s) / 24 / 3600;
     s.kodBary = 0;
     s.kodMoon = 0;

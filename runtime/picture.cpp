@@ -71,20 +71,21 @@ void Picture::line(double x1, double y1, double x2, double y2, Color color) {
     changed();
 }
 
-void Picture::circle(double x, double y, double radius, Color color) {
+void Picture::drawCircle(double x, double y, double radius, Color color, bool filled) {
     const FlagsKept flags;
+    const double share = std::abs(radius / (right_ - left_));
     double a, b;
-    if (!place(x, y, a, b)) return;
-    canvas_->circle(a, b, std::abs(radius / (right_ - left_)) * canvas_->width(), color, false);
+    if (!(share < farOutside) || !place(x, y, a, b)) return;
+    canvas_->circle(a, b, share * canvas_->width(), color, filled);
     changed();
 }
 
+void Picture::circle(double x, double y, double radius, Color color) {
+    drawCircle(x, y, radius, color, false);
+}
+
 void Picture::disc(double x, double y, double radius, Color color) {
-    const FlagsKept flags;
-    double a, b;
-    if (!place(x, y, a, b)) return;
-    canvas_->circle(a, b, std::abs(radius / (right_ - left_)) * canvas_->width(), color, true);
-    changed();
+    drawCircle(x, y, radius, color, true);
 }
 
 void Picture::cross(double x, double y, double half, Color color) {

@@ -116,10 +116,12 @@ LineFailure tooLong(const std::vector<std::string>& linesBefore) {
 }  // namespace
 
 std::vector<std::string> readScript(const std::filesystem::path& path) {
-    TextReader reader(path);
     std::vector<std::string> lines;
     try {
+        TextReader reader(path);
         for (std::string line; reader.line(line);) lines.push_back(std::move(line));
+    } catch (const OpenFailure&) {
+        throw;
     } catch (const FileFailure&) {
         throw tooLong(lines);
     }

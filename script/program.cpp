@@ -64,6 +64,7 @@ int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in
     } catch (const OpenFailure&) {
         return fail("не удалось прочитать " + options.script);
     }
+    if (!out.flush()) return fail("не удалось записать вывод");
     return 0;
 }
 

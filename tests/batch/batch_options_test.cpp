@@ -32,7 +32,8 @@ TEST(BatchOptions, SaysWhatIsWrong) {
              {}, {"--plan", "1"}, {"--experiments", "1-2"}, {"--plan"}, {"--plan", "x", "--experiments", "1"},
              {"--plan", "0", "--experiments", "1"}, {"--plan", "1", "--experiments", "5-2"}, {"--plan", "1", "--experiments", "1,3"},
              {"--plan", "1", "--experiments", "0-3"}, {"--plan", "1", "--experiments", "1", "--planets", "11"},
-             {"--plan", "1", "--experiments", "1", "--planets", ""}, {"--plan", "1", "--experiments", "1", "--nonsense"},
+             {"--plan", "1", "--experiments", "1", "--planets", ""}, {"--plan", "1", "--experiments", "1", "--planets", "1-3,2"},
+             {"--plan", "1", "--experiments", "1", "--nonsense"},
              {"--plan", "1", "--experiments", "1", "Text38"}, {"--plan", "1", "--experiments", "1-99999"}})
         EXPECT_THROW(parseBatchOptions(bad), Failure);
 }
@@ -42,7 +43,12 @@ TEST(BatchOptions, MissingTreeOrPlanIsTold) {
     o.plan = 1;
     o.first = o.last = 1;
     o.data = "/nowhere";
-    EXPECT_THROW(runBatch(o, std::cout, std::cerr), Failure);
+    try {
+        runBatch(o, std::cout, std::cerr);
+        ADD_FAILURE() << "a run without a tree";
+    } catch (const Failure& failure) {
+        EXPECT_STREQ(failure.what(), "нет каталога данных /nowhere");
+    }
 }
 
 }  // namespace tarvex

@@ -140,6 +140,8 @@ TEST_F(Bench, PicturesDrawInTheirScaleAndIgnoreWhatIsNoPlace) {
     picture.line(-10, 12, 10, -10, {0, 0, 0});
     picture.line(0, 0, std::nan(""), 1, {0, 0, 0});
     picture.circle(1e300, 0, 1, {0, 0, 0});
+    picture.circle(0, 0, 1e300, {0, 0, 0});
+    picture.disc(0, 0, std::nan(""), {0, 0, 0});
     picture.text(0, 0, "раз\r\nдва");
     const auto& drawn = test::drawnOn(picture);
     ASSERT_EQ(drawn.size(), 4u);

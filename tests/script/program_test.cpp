@@ -61,7 +61,9 @@ TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
     const std::string dir = data.path().string(), file = (data.path() / "a.tvx").string();
     const std::string damaged = (data.path() / "b.tvx").string();
     test::writeBytes(file, "echo первая\n\nForm1.Text999 = 1\necho третья\n");
+    const std::string binary = (data.path() / "c.tvx").string();
     test::writeBytes(damaged, "echo x\n" + std::string(3 << 20, '\0'));
+    test::writeBytes(binary, std::string(3 << 20, '\0'));
     const struct {
         std::vector<std::string> arguments;
         std::string err;
@@ -73,6 +75,7 @@ TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
         {{"--data", dir, dir + "/none.tvx"}, "не удалось прочитать " + dir + "/none.tvx"},
         {{"--data", dir, dir}, "не удалось прочитать " + dir},
         {{"--data", dir, damaged}, damaged + ":2: слишком длинная строка"},
+        {{"--data", dir, binary}, binary + ":1: слишком длинная строка"},
         {{"--data", dir, file}, file + ":3: на форме Form1 нет элемента «Text999»"},
     };
     for (const auto& [arguments, wrong] : cases) {
@@ -80,6 +83,9 @@ TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
         EXPECT_EQ(err.str(), wrong + "\n");
     }
     EXPECT_EQ(out.str(), "первая\n");
+    out.setstate(std::ios::badbit);  // a full disk below the output
+    EXPECT_EQ(run({"-", "--data", dir}, "echo x\n"), 2);
+    EXPECT_EQ(err.str(), "не удалось записать вывод\n");
 }
 
 }  // namespace tarvex
