@@ -18,6 +18,7 @@
 #include "core/data_tree.h"
 #include "core/failure.h"
 #include "core/numbers.h"
+#include "core/text_files.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
 
@@ -204,30 +205,41 @@ private:
         }
     }
 
+    /// Puts the records of a finished run where they belong, whole or not at all.
+    void handOver(const Worker& worker, const fs::path& goal) const {
+        const std::string records = files::runRecord(options_.plan, worker.task.planet, worker.task.experiment);
+        fs::path passing = goal;
+        passing += "." + std::to_string(getpid()) + ".tmp~";
+        try {
+            fs::copy_file(DataTree(worker.tree).at(records), passing, fs::copy_options::overwrite_existing);
+            putInPlace(passing, goal);
+        } catch (...) {
+            std::error_code ignored;
+            fs::remove(passing, ignored);
+            throw;
+        }
+    }
+
     void finish(const Worker& worker, bool good) {
-        const fs::path result = DataTree(worker.tree).at(files::runRecord(options_.plan, worker.task.planet, worker.task.experiment));
         const fs::path goal = target(worker.task);
-        std::error_code error;
-        if (good) {
-            fs::path passing = goal;
-            passing += "." + std::to_string(getpid()) + ".tmp~";
-            fs::copy_file(result, passing, fs::copy_options::overwrite_existing, error);
-            if (!error) fs::rename(passing, goal, error);
-        }
-        if (good && !error) {
-            ++done_;
-            out_ << goal.string() << std::endl;
-            return;
-        }
-        ++failed_;
         std::string trouble = "процесс прерван";
-        if (FILE* note = std::fopen((worker.tree / "trouble").c_str(), "r")) {
+        if (good) {
+            try {
+                handOver(worker, goal);
+                ++done_;
+                out_ << goal.string() << std::endl;
+                return;
+            } catch (const std::exception&) {
+                trouble = "не удалось записать " + goal.string();
+            }
+        } else if (FILE* note = std::fopen((worker.tree / "trouble").c_str(), "r")) {
             char text[1000] = "";
             if (std::fgets(text, sizeof text, note) != nullptr) trouble = text;
             std::fclose(note);
         }
-        if (error) trouble = "не удалось записать " + goal.string();
-        err_ << "планета " << worker.task.planet << ", эксперимент " << worker.task.experiment << ": " << trouble << '\n';
+        ++failed_;
+        err_ << "планета " << worker.task.planet << ", эксперимент " << worker.task.experiment << ": "
+             << trouble << '\n';
     }
 
     static void tidy(Worker& worker) {

@@ -180,14 +180,18 @@ void TextWriter::commit() {
     file_.flush();
     if (!file_) throw FileFailure("cannot write " + target_.string());
     file_.close();
+    putInPlace(temporary_, target_);
+    temporary_.clear();
+}
+
+void putInPlace(const fs::path& finished, const fs::path& target) {
     // The data must be on the disk before the name points to them, or a power cut could leave an empty file.
-    const int fd = ::open(temporary_.c_str(), O_RDONLY);
+    const int fd = ::open(finished.c_str(), O_RDONLY);
     const bool synced = fd >= 0 && ::fsync(fd) == 0;
     if (fd >= 0) ::close(fd);
     std::error_code error;
-    if (synced) fs::rename(temporary_, target_, error);
-    if (!synced || error) throw FileFailure("cannot write " + target_.string());
-    temporary_.clear();
+    if (synced) fs::rename(finished, target, error);
+    if (!synced || error) throw FileFailure("cannot write " + target.string());
 }
 
 void appendLine(const fs::path& path, std::string_view text) {

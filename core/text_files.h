@@ -75,6 +75,10 @@ private:
     std::ofstream file_;
 };
 
+/// Gives a finished file of the same file system the name of the target, which it replaces as a whole: after a
+/// power cut the target is the old file or the new one.  Throws FileFailure.
+void putInPlace(const std::filesystem::path& finished, const std::filesystem::path& target);
+
 /// Appends one line and flushes it.  Throws OpenFailure or FileFailure.
 void appendLine(const std::filesystem::path& path, std::string_view text);
 

@@ -136,8 +136,8 @@ void onePass(Reduction x, ReductionView& view) {
     auto& [s, r, plan, tree] = x;
     StageLog log;
     if (r.choices.debugFile)
-        log = [&](const char* label, double L, double B, double R) {
-            appendStage(s, r, tree, label, L, B, R);
+        log = [&x](const char* label, double L, double B, double R) {
+            appendStage(x.s, x.r, x.tree, label, L, B, R);
         };
     reduceTheory(s, r, plan, log, [&] { view.heliocentric(); });
     view.placed();
