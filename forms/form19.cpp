@@ -27,7 +27,7 @@ TextField::Spec Form19::shiftSpec(int c) {
     return {.name = "Text" + std::to_string(c),
             .text = "1",
             .hint = std::string("Расчетное смещение за век ") + units[c],
-            .width = 8};
+            .width = 11};
 }
 
 TextField::Spec Form19::weightSpec(int c) {
@@ -56,17 +56,19 @@ Form19::Form19(Laboratory& lab_)
     Command2.onPress([this] { SaveModelData(); }, badData);
     Command3.onPress([this] { close(); });
 
-    std::vector<Layout> cells = {
-        "", "перигелий, вес", blank(), "угол восхождения, вес", blank(), "угол наклона, вес", blank(),
-        "эксцентриситет, вес", blank(), "полуось, вес", blank(), "угловая скорость, вес", blank()};
+    std::vector<Layout> cells = {"",      "перигелий, вес",    blank(), "угол восхождения, вес",
+                                 blank(), "угол наклона, вес", blank(), "эксцентриситет, вес",
+                                 blank(), "полуось, вес",      blank(), "угловая скорость, вес",
+                                 blank()};
     for (int i = 1; i <= weightPlanets; ++i) {
         cells.push_back(Option9(i));
         for (int c = 1; c <= shiftParams; ++c)
             cells.insert(cells.end(), {shiftField(i, c), weightField(i, c)});
     }
     layout_ =
-        column({row({fields(3, {Text7, Text8, Text10}), Command4, Command5, Command1, Command2, Command3}),
-                table(13, cells), scrolled(Picture1)});
+        column({row({frame("План", fields(1, {Text7})), frame("Веса", row({Command4, Command5})),
+                     frame("Данные моделирования", row({fields(2, {Text8, Text10}), Command1, Command2}))}),
+                table(13, cells), scrolled(Picture1), row({stretch(), Command3})});
 }
 
 void Form19::load() {

@@ -12,11 +12,17 @@ public:
     static constexpr const char* formName = "Form20";
     explicit Form20(Laboratory& lab);
 
-    TextField Text34{
-        this, {.name = "Text34", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю"}};
-    TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12"}};
-    TextField Text32{this, {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей"}};
-    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата"}};
+    TextField Text34{this,
+                     {.name = "Text34",
+                      .label = "год",
+                      .text = "2000",
+                      .hint = "Год по григорианскому календарю",
+                      .width = 6}};
+    TextField Text33{
+        this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
+    TextField Text32{this,
+                     {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей", .width = 10}};
+    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата", .width = 13}};
     CommandButton Command10{
         this, {.name = "Command10", .caption = "G->J", .hint = "Юлианская дата из календарной"}};
     CommandButton Command11{
@@ -41,42 +47,50 @@ public:
                     {.name = "Text1",
                      .label = "AlfaL0 ( l ), град",
                      .text = "0",
-                     .hint = "Средняя долгота Луны, градусы; идет в AlfaL(11)"}};
+                     .hint = "Средняя долгота Луны, градусы; идет в AlfaL(11)",
+                     .width = 10}};
     TextField Text7{this,
                     {.name = "Text7",
                      .label = "Eks=",
                      .text = "0,054838",
-                     .hint = "Эксцентриситет орбиты Луны; идет в Eks0(11)"}};
+                     .hint = "Эксцентриситет орбиты Луны; идет в Eks0(11)",
+                     .width = 10}};
     TextField Text8{this,
                     {.name = "Text8",
                      .label = "AlfaP=",
                      .text = "180",
-                     .hint = "Долгота перигея, градусы; идет в AlfaP0(11)"}};
+                     .hint = "Долгота перигея, градусы; идет в AlfaP0(11)",
+                     .width = 10}};
     TextField Text9{this,
                     {.name = "Text9",
                      .label = "AlfaU=",
                      .text = "270",
-                     .hint = "Долгота восходящего узла, градусы; идет в AlfaU0(11)"}};
+                     .hint = "Долгота восходящего узла, градусы; идет в AlfaU0(11)",
+                     .width = 10}};
     TextField Text10{this,
                      {.name = "Text10",
                       .label = "Rsr =",
                       .text = "384,402",
-                      .hint = "Большая полуось, тыс. км; идет в R0sr(11)"}};
+                      .hint = "Большая полуось, тыс. км; идет в R0sr(11)",
+                      .width = 10}};
     TextField Text40{this,
                      {.name = "Text40",
                       .label = "Betta=",
                       .text = "5,140155",
-                      .hint = "Наклон орбиты, градусы; идет в Betta0(11)"}};
+                      .hint = "Наклон орбиты, градусы; идет в Betta0(11)",
+                      .width = 10}};
     TextField Text21{this,
                      {.name = "Text21",
                       .label = "ml = mz /",
                       .text = "81,300585",
-                      .hint = "Во сколько раз Земля тяжелее Луны; идет в km(11)"}};
+                      .hint = "Во сколько раз Земля тяжелее Луны; идет в km(11)",
+                      .width = 10}};
     TextField Text35{this,
                      {.name = "Text35",
                       .label = "ET-UT, сек=",
                       .hint = "Разность эфемеридного и всемирного времени, с",
-                      .readOnly = true}};
+                      .readOnly = true,
+                      .width = 10}};
     OptionButton Option5{this,
                          {.name = "Option5",
                           .caption = "геоцентрические",
@@ -138,63 +152,100 @@ public:
                      {.name = "Text44",
                       .label = "VYsys, км/с",
                       .text = "0",
-                      .hint = "Скорость системы по оси Y, км/с; заменяет VYsys, заданную на форме 4"}};
+                      .hint = "Скорость системы по оси Y, км/с; заменяет VYsys, заданную на форме 4",
+                      .width = 8}};
     TextField Text36{this,
                      {.name = "Text36",
                       .label = "выводить через, шагов",
                       .text = "100",
-                      .hint = "Шагов между показами NC0"}};
-    TextField Text22{
-        this, {.name = "Text22", .label = "шаг решения, с", .text = "360", .hint = "Шаг решения Dt, с"}};
+                      .hint = "Шагов между показами NC0",
+                      .width = 8}};
+    TextField Text22{this,
+                     {.name = "Text22",
+                      .label = "шаг решения, с",
+                      .text = "360",
+                      .hint = "Шаг решения Dt, с",
+                      .width = 8}};
     TextField Text23{this,
                      {.name = "Text23",
                       .label = "делитель шага",
                       .text = "10",
-                      .hint = "Во сколько раз шаг меньше в окнах, kDt"}};
+                      .hint = "Во сколько раз шаг меньше в окнах, kDt",
+                      .width = 8}};
     TextField Text24{this,
                      {.name = "Text24",
                       .label = "+/-dAlfa, град",
                       .text = "1",
-                      .hint = "Полуширина окон перигея и узла dAlfa, градусы"}};
+                      .hint = "Полуширина окон перигея и узла dAlfa, градусы",
+                      .width = 8}};
 
-    TextField Text25{
+    TextField Text25{this,
+                     {.name = "Text25",
+                      .label = "T, лет",
+                      .hint = "Время от начала проверки, лет",
+                      .readOnly = true,
+                      .width = 10}};
+    TextField Text6{this,
+                    {.name = "Text6",
+                     .label = "перигеев",
+                     .hint = "Пройдено перигеев NObs",
+                     .readOnly = true,
+                     .width = 7}};
+    TextField Text4{this,
+                    {.name = "Text4",
+                     .label = "долгота, град",
+                     .hint = "Долгота Луны, градусы",
+                     .readOnly = true,
+                     .width = 8}};
+    TextField Text37{
+        this, {.name = "Text37", .hint = "Первый измеренный период, дней", .readOnly = true, .width = 10}};
+    TextField Text3{this, {.name = "Text3", .hint = "Период, дней", .readOnly = true, .width = 10}};
+    TextField Text2{
+        this, {.name = "Text2", .hint = "Изменение периода от первого, дней", .readOnly = true, .width = 10}};
+    TextField Text30{
         this,
-        {.name = "Text25", .label = "T, лет", .hint = "Время от начала проверки, лет", .readOnly = true}};
-    TextField Text6{
-        this, {.name = "Text6", .label = "перигеев", .hint = "Пройдено перигеев NObs", .readOnly = true}};
-    TextField Text4{
-        this, {.name = "Text4", .label = "долгота, град", .hint = "Долгота Луны, градусы", .readOnly = true}};
-    TextField Text37{this, {.name = "Text37", .hint = "Первый измеренный период, дней", .readOnly = true}};
-    TextField Text3{this, {.name = "Text3", .hint = "Период, дней", .readOnly = true}};
-    TextField Text2{this, {.name = "Text2", .hint = "Изменение периода от первого, дней", .readOnly = true}};
-    TextField Text30{this,
-                     {.name = "Text30", .hint = "Измеренная большая полуось, тыс. км", .readOnly = true}};
-    TextField Text20{this,
-                     {.name = "Text20", .hint = "Отличие полуоси от заданной, тыс. км", .readOnly = true}};
-    TextField Text27{this, {.name = "Text27", .hint = "Измеренный эксцентриситет, %", .readOnly = true}};
-    TextField Text17{this,
-                     {.name = "Text17", .hint = "Отличие эксцентриситета от заданного, %", .readOnly = true}};
-    TextField Text28{this,
-                     {.name = "Text28", .hint = "Измеренная долгота перигея, градусы", .readOnly = true}};
-    TextField Text18{this,
-                     {.name = "Text18", .hint = "Сдвиг перигея от заданного, градусы", .readOnly = true}};
-    TextField Text29{this, {.name = "Text29", .hint = "Измеренная долгота узла, градусы", .readOnly = true}};
-    TextField Text19{this, {.name = "Text19", .hint = "Сдвиг узла от заданного, градусы", .readOnly = true}};
-    TextField Text39{this, {.name = "Text39", .hint = "Измеренный наклон, градусы", .readOnly = true}};
-    TextField Text38{this,
-                     {.name = "Text38", .hint = "Отличие наклона от заданного, градусы", .readOnly = true}};
-    TextField Text41{
-        this, {.name = "Text41", .label = "dEsys, %", .hint = "Изменение энергии пары, %", .readOnly = true}};
+        {.name = "Text30", .hint = "Измеренная большая полуось, тыс. км", .readOnly = true, .width = 10}};
+    TextField Text20{
+        this,
+        {.name = "Text20", .hint = "Отличие полуоси от заданной, тыс. км", .readOnly = true, .width = 10}};
+    TextField Text27{
+        this, {.name = "Text27", .hint = "Измеренный эксцентриситет, %", .readOnly = true, .width = 10}};
+    TextField Text17{
+        this,
+        {.name = "Text17", .hint = "Отличие эксцентриситета от заданного, %", .readOnly = true, .width = 10}};
+    TextField Text28{
+        this,
+        {.name = "Text28", .hint = "Измеренная долгота перигея, градусы", .readOnly = true, .width = 10}};
+    TextField Text18{
+        this,
+        {.name = "Text18", .hint = "Сдвиг перигея от заданного, градусы", .readOnly = true, .width = 10}};
+    TextField Text29{
+        this, {.name = "Text29", .hint = "Измеренная долгота узла, градусы", .readOnly = true, .width = 10}};
+    TextField Text19{
+        this, {.name = "Text19", .hint = "Сдвиг узла от заданного, градусы", .readOnly = true, .width = 10}};
+    TextField Text39{this,
+                     {.name = "Text39", .hint = "Измеренный наклон, градусы", .readOnly = true, .width = 10}};
+    TextField Text38{
+        this,
+        {.name = "Text38", .hint = "Отличие наклона от заданного, градусы", .readOnly = true, .width = 10}};
+    TextField Text41{this,
+                     {.name = "Text41",
+                      .label = "dEsys, %",
+                      .hint = "Изменение энергии пары, %",
+                      .readOnly = true,
+                      .width = 10}};
     TextField Text42{this,
                      {.name = "Text42",
                       .label = "dMsys, %",
                       .hint = "Изменение момента количества движения, %",
-                      .readOnly = true}};
+                      .readOnly = true,
+                      .width = 10}};
     TextField Text43{this,
                      {.name = "Text43",
                       .label = "dKDsysY, %",
                       .hint = "Изменение количества движения по оси Y, %",
-                      .readOnly = true}};
+                      .readOnly = true,
+                      .width = 10}};
 
     CommandButton Command6{this,
                            {.name = "Command6",

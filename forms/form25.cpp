@@ -12,11 +12,12 @@ namespace tarvex {
 
 namespace {
 
-constexpr Color white{255, 255, 255}, black{0, 0, 0}, red{220, 0, 0}, green{0, 150, 0}, blue{0, 0, 220}, orange{220, 130, 0},
-    violet{150, 0, 180}, grey{225, 225, 225}, axis{150, 150, 150}, m1Color{0, 160, 0}, m2Color{200, 120, 0}, centreColor{0, 0, 250};
-constexpr double dateOfTheory = 2378862;     ///< of the elements by the theory: 1 January 1801
-constexpr double delayLine = 4;              ///< height about which the plots of every step are drawn
-constexpr double noteTop = -0.4, noteStep = 0.6;   ///< printed lines stand below the plots
+constexpr Color white{255, 255, 255}, black{0, 0, 0}, red{220, 0, 0}, green{0, 150, 0}, blue{0, 0, 220},
+    orange{220, 130, 0}, violet{150, 0, 180}, grey{225, 225, 225}, axis{150, 150, 150}, m1Color{0, 160, 0},
+    m2Color{200, 120, 0}, centreColor{0, 0, 250};
+constexpr double dateOfTheory = 2378862;          ///< of the elements by the theory: 1 January 1801
+constexpr double delayLine = 4;                   ///< height about which the plots of every step are drawn
+constexpr double noteTop = -0.4, noteStep = 0.6;  ///< printed lines stand below the plots
 
 /// Cut to twelve places: masses are small shares of the Sun.
 double cut12(double v) { return Fix(v * MK * MK) / MK / MK; }
@@ -28,27 +29,38 @@ std::string threeNumbers(double a, double b, double c, const char* pattern) {
 }  // namespace
 
 Form25::Form25(Laboratory& lab_)
-    : Form(lab_.desk, formName, "   Tarvex7m4  - форма 25    Задача двух тел с учетом скорости гравитации"), lab(lab_) {
-    const Shown badData = orShow("Задайте правильно данные", "Tarvex7m"), badRun = orShow("Ошибка решения уравнений", "Tarvex7mm");
-    Command7.onPress([this] {
-        ModelState& s = lab.s;
-        InitMassesSer0(s);
-        s.mSol = s.m[0];
-        if (Option11.on()) loadFromFile();
-        else if (Option12.on()) loadFromTheory();
-        else throw Refusal("Задайте правильно данные", "Tarvex7m");
-    }, badData);
+    : Form(lab_.desk, formName, "   Tarvex7m4  - форма 25    Задача двух тел с учетом скорости гравитации"),
+      lab(lab_) {
+    const Shown badData = orShow("Задайте правильно данные", "Tarvex7m"),
+                badRun = orShow("Ошибка решения уравнений", "Tarvex7mm");
+    Command7.onPress(
+        [this] {
+            ModelState& s = lab.s;
+            InitMassesSer0(s);
+            s.mSol = s.m[0];
+            if (Option11.on())
+                loadFromFile();
+            else if (Option12.on())
+                loadFromTheory();
+            else
+                throw Refusal("Задайте правильно данные", "Tarvex7m");
+        },
+        badData);
     Command8.onPress([this] { saveFile(); }, badData);
     Command6.onPress([this] { setData(); }, badData);
-    Command1.onPress([this] {
-        start();
-        stage("Ошибка решения уравнений", "Tarvex7mm", [&] { loop(); });
-    }, orShow("Задайте правильно данные", "Tarvex7mm"));
+    Command1.onPress(
+        [this] {
+            start();
+            stage("Ошибка решения уравнений", "Tarvex7mm", [&] { loop(); });
+        },
+        orShow("Задайте правильно данные", "Tarvex7mm"));
     Command2.onPress([this] { lab.s.kodStop = 1; });
-    Command3.onPress([this] {
-        lab.s.kodStop = 0;
-        loop();
-    }, badRun);
+    Command3.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            loop();
+        },
+        badRun);
     Command4.onPress([this] { clearPictures(); });
     opens(Command5, "Form26");
     Command9.onPress([this] { close(); });
@@ -56,24 +68,38 @@ Form25::Form25(Laboratory& lab_)
     Option10.onChoose([this] { endEffect(); }, badRun);
     HScroll1.onChange([this] { showScale(); });
 
+    const Layout orbit =
+        frame("Параметры орбиты и массы",
+              column({fields(2, {Text1, Text10, Text7, Text37, Text8, Text4, Text9, Text5}), Check12}));
+    const Layout source =
+        frame("Источник", column({Option12, fields(1, {Text12}), Option11, fields(1, {Text2}),
+                                  row({Command7, Command8}), Command6}));
+    const Layout force =
+        frame("возникающую при этом силу Ft определять",
+              column({row({Option3, Option4, Option5}), fields(1, {Text3}), row({Check9, Check2})}));
+    const Layout solution =
+        row({frame("Решение",
+                   column({fields(1, {Text22, Text23, Text36, Text24, Text21, Text31, Text32}), Check1})),
+             column({force, frame("расчет с учетом Vgr", row({Option9, Option10, Check10})),
+                     row({Command1, Command2, Command3})})});
+    const Layout measured = frame(
+        "Измерено",
+        column(
+            {fields(2, {Text25, Text47, Text51, Text11, Text41, Text42}),
+             table(4,
+                   {"",     "начало",      "сейчас",      "сдвиг",     "Eks",  Text16,        Text17,
+                    Text18, "AlfaP, град", Text19,        Text20,      Text26, "AlfaU, град", Text27,
+                    Text28, Text29,        "Rsr, тыс.км", Text30,      Text35, Text38,        "период, дни",
+                    Text40, Text34,        Text33,        "период, с", Text13, Text15,        Text14})}));
+    const Layout show =
+        frame("Показывать", column({Option1, Option2, Option6, Option7, Option8, Check3, Check4}));
+    const Layout plots = frame(
+        "Графики сдвигов", column({table(2, {Check5, Text43, Check6, Text44, Check7, Text45, Check8, Text46}),
+                                   fields(1, {Text6})}));
     layout_ = row({
-        column({
-            row({frame("Параметры орбиты и массы", column({fields(2, {Text1, Text10, Text7, Text37, Text8, Text4, Text9, Text5}), Check12})),
-                 frame("Источник", column({Option12, fields(1, {Text12}), Option11, fields(1, {Text2}), row({Command7, Command8}), Command6}))}),
-            row({frame("Решение", column({fields(1, {Text22, Text23, Text36, Text24, Text21, Text31, Text32}), Check1})),
-                 column({frame("возникающую при этом силу Ft определять", column({row({Option3, Option4, Option5}), fields(1, {Text3}), row({Check9, Check2})})),
-                         frame("расчет с учетом Vgr", row({Option9, Option10, Check10})),
-                         row({Command1, Command2, Command3})})}),
-            frame("Измерено", column({fields(3, {Text25, Text47, Text51, Text11, Text41, Text42}),
-                                      table(4, {"", "начало", "сейчас", "сдвиг", "Eks", Text16, Text17, Text18,
-                                                "AlfaP, град", Text19, Text20, Text26, "AlfaU, град", Text27, Text28, Text29,
-                                                "Rsr, тыс.км", Text30, Text35, Text38, "период, дни", Text40, Text34, Text33,
-                                                "период, с", Text13, Text15, Text14})})),
-        }),
-        column({Picture1, row({Label1, HScroll1}), Picture2,
-                pages({frame("Показывать", column({row({Option1, Option2, Option6}), row({Option7, Option8}), row({Check3, Check4})})),
-                       frame("Графики сдвигов", column({table(4, {Check5, Text43, Check6, Text44, Check7, Text45, Check8, Text46}), fields(1, {Text6})}))}),
-                row({Command5, Command4, Command9})}),
+        column({row({orbit, source}), solution,
+                row({measured, column({row({show, plots}), row({Command5, Command4, Command9})})})}),
+        column({Picture1, row({Label1, HScroll1}), Picture2}),
     });
 }
 
@@ -143,9 +169,15 @@ void Form25::loadFromTheory() {
 }
 
 void Form25::saveFile() {
-    const std::string name = files::pulsar(stage("Задайте номер файла", "Tarvex7m", [&] { return Text2.int16(); }));
-    const PulsarData data{.m1 = Text4.number(), .m2 = Text5.number(), .Eks = Text7.number(), .AlfaP = Text8.number(),
-                          .Betta = Text37.number(), .Rsr = Text10.number() * MK, .P0 = Text22.number()};
+    const std::string name =
+        files::pulsar(stage("Задайте номер файла", "Tarvex7m", [&] { return Text2.int16(); }));
+    const PulsarData data{.m1 = Text4.number(),
+                          .m2 = Text5.number(),
+                          .Eks = Text7.number(),
+                          .AlfaP = Text8.number(),
+                          .Betta = Text37.number(),
+                          .Rsr = Text10.number() * MK,
+                          .P0 = Text22.number()};
     stage("Ошибка записи в файл " + name, "Tarvex7m", [&] { writePulsar(lab.tree.at(name), data); });
 }
 
@@ -168,10 +200,18 @@ void Form25::setData() {
     clearPictures();
     twoBodyCentre(s);
     drawBodies(m1Color, m2Color);
-    Picture1.text(-9.6, -6.4, "X1  Y1  Z1 (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK, "000000.00"), black);
-    Picture1.text(-9.6, -7.2, "X2  Y2  Z2 (тыс.км)=  " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK, "000000.00"), black);
-    Picture1.text(-9.6, -8, "VX1 VY1 VZ1 (м/с)=  " + threeNumbers(s.VX0[11], s.VY0[11], s.VZ0[11], "0000.0000"), black);
-    Picture1.text(-9.6, -8.8, "VX2 VY2 VZ2 (м/с)=  " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0], "0000.0000"), black);
+    Picture1.text(
+        -9.6, -6.4,
+        "X1  Y1  Z1 (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK, "000000.00"),
+        black);
+    Picture1.text(
+        -9.6, -7.2,
+        "X2  Y2  Z2 (тыс.км)=  " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK, "000000.00"),
+        black);
+    Picture1.text(-9.6, -8,
+                  "VX1 VY1 VZ1 (м/с)=  " + threeNumbers(s.VX0[11], s.VY0[11], s.VZ0[11], "0000.0000"), black);
+    Picture1.text(-9.6, -8.8,
+                  "VX2 VY2 VZ2 (м/с)=  " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0], "0000.0000"), black);
 }
 
 /// What may change while a run goes on.
@@ -179,7 +219,9 @@ void Form25::takeSettings() {
     TwoBody& b = lab.twoBody;
     const PulsarExtras& p = lab.pulsar;
     b.withVgr = Option9.on();
-    b.source = Option3.on() ? TwoBody::Ft::ByRetardation : Option4.on() ? TwoBody::Ft::ByFormula : TwoBody::Ft::Given;
+    b.source = Option3.on()   ? TwoBody::Ft::ByRetardation
+               : Option4.on() ? TwoBody::Ft::ByFormula
+                              : TwoBody::Ft::Given;
     b.FtGiven = Option5.on() ? Text3.number() : 0;
     b.byOtherSpeed = Check9.on();
     b.alsoOnM2 = Check2.on();
@@ -228,8 +270,8 @@ void Form25::showStart() {
     Text19.show(cut6(b.AlfaPnach));
     Text27.show(cut6(b.AlfaUnach));
     Text30.show(cut6(b.RsrNach / MK));
-    for (TextField* field : {&Text17, &Text18, &Text20, &Text26, &Text28, &Text29, &Text35, &Text38, &Text40, &Text34, &Text33,
-                             &Text13, &Text15, &Text14, &Text47})
+    for (TextField* field : {&Text17, &Text18, &Text20, &Text26, &Text28, &Text29, &Text35, &Text38, &Text40,
+                             &Text34, &Text33, &Text13, &Text15, &Text14, &Text47})
         field->show(0);
 }
 
@@ -257,7 +299,8 @@ void Form25::periodMeasured() {
         Text33.show(cut6((b.Period - b.PeriodNach) / sekD));
         Text15.show(cut6(b.Period));
         Text14.show(cut6(b.Period - b.PeriodNach));
-        if (Check8.on()) Picture2.disc(plotX(), ratio(b.Period - b.PeriodNach, Text46.number()), 0.06, orange);
+        if (Check8.on())
+            Picture2.disc(plotX(), ratio(b.Period - b.PeriodNach, Text46.number()), 0.06, orange);
     }
 }
 
@@ -265,8 +308,8 @@ void Form25::periodMeasured() {
 void Form25::printDelays(const std::string& period) {
     const TwoBody& b = lab.twoBody;
     const double T = b.Tsec - b.Tcount;
-    note("dTv=  " + toText(b.dTv) + "   dTm=  " + toText(b.dTm) + "   dTv/" + period + "=  " + toText(ratio(b.dTv, T)) +
-         "   dTm/" + period + "=  " + toText(ratio(b.dTm, T)));
+    note("dTv=  " + toText(b.dTv) + "   dTm=  " + toText(b.dTm) + "   dTv/" + period + "=  " +
+         toText(ratio(b.dTv, T)) + "   dTm/" + period + "=  " + toText(ratio(b.dTm, T)));
 }
 
 void Form25::nodePassed() {
@@ -286,8 +329,8 @@ void Form25::periastronPassed() {
             Picture2.line(plotX(), -8, plotX(), 8, red);
         }
         if (lab.pulsar.radialSpeed || lab.pulsar.roemer)
-            note("Vmin=  " + toText(cut6(b.VYmin)) + "   Vmax=  " + toText(cut6(b.VYmax)) + "   dTmin=  " + toText(cut6(b.Rem_min)) +
-                 "   dTmax=  " + toText(cut6(b.Rem_max)));
+            note("Vmin=  " + toText(cut6(b.VYmin)) + "   Vmax=  " + toText(cut6(b.VYmax)) +
+                 "   dTmin=  " + toText(cut6(b.Rem_min)) + "   dTmax=  " + toText(cut6(b.Rem_max)));
         if (!b.fromNode) printDelays("P1");
     }
     Text17.show(cut6(b.Eks));
@@ -322,7 +365,9 @@ void Form25::display() {
     Text51.show(cut6(s.LonPl[11]));
     const double received = s.Y[11] / Vsv + b.Tsec;
     if (lab.pulsar.pulses && received != lastReceived_)
-        Picture2.disc(plotX(), (b.NC0 / (received - lastReceived_) - 1 / b.Dt) / lab.pulsar.pulsesScale + delayLine, 0.04, black);
+        Picture2.disc(plotX(),
+                      (b.NC0 / (received - lastReceived_) - 1 / b.Dt) / lab.pulsar.pulsesScale + delayLine,
+                      0.04, black);
     lastReceived_ = received;
     Text11.show(b.Ft1);
     Text41.show(ratio(100 * (b.Esys - b.E0sys), b.E0sys));
@@ -340,11 +385,14 @@ void Form25::drawBodies(Color first, Color second) {
     const ModelState& s = lab.s;
     const int from = Option1.on() || Option7.on() ? 14 : Option6.on() ? 0 : 15;
     const auto mark = [&](int row, double radius, Color color) {
-        drawBothViews(Picture1, (s.X[row] - s.X[from]) / s.Mx, (s.Y[row] - s.Y[from]) / s.Mx, (s.Z[row] - s.Z[from]) / s.Mx, radius, color);
+        drawBothViews(Picture1, (s.X[row] - s.X[from]) / s.Mx, (s.Y[row] - s.Y[from]) / s.Mx,
+                      (s.Z[row] - s.Z[from]) / s.Mx, radius, color);
     };
     mark(11, 0.08, first);
     if (Option7.on() || Option8.on() || Option6.on()) mark(0, 0.12, second);
-    if (Check4.on()) Picture1.cross((s.X[14] - s.X[from]) / s.Mx, (s.Y[14] - s.Y[from]) / s.Mx, 0.5, first == white ? white : centreColor);
+    if (Check4.on())
+        Picture1.cross((s.X[14] - s.X[from]) / s.Mx, (s.Y[14] - s.Y[from]) / s.Mx, 0.5,
+                       first == white ? white : centreColor);
 }
 
 /// The speed of gravity begins to act at this moment.
@@ -369,16 +417,19 @@ void Form25::endEffect() {
     ratio(1, years);
     Picture2.line(plotX(), -8, plotX(), 8, red);
     const auto rate = [&](const std::string& name, double now, double base, const std::string& unit) {
-        note(name + "= ( " + toText(now) + " - " + toText(base) + " ) / dT = " + toText((now - base) / years) + unit);
+        note(name + "= ( " + toText(now) + " - " + toText(base) +
+             " ) / dT = " + toText((now - base) / years) + unit);
     };
-    note("dT=  " + toText(effectStart_) + " - " + toText(b.Tsec) + " = " + toText(dT) + "  сек = " + toText(cut6(years)) + " лет ");
+    note("dT=  " + toText(effectStart_) + " - " + toText(b.Tsec) + " = " + toText(dT) +
+         "  сек = " + toText(cut6(years)) + " лет ");
     rate("dEks", b.Eks, b.EksNach, "  за год");
     rate("dAlfaP", b.AlfaP, b.AlfaPnach, "  град за год");
     rate("dRsr", s.Rr[11] / MK, b.RsrNach / MK, "  тыс.км за год");
     rate("dP", b.Period, b.PeriodNach, "  сек за год");
     if (b.Period > 0 && b.PeriodNach > 0) {
         const double base = 2 * Pi * sekG / b.PeriodNach, now = 2 * Pi * sekG / b.Period;
-        note("dW= ( " + toText(now) + " - " + toText(base) + " ) / dT = " + toText((now - base) / years) + "  рад в год за год");
+        note("dW= ( " + toText(now) + " - " + toText(base) + " ) / dT = " + toText((now - base) / years) +
+             "  рад в год за год");
     }
 }
 

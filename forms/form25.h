@@ -70,54 +70,66 @@ public:
                      {.name = "Check12",
                       .caption = "kodBary=2",
                       .hint = "Элементы относятся к центру масс пары, а не к m2"}};
-    TextField Text22{this,
-                     {.name = "Text22", .label = "с шагом, сек", .text = "60", .hint = "Шаг решения Dt, с"}};
+    TextField Text22{
+        this,
+        {.name = "Text22", .label = "с шагом, сек", .text = "60", .hint = "Шаг решения Dt, с", .width = 10}};
     TextField Text23{this,
                      {.name = "Text23",
                       .label = "делитель шага",
                       .text = "100",
-                      .hint = "Во сколько раз шаг меньше в окнах, kDt"}};
+                      .hint = "Во сколько раз шаг меньше в окнах, kDt",
+                      .width = 10}};
     TextField Text36{this,
                      {.name = "Text36",
                       .label = "данные выводить через, шагов",
                       .text = "100",
-                      .hint = "Шагов между показами NC0"}};
+                      .hint = "Шагов между показами NC0",
+                      .width = 10}};
     TextField Text24{this,
                      {.name = "Text24",
                       .label = "поиск в интервале +/- dAlfa, град=",
                       .text = "1",
-                      .hint = "Полуширина окон периастра и узла, градусы"}};
+                      .hint = "Полуширина окон периастра и узла, градусы",
+                      .width = 10}};
     TextField Text21{this,
                      {.name = "Text21",
                       .label = "Vgr = Vsv * ",
                       .text = "1",
-                      .hint = "Скорость гравитации в скоростях света"}};
+                      .hint = "Скорость гравитации в скоростях света",
+                      .width = 10}};
     TextField Text31{this,
                      {.name = "Text31",
                       .label = "VXsys, км/с",
                       .text = "0",
-                      .hint = "Скорость системы по оси X, км/с; идет в VXsys"}};
+                      .hint = "Скорость системы по оси X, км/с; идет в VXsys",
+                      .width = 10}};
     TextField Text32{this,
                      {.name = "Text32",
                       .label = "VYsys, км/с",
                       .text = "0",
-                      .hint = "Скорость системы по оси Y, км/с; идет в VYsys"}};
+                      .hint = "Скорость системы по оси Y, км/с; идет в VYsys",
+                      .width = 10}};
     TextField Text6{this,
                     {.name = "Text6",
                      .label = "MT, дни /см",
                      .text = "365,25",
-                     .hint = "Масштаб времени графиков, дней в клетке"}};
+                     .hint = "Масштаб времени графиков, дней в клетке",
+                     .width = 8}};
     CheckBox Check5{this, {.name = "Check5", .caption = "dEks1  /", .hint = "Чертить сдвиг эксцентриситета"}};
-    TextField Text43{this,
-                     {.name = "Text43", .text = "0,001", .hint = "Масштаб сдвига эксцентриситета в клетке"}};
+    TextField Text43{
+        this,
+        {.name = "Text43", .text = "0,001", .hint = "Масштаб сдвига эксцентриситета в клетке", .width = 8}};
     CheckBox Check6{this, {.name = "Check6", .caption = "dAlfaP1 /", .hint = "Чертить сдвиг периастра"}};
     TextField Text44{
-        this, {.name = "Text44", .text = "0,1", .hint = "Масштаб сдвига периастра, градусов в клетке"}};
+        this,
+        {.name = "Text44", .text = "0,1", .hint = "Масштаб сдвига периастра, градусов в клетке", .width = 8}};
     CheckBox Check7{this, {.name = "Check7", .caption = "dR1  /", .hint = "Чертить сдвиг полуоси"}};
-    TextField Text45{this,
-                     {.name = "Text45", .text = "10", .hint = "Масштаб сдвига полуоси, тыс. км в клетке"}};
+    TextField Text45{
+        this,
+        {.name = "Text45", .text = "10", .hint = "Масштаб сдвига полуоси, тыс. км в клетке", .width = 8}};
     CheckBox Check8{this, {.name = "Check8", .caption = "dP1  /", .hint = "Чертить сдвиг периода"}};
-    TextField Text46{this, {.name = "Text46", .text = "1000", .hint = "Масштаб сдвига периода, с в клетке"}};
+    TextField Text46{
+        this, {.name = "Text46", .text = "1000", .hint = "Масштаб сдвига периода, с в клетке", .width = 8}};
     TextField Text3{this,
                     {.name = "Text3",
                      .label = "Ft, Н",

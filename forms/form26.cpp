@@ -4,14 +4,32 @@
 
 namespace tarvex {
 
-Form26::Form26(Laboratory& lab_) : Form(lab_.desk, formName, "Доп. параметры                 форма 26     Tarvex7mm"), lab(lab_) {
+Form26::Form26(Laboratory& lab_)
+    : Form(lab_.desk, formName, "Доп. параметры                 форма 26     Tarvex7mm"), lab(lab_) {
     Command1.onPress([this] { store(); }, orShow("Задайте правильно данные", "Tarvex7mm"));
     Command2.onPress([this] { close(); });
     layout_ = column({
-        frame("Графики и их масштабы",
-              table(4, {Check1, Text3, "шт/с", "", Check2, Text6, "км/с", Check5, Check3, Text7, "с", "",
-                        Check6, Text2, "с,  среднее c / c", Text9, Check7, Text5, "с,  среднее c / c", Text10})),
-        fields(1, {Text4}),
+        frame("Графики и их масштабы", column({table(4, {Check1,
+                                                         Text3,
+                                                         "шт/с",
+                                                         "",
+                                                         Check2,
+                                                         Text6,
+                                                         "км/с",
+                                                         Check5,
+                                                         Check3,
+                                                         Text7,
+                                                         "с",
+                                                         "",
+                                                         Check6,
+                                                         Text2,
+                                                         "с,  среднее c / c",
+                                                         Text9,
+                                                         Check7,
+                                                         Text5,
+                                                         "с,  среднее c / c",
+                                                         Text10}),
+                                               fields(1, {Text4})})),
         frame("Запаздывания считать", column({Option1, Option2})),
         frame("Сопротивление у периастра", fields(1, {Text8, Text1})),
         Check4,
@@ -35,7 +53,9 @@ void Form26::store() {
     p.roemerScale = Text7.number();
     p.delayBySpeedScale = Text2.number();
     p.delayByMassScale = Text5.number();
-    for (const double scale : {p.pulsesScale, p.radialScale, p.roemerScale, p.delayBySpeedScale, p.delayByMassScale}) ratio(1, scale);
+    for (const double scale :
+         {p.pulsesScale, p.radialScale, p.roemerScale, p.delayBySpeedScale, p.delayByMassScale})
+        ratio(1, scale);
     p.dTvSr = Text9.number();
     p.dTmSr = Text10.number();
     p.dAlfaSopr = Text8.number();
