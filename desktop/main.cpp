@@ -14,6 +14,7 @@
 #include "desktop/desktop_screen.h"
 #include "desktop/look.h"
 #include "desktop/toolkit.h"
+#include "forms/form3.h"
 #include "forms/laboratory.h"
 
 namespace {
@@ -35,14 +36,6 @@ void whileConnecting(QtMsgType type, const QMessageLogContext&, const QString& t
     std::_Exit(1);
 }
 
-/// The help form, at the page of the form that asks.
-void openHelp(tarvex::Laboratory& lab, const tarvex::Form& asking) {
-    lab.desk.show("Form3");
-    const std::string number = asking.name().substr(std::string("Form").size());
-    tarvex::Control* page = lab.desk.form("Form3").find("Option4(" + number + ")");
-    if (auto* option = dynamic_cast<tarvex::OptionButton*>(page)) option->choose();
-}
-
 /// The toolkit's own words (of its menus and dialogs) in Russian, where they are installed.
 void setLanguage(QApplication& application) {
     auto* words = new QTranslator(&application);
@@ -53,7 +46,7 @@ void setLanguage(QApplication& application) {
 int runLaboratory(const fs::path& data) {
     tarvex::DesktopScreen screen;
     tarvex::Laboratory lab(screen, data);
-    screen.onHelp([&lab](const tarvex::Form& asking) { openHelp(lab, asking); });
+    screen.onHelp([&lab](const tarvex::Form& asking) { tarvex::openHelp(lab.desk, asking); });
     lab.desk.show("Form1");
     const int status = QApplication::exec();
     if (lab.desk.anyLoaded()) lab.desk.unloadAll("Form1");  // forms without a window, files still open

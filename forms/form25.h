@@ -37,12 +37,18 @@ public:
                       .label = "Betta1 ,град",
                       .text = "0",
                       .hint = "Наклон орбиты, градусы; идет в Betta0(11)"}};
-    TextField Text4{
-        this,
-        {.name = "Text4", .label = "m1/ Msol", .text = "3,694E-8", .hint = "Масса m1 в долях массы Солнца"}};
-    TextField Text5{
-        this,
-        {.name = "Text5", .label = "m2/ Msol", .text = "3,004E-6", .hint = "Масса m2 в долях массы Солнца"}};
+    TextField Text4{this,
+                    {.name = "Text4",
+                     .label = "m1/ Msol",
+                     .text = "3,694E-8",
+                     .hint = "Масса m1 в долях массы Солнца",
+                     .width = 13}};
+    TextField Text5{this,
+                    {.name = "Text5",
+                     .label = "m2/ Msol",
+                     .text = "3,004E-6",
+                     .hint = "Масса m2 в долях массы Солнца",
+                     .width = 13}};
     TextField Text12{this,
                      {.name = "Text12",
                       .label = "по теории Ser0 для планеты №",

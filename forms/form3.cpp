@@ -66,4 +66,9 @@ void Form3::find() {
     Text1.setText(nothing ? textOf(chosenPage()) : searchHelp(pages(), Text2.text()));
 }
 
+void openHelp(Desk& desk, const Form& asking) {
+    desk.show(Form3::formName);
+    desk.get<Form3>().Option4(formNumber(asking.name())).choose();
+}
+
 }  // namespace tarvex

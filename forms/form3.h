@@ -56,4 +56,7 @@ private:
     void find();
 };
 
+/// Opens the help at the page of the form that asks.
+void openHelp(Desk& desk, const Form& asking);
+
 }  // namespace tarvex

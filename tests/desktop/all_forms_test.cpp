@@ -4,7 +4,6 @@
 
 #include "desktop/picture_view.h"
 #include "desktop/table_text.h"
-#include "forms/form2.h"
 #include "tests/desktop/every_form.h"
 
 namespace tarvex {
@@ -13,13 +12,13 @@ namespace {
 
 struct AllForms : test::EveryForm {};
 
+using test::plain, test::textOf;
+
 /// Controls as a layout places them, from left to right and down.
 void inLayoutOrder(const Layout& part, std::vector<const Control*>& all) {
     if (part.control != nullptr) all.push_back(part.control);
     for (const Layout& child : part.children) inLayoutOrder(child, all);
 }
-
-QString plain(QString text) { return text.replace("&&", "&").replace('\n', ' '); }
 
 /// What a widget says about itself, as the control would.
 std::string textOn(const QWidget& widget) {
@@ -32,26 +31,6 @@ std::string textOn(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) return plain(label->text()).toStdString();
     if (const auto* bar = qobject_cast<const QScrollBar*>(&widget)) return std::to_string(bar->value());
     return "picture";
-}
-
-std::string textOf(const Control& control) {
-    const auto oneLine = [](std::string text) { return plain(QString::fromStdString(text)).toStdString(); };
-    switch (control.kind()) {
-        case Control::Kind::Text: {
-            QString text = QString::fromStdString(static_cast<const TextField&>(control).text());
-            return text.replace("\r\n", "\n").toStdString();
-        }
-        case Control::Kind::Check:
-            return (static_cast<const CheckBox&>(control).on() ? "+" : "-") + oneLine(control.caption());
-        case Control::Kind::Option:
-            return (static_cast<const OptionButton&>(control).on() ? "+" : "-") + oneLine(control.caption());
-        case Control::Kind::Scroll:
-            return std::to_string(static_cast<const ScrollBar&>(control).value());
-        case Control::Kind::Picture:
-            return "picture";
-        default:
-            return oneLine(control.caption());
-    }
 }
 
 }  // namespace
@@ -94,7 +73,7 @@ TEST_P(AllForms, TabGoesThroughTheControlsInTheOrderOfTheLayout) {
     EXPECT_EQ(seen, wanted);
 }
 
-TEST_P(AllForms, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
+TEST_P(AllForms, InputsDoWhatTheyDoInThePlayer) {
     // Every input in turn, through the widget here and through the control there.
     for (std::size_t i = 0; i < form().controls().size(); ++i) {
         Control& one = *form().controls()[i];
@@ -116,6 +95,9 @@ TEST_P(AllForms, TypedTextsAndTicksDoWhatTheyDoInThePlayer) {
             auto& bar = static_cast<ScrollBar&>(other);
             test::find<QScrollBar>(window(), one.name())->setValue(bar.max());
             bar.setValue(bar.max());
+        } else if (one.kind() == Control::Kind::Option) {
+            test::find<QRadioButton>(window(), one.name())->click();
+            static_cast<OptionButton&>(other).choose();
         }
         QCoreApplication::processEvents();
         if (!shown.desk.isLoaded(GetParam())) break;
@@ -149,43 +131,5 @@ TEST_P(AllForms, PicturesSurviveAResize) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Desk, AllForms, ::testing::ValuesIn(test::allForms()), test::nameOf);
-
-TEST(RealForms, AStopReachesARunningExperiment) {
-    test::TempFolder folder;
-    for (const char* name : {"Dat", "Plan0/Txt1", "Risunki"}) folder.makeFolder(name);
-    DesktopScreen screen;
-    Laboratory lab(screen, folder.path());
-    lab.desk.show("Form1");
-    QWidget* first = screen.windowOf(lab.desk.form("Form1"));
-    test::find<QPushButton>(*first, "Command1")->click();
-    lab.desk.show("Form2");
-    auto& form = lab.desk.get<Form2>();
-    QWidget* window = screen.windowOf(form);
-    form.Check14.set(true);
-    form.Text40.setText("2900");
-    QTimer shutMessages;
-    QStringList said;
-    QObject::connect(&shutMessages, &QTimer::timeout, [&] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            said << box->text();
-            box->reject();
-        }
-    });
-    shutMessages.start(10);
-    bool running = false;
-    QStringList status;
-    QTimer::singleShot(700, [&] {
-        running = lab.desk.busy();
-        for (const QLabel* label : window->findChildren<QLabel*>()) status << label->text();
-        test::find<QPushButton>(*window, "Command4")->click();
-    });
-    test::find<QPushButton>(*window, "Command1")->click();  // returns only when the run has ended
-    EXPECT_TRUE(running) << said.join('|').toStdString();
-    EXPECT_EQ(lab.s.kodStop, 1);
-    EXPECT_LT(lab.s.God, 2900);
-    EXPECT_TRUE(status.join('|').contains(QRegularExpression("прошло 0:0.*осталось .*, конец ")))
-        << status.join('|').toStdString();
-    EXPECT_FALSE(lab.desk.busy());
-}
 
 }  // namespace tarvex

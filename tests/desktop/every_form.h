@@ -16,11 +16,39 @@ inline std::vector<std::string> allForms() {
 }
 inline std::string nameOf(const ::testing::TestParamInfo<std::string>& one) { return one.param; }
 
+/// A data tree with its folders and nothing in them.
+inline void makeTree(const TempFolder& folder) {
+    for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Plan0/Txt1", "Risunki"})
+        folder.makeFolder(name);
+}
+
+inline QString plain(QString text) { return text.replace("&&", "&").replace('\n', ' '); }
+
+/// What a control says to its user.
+inline std::string textOf(const Control& control) {
+    const auto oneLine = [](std::string text) { return plain(QString::fromStdString(text)).toStdString(); };
+    switch (control.kind()) {
+        case Control::Kind::Text: {
+            QString text = QString::fromStdString(static_cast<const TextField&>(control).text());
+            return text.replace("\r\n", "\n").toStdString();
+        }
+        case Control::Kind::Check:
+            return (static_cast<const CheckBox&>(control).on() ? "+" : "-") + oneLine(control.caption());
+        case Control::Kind::Option:
+            return (static_cast<const OptionButton&>(control).on() ? "+" : "-") + oneLine(control.caption());
+        case Control::Kind::Scroll:
+            return std::to_string(static_cast<const ScrollBar&>(control).value());
+        case Control::Kind::Picture:
+            return "picture";
+        default:
+            return oneLine(control.caption());
+    }
+}
+
 /// One form in its window, and the same form on a screen that only records, as the player has it.
 struct EveryForm : ::testing::TestWithParam<std::string> {
     EveryForm() : shown(windows, folder.path()), played(recorder, folder.path()) {
-        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Plan0/Txt1", "Risunki"})
-            folder.makeFolder(name);
+        makeTree(folder);
         forgetPlaces();
         closer.start(10);
         QObject::connect(&closer, &QTimer::timeout, [] {

@@ -1,0 +1,94 @@
+// A calculation of the laboratory in its window: stopped, ended, helped.
+
+#include "forms/form2.h"
+#include "forms/form3.h"
+#include "tests/desktop/every_form.h"
+
+namespace tarvex {
+
+namespace {
+
+/// Form1 and Form2 on real windows, with initial data for a run.
+struct RealForms : ::testing::Test {
+    RealForms() : lab(screen, folder.path()) {
+        test::makeTree(folder);
+        QObject::connect(&shutMessages, &QTimer::timeout, [this] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                said << box->text();
+                box->reject();
+            }
+        });
+        shutMessages.start(10);
+        lab.desk.show("Form1");
+        press("Form1", "Command1");
+    }
+    FormWindow& windowOf(const char* form) { return *screen.windowOf(lab.desk.form(form)); }
+    void press(const char* form, const char* command) {
+        test::find<QPushButton>(windowOf(form), command)->click();
+        QCoreApplication::processEvents();
+    }
+    /// Everything that the status line of a window shows.
+    QString status(const char* form) {
+        QStringList all{windowOf(form).statusBar()->currentMessage()};
+        for (const QLabel* label : windowOf(form).statusBar()->findChildren<QLabel*>()) all << label->text();
+        return all.join('|');
+    }
+
+    test::TempFolder folder;
+    DesktopScreen screen;
+    Laboratory lab;
+    QTimer shutMessages;
+    QStringList said;
+};
+
+}  // namespace
+
+TEST_F(RealForms, AStopReachesARunningExperiment) {
+    auto& form = lab.desk.get<Form2>();
+    form.Check14.set(true);
+    form.Text40.setText("2900");
+    bool running = false;
+    QString during;
+    QTimer::singleShot(700, [&] {
+        running = lab.desk.busy();
+        during = status("Form2");
+        press("Form2", "Command4");
+    });
+    press("Form2", "Command1");  // returns only when the run has ended
+    EXPECT_TRUE(running) << said.join('|').toStdString();
+    EXPECT_EQ(lab.s.kodStop, 1);
+    EXPECT_LT(lab.s.God, 2900);
+    EXPECT_TRUE(during.contains(QRegularExpression("прошло 0:0.*осталось .*, конец ")))
+        << during.toStdString();
+    EXPECT_TRUE(status("Form2").contains("Счет занял 0:0")) << status("Form2").toStdString();
+    EXPECT_FALSE(lab.desk.busy());
+}
+
+TEST_F(RealForms, TheEndOfARunIsToldInItsWindow) {
+    auto& form = lab.desk.get<Form2>();
+    form.Check14.set(true);
+    form.Text40.setText("1802");
+    lab.desk.show("Form1");  // the user works elsewhere meanwhile
+    QPushButton* start = test::find<QPushButton>(windowOf("Form2"), "Command1");
+    start->click();
+    EXPECT_EQ(said.join('|'), "");
+    screen.notify("Расчет закончен");
+    EXPECT_TRUE(status("Form2").contains("Расчет закончен")) << status("Form2").toStdString();
+    EXPECT_FALSE(status("Form1").contains("Расчет закончен"));
+}
+
+TEST_F(RealForms, F1OpensTheHelpAtTheFormThatAsks) {
+    screen.onHelp([this](const Form& asking) { openHelp(lab.desk, asking); });
+    for (const char* name : {"Form2", "Form1", "Form3"}) {
+        lab.desk.show(name);
+        QCoreApplication::processEvents();
+        QTest::keyClick(&windowOf(name), Qt::Key_F1);
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(lab.desk.isLoaded("Form3")) << name;
+        EXPECT_EQ(QApplication::activeWindow(), &windowOf("Form3")) << name;
+        const std::string text = textOf(pageOfForm(lab.desk, name));
+        EXPECT_EQ(test::find<QPlainTextEdit>(windowOf("Form3"), "Text1")->toPlainText().toStdString(), text);
+    }
+}
+
+}  // namespace tarvex
