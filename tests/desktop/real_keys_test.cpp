@@ -7,13 +7,19 @@
 #include <QStandardPaths>
 
 #include "desktop/picture_view.h"
-#include "tests/desktop/window_fixture.h"
+#include "forms/form1.h"
+#include "forms/form2.h"
+#include "tests/desktop/every_form.h"
 
 namespace tarvex {
 
 namespace {
 
 struct RealKeys : test::WindowTest {
+    /// The keyboard goes to a window: no window manager is there to see to it.
+    static QString turnTo(const QWidget& to) {
+        return QString("xdotool windowfocus %1; sleep 0.1; ").arg(to.winId());
+    }
     /// Runs what the user's hands do and lets the windows answer meanwhile.
     static void hands(const QString& commands) {
         QProcess shell;
@@ -30,9 +36,9 @@ struct RealKeys : test::WindowTest {
     void reachTheForm() {
         window->move(20, 20);
         QTest::qWait(100);
-        const QString focus = QString("xdotool windowfocus %1; sleep 0.1; ").arg(window->winId());
         auto* field = find<QLineEdit>("Text1");
-        hands(focus + clickOn(field, field->rect().center()) + "xdotool key ctrl+a; xdotool type 25,5");
+        hands(turnTo(*window) + clickOn(field, field->rect().center()) +
+              "xdotool key ctrl+a; xdotool type 25,5");
         EXPECT_EQ(field->text(), "25,5");
         EXPECT_EQ(form->Text1.text(), "19,4");
         hands("xdotool key Return");  // the default command
@@ -55,8 +61,41 @@ struct RealKeys : test::WindowTest {
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     }
 
+    /// From a date on Form1 to an experiment on Form2 and its stop, with keys alone after the first click.
+    void reachTheLaboratory() {
+        window->hide();
+        const test::TempFolder folder;
+        test::makeTree(folder);
+        Laboratory lab(screen, folder.path());
+        lab.desk.show("Form1");
+        auto& first = lab.desk.get<Form1>();
+        FormWindow* window1 = screen.windowOf(first);
+        QTest::qWait(100);
+        auto* year = test::find<QLineEdit>(*window1, "Text34");
+        hands(turnTo(*window1) + clickOn(year, year->rect().center()) +
+              "xdotool key ctrl+a; xdotool type 1900; xdotool key Tab; xdotool type 2; "
+              "xdotool key Tab Tab; sleep 0.1; xdotool key space");
+        EXPECT_EQ(first.Text33.text(), "2");
+        EXPECT_EQ(first.Text24.text(), "2415052");  // 1.5 February 1900
+
+        test::find<QPushButton>(*window1, "Command1")->setFocus();
+        hands("xdotool key Return; sleep 0.3");
+        ASSERT_TRUE(lab.desk.isLoaded("Form2"));
+        FormWindow* window2 = screen.windowOf(lab.desk.get<Form2>());
+        EXPECT_TRUE(window2->isVisible());
+        test::find<QPushButton>(*window2, "Command1")->setFocus();
+        bool running = false;
+        QTimer::singleShot(1500, [&] { running = lab.desk.busy(); });
+        hands(turnTo(*window2) + "xdotool key space; sleep 2; xdotool key Tab space; sleep 0.2");
+        EXPECT_TRUE(running);
+        EXPECT_FALSE(lab.desk.busy());
+        EXPECT_EQ(lab.s.kodStop, 1);
+        hands("xdotool key ctrl+1; sleep 0.3");
+        EXPECT_EQ(QApplication::activeWindow(), window1);
+    }
+
     /// Runs this same test on a virtual display.
-    static void onVirtualDisplay() {
+    static void onVirtualDisplay(const QString& name) {
         for (const char* tool : {"Xvfb", "xdotool"})
             if (QStandardPaths::findExecutable(tool).isEmpty()) GTEST_SKIP() << tool << " is not installed";
         QProcess display;
@@ -70,7 +109,7 @@ struct RealKeys : test::WindowTest {
         surroundings.insert("QT_QPA_PLATFORM", "xcb");
         again.setProcessEnvironment(surroundings);
         again.setProcessChannelMode(QProcess::MergedChannels);
-        again.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=RealKeys.*"});
+        again.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=RealKeys." + name});
         EXPECT_TRUE(again.waitForFinished(60000));
         EXPECT_EQ(again.exitCode(), 0) << again.readAll().toStdString();
         display.terminate();
@@ -84,7 +123,14 @@ TEST_F(RealKeys, ReachTheForm) {
     if (QGuiApplication::platformName() == "xcb")
         reachTheForm();
     else
-        onVirtualDisplay();
+        onVirtualDisplay("ReachTheForm");
+}
+
+TEST_F(RealKeys, ReachTheLaboratory) {
+    if (QGuiApplication::platformName() == "xcb")
+        reachTheLaboratory();
+    else
+        onVirtualDisplay("ReachTheLaboratory");
 }
 
 }  // namespace tarvex
