@@ -1,5 +1,6 @@
 #include "desktop/control_view.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLineEdit>
@@ -35,9 +36,10 @@ bool isNumberOrEmpty(const std::string& text) {
 
 /// Results stand on the colour of the window with a breath of the highlight, inputs on that of a page.
 void lookReadOnly(QWidget* widget) {
-    QPalette palette = widget->palette();
-    const QColor window = palette.color(QPalette::Window), tint = palette.color(QPalette::Highlight);
+    const QPalette desktop = QApplication::palette(widget);
+    const QColor window = desktop.color(QPalette::Window), tint = desktop.color(QPalette::Highlight);
     const auto blend = [](int a, int b) { return (9 * a + b) / 10; };
+    QPalette palette;
     palette.setColor(QPalette::Base,
                      QColor(blend(window.red(), tint.red()), blend(window.green(), tint.green()),
                             blend(window.blue(), tint.blue())));
@@ -66,9 +68,12 @@ public:
         if (field.readOnly()) {
             edit()->setReadOnly(true);
             edit()->setFocusPolicy(Qt::ClickFocus);
-            lookReadOnly(edit());
         }
+        takeColors();
         QObject::connect(edit(), &QLineEdit::editingFinished, edit(), [this] { act_([] {}); });
+    }
+    void takeColors() override {
+        if (field_.readOnly()) lookReadOnly(edit());
     }
     void commit() override {
         if (field_.readOnly() || edit()->text() == shown_) return;
@@ -104,7 +109,7 @@ public:
         : ControlView(field, new Box(act), density), field_(field) {
         const QFontMetrics metrics = box()->fontMetrics();
         box()->setReadOnly(field.readOnly());
-        if (field.readOnly()) lookReadOnly(box());
+        takeColors();
         box()->setTabChangesFocus(true);
         box()->setLineWrapMode(field.width() > 0 ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
         const int digits = field.width() > 0 ? field.width() : usualBoxDigits;
@@ -113,6 +118,9 @@ public:
         box()->setMinimumWidth(
             std::min(box()->hint.width(), metrics.horizontalAdvance('0') * leastBoxDigits));
         box()->setMinimumHeight(std::min(box()->hint.height(), metrics.lineSpacing() * leastBoxLines));
+    }
+    void takeColors() override {
+        if (field_.readOnly()) lookReadOnly(box());
     }
     void commit() override {
         if (field_.readOnly() || box()->toPlainText() == shown_) return;

@@ -42,6 +42,8 @@ public:
     void refresh();
     /// A text that has been typed but not yet taken over reaches the control.
     virtual void commit() {}
+    /// The desktop has other colours than before.
+    virtual void takeColors() {}
     /// The control is about to go.
     virtual void detach() {}
 

@@ -208,6 +208,8 @@ void FormWindow::copyFocusedTable() {
 bool FormWindow::event(QEvent* event) {
     if (form_ != nullptr && event->type() == QEvent::WindowActivate) form_->desk().turnTo(*form_);
     if (form_ != nullptr && event->type() == QEvent::WindowDeactivate) commitEdits();
+    if (event->type() == QEvent::PaletteChange)  // the desktop turns dark or light
+        for (const auto& [control, view] : views_) view->takeColors();
     return QMainWindow::event(event);
 }
 

@@ -33,7 +33,6 @@ PictureView::PictureView(Picture& picture, std::function<void(const std::functio
     : picture_(&picture), act_(std::move(act)), shape_(picture.width(), picture.height()) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMouseTracking(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 double PictureView::fitted() const {
@@ -109,7 +108,6 @@ void PictureView::paintCanvas(QPainter& painter) const {
 
 void PictureView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().window());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     paintCanvas(painter);
     painter.setPen(palette().mid().color());

@@ -31,9 +31,11 @@ TextField::Spec Form19::shiftSpec(int c) {
 }
 
 TextField::Spec Form19::weightSpec(int c) {
+    constexpr const char* shifts[] = {"",        "перигелия",       "узла", "наклона", "эксцентриситета",
+                                      "полуоси", "угловой скорости"};
     return {.name = "Text" + std::to_string(10 + c),
             .text = "1",
-            .hint = "Вес этого смещения в критерии",
+            .hint = std::string("Вес смещения ") + shifts[c] + " в критерии плана, без размерности",
             .width = 5};
 }
 

@@ -22,11 +22,12 @@ public:
         this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
     TextField Text32{this,
                      {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей", .width = 10}};
-    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата", .width = 13}};
+    TextField Text31{
+        this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата, дни; идет в JD", .width = 13}};
     CommandButton Command10{
-        this, {.name = "Command10", .caption = "G->J", .hint = "Юлианская дата из календарной"}};
+        this, {.name = "Command10", .caption = "G->J", .hint = "Юлианская дата по году, месяцу и дню"}};
     CommandButton Command11{
-        this, {.name = "Command11", .caption = "J->G", .hint = "Календарная дата из юлианской"}};
+        this, {.name = "Command11", .caption = "J->G", .hint = "Год, месяц и день по юлианской дате"}};
     OptionButton Option7{this,
                          {.name = "Option7",
                           .caption = "New0 (JD)",
@@ -158,19 +159,19 @@ public:
                      {.name = "Text36",
                       .label = "выводить через, шагов",
                       .text = "100",
-                      .hint = "Шагов между показами NC0",
+                      .hint = "Через сколько шагов показывать положение и рисовать, NC0",
                       .width = 8}};
     TextField Text22{this,
                      {.name = "Text22",
                       .label = "шаг решения, с",
                       .text = "360",
-                      .hint = "Шаг решения Dt, с",
+                      .hint = "Шаг решения вне окон Dt, с",
                       .width = 8}};
     TextField Text23{this,
                      {.name = "Text23",
                       .label = "делитель шага",
                       .text = "10",
-                      .hint = "Во сколько раз шаг меньше в окнах, kDt",
+                      .hint = "Во сколько раз шаг уменьшается в окнах перигея и узла, kDt",
                       .width = 8}};
     TextField Text24{this,
                      {.name = "Text24",
@@ -188,7 +189,7 @@ public:
     TextField Text6{this,
                     {.name = "Text6",
                      .label = "перигеев",
-                     .hint = "Пройдено перигеев NObs",
+                     .hint = "Пройдено перигеев от начала проверки, шт",
                      .readOnly = true,
                      .width = 7}};
     TextField Text4{this,
@@ -252,21 +253,28 @@ public:
                             .caption = "Задать координаты и скорости Луны и Земли",
                             .hint = "Начальные данные пары; строка Солнца заменяется Землей",
                             .isDefault = true}};
-    CommandButton Command1{this,
-                           {.name = "Command1",
-                            .caption = "Проверить параметры орбиты Луны",
-                            .hint = "Решить задачу двух тел и измерить орбиту"}};
-    CommandButton Command2{this,
-                           {.name = "Command2", .caption = "Остановить", .hint = "Остановить проверку"}};
+    CommandButton Command1{
+        this,
+        {.name = "Command1",
+         .caption = "Проверить параметры орбиты Луны",
+         .hint = "Решать задачу двух тел с заданных координат и измерять орбиту, пока не остановят"}};
+    CommandButton Command2{
+        this,
+        {.name = "Command2", .caption = "Остановить", .hint = "Остановить проверку; продолжить ее можно"}};
     CommandButton Command3{this,
-                           {.name = "Command3", .caption = "Продолжить", .hint = "Продолжить проверку"}};
+                           {.name = "Command3",
+                            .caption = "Продолжить",
+                            .hint = "Продолжить остановленную проверку с того же места"}};
     CommandButton Command4{this,
                            {.name = "Command4", .caption = "Очистить рисунок", .hint = "Стереть рисунок"}};
     CommandButton Command9{this,
                            {.name = "Command9", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    ScrollBar HScroll1{
-        this,
-        {.name = "HScroll1", .min = 1, .max = 1000, .value = 50, .hint = "Масштаб изображения; идет в Mx"}};
+    ScrollBar HScroll1{this,
+                       {.name = "HScroll1",
+                        .min = 1,
+                        .max = 1000,
+                        .value = 50,
+                        .hint = "Масштаб рисунка, тыс. км в клетке; идет в Mx"}};
     Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, тыс. км в клетке"}};
     Picture Picture1{
         this,

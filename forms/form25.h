@@ -10,8 +10,11 @@ public:
     static constexpr const char* formName = "Form25";
     explicit Form25(Laboratory& lab);
 
-    TextField Text1{
-        this, {.name = "Text1", .label = "AlfaL1, град", .text = "0", .hint = "Средняя долгота m1, градусы"}};
+    TextField Text1{this,
+                    {.name = "Text1",
+                     .label = "AlfaL1, град",
+                     .text = "0",
+                     .hint = "Средняя долгота m1, градусы; идет в AlfaL(11)"}};
     TextField Text7{this,
                     {.name = "Text7",
                      .label = "Eks1 =",
@@ -31,29 +34,31 @@ public:
                      {.name = "Text10",
                       .label = "R1, тыс.км.",
                       .text = "384,4",
-                      .hint = "Большая полуось, тыс. км; идет в R0sr(11)"}};
+                      .hint = "Большая полуось, тыс. км; идет в R0sr(11)",
+                      .width = 13}};
     TextField Text37{this,
                      {.name = "Text37",
                       .label = "Betta1 ,град",
                       .text = "0",
-                      .hint = "Наклон орбиты, градусы; идет в Betta0(11)"}};
+                      .hint = "Наклон орбиты, градусы; идет в Betta0(11)",
+                      .width = 13}};
     TextField Text4{this,
                     {.name = "Text4",
                      .label = "m1/ Msol",
                      .text = "3,694E-8",
-                     .hint = "Масса m1 в долях массы Солнца",
+                     .hint = "Масса m1 в долях массы Солнца; идет в km(11)",
                      .width = 13}};
     TextField Text5{this,
                     {.name = "Text5",
                      .label = "m2/ Msol",
                      .text = "3,004E-6",
-                     .hint = "Масса m2 в долях массы Солнца",
+                     .hint = "Масса m2 в долях массы Солнца; идет в km(13)",
                      .width = 13}};
     TextField Text12{this,
                      {.name = "Text12",
                       .label = "по теории Ser0 для планеты №",
                       .text = "11",
-                      .hint = "Номер тела, элементы которого дает теория Ser0",
+                      .hint = "Номер тела, элементы которого дает теория Ser0: 1-9 планеты, 11 Луна",
                       .width = 4}};
     TextField Text2{this,
                     {.name = "Text2",
@@ -65,31 +70,34 @@ public:
                           {.name = "Option11",
                            .caption = "из файла",
                            .group = "source",
-                           .hint = "Параметры из файла пульсара"}};
+                           .hint = "Загружать параметры из файла пульсара"}};
     OptionButton Option12{this,
                           {.name = "Option12",
                            .caption = "по теории",
                            .group = "source",
                            .on = true,
-                           .hint = "Параметры по теории Ser0"}};
+                           .hint = "Загружать параметры на 1801 год по теории Ser0"}};
     CheckBox Check12{this,
                      {.name = "Check12",
                       .caption = "kodBary=2",
-                      .hint = "Элементы относятся к центру масс пары, а не к m2"}};
-    TextField Text22{
-        this,
-        {.name = "Text22", .label = "с шагом, сек", .text = "60", .hint = "Шаг решения Dt, с", .width = 10}};
+                      .hint = "Элементы относятся к центру масс пары, а не к m2: kodBary = 2"}};
+    TextField Text22{this,
+                     {.name = "Text22",
+                      .label = "с шагом, сек",
+                      .text = "60",
+                      .hint = "Шаг решения вне окон Dt, с",
+                      .width = 10}};
     TextField Text23{this,
                      {.name = "Text23",
                       .label = "делитель шага",
                       .text = "100",
-                      .hint = "Во сколько раз шаг меньше в окнах, kDt",
+                      .hint = "Во сколько раз шаг уменьшается в окнах периастра и узла, kDt",
                       .width = 10}};
     TextField Text36{this,
                      {.name = "Text36",
                       .label = "данные выводить через, шагов",
                       .text = "100",
-                      .hint = "Шагов между показами NC0",
+                      .hint = "Через сколько шагов показывать положение и рисовать, NC0",
                       .width = 10}};
     TextField Text24{this,
                      {.name = "Text24",
@@ -101,7 +109,7 @@ public:
                      {.name = "Text21",
                       .label = "Vgr = Vsv * ",
                       .text = "1",
-                      .hint = "Скорость гравитации в скоростях света",
+                      .hint = "Скорость гравитации Vgr в скоростях света",
                       .width = 10}};
     TextField Text31{this,
                      {.name = "Text31",
@@ -155,10 +163,13 @@ public:
                           .group = "ft",
                           .on = true,
                           .hint = "Сила возникает сама из запаздывания положений"}};
-    OptionButton Option4{
-        this, {.name = "Option4", .caption = "аналитически", .group = "ft", .hint = "Ft = V * F / Vgr"}};
-    OptionButton Option5{this,
-                         {.name = "Option5", .caption = "с экрана", .group = "ft", .hint = "Ft из поля"}};
+    OptionButton Option4{this,
+                         {.name = "Option4",
+                          .caption = "аналитически",
+                          .group = "ft",
+                          .hint = "Силу брать по формуле Ft = V * F / Vgr"}};
+    OptionButton Option5{
+        this, {.name = "Option5", .caption = "с экрана", .group = "ft", .hint = "Силу брать из поля Ft, Н"}};
     OptionButton Option9{this,
                          {.name = "Option9",
                           .caption = "начать",
@@ -204,9 +215,11 @@ public:
                      {.name = "Text25", .label = "T, лет", .hint = "Время от начала, лет", .readOnly = true}};
     TextField Text51{
         this, {.name = "Text51", .label = "долгота, град", .hint = "Долгота m1, градусы", .readOnly = true}};
-    TextField Text47{
-        this,
-        {.name = "Text47", .label = "оборотов", .hint = "Пройдено периастров NZamer", .readOnly = true}};
+    TextField Text47{this,
+                     {.name = "Text47",
+                      .label = "оборотов",
+                      .hint = "Пройдено периастров от начала, шт",
+                      .readOnly = true}};
     TextField Text11{
         this, {.name = "Text11", .label = "Ft1, Н", .hint = "Сила вдоль скорости m1, Н", .readOnly = true}};
     TextField Text41{
@@ -251,9 +264,14 @@ public:
     CommandButton Command1{this,
                            {.name = "Command1",
                             .caption = "Проверить параметры орбиты m1",
-                            .hint = "Начать решение и измерять орбиту"}};
-    CommandButton Command2{this, {.name = "Command2", .caption = "Остановить", .hint = "Остановить решение"}};
-    CommandButton Command3{this, {.name = "Command3", .caption = "Продолжить", .hint = "Продолжить решение"}};
+                            .hint = "Решать с заданных координат и измерять орбиту, пока не остановят"}};
+    CommandButton Command2{
+        this,
+        {.name = "Command2", .caption = "Остановить", .hint = "Остановить решение; продолжить его можно"}};
+    CommandButton Command3{this,
+                           {.name = "Command3",
+                            .caption = "Продолжить",
+                            .hint = "Продолжить остановленное решение с того же места"}};
     CommandButton Command4{
         this, {.name = "Command4", .caption = "Очистить рисунки", .hint = "Стереть оба рисунка"}};
     CommandButton Command5{this,
@@ -262,9 +280,12 @@ public:
                             .hint = "Открыть форму 26: импульсы, запаздывания, сопротивление"}};
     CommandButton Command9{this,
                            {.name = "Command9", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    ScrollBar HScroll1{
-        this,
-        {.name = "HScroll1", .min = 1, .max = 10000, .value = 50, .hint = "Масштаб изображения; идет в Mx"}};
+    ScrollBar HScroll1{this,
+                       {.name = "HScroll1",
+                        .min = 1,
+                        .max = 10000,
+                        .value = 50,
+                        .hint = "Масштаб рисунка орбит, тыс. км в клетке; идет в Mx"}};
     Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, тыс. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",

@@ -174,6 +174,27 @@ TEST_F(Window, MessagesAndQuestionsWaitForTheirAnswer) {
     EXPECT_EQ(seen.title, "Tarvex7m");
 }
 
+TEST_F(Window, ResultsStayReadableWhenTheDesktopTurnsDark) {
+    form->Text2.setText("25,5");
+    QCoreApplication::processEvents();
+    const QPalette light = QApplication::palette();
+    const auto contrast = [this](const char* name) {
+        const QPalette& colors = find<QWidget>(name)->palette();
+        return std::abs(colors.color(QPalette::Text).lightness() - colors.color(QPalette::Base).lightness());
+    };
+    const auto shownAs = [this] {  // a result differs from an input
+        return find<QWidget>("Text2")->palette().color(QPalette::Base) !=
+               find<QWidget>("Text1")->palette().color(QPalette::Base);
+    };
+    for (const QPalette& palette : {QPalette(QColor(45, 45, 48), QColor(35, 35, 38)), light}) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        EXPECT_GT(contrast("Text1"), 128);
+        EXPECT_GT(contrast("Text2"), 128);
+        EXPECT_TRUE(shownAs());
+    }
+}
+
 TEST_F(Window, PostedWorkWaitsForTheRunningHandler) {
     std::vector<std::string> order;
     soon([&] { press("Command3"); });
