@@ -257,8 +257,8 @@ void Form25::start() {
     s.kodStop = 0;
     started_ = true;
     effectStart_ = lastReceived_ = 0;
-    Picture1.text(-9.6, 11.8, "E0sys (Дж)=               " + toText(b.E0sys), black);
-    Picture1.text(-9.6, 11, "M0sys (кг*м^2/с) =   " + toText(b.MKD0sys), black);
+    Picture1.text(-9.6, -4.8, "E0sys (Дж)=               " + toText(b.E0sys), black);
+    Picture1.text(-9.6, -5.6, "M0sys (кг*м^2/с) =   " + toText(b.MKD0sys), black);
     showStart();
     for (const int i : {0, 11, 14}) s.XOld[i] = s.X[i], s.YOld[i] = s.Y[i], s.ZOld[i] = s.Z[i];
 }
@@ -307,9 +307,9 @@ void Form25::periodMeasured() {
 /// The delays since the counting began, and their mean rates.
 void Form25::printDelays(const std::string& period) {
     const TwoBody& b = lab.twoBody;
-    const double T = b.Tsec - b.Tcount;
-    note("dTv=  " + toText(b.dTv) + "   dTm=  " + toText(b.dTm) + "   dTv/" + period + "=  " +
-         toText(ratio(b.dTv, T)) + "   dTm/" + period + "=  " + toText(ratio(b.dTm, T)));
+    const double T = b.Tsec - b.Tcount, bySpeed = ratio(b.dTv, T), byMass = ratio(b.dTm, T);
+    note("dTv=  " + toText(b.dTv) + "   dTm=  " + toText(b.dTm));
+    note("dTv/" + period + "=  " + toText(bySpeed) + "   dTm/" + period + "=  " + toText(byMass));
 }
 
 void Form25::nodePassed() {

@@ -229,25 +229,35 @@ public:
                       .label = "dMsys, %",
                       .hint = "Изменение момента количества движения, %",
                       .readOnly = true}};
-    TextField Text16{this, {.name = "Text16", .hint = "Начальный эксцентриситет", .readOnly = true}};
-    TextField Text17{this, {.name = "Text17", .hint = "Измеренный эксцентриситет", .readOnly = true}};
+    TextField Text16{this,
+                     {.name = "Text16", .hint = "Начальный эксцентриситет", .readOnly = true, .width = 13}};
+    TextField Text17{this,
+                     {.name = "Text17", .hint = "Измеренный эксцентриситет", .readOnly = true, .width = 13}};
     TextField Text18{this, {.name = "Text18", .hint = "Сдвиг эксцентриситета", .readOnly = true}};
-    TextField Text19{this,
-                     {.name = "Text19", .hint = "Начальная долгота периастра, градусы", .readOnly = true}};
-    TextField Text20{this,
-                     {.name = "Text20", .hint = "Измеренная долгота периастра, градусы", .readOnly = true}};
+    TextField Text19{
+        this,
+        {.name = "Text19", .hint = "Начальная долгота периастра, градусы", .readOnly = true, .width = 13}};
+    TextField Text20{
+        this,
+        {.name = "Text20", .hint = "Измеренная долгота периастра, градусы", .readOnly = true, .width = 13}};
     TextField Text26{this, {.name = "Text26", .hint = "Сдвиг периастра, градусы", .readOnly = true}};
-    TextField Text27{this, {.name = "Text27", .hint = "Начальная долгота узла, градусы", .readOnly = true}};
-    TextField Text28{this, {.name = "Text28", .hint = "Измеренная долгота узла, градусы", .readOnly = true}};
+    TextField Text27{
+        this, {.name = "Text27", .hint = "Начальная долгота узла, градусы", .readOnly = true, .width = 13}};
+    TextField Text28{
+        this, {.name = "Text28", .hint = "Измеренная долгота узла, градусы", .readOnly = true, .width = 13}};
     TextField Text29{this, {.name = "Text29", .hint = "Сдвиг узла, градусы", .readOnly = true}};
-    TextField Text30{this, {.name = "Text30", .hint = "Начальная полуось, тыс. км", .readOnly = true}};
-    TextField Text35{this, {.name = "Text35", .hint = "Измеренная полуось, тыс. км", .readOnly = true}};
+    TextField Text30{this,
+                     {.name = "Text30", .hint = "Начальная полуось, тыс. км", .readOnly = true, .width = 13}};
+    TextField Text35{
+        this, {.name = "Text35", .hint = "Измеренная полуось, тыс. км", .readOnly = true, .width = 13}};
     TextField Text38{this, {.name = "Text38", .hint = "Сдвиг полуоси, тыс. км", .readOnly = true}};
-    TextField Text40{this, {.name = "Text40", .hint = "Начальный период, дней", .readOnly = true}};
-    TextField Text34{this, {.name = "Text34", .hint = "Измеренный период, дней", .readOnly = true}};
+    TextField Text40{this,
+                     {.name = "Text40", .hint = "Начальный период, дней", .readOnly = true, .width = 13}};
+    TextField Text34{this,
+                     {.name = "Text34", .hint = "Измеренный период, дней", .readOnly = true, .width = 13}};
     TextField Text33{this, {.name = "Text33", .hint = "Сдвиг периода, дней", .readOnly = true}};
-    TextField Text13{this, {.name = "Text13", .hint = "Начальный период, с", .readOnly = true}};
-    TextField Text15{this, {.name = "Text15", .hint = "Измеренный период, с", .readOnly = true}};
+    TextField Text13{this, {.name = "Text13", .hint = "Начальный период, с", .readOnly = true, .width = 13}};
+    TextField Text15{this, {.name = "Text15", .hint = "Измеренный период, с", .readOnly = true, .width = 13}};
     TextField Text14{this, {.name = "Text14", .hint = "Сдвиг периода, с", .readOnly = true}};
 
     CommandButton Command7{this,
