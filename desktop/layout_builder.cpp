@@ -201,16 +201,16 @@ LayoutBuilder::Piece LayoutBuilder::item(Control& control) const {
 LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int limit) const {
     if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts, limit);
     auto* box = bare<QHBoxLayout>();
-    bool wide = false, tall = false, barred = false;
+    bool wide = false, tall = false, filled = false;  // filled: uses its width, but asks for no more
     for (const Layout& part : parts) {
         if (part.kind == Kind::Stretch) {
             box->addStretch(1);
-            wide = true;
+            filled = true;
             continue;
         }
         const Piece one = piece(part);
         const bool bar = isControl(part, Control::Kind::Scroll);  // as long as its row
-        barred |= bar;
+        filled |= bar;
         const int share = one.wide || bar ? 1 : 0;
         if (one.layout != nullptr)
             box->addLayout(one.layout, share);
@@ -221,7 +221,7 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int 
     }
     // Groups side by side share what is left, so that their outer edges line up with the rows above and
     // below.
-    if (!wide && !barred && !std::all_of(parts.begin(), parts.end(), isGroup)) box->addStretch(1);
+    if (!wide && !filled && !std::all_of(parts.begin(), parts.end(), isGroup)) box->addStretch(1);
     return {box, nullptr, wide, tall};
 }
 

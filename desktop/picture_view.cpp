@@ -72,7 +72,8 @@ void PictureView::refresh() {
 }
 
 QRectF PictureView::target() const {
-    const QSizeF size = QSizeF(shape_).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+    QSizeF size = QSizeF(shape_).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
+    if (keepsSize_) size = size.boundedTo(QSizeF(sizeHint()));
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 

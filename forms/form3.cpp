@@ -6,16 +6,22 @@ namespace tarvex {
 
 namespace {
 
-constexpr int optionColumns = 2;
-
 std::vector<int> numbersOf(const Desk& desk) {
     std::vector<int> numbers;
     for (const std::string& name : desk.names()) numbers.push_back(formNumber(name));
     return numbers;
 }
 
+/// The first words of what a form is for.
+std::string subjectOf(int number) {
+    for (const help::FormText& text : help::formTexts)
+        if (text.number == number) return text.purpose.substr(0, text.purpose.find_first_of(":;,"));
+    return "";
+}
+
 OptionButton::Spec formSpec(int number) {
-    OptionButton::Spec spec{.name = "Option4", .caption = "Форма " + std::to_string(number), .group = "page"};
+    OptionButton::Spec spec{
+        .name = "Option4", .caption = std::to_string(number) + ". " + subjectOf(number), .group = "page"};
     spec.hint = "Кнопки и поля формы " + std::to_string(number);
     return spec;
 }
@@ -37,12 +43,11 @@ Form3::Form3(Laboratory& lab)
         Option4(number).onChoose(showPage);
         forms.push_back(Option4(number));
     }
-    layout_ =
-        column({row({fields(1, {Text2}), Command2, stretch()}),
-                row({column({frame("Раздел", column({Option1, Option2, Option3})),
-                             frame("Кнопки и поля", table(optionColumns, std::move(forms))), stretch()}),
-                     Text1}),
-                row({stretch(), Command1})});
+    layout_ = column({row({fields(1, {Text2}), Command2, stretch()}),
+                      row({column({frame("Раздел", column({Option1, Option2, Option3})),
+                                   frame("Кнопки и поля форм", column(std::move(forms))), stretch()}),
+                           Text1}),
+                      row({stretch(), Command1})});
 }
 
 void Form3::load() { Text1.setText(textOf(chosenPage())); }

@@ -133,8 +133,8 @@ void Form6::drawEmpty(double rows, double columns, bool grid) {
         Picture1.text(columns - 1, y, std::to_string(j - 5), middle);
     }
     Picture1.line(0, 5, columns, 5, middle);
-    Picture1.text(1.2, rows - 0.1, "Alfa");
-    Picture1.text(std::max(columns - 3, 2.9), rows - 0.1, "dAlfa");
+    Picture1.text(0.65, rows - 0.1, "Alfa");
+    Picture1.text(std::max(columns - 3, 3.6), rows - 0.1, "dAlfa");
 }
 
 }  // namespace tarvex
