@@ -10,6 +10,7 @@ namespace tarvex {
 namespace {
 
 constexpr std::int16_t headWritten = 88;  ///< kodTestHead once the head of the test file stands
+constexpr double noteHeight = 13;         ///< the longest line on the plot fits its width
 constexpr double longRun = 20;            ///< seconds: the end of a longer run is announced
 
 /// True when the option of another form is on; a form that is not loaded has none on.
@@ -164,6 +165,7 @@ void Form2::load() {
         s.Z[i] = s.ZOld[i] = s.Z0[i];
     }
     lab.run.dYplot = Text36.number();
+    Picture1.setTextHeight(noteHeight);
     clearPictures();
     drawMarkers();
     Text14.show(s.JDstart);

@@ -249,9 +249,12 @@ public:
                             .hint = "Найти следы и силы еще раз; повторять, пока поля не установятся"}};
     CommandButton Command4{this,
                            {.name = "Command4", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    ScrollBar HScroll1{
-        this,
-        {.name = "HScroll1", .min = 1, .max = 10000, .value = 200, .hint = "Масштаб рисунка; идет в Mx"}};
+    ScrollBar HScroll1{this,
+                       {.name = "HScroll1",
+                        .min = 1,
+                        .max = 10000,
+                        .value = 200,
+                        .hint = "Масштаб рисунка, от 0,1 до 1000 млн. км в клетке; идет в Mx"}};
     Label Label23{this,
                   {.name = "Label23",
                    .caption = "Масштаб = 20 млн. км./ см",
