@@ -72,8 +72,8 @@ void PictureView::refresh() {
 }
 
 QRectF PictureView::target() const {
-    QSizeF size = QSizeF(shape_).scaled(QSizeF(this->size()), Qt::KeepAspectRatio);
-    if (keepsSize_) size = size.boundedTo(QSizeF(sizeHint()));
+    const QSizeF room(keepsSize_ ? this->size().boundedTo(sizeHint()) : this->size());
+    const QSizeF size = QSizeF(shape_).scaled(room, Qt::KeepAspectRatio);
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 

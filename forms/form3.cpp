@@ -45,7 +45,7 @@ Form3::Form3(Laboratory& lab)
     }
     layout_ = column({row({fields(1, {Text2}), Command2, stretch()}),
                       row({column({frame("Раздел", column({Option1, Option2, Option3})),
-                                   frame("Кнопки и поля форм", column(std::move(forms))), stretch()}),
+                                   frame("Кнопки и поля форм", scrolled(column(std::move(forms))))}),
                            Text1}),
                       row({stretch(), Command1})});
 }
