@@ -1,7 +1,5 @@
 // Every command of every form, pressed in its window.
 
-#include <regex>
-
 #include "desktop/form_window.h"
 #include "tests/desktop/every_form.h"
 
@@ -42,17 +40,12 @@ struct Outcome {
     std::vector<std::string> open, texts;  ///< forms; "Text1 = 5" of the pressed one
 };
 
-/// The time of day is not the command's doing.
-std::string withoutClock(const std::string& text) {
-    return std::regex_replace(text, std::regex("\\d\\d:\\d\\d:\\d\\d"), "clock");
-}
-
 void look(Desk& desk, const std::string& pressed, Outcome& outcome) {
     for (const std::string& name : desk.names())
         if (desk.isLoaded(name)) outcome.open.push_back(name);
     if (!desk.isLoaded(pressed)) return;
     for (const Control* control : desk.form(pressed).controls())
-        outcome.texts.push_back(control->name() + " = " + withoutClock(test::textOf(*control)));
+        outcome.texts.push_back(control->name() + " = " + test::withoutClock(test::textOf(*control)));
 }
 
 /// A press in the player; nothing when the command starts a calculation that gives way.

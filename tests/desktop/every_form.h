@@ -1,6 +1,8 @@
 #pragma once
 // Each form of the laboratory in its window, and beside it the same form as the player has it.
 
+#include <regex>
+
 #include "forms/laboratory.h"
 #include "tests/desktop/window_fixture.h"
 #include "tests/support/recording_screen.h"
@@ -43,6 +45,11 @@ inline std::string textOf(const Control& control) {
         default:
             return oneLine(control.caption());
     }
+}
+
+/// The time of day is not what a form and its twin share.
+inline std::string withoutClock(const std::string& text) {
+    return std::regex_replace(text, std::regex("\\d\\d:\\d\\d:\\d\\d"), "clock");
 }
 
 /// One form in its window, and the same form on a screen that only records, as the player has it.
