@@ -38,6 +38,11 @@ bool isLabelled(const Layout& part) {
     return isControl(part, Control::Kind::Text) && !isBox(part) && !part.control->caption().empty();
 }
 
+/// A row that starts with such a field: in a grid its label stands among the labels.
+bool isLabelledRow(const Layout& part) {
+    return part.kind == Kind::Row && part.children.size() > 1 && isLabelled(part.children.front());
+}
+
 /// Parts that fill the width they are given; others keep their own at the left.
 bool fillsWidth(const Layout& part) {
     return part.kind != Kind::Text &&
@@ -320,6 +325,14 @@ LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layo
             ControlView& view = viewOf_(*part.control);
             grid->addWidget(view.label(), row, at, Qt::AlignRight | Qt::AlignVCenter);
             grid->addWidget(view.widget(), row, at + 1, Qt::AlignLeft);
+        } else if (isLabelledRow(part)) {
+            ControlView& view = viewOf_(*part.children.front().control);
+            auto* beside = bare<QHBoxLayout>();
+            beside->addWidget(view.widget());
+            beside->addLayout(
+                rowOf({part.children.begin() + 1, part.children.end()}, density_.rowWidth).layout);
+            grid->addWidget(view.label(), row, at, Qt::AlignRight | Qt::AlignVCenter);
+            grid->addLayout(beside, row, at + 1);
         } else if (part.kind != Kind::Empty && part.kind != Kind::Stretch) {
             const Piece one = piece(part);
             if (one.layout != nullptr)

@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusTipEvent>
+#include <QTimer>
 
 #include "core/numbers.h"
 #include "desktop/canvas_image.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr double movedSize = 1.25;  ///< of a picture that is moved in a scroll area: its small print is read
 constexpr double mostFitted = 2;    ///< of a picture that is seen whole in its scroll area
+constexpr int lookMargin = 6;       ///< left around what a form asks to look at, pixels
 constexpr double largestZoom = 200, wheelStep = 1.25;
 
 /// A coordinate for the status line: about four significant digits.
@@ -69,6 +71,32 @@ void PictureView::refresh() {
         updateGeometry();
     }
     update();
+    followLook();
+}
+
+void PictureView::showEvent(QShowEvent*) { followLook(); }
+
+QScrollArea* PictureView::scrollArea() const {
+    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
+        if (auto* scrolled = qobject_cast<QScrollArea*>(above)) return scrolled;
+    return nullptr;
+}
+
+void PictureView::followLook() {
+    if (!keepsSize_ || picture_ == nullptr || looks_ == picture_->look().count) return;
+    // After the layout has given the picture its new size.
+    QTimer::singleShot(0, this, [this] {
+        if (picture_ == nullptr || !isVisible() || looks_ == picture_->look().count) return;
+        const Picture::Look look = picture_->look();
+        looks_ = look.count;
+        const QScrollArea* scrolled = scrollArea();
+        QScrollBar* bar = scrolled->verticalScrollBar();
+        const double above = mapTo(scrolled->widget(), QPoint(0, 0)).y() + target().top();
+        const int top = qRound(above + look.top * target().height()) - lookMargin,
+                  bottom = qRound(above + look.bottom * target().height()) + lookMargin;
+        const bool seen = top >= bar->value() && bottom <= bar->value() + scrolled->viewport()->height();
+        if (!seen) bar->setValue(top);
+    });
 }
 
 QRectF PictureView::target() const {
@@ -144,14 +172,11 @@ void PictureView::drag(QPointF by) {
     if (part_.width() < 1)
         return showPart(part_.translated(-by.x() / area.width() * part_.width(),
                                          -by.y() / area.height() * part_.height()));
-    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget()) {
-        auto* scrolled = qobject_cast<QScrollArea*>(above);
-        if (scrolled == nullptr) continue;
-        for (auto [bar, step] : {std::pair(scrolled->horizontalScrollBar(), by.x()),
-                                 std::pair(scrolled->verticalScrollBar(), by.y())})
-            bar->setValue(bar->value() - qRound(step));
-        return;
-    }
+    const QScrollArea* scrolled = scrollArea();
+    if (scrolled == nullptr) return;
+    for (auto [bar, step] : {std::pair(scrolled->horizontalScrollBar(), by.x()),
+                             std::pair(scrolled->verticalScrollBar(), by.y())})
+        bar->setValue(bar->value() - qRound(step));
 }
 
 void PictureView::mousePressEvent(QMouseEvent* event) {

@@ -8,6 +8,8 @@
 
 #include "runtime/picture.h"
 
+class QScrollArea;
+
 namespace tarvex {
 
 class PictureView final : public QWidget {
@@ -38,6 +40,8 @@ public:
     /// What is shown, in shares of the picture.
     QRectF part() const { return part_; }
 
+    /// The scroll area that moves the picture; null without one.
+    QScrollArea* scrollArea() const;
     /// From now on the picture is never shown smaller than it is: a scroll area moves it instead.
     void keepSize();
     /// What the scroll area shows at once: a picture that is whole in it without becoming small fills it.
@@ -47,6 +51,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void showEvent(QShowEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,6 +64,8 @@ private:
     void paintCanvas(class QPainter& painter) const;
     void showPart(QRectF part);
     void drag(QPointF by);
+    /// Moves the picture in its scroll area to what its form asks to look at, once for each asking.
+    void followLook();
 
     Picture* picture_;
     std::function<void(const std::function<void()>&)> act_;
@@ -66,6 +73,7 @@ private:
     bool pressedInside_ = false, keepsSize_ = false;
     QSize room_;  ///< of the scroll area around it
     QRectF part_{0, 0, 1, 1};
+    int looks_ = 0;                   ///< how many askings were followed
     std::optional<QPointF> dragged_;  ///< where the pointer was last in a drag
 };
 

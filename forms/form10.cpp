@@ -1,10 +1,10 @@
 #include "forms/form10.h"
-#include "forms/table_captions.h"
 
 #include <array>
 
 #include "core/numbers.h"
 #include "forms/plot_grid.h"
+#include "forms/table_captions.h"
 
 namespace tarvex {
 
@@ -26,12 +26,6 @@ constexpr std::array<StageFields, chainStages> stageFields = {{{"Text21", "Text2
                                                               {"Text36", "Text38", "+Нутация"},
                                                               {"Text37", "Text39", "ГЕО ЭКЛ JD"}}};
 
-std::vector<Layout> all(const OptionButtons& options) {
-    std::vector<Layout> cells;
-    for (int i = options.first(); i <= options.last(); ++i) cells.emplace_back(options(i));
-    return cells;
-}
-
 }  // namespace
 
 Form10::Form10(Laboratory& lab_)
@@ -39,12 +33,13 @@ Form10::Form10(Laboratory& lab_)
       Option4(this, 0, 10,
               [](int i) {
                   return OptionButton::Spec{.name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0,
-                                            .hint = i == 0 ? "Таблица не выбрана" : "Открыть таблицу этого автора"};
+                                            .hint = tableHint(i)};
               }),
       Option9(this, 0, 7,
               [](int i) {
                   return OptionButton::Spec{.name = "Option9", .caption = observatoryCaptions[i], .group = "observatory",
-                                            .on = i == 0, .hint = i == 0 ? "Обсерватория не выбрана" : "Открыть файл этой обсерватории"};
+                                            .on = i == 0, .hint = i == 0 ? "Обсерватория не выбрана: с этой отметкой расчет не начнется"
+                                                            : "Открыть файл наблюдений этой обсерватории и взять ее место"};
               }),
       lab(lab_) {
     for (int i = 0; i < chainStages; ++i) {
@@ -95,51 +90,61 @@ Form10::Form10(Laboratory& lab_)
     for (OptionButton* theory : {&Option11, &Option12}) theory->onChoose([epochs] { epochs(false); }, bad);
     HScroll2.onChange([this] { clearSystem(); });
 
+    layOut();
+}
+
+void Form10::layOut() {
     std::vector<Layout> stages = {"", "L (RA), град", "B (Dec), град"};
     for (int i = 0; i < chainStages; ++i)
         if (stageL[i]) stages.insert(stages.end(), {stageFields[i].caption, *stageL[i], *stageB[i]});
+    std::vector<Layout> observatories;
+    for (int i = 0; i <= 7; ++i)
+        observatories.push_back(i == 0 ? row({Option9(0), "(нет)"}) : Layout(Option9(i)));
+
     const Layout data = column({
         row({Option1, Option2, Label58}),
-        frame("Tab", table(3, all(Option4))),
-        frame("Obs", column({table(4, all(Option9)), fields(2, {Text59, Text56}), row({Check3})})),
-        row({fields(1, {Text2}), Text3, Text4, fields(1, {Text1})}),
-        fields(2, {Text5, Text18, Text16, Text14, Text24, Text25, Text65}),
-        row({Command2, Command3, Command18}),
+        frame("Tab", column({table(3, tableCells(Option4)), Check19})),
+        frame("Obs", column({table(4, observatories), fields(2, {Text59, Text56}), Check3})),
+        frame("Начало, место и объект",
+              column({fields(2, {row({Text2, Text3, Text4}), Text1, Text5, Text18, Text24, Text25, Text16, Text14,
+                                 Text65}),
+                      row({Command2, Command3, Command18})})),
         frame("Календарь", column({row({Option5, Option6, Option7}), row({Option15, Option16})})),
-        Check19,
-        fields(1, {Text58, Text40}),
     });
     const Layout theory = column({
         frame("когда Земля (z) и Луна (l) по", row({Option19, Option20, Option21})),
         frame("параметры орбит планет (p)", row({Option10, Option11, Option12})),
-        frame("параметры в эпохе", row({Option13, Option14, fields(1, {Text47})})),
+        frame("параметры в эпохе", row({Option13, Option14, Text47})),
         frame("Поправки", table(4, {Check15, Check16, Check17, Check24, Check23, Check27, Check31})),
-        frame("Видимость", row({Check29, fields(1, {Text46}), Check25, Text48})),
+        frame("Видимость", column({row({Check29, Text46}), row({Check25, Text48})})),
         frame("критерий", column({row({Option17, Option18, Check7}), row({Check20, Text50})})),
-        frame("Отчеты", column({row({Check21, Check13}), row({Check22, fields(1, {Text57})}), row({Check26, Text29})})),
+        frame("Отчеты", column({row({Check21, Check13}), row({Check22, Text57}), row({Check26, Text29})})),
     });
     const Layout results = column({
-        table(3, stages),
-        fields(2, {Text63, Text64, Text7, Text8, Text15, Text54, Text9, Text55, Text10, Text13, Text11, Text12}),
-        fields(3, {Text23, Text60, Text78}),
+        frame("Дата шага", fields(1, {Text58, Text40})),
+        frame("Теория по ступеням", table(3, stages)),
+        frame("Данные и отклонения теории от них",
+              fields(2, {Text63, Text64, Text7, Text8, Text9, Text10, Text11, Text12, Text15, Text13, Text54, Text55})),
+        frame("Принято наблюдений", fields(3, {Text23, Text60, Text78})),
     });
     const Layout drawing = column({
         frame("наблюденя", row({Option8, Option3})),
-        frame("Нижний график", column({row({Check1, Check9, Check11, Check12}), row({Check10, Check14, Check34}), row({Check6, Check35, Check18})})),
-        fields(2, {Text6, Text19, Text20, Text49, Text53, Text28}),
-        row({Label2, HScroll2}),
-        row({Check28, Text17, Check4, Check30}),
+        frame("Рисунки тел", row({Label2, HScroll2})),
+        frame("Нижний график", table(3, {Check1, Check9, Check18, Check11, Check12, blank(), Check10, Check34, Check35,
+                                         Check14, Check6})),
+        frame("Масштабы нижнего графика", fields(2, {Text6, Text19, Text20, Text49, Text53, Text28})),
+        frame("Ход расчета", row({Check28, Text17, Check4, Check30})),
     });
     const Layout plan = column({
-        row({Command7, Text26, fields(1, {Text27})}),
-        Check8, Command10, Command12,
+        frame("Эксперименты", column({row({Command7, Text26, Text27}), Check8})),
+        frame("Регрессия", column({Command10, Command12})),
         row({Command9, Command11}),
     });
     layout_ = column({
-        row({column({pages({frame("Данные", data), frame("Теория и отбор", theory), frame("Результаты", results),
-                            frame("Рисунки", drawing), frame("План", plan)})}),
+        row({pages({frame("Данные", data), frame("Теория и отбор", theory), frame("Результаты", results),
+                    frame("Рисунки", drawing), frame("План", plan)}),
              pages({frame("Отклонения", scrolled(Picture4)), frame("Тела", row({Picture1, Picture3}))})}),
-        row({Command1, Command4, Command5, Command6, Command15, Command16, Command17, Command14, Command13}),
+        row({Command1, Command4, Command5, Command6, Command15, Command16, Command17, stretch(), Command14, Command13}),
     });
 }
 

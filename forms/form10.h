@@ -90,18 +90,18 @@ public:
     // --- results
     /// Longitude or right ascension, latitude or declination of the stages: Text21, Text22; Text31, Text41; ...
     std::array<std::unique_ptr<TextField>, chainStages> stageL, stageB;
-    TextField Text63{this, {.name = "Text63", .label = "Наблюдение L", .hint = "Долгота или прямое восхождение по данным, градусы", .readOnly = true, .width = 12}};
-    TextField Text64{this, {.name = "Text64", .label = "B", .hint = "Широта или склонение по данным, градусы", .readOnly = true, .width = 12}};
-    TextField Text54{this, {.name = "Text54", .label = "Азимут", .hint = "Азимут тела от юга к западу, градусы", .readOnly = true}};
-    TextField Text55{this, {.name = "Text55", .label = "Высота", .hint = "Высота тела, градусы", .readOnly = true}};
-    TextField Text7{this, {.name = "Text7", .label = "dL, град", .hint = "Теория минус данные по долготе, градусы", .readOnly = true}};
-    TextField Text8{this, {.name = "Text8", .label = "dB, град", .hint = "Теория минус данные по широте, градусы", .readOnly = true}};
-    TextField Text15{this, {.name = "Text15", .label = "dR, тыс.км", .hint = "Расстояние между теорией и данными, тыс.км", .readOnly = true}};
-    TextField Text9{this, {.name = "Text9", .label = "dLsr, град", .hint = "Среднее dL, градусы", .readOnly = true}};
-    TextField Text10{this, {.name = "Text10", .label = "dBsr, град", .hint = "Среднее dB, градусы", .readOnly = true}};
-    TextField Text13{this, {.name = "Text13", .label = "dR крит, тыс.км", .text = "Text13", .hint = "Критерий по расстоянию, тыс.км", .readOnly = true}};
-    TextField Text11{this, {.name = "Text11", .label = "dL крит, град", .hint = "Критерий по долготе, градусы", .readOnly = true}};
-    TextField Text12{this, {.name = "Text12", .label = "dB крит, град", .hint = "Критерий по широте, градусы", .readOnly = true}};
+    TextField Text63{this, {.name = "Text63", .label = "Наблюдение L", .hint = "Долгота или прямое восхождение по данным, градусы", .readOnly = true, .width = 13}};
+    TextField Text64{this, {.name = "Text64", .label = "B", .hint = "Широта или склонение по данным, градусы", .readOnly = true, .width = 13}};
+    TextField Text54{this, {.name = "Text54", .label = "Азимут", .hint = "Азимут тела от юга к западу, градусы", .readOnly = true, .width = 13}};
+    TextField Text55{this, {.name = "Text55", .label = "Высота", .hint = "Высота тела, градусы", .readOnly = true, .width = 13}};
+    TextField Text7{this, {.name = "Text7", .label = "dL, град", .hint = "Теория минус данные по долготе, градусы", .readOnly = true, .width = 13}};
+    TextField Text8{this, {.name = "Text8", .label = "dB, град", .hint = "Теория минус данные по широте, градусы", .readOnly = true, .width = 13}};
+    TextField Text15{this, {.name = "Text15", .label = "dR, тыс.км", .hint = "Расстояние между теорией и данными, тыс.км", .readOnly = true, .width = 13}};
+    TextField Text9{this, {.name = "Text9", .label = "dLsr, град", .hint = "Среднее dL, градусы", .readOnly = true, .width = 13}};
+    TextField Text10{this, {.name = "Text10", .label = "dBsr, град", .hint = "Среднее dB, градусы", .readOnly = true, .width = 13}};
+    TextField Text13{this, {.name = "Text13", .label = "dR крит, тыс.км", .text = "Text13", .hint = "Критерий по расстоянию, тыс.км", .readOnly = true, .width = 13}};
+    TextField Text11{this, {.name = "Text11", .label = "dL крит, град", .hint = "Критерий по долготе, градусы", .readOnly = true, .width = 13}};
+    TextField Text12{this, {.name = "Text12", .label = "dB крит, град", .hint = "Критерий по широте, градусы", .readOnly = true, .width = 13}};
     TextField Text23{this, {.name = "Text23", .label = "N", .hint = "Принято наблюдений, NObs", .readOnly = true, .width = 8}};
     TextField Text60{this, {.name = "Text60", .label = "N+", .hint = "Из них с положительным отклонением, NPlus", .readOnly = true, .width = 8}};
     TextField Text78{this, {.name = "Text78", .label = "N-", .hint = "NObs - NPlus", .readOnly = true, .width = 8}};
@@ -162,6 +162,8 @@ public:
     double graphTop() const { return page_.rows; }
 
 private:
+    void layOut();
+
     // --- sources (form10_sources.cpp)
     void chooseKind(bool tables);
     void chooseTable(int i);
@@ -197,6 +199,7 @@ private:
 
     // --- plans (form10_plan.cpp)
     void runExperiments();
+    void showExperiments();
     void printResponse(int k);
     void findRegression();
     void plotFactors();

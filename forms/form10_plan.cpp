@@ -13,6 +13,7 @@ namespace {
 
 constexpr double responseColumn = 8.5, regressionColumn = 11.5, coefficientColumn = 20;
 constexpr double firstResponse = 10.5;   ///< below the top of the graph
+constexpr double factorColumn = 1.1;     ///< width
 
 std::string cutText(double value, double scale) { return toText(Fix(value * scale) / scale); }
 
@@ -22,8 +23,14 @@ void Form10::printResponse(int k) {
     Picture4.text(responseColumn, graphTop() - firstResponse - k / 2.0, toText(cut6(lab.plan.Yu.at(k))));
 }
 
+/// Brings the plan and its results into sight.
+void Form10::showExperiments() {
+    Picture4.lookAt(graphTop(), graphTop() - firstResponse - (lab.plan.Nplan + 1) / 2.0);
+}
+
 void Form10::runExperiments() {
     if (running_) return;
+    showExperiments();
     PlanBlock& plan = lab.plan;
     ReductionState& r = lab.reduction;
     const auto bounds = [this, &plan](int& first, int& last) {
@@ -62,6 +69,7 @@ void Form10::runExperiments() {
 void Form10::findRegression() {
     PlanBlock& plan = lab.plan;
     fitResponses(plan);
+    showExperiments();
     const double top = graphTop() - firstResponse;
     printCoefficients(Picture4, plan, coefficientColumn, top);
     for (int k = 1; k <= plan.Nplan; ++k)
@@ -75,6 +83,7 @@ void Form10::plotFactors() {
     plan.Ymin = *least;
     plan.Ymax = *most;
     plan.Mcrit = (plan.Ymax - plan.Ymin) / 10;
+    page_.showPlots(Picture4);
     plotAlongFactors(Picture4, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
 }
 
@@ -84,8 +93,9 @@ void Form10::ShowPlanSummary() {
     const ReductionState& r = lab.reduction;
     clearGraph();
     double y = graphTop();
+    showExperiments();
     const auto print = [&](const std::string& text) {
-        Picture4.text(0.2, y, text);
+        Picture4.text(planLeft, y, text);
         y -= planLine;
     };
     std::string second = r.header;
@@ -106,9 +116,9 @@ void Form10::ShowPlanSummary() {
     print("Номер эксперимента, уровни и значение критерия (экспериментальное и расчетное)");
     for (int k = 1; k <= plan.Nplan; ++k) {
         const double line = graphTop() - firstResponse - k / 2.0;
-        Picture4.text(0.2, line, std::to_string(k));
+        Picture4.text(planLeft, line, std::to_string(k));
         for (int f = 1; f <= plan.Nf; ++f)
-            Picture4.text(1.2 * f, line, cutText(plan.PlanX[f][k], 100));
+            Picture4.text(planLeft + factorColumn * f, line, cutText(plan.PlanX[f][k], 100));
     }
 }
 

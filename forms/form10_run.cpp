@@ -136,6 +136,7 @@ void Form10::start() {
     if (Option2.on() && lab.s.kodStop == 1) throw Refusal("Надо открыть файл снова", "Tarvex7.0");
     if (!ReadRunParams()) return;
     ShowPlanSummary();  // an empty graph below, and above it the plan beside which the responses are printed
+    page_.showPlots(Picture4);
     clearSystem();
     startReduction(reduction());
     drawLimits();
@@ -309,6 +310,7 @@ void Form10::showStatistics() {
             picture.line(n - left, y(n), n + 1 - left, y(n + 1), {255, 0, 0});
         return picture.text(1 - left + first, bottom + 19, name, {255, 0, 0});
     };
+    page_.showPlots(Picture4);
     polygon(Picture1, 0, 10, 3, -10, "dLpl");
     polygon(Picture3, 20, 30, 3, -10, "dBpl");
     polygon(Picture4, 40, 40, 1, 0, "dRpl");

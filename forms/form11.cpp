@@ -75,7 +75,7 @@ Form11::Form11(Laboratory& lab_)
                             "Объект", Text12, Text14, Text16, Text18, Text20, Text22,
                             "Ais", Text24, Text25, Text26, Text27, Text28, Text29})),
             frame("Аберрация, град",
-                  column({fields(4, {Text30, Text31, Text37, Text47, Text10}),
+                  column({fields(3, {Text30, Text31, Text10, Text37, Text47}),
                           table(5, {"", "Ais", "Apr", "As", "видимая", "L", Text32, Text34, Text35, Text36,
                                     "B", Text42, Text44, Text45, Text46})})),
             Command1, Command3,

@@ -116,33 +116,33 @@ public:
                           .group = "kind",
                           .hint = "Рисовать составляющие по направлению гелиоцентрической долготы Земли"}};
 
-    TextField Text11{this, {.name = "Text11", .hint = "X Земли, тыс. км", .readOnly = true}};
-    TextField Text13{this, {.name = "Text13", .hint = "Y Земли, тыс. км", .readOnly = true}};
-    TextField Text15{this, {.name = "Text15", .hint = "Z Земли, тыс. км", .readOnly = true}};
-    TextField Text17{this, {.name = "Text17", .hint = "VX Земли, км/с", .readOnly = true}};
-    TextField Text19{this, {.name = "Text19", .hint = "VY Земли, км/с", .readOnly = true}};
-    TextField Text21{this, {.name = "Text21", .hint = "VZ Земли, км/с", .readOnly = true}};
+    TextField Text11{this, {.name = "Text11", .hint = "X Земли, тыс. км", .readOnly = true, .width = 13}};
+    TextField Text13{this, {.name = "Text13", .hint = "Y Земли, тыс. км", .readOnly = true, .width = 13}};
+    TextField Text15{this, {.name = "Text15", .hint = "Z Земли, тыс. км", .readOnly = true, .width = 13}};
+    TextField Text17{this, {.name = "Text17", .hint = "VX Земли, км/с", .readOnly = true, .width = 10}};
+    TextField Text19{this, {.name = "Text19", .hint = "VY Земли, км/с", .readOnly = true, .width = 10}};
+    TextField Text21{this, {.name = "Text21", .hint = "VZ Земли, км/с", .readOnly = true, .width = 10}};
     TextField Text12{this,
-                     {.name = "Text12", .text = "0", .hint = "X объекта, тыс. км; для звезды задается"}};
+                     {.name = "Text12", .text = "0", .hint = "X объекта, тыс. км; для звезды задается", .width = 13}};
     TextField Text14{this,
-                     {.name = "Text14", .text = "0", .hint = "Y объекта, тыс. км; для звезды задается"}};
+                     {.name = "Text14", .text = "0", .hint = "Y объекта, тыс. км; для звезды задается", .width = 13}};
     TextField Text16{this,
-                     {.name = "Text16", .text = "0", .hint = "Z объекта, тыс. км; для звезды задается"}};
-    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "VX объекта, км/с; для звезды задается"}};
-    TextField Text20{this, {.name = "Text20", .text = "0", .hint = "VY объекта, км/с; для звезды задается"}};
-    TextField Text22{this, {.name = "Text22", .text = "0", .hint = "VZ объекта, км/с; для звезды задается"}};
+                     {.name = "Text16", .text = "0", .hint = "Z объекта, тыс. км; для звезды задается", .width = 13}};
+    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "VX объекта, км/с; для звезды задается", .width = 10}};
+    TextField Text20{this, {.name = "Text20", .text = "0", .hint = "VY объекта, км/с; для звезды задается", .width = 10}};
+    TextField Text22{this, {.name = "Text22", .text = "0", .hint = "VZ объекта, км/с; для звезды задается", .width = 10}};
     TextField Text24{
-        this, {.name = "Text24", .hint = "X объекта после аберрации источника, тыс. км", .readOnly = true}};
+        this, {.name = "Text24", .hint = "X объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
     TextField Text25{
-        this, {.name = "Text25", .hint = "Y объекта после аберрации источника, тыс. км", .readOnly = true}};
+        this, {.name = "Text25", .hint = "Y объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
     TextField Text26{
-        this, {.name = "Text26", .hint = "Z объекта после аберрации источника, тыс. км", .readOnly = true}};
+        this, {.name = "Text26", .hint = "Z объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
     TextField Text27{this,
-                     {.name = "Text27", .hint = "VX объекта вместе с системой, км/с", .readOnly = true}};
+                     {.name = "Text27", .hint = "VX объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
     TextField Text28{this,
-                     {.name = "Text28", .hint = "VY объекта вместе с системой, км/с", .readOnly = true}};
+                     {.name = "Text28", .hint = "VY объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
     TextField Text29{this,
-                     {.name = "Text29", .hint = "VZ объекта вместе с системой, км/с", .readOnly = true}};
+                     {.name = "Text29", .hint = "VZ объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
     TextField Text30{this,
                      {.name = "Text30",
                       .label = "S, тыс.км",

@@ -90,64 +90,64 @@ public:
 
     TextField Text1{
         this,
-        {.name = "Text1", .label = "X, тыс.км.", .text = "0", .hint = "Исходная координата X, тыс. км"}};
+        {.name = "Text1", .label = "X, тыс.км.", .text = "0", .hint = "Исходная координата X, тыс. км", .width = 14}};
     TextField Text2{
         this,
-        {.name = "Text2", .label = "Y, тыс.км.", .text = "0", .hint = "Исходная координата Y, тыс. км"}};
+        {.name = "Text2", .label = "Y, тыс.км.", .text = "0", .hint = "Исходная координата Y, тыс. км", .width = 14}};
     TextField Text3{
         this,
-        {.name = "Text3", .label = "Z, тыс.км.", .text = "0", .hint = "Исходная координата Z, тыс. км"}};
+        {.name = "Text3", .label = "Z, тыс.км.", .text = "0", .hint = "Исходная координата Z, тыс. км", .width = 14}};
     TextField Text11{this,
                      {.name = "Text11",
                       .label = "L(RA или A), град",
                       .text = "45",
-                      .hint = "Исходная долгота, прямое восхождение или азимут, градусы"}};
+                      .hint = "Исходная долгота, прямое восхождение или азимут, градусы", .width = 15}};
     TextField Text12{this,
                      {.name = "Text12",
                       .label = "B(Dec или H), град",
                       .text = "10",
-                      .hint = "Исходная широта, склонение или высота, градусы"}};
+                      .hint = "Исходная широта, склонение или высота, градусы", .width = 15}};
     TextField Text13{
         this,
-        {.name = "Text13", .label = "R, тыс. км.", .text = "300000", .hint = "Исходное расстояние, тыс. км"}};
+        {.name = "Text13", .label = "R, тыс. км.", .text = "300000", .hint = "Исходное расстояние, тыс. км", .width = 15}};
     TextField Text4{this,
                     {.name = "Text4",
                      .label = "X, тыс.км.",
                      .hint = "Преобразованная координата X, тыс. км",
-                     .readOnly = true}};
+                     .readOnly = true, .width = 14}};
     TextField Text5{this,
                     {.name = "Text5",
                      .label = "Y, тыс.км.",
                      .hint = "Преобразованная координата Y, тыс. км",
-                     .readOnly = true}};
+                     .readOnly = true, .width = 14}};
     TextField Text6{this,
                     {.name = "Text6",
                      .label = "Z, тыс.км.",
                      .hint = "Преобразованная координата Z, тыс. км",
-                     .readOnly = true}};
+                     .readOnly = true, .width = 14}};
     TextField Text14{this,
                      {.name = "Text14",
                       .label = "L(RA или A), град",
                       .hint = "Преобразованная долгота, прямое восхождение или азимут, градусы",
-                      .readOnly = true}};
+                      .readOnly = true, .width = 15}};
     TextField Text15{this,
                      {.name = "Text15",
                       .label = "B(Dec или H), град",
                       .hint = "Преобразованная широта, склонение или высота, градусы",
-                      .readOnly = true}};
+                      .readOnly = true, .width = 15}};
     TextField Text16{this,
                      {.name = "Text16",
                       .label = "R, тыс. км.",
                       .hint = "Преобразованное расстояние, тыс. км",
-                      .readOnly = true}};
-    TextField Text7{this, {.name = "Text7", .text = "0", .hint = "Часы угла"}};
-    TextField Text8{this, {.name = "Text8", .text = "0", .hint = "Минуты времени угла"}};
-    TextField Text9{this, {.name = "Text9", .text = "0", .hint = "Секунды времени угла"}};
-    TextField Text17{this, {.name = "Text17", .text = "0", .hint = "Градусы угла"}};
-    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "Минуты дуги угла"}};
-    TextField Text19{this, {.name = "Text19", .text = "0", .hint = "Секунды дуги угла"}};
-    TextField Text10{this, {.name = "Text10", .text = "0", .hint = "Угол в градусах с долями"}};
-    TextField Text20{this, {.name = "Text20", .text = "0", .hint = "Угол в радианах"}};
+                      .readOnly = true, .width = 15}};
+    TextField Text7{this, {.name = "Text7", .text = "0", .hint = "Часы угла", .width = 6}};
+    TextField Text8{this, {.name = "Text8", .text = "0", .hint = "Минуты времени угла", .width = 6}};
+    TextField Text9{this, {.name = "Text9", .text = "0", .hint = "Секунды времени угла", .width = 8}};
+    TextField Text17{this, {.name = "Text17", .text = "0", .hint = "Градусы угла", .width = 6}};
+    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "Минуты дуги угла", .width = 6}};
+    TextField Text19{this, {.name = "Text19", .text = "0", .hint = "Секунды дуги угла", .width = 8}};
+    TextField Text10{this, {.name = "Text10", .text = "0", .hint = "Угол в градусах с долями", .width = 15}};
+    TextField Text20{this, {.name = "Text20", .text = "0", .hint = "Угол в радианах", .width = 15}};
     TextField Text21{this,
                      {.name = "Text21",
                       .label = "ObsL, град",
@@ -160,11 +160,11 @@ public:
                       .hint = "Широта наблюдателя, градусы; идет в ObsB"}};
     TextField Text32{
         this,
-        {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей, по всемирному времени"}};
-    TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12"}};
+        {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей, по всемирному времени", .width = 9}};
+    TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
     TextField Text34{
-        this, {.name = "Text34", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю"}};
-    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата"}};
+        this, {.name = "Text34", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю", .width = 6}};
+    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата", .width = 15}};
     TextField Text28{
         this,
         {.name = "Text28", .label = " час. пояса", .text = "3", .hint = "Часовой пояс, часов к востоку"}};

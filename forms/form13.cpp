@@ -75,11 +75,12 @@ Form13::Form13(Laboratory& lab_)
     layout_ = column({
         Label20,
         frame("Факторы", column({table(7, rows), "X2...X9 = dL3,dL4,dL7,dL5,dL8,dL9,dL10,dL21 "})),
-        row({frame("План", column({row({Option5, Option4, Command4}), fields(2, {Text26, Text27})})),
+        row({frame("План", column({row({Option5, Option4}), fields(1, {Text26, Text27}), Command4})),
              frame("Загрузить из", column({row({Option2, Option1}), Command1, Command2})),
-             frame("от планеты", column({Check2, row({Option3, Option6})}))}),
+             frame("от планеты", column({Check2, row({Option3, Option6}), Command8}))}),
         row({frame("Скорость системы", fields(1, {Text5, Text6, Text7})),
-             column({row({Command3, Command5, Command6}), row({Command7, Command8}), row({Command9, Command10})})}),
+             frame("Оптимум", table(2, {Command3, Command6, Command5, blank(), Command7}))}),
+        row({stretch(), Command9, Command10}),
     });
 }
 
@@ -229,7 +230,8 @@ void Form13::OptimizePlan13() {
     Picture& picture = lab.desk.get<Form10>().Picture4;
     constexpr double belowPlan = 24, afterSystem = 12;
     const double top = lab.desk.get<Form10>().graphTop() - belowPlan;
-    printOptimum(picture, plan, 0.2, top);
+    picture.lookAt(top, top - (plan.Nf + 3) * 2 * planLine);
+    printOptimum(picture, plan, planLeft, top);
     for (int f = 1; f <= plan.Nf; ++f) {
         const int i = plan.Nfact.at(f);
         const double natural = plan.Xopt[f] * plan.dXvar[i] + plan.Xnul[i];

@@ -36,7 +36,7 @@ public:
     TextField Text16{this, {.name = "Text16", .hint = "Сигнал формы 10: прочитать поля плана", .hidden = true}};
     Label Label20{this, {.name = "Label20", .caption = "", .hint = "Источник и годы данных"}};
 
-    CommandButton Command4{this, {.name = "Command4", .caption = "Создать план", .hint = "План отмеченных факторов, от 2 до 6"}};
+    CommandButton Command4{this, {.name = "Command4", .caption = "Создать план", .hint = "План отмеченных факторов, от 2 до 6", .isDefault = true}};
     CommandButton Command1{this, {.name = "Command1", .caption = "Загрузить параметры плана из", .hint = "Нулевые уровни и интервалы из шаблона или файла"}};
     CommandButton Command2{this, {.name = "Command2", .caption = "Записать план опыта в файл", .hint = "Уровни, эксперименты и коэффициенты в файл опыта"}};
     CommandButton Command3{this, {.name = "Command3", .caption = "Оптимизировать отмеченные параметры", .hint = "Оптимум уравнения регрессии, найденного на форме 10"}};

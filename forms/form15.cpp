@@ -95,21 +95,25 @@ void Form15::layOut() {
     std::vector<Layout> params, planets;
     for (int i = 1; i <= 6; ++i) params.push_back(Check2(i));
     for (int i = 1; i <= 10; ++i) planets.push_back(Check1(i));
-    const Layout plan = column({row({Option1, Option2, Command5}), row({Command14, Text4, Command12}),
+    const Layout plan = column({row({Option1, Option2, Command5, stretch(), Command14, Text4, Command12}),
                                 table(9, cells), row({Check5, Check6})});
-    const Layout runs =
-        column({row({Option9, Option11, Option12}), Command4, row({"эксперименты", Option5, Option6}),
-                row({Command8, Text5, Text6}), row({Text3, Command6}), Command10});
+    const Layout none;
+    const Layout runs = column({table(4, {row({Option9, Option11, Option12}), none, none, none,
+                                          Command4, none, none, none,
+                                          row({"эксперименты", Option5, Option6}), none, none, none,
+                                          Command8, Text5, "по №", Text6,
+                                          Command10, none, none, none}),
+                                row({Text3, column({Command6, stretch()})})});
     const Layout criterion =
         column({row({frame("для модели критерий по", table(2, params)),
                      frame("и использовать планеты", table(3, planets))}),
                 frame("критерий брать как", row({Option18, Option19, Option20, Option21}))});
-    const Layout regression = column(
-        {Command1, Label1, Command7, Label2, Command9, row({Command13, Check4}), fields(2, {Text1, Text2})});
-    layout_ = row({column({plan,
+    const Layout regression = column({Command1, Command7, Command9, row({Command13, Check4}), fields(2, {Text1, Text2}),
+                                      Label1, Label2});
+    layout_ = row({column({frame("План", plan),
                            pages({frame("Эксперименты", runs), frame("Критерий", criterion),
                                   frame("Регрессия", regression)}),
-                           Label3, row({Command16, Command15, Command3}), stretch()}),
+                           Label3, row({Command16, Command15, stretch(), Command3})}),
                    scrolled(Picture1)});
 }
 
@@ -150,13 +154,19 @@ void Form15::CreatePlan15() {
     printPlan();
 }
 
+/// Brings the plan and the criterion beside it into sight.
+void Form15::showPlan() {
+    Picture1.lookAt(page.rows - planTop, page.rows - planTop - 1 - lab.plan.Nplan / 2.0);
+}
+
 void Form15::printPlan() {
     const PlanBlock& p = lab.plan;
-    Picture1.text(0.9, page.rows - planTop,
+    showPlan();
+    Picture1.text(planLeft, page.rows - planTop,
                   "Номер эксперимента, уровни плана и значение критерия (экспериментальное и расчетное)");
     for (int u = 1, last = experiments(p); u <= last; ++u) {
         const double y = page.rows - planTop - 0.5 - u / 2.0;
-        Picture1.text(0.9, y, std::to_string(u));
+        Picture1.text(planLeft, y, std::to_string(u));
         for (int i = 1; i <= p.Nf; ++i) Picture1.text(i + 1, y, cut2(p.PlanX[i][u]));
     }
 }
@@ -184,8 +194,9 @@ void Form15::LoadPlan15() {
         throw Refusal("Ошибка при чтении данных из файла " + planFileName(N, false), box);
     }
     double y = page.rows - 0.3;
+    Picture1.lookAt(page.rows, page.rows - observedTop);
     const auto print = [&](const std::string& text) {
-        Picture1.text(0.3, y, text);
+        Picture1.text(planLeft, y, text);
         y -= 0.55;
     };
     print(head.levels);
@@ -246,8 +257,9 @@ void Form15::LoadObserved15() {
     observedLoaded = true;
     tellState();
     double y = page.rows - observedTop;
+    Picture1.lookAt(y, page.rows - planTop);
     const auto print = [&](const std::string& text) {
-        Picture1.text(0.3, y, text);
+        Picture1.text(planLeft, y, text);
         y -= 0.5;
     };
     print(head.title);
@@ -281,6 +293,7 @@ void Form15::ComputeCriterion() {
     findExtremes(p);
     Text2.show(cut6(p.Mcrit));
     Text1.show(cut6(p.Ymin));
+    showPlan();
     printColumn(p.Nf + 2.5, p.Yu);
     plotExperiments(Picture1, p, p.Yu, 0.1, experimentColor);
 }
@@ -328,6 +341,7 @@ void Form15::Fit15() {
     evaluatePlan(p);
     Label1.setCaption(fitQualityText(p));
     const double y = page.rows - planTop - 0.6;
+    showPlan();
     Picture1.text(p.Nf + 9, y, "Номер коэффициента уравнения регрессии и его значение");
     printCoefficients(Picture1, p, p.Nf + 9, y - planLine);
     printColumn(p.Nf + 5, p.Yras);
@@ -337,7 +351,9 @@ void Form15::Fit15() {
 
 void Form15::Optimize15() {
     PlanBlock& p = lab.plan;
-    printOptimum(Picture1, p, 0.3, page.rows - planTop - 1.5 - p.Nplan / 2.0);
+    const double top = page.rows - planTop - 1.5 - p.Nplan / 2.0;
+    Picture1.lookAt(top, top - (p.Nf + 3) * 2 * planLine);
+    printOptimum(Picture1, p, planLeft, top);
     for (int i = 1; i <= p.Nf; ++i) {
         const int factor = p.Nfact[i];
         Text14(factor).show(cut6(p.Xopt[i]));
@@ -351,6 +367,7 @@ void Form15::Plot15() {
     p.Mcrit = Text2.number();
     p.Ymin = Text1.number();
     const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
+    page.showPlots(Picture1);
     plotAlongFactors(
         Picture1, p, [&](int i) { return Check4.on() ? Text14(p.Nfact[i]).number() : 0; }, color);
 }

@@ -130,6 +130,7 @@ private:
     void testCriterionOfPlan();
     void modelCriterion();
     void printPlan();
+    void showPlan();
     void printColumn(double x, const std::array<double, 100>& values);
     void tellState();
     CriterionForm criterionForm() const;

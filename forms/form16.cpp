@@ -1,5 +1,4 @@
 #include "forms/form16.h"
-#include "forms/table_captions.h"
 
 #include <array>
 #include <cmath>
@@ -8,6 +7,7 @@
 #include "core/calendar.h"
 #include "core/et_ut.h"
 #include "core/text_files.h"
+#include "forms/table_captions.h"
 #include "reduction/coordinate_chain.h"
 
 namespace tarvex {
@@ -41,11 +41,11 @@ std::string hms(ModelState& s, double day) {
 Form16::Form16(Laboratory& lab_)
     : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"), Option4(this, 0, 10, [](int i) {
           return OptionButton::Spec{.name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0,
-                                    .hint = i == 0 ? "Таблица не выбрана" : "Открыть таблицу этого автора"};
+                                    .hint = tableHint(i)};
       }),
       Option9(this, 0, 4, [](int i) {
           return OptionButton::Spec{.name = "Option9", .caption = theoryNames[i], .group = "theory", .on = i == 0,
-                                    .hint = i == 0 ? "Теория не выбрана" : "Теория или эфемерида положений"};
+                                    .hint = i == 0 ? "Теория не выбрана: с этой отметкой расчет не начнется" : "Теория или эфемерида положений"};
       }),
       StagesSun(this, 0, 13, [](int i) {
           return TextField::Spec{.name = "StagesSun", .hint = std::string(i % 2 == 0 ? "Долгота" : "Широта") + " Солнца, градусы: " + stageNames[i / 2], .readOnly = true};
@@ -85,9 +85,8 @@ Form16::Form16(Laboratory& lab_)
     for (int i = 0; i <= 10; ++i) Option4(i).onChoose([this, i] { chooseTable(i); }, bad);
     for (OptionButton* frameChoice : {&Option12, &Option13}) frameChoice->onChoose([this] { clearDisks(); });
 
-    std::vector<Layout> theories, tables, stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
-    for (int i = 0; i <= 4; ++i) theories.emplace_back(Option9(i));
-    for (int i = 0; i <= 10; ++i) tables.emplace_back(Option4(i));
+    std::vector<Layout> theories = {Option9(0), "(нет)"}, stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
+    for (int i = 1; i <= 4; ++i) theories.emplace_back(Option9(i));
     for (int k = 0; k < static_cast<int>(stageNames.size()); ++k)
         for (const Layout& cell : std::initializer_list<Layout>{stageNames[k], StagesSun(2 * k), StagesSun(2 * k + 1), StagesBody(2 * k), StagesBody(2 * k + 1)})
             stages.push_back(cell);
@@ -96,7 +95,7 @@ Form16::Form16(Laboratory& lab_)
     const Layout calendar = frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16}));
     const Layout sources = frame("Данные", column({row({Option1, Option2}), row(theories)}));
     const Layout riseAndSet = frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}));
-    const Layout ancient = frame("Таблицы древних астрономов", column({table(4, tables), Check4}));
+    const Layout ancient = frame("Таблицы древних астрономов", column({table(4, tableCells(Option4)), Check4}));
     const Layout contacts = frame("Касания, всемирное время", fields(1, {Contact(1), Contact(2), Contact(3), Contact(4)}));
     layout_ = column({
         row({column({row({when, frame("Место и тело", fields(1, {Text24, Text25, Text1}))}),

@@ -262,8 +262,8 @@ public:
     Label Label16{this, {.name = "Label16", .caption = "день от 1.1.1 г. н.э.", .hint = "С какого дня ведется счет дней в этом календаре"}};
     Picture Picture1{this,
                      {.name = "Picture1",
-                      .width = 300,
-                      .height = 300,
+                      .width = 270,
+                      .height = 270,
                       .hint = "Тела: внизу плоскость XY, вверху вид сбоку"}};
     Picture Picture3{this,
                      {.name = "Picture3",
@@ -272,8 +272,8 @@ public:
                       .hint = "Диски Солнца и тела (Луны и тени); клетка - MdB градусов"}};
     Picture Picture4{this,
                      {.name = "Picture4",
-                      .width = 420,
-                      .height = 220,
+                      .width = 270,
+                      .height = 141,
                       .hint = "Небо: азимут и высота, клетка 30 градусов"}};
 
     void load() override;

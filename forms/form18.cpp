@@ -98,8 +98,12 @@ void Form18::CreatePlan18() {
 /// x at which the matrix of the plan ends: linear and square columns are wider than those of the pairs.
 double Form18::matrixEnd() const { return 0.3 + 2 * 1.2 * lab.plan.Nf + 0.5 * lab.plan.Npar; }
 
+/// Brings the matrix of the plan and what stands beside it into sight.
+void Form18::showPlan() { Picture1.lookAt(page.rows, page.rows - lab.plan.Nplan / 2.0); }
+
 void Form18::printPlan() {
     PlanBlock& p = lab.plan;
+    showPlan();
     const double sumsY = page.rows - p.Nplan / 2.0 - 0.5;
     double x = 0.3;
     for (int c = 1; c <= lastColumn(p.Nf); ++c) {
@@ -158,6 +162,7 @@ void Form18::RunPlan18() {
     }
     Text6.show(p.Yopt);
     takeCriterion(p, criterionForm(), Check4.on());
+    showPlan();
     const double x = matrixEnd();
     for (int u = 1; u <= p.Nplan; ++u) {
         Picture1.text(x, page.rows - (u - 1) / 2.0, std::to_string(u));
@@ -191,6 +196,7 @@ void Form18::FitPlan18() {
     PlanBlock& p = lab.plan;
     if (Option15.on() && p.Nf != 4 && p.Nf != 5) throw Refusal("D план только для 4-х или 5-и факторов", box);
     FitRegression(p);
+    showPlan();
     printCoefficients(Picture1, p, coefficientsX, page.rows - 0.5);
     evaluatePlan(p);
     Label1.setCaption(fitQualityText(p));
@@ -210,7 +216,9 @@ double Form18::pointValue(bool outside) {
 
 void Form18::OptimizePlan18() {
     PlanBlock& p = lab.plan;
-    printOptimum(Picture1, p, 0.3, page.rows - p.Nplan / 2.0 - 8);
+    const double top = page.rows - p.Nplan / 2.0 - 8;
+    Picture1.lookAt(top, top - (p.Nf + 3) * 2 * planLine);
+    printOptimum(Picture1, p, 0.3, top);
     for (int i = 1; i <= p.Nf; ++i) {
         const int factor = p.Nfact[i];
         Text3(factor).show(p.Xopt[i]);
@@ -230,6 +238,7 @@ void Form18::PlotPlan18() {
     p.Mcrit = Text20.number();
     p.Ymin = Text7.number();
     const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
+    page.showPlots(Picture1);
     plotAlongFactors(
         Picture1, p, [&](int i) { return Text3(p.Nfact[i]).number(); }, color);
 }

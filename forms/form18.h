@@ -193,6 +193,7 @@ private:
     void EvalPoint18();
 
     void printPlan();
+    void showPlan();
     void printSizes(double y);
     void readCriterionFile();
     CriterionForm criterionForm() const;

@@ -30,6 +30,11 @@ void PlanPage::drawEmpty(Picture& picture, bool numberRows) const {
     picture.line(0, 0, columns, 0, axis);
 }
 
+void PlanPage::showPlots(Picture& picture) const {
+    constexpr double highestPlot = 12, foot = -2;  // the criterion takes ten cells
+    picture.lookAt(highestPlot, foot);
+}
+
 void plotExperiments(Picture& picture, const PlanBlock& p, const std::array<double, 100>& values,
                      double radius, Color color) {
     for (int u = 1, last = experiments(p); u <= last; ++u)

@@ -10,6 +10,7 @@
 namespace tarvex {
 
 inline constexpr double planLine = 0.55;  ///< distance of printed lines, picture units
+inline constexpr double planLeft = 0.9;   ///< where they start, right of the numbers of the rows
 
 /// Size of the canvas of a plan in picture units.
 struct PlanPage {
@@ -19,6 +20,8 @@ struct PlanPage {
     static PlanPage of(int Nf, int leastRows);
     /// The empty picture: sized, scaled from (0, rows) to (columns, -2), with its grid and numbers.
     void drawEmpty(Picture& picture, bool numberRows) const;
+    /// Brings the plots at the foot of the picture into sight.
+    void showPlots(Picture& picture) const;
 };
 
 /// Circles at (u/2, (values(u)-Ymin)/Mcrit); throws ArithmeticFailure for a scale of 0.

@@ -47,6 +47,12 @@ void Picture::resize(int width, int height) {
     changed();
 }
 
+void Picture::lookAt(double top, double bottom) {
+    const auto share = [this](double y) { return std::clamp((y - top_) / (bottom_ - top_), 0.0, 1.0); };
+    look_ = {look_.count + 1, share(top), share(bottom)};
+    changed();
+}
+
 void Picture::clear() {
     const FlagsKept flags;
     if (Canvas* c = canvas()) c->clear(background_);

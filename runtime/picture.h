@@ -29,8 +29,8 @@ public:
     virtual void line(double x1, double y1, double x2, double y2, Color color) = 0;
     virtual void circle(double x, double y, double radius, Color color, bool filled) = 0;
     virtual void text(double x, double y, const std::string& text, Color color, double size) = 0;
-    /// Writes the picture; the ending of the name tells the format: .png, .bmp, .svg, or .csv for its points and
-    /// lines as numbers.  Throws FileFailure.
+    /// Writes the picture; the ending of the name tells the format: .png, .bmp, .svg, or .csv for its points
+    /// and lines as numbers.  Throws FileFailure.
     virtual void save(const std::filesystem::path& path) const = 0;
 };
 
@@ -65,6 +65,16 @@ public:
     /// Text with its top left corner at (x, y); a line end starts a new line below.
     void text(double x, double y, const std::string& text, Color color = {0, 0, 0});
 
+    /// Asks a screen that shows only a part of the picture to show these heights, from the upper one on where
+    /// they do not all fit.
+    void lookAt(double top, double bottom);
+    /// How often it was asked, and the last heights as shares of the picture, 0 at its top.
+    struct Look {
+        int count = 0;
+        double top = 0, bottom = 0;
+    };
+    const Look& look() const { return look_; }
+
     /// Saves the picture as it stands.  Throws FileFailure, also where the screen draws nothing; the
     /// old file stays whole then.
     void save(const std::filesystem::path& path);
@@ -97,6 +107,7 @@ private:
     double textHeight_ = 15;
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
     std::unique_ptr<Canvas> canvas_;
+    Look look_;
     Mouse click_, release_;
     Shown clickMessage_, releaseMessage_;
 };

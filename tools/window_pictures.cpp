@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPalette>
 #include <QPixmap>
+#include <QTabWidget>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -94,11 +95,22 @@ public:
     }
     void save(const std::string& form, const std::string& name) {
         open(form);
-        QWidget* window = screen_.windowOf(lab_.desk.form(form));
+        QWidget* window = windowOf(form);
         window->resize(window->size().boundedTo({widestWindow, highestWindow}));
         settle();
-        const std::string path = folder_ + "/" + name + ".png";
-        if (!window->grab().save(QString::fromStdString(path))) throw Failure("cannot write " + path);
+        grab(*window, name);
+    }
+    /// The window once more for each further page of its tabs: "form10_page2", "form10_page3" ...
+    void savePages(const std::string& form, const std::string& name) {
+        int pages = 1;
+        for (auto* tabs : windowOf(form)->findChildren<QTabWidget*>()) {
+            for (int i = 1; i < tabs->count(); ++i) {
+                tabs->setCurrentIndex(i);
+                settle();
+                grab(*windowOf(form), name + "_page" + std::to_string(++pages));
+            }
+            tabs->setCurrentIndex(0);
+        }
     }
 
 private:
@@ -109,6 +121,11 @@ private:
         auto* found = dynamic_cast<T*>(form.find(reference.substr(dot + 1)));
         if (found == nullptr) throw Failure("no control " + reference);
         return *found;
+    }
+    QWidget* windowOf(const std::string& form) { return screen_.windowOf(lab_.desk.form(form)); }
+    void grab(QWidget& window, const std::string& name) {
+        const std::string path = folder_ + "/" + name + ".png";
+        if (!window.grab().save(QString::fromStdString(path))) throw Failure("cannot write " + path);
     }
     void settle() {
         screen_.flush();
@@ -194,12 +211,13 @@ void eclipse(Pictures& p) {
     p.save("Form16", "form16");
 }
 
-/// Every form of the laboratory, for a look at all of them after a change of the windows.
+/// Every form of the laboratory with all its tabs, for a look at all of them after a change of the windows.
 void every(Pictures& p, const std::string& script) {
     if (!script.empty()) p.play(script, "end");
     for (int form = 1; form <= lastForm; ++form) {
         const std::string number = std::to_string(form);
         p.save("Form" + number, "form" + number);
+        p.savePages("Form" + number, "form" + number);
     }
 }
 
