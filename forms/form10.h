@@ -66,13 +66,13 @@ public:
     CheckBox Check15{this, {.name = "Check15", .caption = "Аберр. ис.", .on = true, .hint = "Аберрация источника: тело отходит по своей скорости на время хода света"}};
     CheckBox Check16{this, {.name = "Check16", .caption = "Аберр. пр.", .on = true, .hint = "Аберрация приемника: сдвиг по скорости Земли"}};
     CheckBox Check17{this, {.name = "Check17", .caption = "Нутация", .hint = "Нутация к истинному экватору даты"}};
-    CheckBox Check24{this, {.name = "Check24", .caption = "Параллакс", .hint = "Место наблюдателя на поверхности Земли"}};
+    CheckBox Check24{this, {.name = "Check24", .caption = "Параллакс", .hint = "Параллакс: место тела с поверхности Земли, а не из ее центра"}};
     CheckBox Check23{this, {.name = "Check23", .caption = "Рефракция", .hint = "Рефракция: высота по теории уменьшается"}};
     CheckBox Check27{this, {.name = "Check27", .caption = "+dLp", .hint = "Периодические возмущения наблюдаемой планеты (форма 22)"}};
     CheckBox Check31{this, {.name = "Check31", .caption = "+dLzl", .hint = "Периодические возмущения Земли и Луны (формы 22 и 21)"}};
-    CheckBox Check29{this, {.name = "Check29", .caption = "+Видимость", .hint = "Отбрасывать то, что не видно: тело ниже Hpl"}};
+    CheckBox Check29{this, {.name = "Check29", .caption = "+Видимость", .hint = "Отбрасывать то, что не видно: тело ниже высоты Hpl"}};
     TextField Text46{this, {.name = "Text46", .label = "когда Hpl>", .text = "1", .hint = "Наименьшая высота тела, градусы; идет в HplMin", .width = 6}};
-    CheckBox Check25{this, {.name = "Check25", .caption = "++Hsol<", .hint = "Отбрасывать и то, что видно при высоком Солнце"}};
+    CheckBox Check25{this, {.name = "Check25", .caption = "++Hsol<", .hint = "Отбрасывать и то, что мешает видеть Солнце: оно выше этой высоты"}};
     TextField Text48{this, {.name = "Text48", .text = "-0,2", .hint = "Наибольшая высота Солнца, градусы; идет в HsolMax", .width = 6}};
 
     // --- filter, statistics, files
@@ -107,12 +107,12 @@ public:
     TextField Text78{this, {.name = "Text78", .label = "N-", .hint = "NObs - NPlus", .readOnly = true, .width = 8}};
 
     // --- pictures
-    TextField Text6{this, {.name = "Text6", .label = "МТ, лет/см", .text = "1", .hint = "Масштаб времени нижнего графика, лет в клетке", .width = 6}};
-    TextField Text19{this, {.name = "Text19", .label = "MAlfa, град/см", .text = "90", .hint = "Масштаб долгот и широт, градусов в клетке", .width = 6}};
-    TextField Text20{this, {.name = "Text20", .label = "MdAlfa, угл.сек/см", .text = "100", .hint = "Масштаб отклонений по углам, угл.сек в клетке", .width = 6}};
+    TextField Text6{this, {.name = "Text6", .label = "МТ, лет/см", .text = "1", .hint = "Масштаб времени нижнего графика, лет в клетке; идет в MT", .width = 6}};
+    TextField Text19{this, {.name = "Text19", .label = "MAlfa, град/см", .text = "90", .hint = "Масштаб долгот и широт, градусов в клетке; идет в MAlfa", .width = 6}};
+    TextField Text20{this, {.name = "Text20", .label = "MdAlfa, угл.сек/см", .text = "100", .hint = "Масштаб отклонений по углам, угл.сек в клетке; идет в MdAlfa", .width = 6}};
     TextField Text49{this, {.name = "Text49", .label = "MdR,тыс.км/см", .text = "50", .hint = "Масштаб отклонений dR, тыс.км в клетке; для гистограмм - точек в клетке", .width = 6}};
     TextField Text53{this, {.name = "Text53", .label = "сдвиг", .text = "0", .hint = "Сдвиг нижнего графика вверх, клеток; идет в Ysdvig", .width = 6}};
-    TextField Text28{this, {.name = "Text28", .label = "ширина", .text = "1", .hint = "Во сколько раз шире нижний график", .width = 4}};
+    TextField Text28{this, {.name = "Text28", .label = "ширина", .text = "1", .hint = "Во сколько раз шире нижний график, от 1 до 10; со следующего расчета", .width = 4}};
     TextField Text17{this, {.name = "Text17", .text = "1000", .hint = "Пауза после шага, мс; идет в Pauza", .width = 6}};
     CheckBox Check28{this, {.name = "Check28", .caption = "пауза", .hint = "Ждать после каждого шага"}};
     CheckBox Check4{this, {.name = "Check4", .caption = "без анимации", .hint = "Не рисовать положения тел: так быстрее"}};
@@ -136,12 +136,12 @@ public:
     Picture Picture4{this, {.name = "Picture4", .width = 797, .height = 1146, .hint = "Отклонения теории от данных по времени; план и его результаты"}};
 
     // --- commands
-    CommandButton Command1{this, {.name = "Command1", .caption = "Начать", .hint = "Расчет с начальной даты", .isDefault = true}};
+    CommandButton Command1{this, {.name = "Command1", .caption = "Начать", .hint = "Прочитать поля, очистить рисунки и вести расчет с начальной даты", .isDefault = true}};
     CommandButton Command4{this, {.name = "Command4", .caption = "Остановить", .hint = "Остановить расчет после текущего шага"}};
     CommandButton Command5{this, {.name = "Command5", .caption = "Продолжить", .hint = "Продолжить остановленный расчет"}};
     CommandButton Command6{this, {.name = "Command6", .caption = "Сделать 1 шаг", .hint = "Одна дата таблицы или одно наблюдение"}};
-    CommandButton Command15{this, {.name = "Command15", .caption = "++Статистика", .hint = "Гистограммы отклонений и файл Stat"}};
-    CommandButton Command7{this, {.name = "Command7", .caption = "Выполнить эксперименты с", .hint = "Расчет для каждого эксперимента плана"}};
+    CommandButton Command15{this, {.name = "Command15", .caption = "++Статистика", .hint = "Нарисовать гистограммы отклонений в масштабе поля MdR; с +Статистика и записать файл Stat"}};
+    CommandButton Command7{this, {.name = "Command7", .caption = "Выполнить эксперименты с", .hint = "Провести расчет для каждого эксперимента плана от первого номера до последнего"}};
     TextField Text26{this, {.name = "Text26", .text = "1", .hint = "Первый (и текущий) эксперимент", .width = 4}};
     TextField Text27{this, {.name = "Text27", .label = "по", .text = "1", .hint = "Последний эксперимент", .width = 4}};
     CheckBox Check8{this, {.name = "Check8", .caption = "использовать тест", .hint = "Вместо данных - уравнение регрессии с единичными коэффициентами"}};

@@ -62,7 +62,7 @@ public:
     TextField Text9{
         this,
         {.name = "Text9", .label = "шаг, дни", .text = "0,01", .hint = "Шаг даты при расчете с шагом, дней"}};
-    TextField Text23{this, {.name = "Text23", .label = "день", .text = "1,5", .hint = "День с долей"}};
+    TextField Text23{this, {.name = "Text23", .label = "день", .text = "1,5", .hint = "День даты с долей, дни"}};
     TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12"}};
     TextField Text43{
         this, {.name = "Text43", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю"}};

@@ -140,12 +140,12 @@ public:
                       .label = "R, тыс. км.",
                       .hint = "Преобразованное расстояние, тыс. км",
                       .readOnly = true, .width = 15}};
-    TextField Text7{this, {.name = "Text7", .text = "0", .hint = "Часы угла", .width = 6}};
-    TextField Text8{this, {.name = "Text8", .text = "0", .hint = "Минуты времени угла", .width = 6}};
-    TextField Text9{this, {.name = "Text9", .text = "0", .hint = "Секунды времени угла", .width = 8}};
-    TextField Text17{this, {.name = "Text17", .text = "0", .hint = "Градусы угла", .width = 6}};
-    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "Минуты дуги угла", .width = 6}};
-    TextField Text19{this, {.name = "Text19", .text = "0", .hint = "Секунды дуги угла", .width = 8}};
+    TextField Text7{this, {.name = "Text7", .text = "0", .hint = "Часы угла в часовой мере, 1 час = 15 градусов", .width = 6}};
+    TextField Text8{this, {.name = "Text8", .text = "0", .hint = "Минуты времени к часам угла", .width = 6}};
+    TextField Text9{this, {.name = "Text9", .text = "0", .hint = "Секунды времени к часам угла", .width = 8}};
+    TextField Text17{this, {.name = "Text17", .text = "0", .hint = "Целые градусы угла", .width = 6}};
+    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "Минуты дуги к градусам угла", .width = 6}};
+    TextField Text19{this, {.name = "Text19", .text = "0", .hint = "Секунды дуги к градусам угла", .width = 8}};
     TextField Text10{this, {.name = "Text10", .text = "0", .hint = "Угол в градусах с долями", .width = 15}};
     TextField Text20{this, {.name = "Text20", .text = "0", .hint = "Угол в радианах", .width = 15}};
     TextField Text21{this,
@@ -160,11 +160,11 @@ public:
                       .hint = "Широта наблюдателя, градусы; идет в ObsB"}};
     TextField Text32{
         this,
-        {.name = "Text32", .label = "день", .text = "1,5", .hint = "День с долей, по всемирному времени", .width = 9}};
+        {.name = "Text32", .label = "день", .text = "1,5", .hint = "День даты с долей, дни, по всемирному времени", .width = 9}};
     TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
     TextField Text34{
         this, {.name = "Text34", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю", .width = 6}};
-    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата", .width = 15}};
+    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата, дни, по всемирному времени", .width = 15}};
     TextField Text28{
         this,
         {.name = "Text28", .label = " час. пояса", .text = "3", .hint = "Часовой пояс, часов к востоку"}};
@@ -191,10 +191,10 @@ public:
                       .label = "GMST, час",
                       .hint = "Звездное время в Гринвиче, часов",
                       .readOnly = true}};
-    TextField Text27{this, {.name = "Text27", .hint = "Поясное время", .readOnly = true, .width = 18}};
+    TextField Text27{this, {.name = "Text27", .hint = "Поясное время, часы, минуты и секунды", .readOnly = true, .width = 18}};
     TextField Text30{this,
                      {.name = "Text30",
-                      .hint = "Местное среднее время по долготе наблюдателя",
+                      .hint = "Местное среднее время по долготе наблюдателя, часы, минуты и секунды",
                       .readOnly = true,
                       .width = 18}};
     CheckBox Check3{this,
@@ -240,7 +240,7 @@ public:
     CommandButton Command3{this,
                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
     ScrollBar HScroll1{
-        this, {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб изображения"}};
+        this, {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка, млн. км в клетке"}};
     Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{
         this,

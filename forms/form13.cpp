@@ -45,7 +45,7 @@ Form13::Form13(Laboratory& lab_)
       Check1(this, 1, factors,
              [](int i) {
                  return CheckBox::Spec{.name = "Check1", .caption = "X" + std::to_string(i) + "= " + factorNames[i],
-                                       .on = usualFactor(i), .hint = "Параметр - фактор плана"};
+                                       .on = usualFactor(i), .hint = "Этот параметр - фактор плана: эксперименты меняют его на интервал"};
              }),
       Text1(this, 1, factors, [](int i) { return cell("Text1", i, "Нулевой уровень"); }),
       Text2(this, 1, factors, [](int i) { return cell("Text2", i, "Интервал варьирования"); }),

@@ -22,11 +22,11 @@ public:
                      .hint = "Номер тела: 1 Меркурий, 2 Венера, 11 Луна; идет в IplSel",
                      .width = 4}};
     TextField Text2{
-        this, {.name = "Text2", .label = "DMYut", .text = "29,4", .hint = "День с долей, всемирное время"}};
-    TextField Text3{this, {.name = "Text3", .text = "3", .hint = "Месяц от 1 до 12"}};
-    TextField Text4{this, {.name = "Text4", .text = "2006", .hint = "Год"}};
+        this, {.name = "Text2", .label = "DMYut", .text = "29,4", .hint = "День начала с долей, дни, всемирное время"}};
+    TextField Text3{this, {.name = "Text3", .text = "3", .hint = "Месяц начала, от 1 до 12"}};
+    TextField Text4{this, {.name = "Text4", .text = "2006", .hint = "Год начала по выбранному календарю"}};
     TextField Text26{
-        this, {.name = "Text26", .label = "шаг решения, дни", .text = "0,0005", .hint = "Шаг даты, дней"}};
+        this, {.name = "Text26", .label = "шаг решения, дни", .text = "0,0005", .hint = "Шаг даты, дни; идет в DtCur"}};
     TextField Text8{this,
                     {.name = "Text8",
                      .label = "делитель шага",
