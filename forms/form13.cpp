@@ -79,7 +79,7 @@ Form13::Form13(Laboratory& lab_)
              frame("Загрузить из", column({row({Option2, Option1}), Command1, Command2})),
              frame("от планеты", column({Check2, row({Option3, Option6}), Command8}))}),
         row({frame("Скорость системы", fields(1, {Text5, Text6, Text7})),
-             frame("Оптимум", table(2, {Command3, Command6, Command5, blank(), Command7}))}),
+             frame("Оптимум", column({Command3, Command5, Command6, Command7}))}),
         row({stretch(), Command9, Command10}),
     });
 }

@@ -347,8 +347,8 @@ void Form16::clearPictures() {
     for (int x = -6; x <= 6; ++x) Picture4.line(x, -3, x, 3, gridColor);
     for (int y = -3; y <= 3; ++y) Picture4.line(-6, y, 6, y, y == 0 ? axisColor : gridColor);
     Picture4.text(-5.9, 2.95, "высота, град", black);
-    Picture4.text(3, -2.4, "азимут, град", black);
-    Picture4.text(0.05, 0.45, "Юг", black);
+    Picture4.text(2, -2.3, "азимут, град", black);
+    Picture4.text(0.1, 0.75, "Юг", black);
     Picture4.text(-5.9, -0.05, "горизонт                          вид на юг", black);
     clearDisks();
 }
