@@ -291,6 +291,10 @@ void ControlView::refresh() {
     widget_->setVisible(control_.visible());
     widget_->setToolTip(tip());
     widget_->setStatusTip(toQt(control_.hint()));
+    if (word_ != nullptr) {
+        word_->setEnabled(control_.enabled());
+        word_->setToolTip(tip());
+    }
     if (label_ == nullptr) return;
     label_->setText(toQt(control_.caption()));
     label_->setVisible(control_.visible());

@@ -38,6 +38,9 @@ public:
     /// The caption beside a field, made when a layout asks for it; null for controls that carry their own.
     QLabel* label();
 
+    /// A word beside the control that belongs to it: it is dim when the control is.
+    void addWord(QLabel* word) { word_ = word; }
+
     /// Shows the present state of the control.
     void refresh();
     /// A text that has been typed but not yet taken over reaches the control.
@@ -54,7 +57,7 @@ protected:
 
     Control& control_;
     QWidget* widget_;
-    QLabel* label_ = nullptr;
+    QLabel *label_ = nullptr, *word_ = nullptr;
 };
 
 std::unique_ptr<ControlView> makeView(Control& control, const Density& density, const Act& act,

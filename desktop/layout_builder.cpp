@@ -105,6 +105,9 @@ bool isPress(const Layout& part) {
            isControl(part, Control::Kind::Option);
 }
 
+/// A choice without a caption: the word that follows it in a row speaks for it.
+bool isUnnamedChoice(const Layout& part) { return isPress(part) && part.control->caption().empty(); }
+
 bool isCommand(const Layout& part) { return isControl(part, Control::Kind::Command); }
 bool isChoice(const Layout& part) { return isPress(part) && !isCommand(part); }
 
@@ -207,6 +210,7 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int 
     if (!parts.empty() && std::all_of(parts.begin(), parts.end(), isPress)) return foldedRow(parts, limit);
     auto* box = bare<QHBoxLayout>();
     bool wide = false, tall = false, filled = false;  // filled: uses its width, but asks for no more
+    const Layout* before = nullptr;
     for (const Layout& part : parts) {
         if (part.kind == Kind::Stretch) {
             box->addStretch(1);
@@ -214,6 +218,9 @@ LayoutBuilder::Piece LayoutBuilder::rowOf(const std::vector<Layout>& parts, int 
             continue;
         }
         const Piece one = piece(part);
+        if (part.kind == Kind::Text && before != nullptr && isUnnamedChoice(*before))
+            viewOf_(*before->control).addWord(static_cast<QLabel*>(one.widget));
+        before = &part;
         const bool bar = isControl(part, Control::Kind::Scroll);  // as long as its row
         filled |= bar;
         const int share = one.wide || bar ? 1 : 0;

@@ -147,12 +147,14 @@ public:
                      {.name = "Text30",
                       .label = "S, тыс.км",
                       .hint = "Расстояние от Земли до объекта, тыс. км",
-                      .readOnly = true}};
+                      .readOnly = true,
+                      .width = 14}};
     TextField Text31{this,
                      {.name = "Text31",
                       .label = "T=S/Vsv, с",
                       .hint = "Время хода света при уменьшенной скорости, с",
-                      .readOnly = true}};
+                      .readOnly = true,
+                      .width = 14}};
     TextField Text37{this,
                      {.name = "Text37",
                       .label = "GeoL",

@@ -69,18 +69,21 @@ public:
             return TextField::Spec{
                 .name = "Text1",
                 .text = "0",
-                .hint = "Нулевой уровень фактора, в его единицах; для f (X1...X6) - закодированное значение"};
+                .hint = "Нулевой уровень фактора, в его единицах; для f (X1...X6) - закодированное значение",
+                .width = 10};
         }};
     TextFields Text2{this, 1, 6, [](int) {
                          return TextField::Spec{.name = "Text2",
                                                 .text = "1",
-                                                .hint = "Интервал варьирования фактора, в его единицах"};
+                                                .hint = "Интервал варьирования фактора, в его единицах",
+                                                .width = 10};
                      }};
     TextFields Text3{this, 1, 6, [](int i) {
                          return TextField::Spec{.name = "Text3",
                                                 .label = "X" + std::to_string(i) + "opt=",
                                                 .text = "0",
-                                                .hint = "Оптимум фактора, закодированный; от него графики"};
+                                                .hint = "Оптимум фактора, закодированный; от него графики",
+                                                .width = 16};
                      }};
     TextFields Text4{this, 1, 6, [](int) {
                          return TextField::Spec{
