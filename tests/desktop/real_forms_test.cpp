@@ -1,5 +1,7 @@
-// A calculation of the laboratory in its window: stopped, ended, helped.
+// A calculation of the laboratory in its window: stopped, ended, helped; its picture where it is looked at.
 
+#include "desktop/picture_view.h"
+#include "forms/form15.h"
 #include "forms/form2.h"
 #include "forms/form3.h"
 #include "tests/desktop/every_form.h"
@@ -42,6 +44,38 @@ struct RealForms : ::testing::Test {
 };
 
 }  // namespace
+
+TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt) {
+    lab.desk.show("Form15");
+    auto& form = lab.desk.get<Form15>();
+    FormWindow* window = &windowOf("Form15");
+    window->resize(1100, 600);
+    QTest::qWait(50);
+    const auto* view = dynamic_cast<PictureView*>(test::find<QWidget>(*window, "Picture1"));
+    const QScrollArea* area = view->scrollArea();
+    QScrollBar* bar = area->verticalScrollBar();
+    const auto seen = [&](double y) {
+        const double share =
+            (y - form.Picture1.toUserY(0)) / (form.Picture1.toUserY(1) - form.Picture1.toUserY(0));
+        const int at = view->mapTo(area->viewport(), QPoint(0, static_cast<int>(share * view->height()))).y();
+        return at >= 0 && at <= area->viewport()->height();
+    };
+    const double title = form.Picture1.toUserY(0) - 19.1, lastLine = title - 12.9;
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_TRUE(seen(title));
+    EXPECT_TRUE(seen(lastLine));
+
+    bar->setValue(0);
+    ASSERT_FALSE(seen(lastLine));
+    form.Picture1.text(1, 1, "далеко внизу");
+    QTest::qWait(50);
+    EXPECT_EQ(bar->value(), 0);
+
+    form.Picture1.lookAt(12, -2);
+    QTest::qWait(50);
+    EXPECT_TRUE(seen(11.9));
+    EXPECT_TRUE(seen(-1.9));
+}
 
 TEST_F(RealForms, AStopReachesARunningExperiment) {
     auto& form = lab.desk.get<Form2>();
