@@ -168,7 +168,7 @@ void Form2::load() {
     Picture1.setTextHeight(noteHeight);
     clearPictures();
     drawMarkers();
-    Text14.show(s.JDstart);
+    Text14.show(cut6(s.JDstart));
     motion.kodPgr = motion.kodDX = motion.kodEpot = motion.kodXcm = motion.kodCMnow = 0;
     motion.kodSun = motion.kodDiffurV = 0;
     motion.kPgr1 = motion.kPgr2 = 0;
@@ -230,8 +230,10 @@ RunSettings Form2::settings() const {
 }
 
 void Form2::start() {
+    const RunSettings set = settings();
+    takeSettings(lab.experiment(), set);
     for (TextField* shift : {&Text25, &Text23, &Text16, &Text29, &Text10, &Text15}) shift->setText("0");
-    const StartNotes notes = startExperiment(lab.experiment(), settings());
+    const StartNotes notes = prepareExperiment(lab.experiment(), set);
     ModelState& s = lab.s;
     if (s.NPlan > 0) clearPictures();
     eraseBodies();
@@ -252,7 +254,7 @@ void Form2::start() {
 void Form2::writeTestHead() {
     const bool roto = optionOn(desk(), "Form15", "Option2");
     writeTestPlanHead(lab.tree, lab.plan, roto);
-    showNotes({.trace = "", .top = {testPlanTitle(lab.plan, roto)}, .foot = {}});
+    showNotes({.trace = "", .top = testPlanHead(lab.plan, roto), .foot = {}});
     desk().screen().pause(5000);
 }
 

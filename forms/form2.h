@@ -62,7 +62,7 @@ public:
     CheckBox Check16{this, {.name = "Check16", .caption = "dPeriod, дни", .hint = "График изменения периода, дни в клетке"}};
     TextField Text5{this, {.name = "Text5", .label = "MdAlfa, сек/см", .text = runDefaults().Text5, .hint = "Масштаб углов на графиках, секунд дуги в клетке", .width = 7}};
     TextField Text9{this, {.name = "Text9", .label = "MT, лет/см", .text = runDefaults().Text9, .hint = "Масштаб времени на графиках, лет в клетке", .width = 7}};
-    TextField Text21{this, {.name = "Text21", .label = "Mx, тыс.км/см ", .text = runDefaults().Text21, .hint = "Масштаб координат, полуоси и процентов на графиках, в клетке", .width = 9}};
+    TextField Text21{this, {.name = "Text21", .label = "Mx, тыс.км/см ", .text = runDefaults().Text21, .hint = "Масштаб графиков: тыс. км или процентов в клетке; сдвиг эксцентриситета на него умножается", .width = 9}};
     TextField Text36{this, {.name = "Text36", .label = "dY, см", .text = runDefaults().Text36, .hint = "Сдвиг графиков вверх, клетки", .width = 6}};
     Picture Picture1{this, {.name = "Picture1", .width = 540, .height = 594, .background = {0, 0, 0}, .hint = "Плоскость эклиптики, вверху вид сбоку; графики от левого края по времени"}};
     Picture Picture2{this, {.name = "Picture2", .width = 190, .height = 190, .background = {0, 0, 0}, .hint = "Вид на всю систему от Солнца; щелчок левой кнопкой переносит середину"}};
@@ -167,7 +167,8 @@ private:
     void eraseBodies();
     void drawMarkers();
     void rescale();
-    void point(bool on, double value, Color color);
+    /// A point of a plot whose box is on; a plot that is off never reads its scale.
+    void point(bool on, double value, double scale, Color color);
     /// Prints a line on the plot; the line printed before in its place goes.
     void note(int place, double x, double y, const std::string& text);
     double plotX() const;

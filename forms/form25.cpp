@@ -58,6 +58,7 @@ Form25::Form25(Laboratory& lab_)
     Command3.onPress(
         [this] {
             lab.s.kodStop = 0;
+            takeNumbers();
             loop();
         },
         badRun);
@@ -214,6 +215,12 @@ void Form25::setData() {
                   "VX2 VY2 VZ2 (м/с)=  " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0], "0000.0000"), black);
 }
 
+/// What a run reads where it begins or goes on after a stop.
+void Form25::takeNumbers() {
+    lab.twoBody.Vgr = Text21.number() * Vsv;
+    lab.twoBody.NC0 = Text36.int16();
+}
+
 /// What may change while a run goes on.
 void Form25::takeSettings() {
     TwoBody& b = lab.twoBody;
@@ -225,8 +232,6 @@ void Form25::takeSettings() {
     b.FtGiven = Option5.on() ? Text3.number() : 0;
     b.byOtherSpeed = Check9.on();
     b.alsoOnM2 = Check2.on();
-    b.Vgr = Text21.number() * Vsv;
-    b.NC0 = Text36.int16();
     b.kSopr = p.kSopr;
     b.dAlfaSopr = p.dAlfaSopr;
     b.fromNode = p.fromNode;
@@ -240,18 +245,26 @@ void Form25::start() {
     TwoBody& b = lab.twoBody;
     b = {};
     takeSettings();
+    takeNumbers();
     b.Dt = Text22.number();
     b.kDt = Text23.int16();
     b.dAlfa = Text24.number();
     b.origin = Check1.on() ? 14 : 0;
-    for (const TextField* scale : {&Text6, &Text43, &Text44, &Text45, &Text46}) ratio(1, scale->number());
+    scales_ = {.time = Text6.number() * sekD,
+               .Eks = Text43.number(),
+               .AlfaP = Text44.number(),
+               .Rsr = Text45.number(),
+               .Period = Text46.number()};
+    for (const double scale : {scales_.time, scales_.Eks, scales_.AlfaP, scales_.Rsr, scales_.Period})
+        ratio(1, scale);
     ratio(1, b.Vgr);
     ratio(1, b.Dt);
     s.VXsys = Text31.number();
     s.VYsys = Text32.number();
     for (const int i : {0, 11}) {
         s.X[i] = s.X0[i], s.Y[i] = s.Y0[i], s.Z[i] = s.Z0[i];
-        s.VX[i] = finite(s.VX0[i] + 1000 * s.VXsys), s.VY[i] = finite(s.VY0[i] + 1000 * s.VYsys), s.VZ[i] = s.VZ0[i];
+        s.VX[i] = finite(s.VX0[i] + 1000 * s.VXsys), s.VY[i] = finite(s.VY0[i] + 1000 * s.VYsys),
+        s.VZ[i] = s.VZ0[i];
     }
     startTwoBody(s, b);
     s.kodStop = 0;
@@ -283,10 +296,10 @@ void Form25::loop() {
         display();
         if (lab.s.kodStop == 1) break;
         desk().yield();
-    } while (desk().anyLoaded() && lab.s.kodStop != 1 && !gone_);
+    } while (desk().anyLoaded() && !gone_);
 }
 
-double Form25::plotX() const { return lab.twoBody.Tsec / (Text6.number() * sekD); }
+double Form25::plotX() const { return ratio(lab.twoBody.Tsec, scales_.time); }
 
 void Form25::periodMeasured() {
     TwoBody& b = lab.twoBody;
@@ -299,8 +312,7 @@ void Form25::periodMeasured() {
         Text33.show(cut6((b.Period - b.PeriodNach) / sekD));
         Text15.show(cut6(b.Period));
         Text14.show(cut6(b.Period - b.PeriodNach));
-        if (Check8.on())
-            Picture2.disc(plotX(), ratio(b.Period - b.PeriodNach, Text46.number()), 0.06, orange);
+        if (Check8.on()) Picture2.disc(plotX(), ratio(b.Period - b.PeriodNach, scales_.Period), 0.06, orange);
     }
 }
 
@@ -340,9 +352,9 @@ void Form25::periastronPassed() {
     Text35.show(cut6(s.Rr[11] / MK));
     Text38.show(cut6((s.Rr[11] - b.RsrNach) / MK));
     const double x = plotX();
-    if (Check5.on()) Picture2.disc(x, ratio(b.Eks - b.EksNach, Text43.number()), 0.06, blue);
-    if (Check6.on()) Picture2.disc(x, ratio(b.AlfaP - b.AlfaPnach, Text44.number()), 0.06, red);
-    if (Check7.on()) Picture2.disc(x, ratio((s.Rr[11] - b.RsrNach) / MK, Text45.number()), 0.06, green);
+    if (Check5.on()) Picture2.disc(x, ratio(b.Eks - b.EksNach, scales_.Eks), 0.06, blue);
+    if (Check6.on()) Picture2.disc(x, ratio(b.AlfaP - b.AlfaPnach, scales_.AlfaP), 0.06, red);
+    if (Check7.on()) Picture2.disc(x, ratio((s.Rr[11] - b.RsrNach) / MK, scales_.Rsr), 0.06, green);
 }
 
 /// The plots that have a point at every step.

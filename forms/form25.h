@@ -97,7 +97,7 @@ public:
                      {.name = "Text36",
                       .label = "данные выводить через, шагов",
                       .text = "100",
-                      .hint = "Через сколько шагов показывать положение и рисовать, NC0",
+                      .hint = "Через сколько шагов показывать, рисовать и останавливаться, NC0",
                       .width = 10}};
     TextField Text24{this,
                      {.name = "Text24",
@@ -109,7 +109,7 @@ public:
                      {.name = "Text21",
                       .label = "Vgr = Vsv * ",
                       .text = "1",
-                      .hint = "Скорость гравитации Vgr в скоростях света",
+                      .hint = "Vgr в скоростях света; берется при начале и продолжении решения",
                       .width = 10}};
     TextField Text31{this,
                      {.name = "Text31",
@@ -127,7 +127,7 @@ public:
                     {.name = "Text6",
                      .label = "MT, дни /см",
                      .text = "365,25",
-                     .hint = "Масштаб времени графиков, дней в клетке",
+                     .hint = "Масштаб времени графиков, дней в клетке; масштабы берутся при начале",
                      .width = 8}};
     CheckBox Check5{this, {.name = "Check5", .caption = "dEks1  /", .hint = "Чертить сдвиг эксцентриситета"}};
     TextField Text43{
@@ -275,9 +275,10 @@ public:
                            {.name = "Command1",
                             .caption = "Проверить параметры орбиты m1",
                             .hint = "Решать с заданных координат и измерять орбиту, пока не остановят"}};
-    CommandButton Command2{
-        this,
-        {.name = "Command2", .caption = "Остановить", .hint = "Остановить решение; продолжить его можно"}};
+    CommandButton Command2{this,
+                           {.name = "Command2",
+                            .caption = "Остановить",
+                            .hint = "Остановить решение при следующем показе; продолжить его можно"}};
     CommandButton Command3{this,
                            {.name = "Command3",
                             .caption = "Продолжить",
@@ -325,6 +326,7 @@ private:
     void start();
     void loop();
     void takeSettings();
+    void takeNumbers();
     void display();
     void showStart();
     void drawBodies(Color first, Color second);
@@ -338,6 +340,9 @@ private:
 
     Laboratory& lab;
     bool started_ = false, gone_ = false;
+    struct {
+        double time = 0, Eks = 0, AlfaP = 0, Rsr = 0, Period = 0;
+    } scales_;                 ///< of the plots, a unit, as the run began: s, 1, degrees, thousand km, s
     double effectStart_ = 0;   ///< when the speed of gravity began to act, s
     double lastReceived_ = 0;  ///< time at which the last pulse shown was received, s
     bool anyPerStep_ = false;  ///< some plot of every step is on

@@ -38,7 +38,7 @@ Form26::Form26(Laboratory& lab_)
 }
 
 void Form26::load() {
-    if (lab.twoBody.Dt != 0) Text4.show(cut6(1 / lab.twoBody.Dt));
+    if (lab.twoBody.Dt != 0) Text4.show(Fix(ratio(MK, lab.twoBody.Dt)) / MK);
 }
 
 void Form26::store() {
@@ -64,7 +64,7 @@ void Form26::store() {
     p.kodTime = Check4.on() ? -1 : 1;
     p.fromNode = Option2.on();
     lab.pulsar = p;
-    Text4.show(cut6(ratio(1, lab.twoBody.Dt)));
+    Text4.show(Fix(ratio(MK, lab.twoBody.Dt)) / MK);
 }
 
 }  // namespace tarvex

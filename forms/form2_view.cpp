@@ -88,7 +88,7 @@ void Form2::showDate() {
     Text1.show(Fix((run.Tsec - s.DtCur) * 100 / sekG) / 100);
     Text50.show(Fix((clockSeconds() - run.TimerStart) * 1000 / 3600) / 1000);
     showDateIn(s, Text44, Text43, Text42);
-    Text14.show(s.JD);
+    Text14.show(cut6(s.JD));
     Text2.show(Fix(1000 * s.LonPl[s.IplSel]) / 1000);
     if (run.boxes.endAtYear) progress(shareDone());
 }
@@ -110,20 +110,20 @@ bool Form2::giveWay() {
 
 double Form2::plotX() const { return ratio(lab.run.Tsec / sekG, lab.run.MT) - 10; }
 
-void Form2::point(bool on, double value, Color color) {
-    if (on) Picture1.disc(plotX(), value + lab.run.dYplot, pointRadius, color);
+void Form2::point(bool on, double value, double scale, Color color) {
+    if (on) Picture1.disc(plotX(), ratio(value, scale) + lab.run.dYplot, pointRadius, color);
 }
 
 void Form2::plotShifts() {
     const RunState& run = lab.run;
     const Color color = bodyColor(lab.s, lab.s.IplSel);
     const double Rsr = lab.s.Rr[lab.s.IplSel];
-    point(Check8.on(), ratio((run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa), color);
-    point(Check9.on(), ratio((run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa), color);
-    point(Check10.on(), ratio(3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa), color);
-    point(Check11.on(), (run.Eks - run.EksNach) * run.MxPlot, color);  // multiplied: meant
-    point(Check15.on(), ratio((Rsr - run.RsrNach) / MK, run.MxPlot), color);
-    point(Check16.on(), run.Period - run.PeriodNach, color);
+    point(Check8.on(), (run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa, color);
+    point(Check9.on(), (run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa, color);
+    point(Check10.on(), 3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa, color);
+    point(Check11.on(), (run.Eks - run.EksNach) * run.MxPlot, 1, color);  // multiplied: meant
+    point(Check15.on(), (Rsr - run.RsrNach) / MK, run.MxPlot, color);
+    point(Check16.on(), run.Period - run.PeriodNach, 1, color);
 }
 
 void Form2::showTrack() {
@@ -137,9 +137,9 @@ void Form2::showTrack() {
     Text11.show(cut6(X / MK));
     Text12.show(cut6(Y / MK));
     Text30.show(cut6(Z / MK));
-    point(Check5.on(), ratio(X / MK, lab.run.MxPlot), red);
-    point(Check6.on(), ratio(Y / MK, lab.run.MxPlot), blue);
-    point(Check7.on(), ratio(Z / MK, lab.run.MxPlot), green);
+    point(Check5.on(), X / MK, lab.run.MxPlot, red);
+    point(Check6.on(), Y / MK, lab.run.MxPlot, blue);
+    point(Check7.on(), Z / MK, lab.run.MxPlot, green);
     if (lab.run.boxes.debugText) showDebugText();
 }
 

@@ -247,15 +247,15 @@ void Form7::printTrace() {
     const ModelState& s = lab.s;
     const Motion& m = lab.motion;
     double y = 9;
-    int number = 1;
-    for (const auto& [i, trace, T] : {std::tuple{bench_.N1, bench_.trace1.X, bench_.a12.T}, std::tuple{bench_.N2, bench_.trace2.X, bench_.a21.T}}) {
+    const std::tuple<int, double, double, const char*, const char*> bodiesOfPair[] = {
+        {bench_.N1, bench_.trace1.X, bench_.delay1, "1", "12"}, {bench_.N2, bench_.trace2.X, bench_.delay2, "2", "21"}};
+    for (const auto& [i, trace, T, number, pair] : bodiesOfPair) {
         const int k = std::max(0, static_cast<int>(Fix(ratio(T - m.dTstageSave, s.Dt))));
-        const std::string index = toText(number++);
         if (k + 1 >= m.SledXsave.size()) continue;
         Picture1.text(-9.6, y,
-                      fmt::format("k{0}=   {1}   Xk+1= {2}   Xsled= {3}   Xk=   {4}   X{0}=  {5}   T12=  {6}",
-                                  index, k, toText(m.SledXsave.at(k + 1, i)), toText(trace),
-                                  toText(m.SledXsave.at(k, i)), toText(s.X[i]), toText(T)),
+                      fmt::format("k{0}=   {1}   Xk+1= {2}   Xsled= {3}   Xk=   {4}   X{0}=  {5}   T{6}=  {7}",
+                                  number, k, toText(m.SledXsave.at(k + 1, i)), toText(trace),
+                                  toText(m.SledXsave.at(k, i)), toText(s.X[i]), pair, toText(T)),
                       black);
         y -= 0.8;
     }

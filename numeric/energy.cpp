@@ -61,7 +61,7 @@ void startEnergy(ModelState& s, const Motion& motion, Energy& energy, int last) 
     energy.Msys = 0;
     for (int i = 0; i <= last; ++i) energy.Msys += s.kodPl[i] * s.m[i];
     formCentre(s, energy.Msys, last);
-    for (int i = 0; i < bodies; ++i) energy.Rsol0[i] = distance(s, 0, i);
+    for (int i = 0; i < bodies; ++i) energy.Rsol0[i] = finite(distance(s, 0, i));
     energy.EK0sys = finite(kinetic(s, last));
     energy.E0sys = energy.EK0sys;
     energy.MKD0sys = finite(moment(s, rowSun, 1, last));

@@ -42,7 +42,7 @@ template <int kodPgr, bool square>
 TARVEX_LANES Force forceOf(Motion& m, const BodyLanes& b, const Actor& a, int i, int j, const Line& line,
                            const LawFactors& law, Watch& watch) {
     const Four inverse = 1 / line.r, f0 = magnitude<square>(m, i, j, line, inverse, law.nR, watch);
-    if constexpr (kodPgr == 0) return pull(line, inverse, f0, f0);
+    if constexpr (kodPgr == 0) return pull(line, inverse, f0);
     if (law.atStage) {
         const Direction u(line, inverse, at(idleTable.busy[i], j));
         stageSpeeds(m, b, a, i, j, line, u, law, watch);
@@ -64,7 +64,7 @@ TARVEX_LANES void newtonPairs(Motion& m, const BodyLanes& b, Watch& seen, Sums& 
             watch.notHuge(line.r);
             const Four inverse = 1 / line.r, f = magnitude<true>(m, i, j, line, inverse, 2, watch);
             keepLine(m, i, j, line);
-            keepForce(m, i, j, pull(line, inverse, f, f), sums);
+            keepForce(m, i, j, pull(line, inverse, f), sums);
         }
     }
     seen = watch;

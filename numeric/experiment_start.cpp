@@ -1,5 +1,7 @@
 #include "numeric/experiment_start.h"
 
+#include <cmath>
+
 #include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "numeric/integrator.h"
@@ -45,13 +47,17 @@ void takeScales(const Experiment& e, const RunSettings& set) {
     e.run.MT = toNumber(set.Text9);
     e.run.MxPlot = toNumber(set.Text21);
     e.s.NFile = toInt16(toNumber(set.Text8));
-    e.s.Dt = toNumber(set.Text38);
+    // a run that does not go on would never end, neither a new one nor one that these settings interrupt:
+    // back in time goes by kodTime, never by the step's sign
+    const double Dt = toNumber(set.Text38);
+    if (!(Dt > 0)) throw ArithmeticFailure("the step is not positive");
+    e.s.Dt = Dt;
     e.s.NC0 = toInt16(toNumber(set.Text37));
-    e.s.kDt = toInt16(toNumber(set.Text39));
+    const std::int16_t kDt = toInt16(toNumber(set.Text39));
+    if (kDt < 0) throw ArithmeticFailure("the step divisor is negative");
+    e.s.kDt = kDt;
     e.run.dYplot = toNumber(set.Text36);
     e.s.NC = 0;
-    // a run that does not go on would never end: back in time goes by kodTime, never by the step's sign
-    if (!(e.s.Dt > 0) || e.s.kDt < 0) throw ArithmeticFailure("the step is not positive");
 }
 
 void takeClock(const Experiment& e, const RunSettings& set) {
@@ -118,6 +124,19 @@ std::string modelName(bool relativistic, DataSource source) {
     return std::string(relativistic ? "OTO  " : "Классика ") + sources[static_cast<int>(source)];
 }
 
+/// Differences and distances of every pair as the run begins; an imitator leaves them so.
+void takePairs(const ModelState& s, Motion& motion) {
+    for (int i = 0; i < bodies; ++i)
+        for (int j = 0; j < bodies; ++j) {
+            if (i == j) continue;
+            const double dx = s.X[j] - s.X[i], dy = s.Y[j] - s.Y[i], dz = s.Z[j] - s.Z[i];
+            motion.Rik[i][j] = finite(std::sqrt(dx * dx + dy * dy + dz * dz));
+            motion.DXp[i][j] = dx;
+            motion.DYp[i][j] = dy;
+            motion.DZp[i][j] = dz;
+        }
+}
+
 /// Present state of bodies 0..10 from the initial data and the velocity of the system.
 void takeInitialState(const Experiment& e) {
     ModelState& s = e.s;
@@ -131,6 +150,7 @@ void takeInitialState(const Experiment& e) {
         s.VZ[i] = finite(1000 * s.VZsys + s.VZ0[i]) * sign;
     }
     packState(s, e.motion);
+    takePairs(s, e.motion);
     e.motion.dV1old = {};
     e.motion.dV2old = {};
     e.motion.AV1 = {};
@@ -173,16 +193,19 @@ std::vector<std::string> energyNotes(const RunState& run) {
 
 }  // namespace
 
-StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
-    ModelState& s = e.s;
-    RunState& run = e.run;
+void takeSettings(const Experiment& e, const RunSettings& set) {
     const std::int32_t body = toInt32(toNumber(set.Text13));
     if (body < 0 || body > NPlanetMax) throw Refusal("номер объекта должен быть от 0 до 10", "Tarvex7.0");
-    s.IplSel = body;
+    e.s.IplSel = body;
     takeCodes(e, set);
     takeGravitySpeed(e, set);
     takeScales(e, set);
     takeClock(e, set);
+}
+
+StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
+    ModelState& s = e.s;
+    RunState& run = e.run;
     if (run.boxes.measure) {
         if (s.IplSel < 1)
             throw Refusal("Номер планеты для вычисления параметров должен быть от 1 до 10", "Tarvex7");
@@ -216,6 +239,11 @@ StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
     }
     if (run.boxes.track) writeXYZHead(e.tree, s, e.motion, run, set.today);
     return notes;
+}
+
+StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
+    takeSettings(e, set);
+    return prepareExperiment(e, set);
 }
 
 void continueExperiment(const Experiment& e, const RunSettings& set) {

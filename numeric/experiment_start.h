@@ -45,8 +45,16 @@ struct StartNotes {
     std::vector<std::string> foot;  ///< the energy, at its foot
 };
 
-/// Reads the settings into the state, takes the initial data X0..VZ0, prepares the model or the imitator and
-/// writes the heads of the record files.  RunLoop() is to follow.
+/// First half of the start: reads the settings into the state and sets the clock to the start.
+/// @throws as startExperiment
+void takeSettings(const Experiment& e, const RunSettings& settings);
+
+/// Second half of the start: takes the initial data X0..VZ0, prepares the model or the imitator and writes
+/// the heads of the record files.  RunLoop() is to follow.
+/// @throws as startExperiment
+StartNotes prepareExperiment(const Experiment& e, const RunSettings& settings);
+
+/// Both halves.
 /// @throws Refusal with the text of what the user must mend; any other failure for "Задайте правильно данные"
 StartNotes startExperiment(const Experiment& e, const RunSettings& settings);
 

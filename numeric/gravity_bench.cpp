@@ -145,8 +145,10 @@ void benchPresent(const ModelState& s, const Motion& motion, GravityBench& b) {
 }
 
 void benchIterate(const ModelState& s, const Motion& motion, GravityBench& b) {
-    b.trace1 = traceOf(s, motion, b, b.N1, b.a12.T, b.trace1);
-    b.trace2 = traceOf(s, motion, b, b.N2, b.a21.T, b.trace2);
+    b.delay1 = b.a12.T;
+    b.delay2 = b.a21.T;
+    b.trace1 = traceOf(s, motion, b, b.N1, b.delay1, b.trace1);
+    b.trace2 = traceOf(s, motion, b, b.N2, b.delay2, b.trace2);
     act(s, motion, b, b.N1, b.N2, b.trace1, b.a12);
     act(s, motion, b, b.N2, b.N1, b.trace2, b.a21);
     ++b.NDiffur;

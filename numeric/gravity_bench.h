@@ -39,6 +39,7 @@ struct GravityBench {
         double X = 0, Y = 0, Z = 0;
     };
     Point trace1, trace2;       ///< where the pulls come from, m
+    double delay1 = 0, delay2 = 0;      ///< by which the last iteration found them, s
 };
 
 /// Bodies 1.. on circular orbits of the theory Ser0 at the longitude L, rad, with its masses; accelerations 0.

@@ -18,9 +18,9 @@ void Trace::resize(int last) {
 
 void fillTrace(const ModelState& s, Motion& motion) {
     motion.NSled = std::max<std::int16_t>(2, toInt16(ratio(ratio(5 * Vsv * 3600, motion.Vgr), s.Dt)));
-    motion.SledX.resize(motion.NSled);
-    motion.SledY.resize(motion.NSled);
-    motion.SledZ.resize(motion.NSled);
+    for (Trace* trace : {&motion.SledX, &motion.SledY, &motion.SledZ, &motion.SledXsave, &motion.SledYsave,
+                         &motion.SledZsave})
+        trace->resize(motion.NSled);
     for (int i = 0; i < bodies; ++i)
         for (int n = 0; n <= motion.NSled; ++n) {
             motion.SledX.at(n, i) = s.X[i] - s.Dt * s.VX[i] * n;

@@ -144,7 +144,8 @@ void DiffurOTO(ModelState& s, Motion& motion);
 /// @throws ArithmeticFailure as Diffur does, and for DtCur = 0
 void SpeedUpdate(ModelState& s, Motion& motion);
 
-/// Makes the trace of five light hours at the speed of gravity and fills it by straight flight from X and VX.
+/// Makes the trace of five light hours at the speed of gravity and fills it by straight flight from X and VX;
+/// its copies for the bench get its size and are cleared.
 void fillTrace(const ModelState& s, Motion& motion);
 
 /// Pushes the present position when a base step has passed since the last push; at most once a call.

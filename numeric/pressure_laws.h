@@ -81,9 +81,9 @@ TARVEX_LANES void stageAccelerations(Motion& m, int i, int j, const LawFactors& 
     }
 }
 
-/// A force of the size f along the line; it points to body i where f0, the force before the law, is positive.
-TARVEX_LANES Force pull(const Line& line, Four inverse, Four f, Four f0) {
-    const Four q = (f0 < 0 ? -f : f) * inverse;
+/// A force of the size f along the line, to body i where f is positive.
+TARVEX_LANES Force pull(const Line& line, Four inverse, Four f) {
+    const Four q = f * inverse;
     return {f, -line.dx * q, -line.dy * q, -line.dz * q};
 }
 
@@ -113,7 +113,9 @@ TARVEX_LANES Force factorLaw(Motion& m, const BodyLanes& b, const Actor& a, int 
         f = root(square + his2 - 2 * Vgr * v2) * f0 / root(square + own2 - 2 * Vgr * v1);
     }
     if constexpr (kodPgr == 3 || kodPgr == 4) put(m.Ve[i], j, Ve);
-    return pull(line, inverse, f, f0);
+    // the components take the signs of the force before the law
+    const Force along = pull(line, inverse, f0 < 0 ? -f : f);
+    return {f, along.x, along.y, along.z};
 }
 
 /// The retarded force of Lienard and Wiechert; the exponent 3 stands whatever nR is.

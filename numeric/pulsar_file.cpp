@@ -23,8 +23,11 @@ void writePulsar(const std::filesystem::path& path, const PulsarData& data) {
         "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP "
         "град___1000000*Betta град___Rsr м___1000000*P0i сек");
     file.line("  ");
-    file.items(Fix(MK * data.m1), Fix(MK * data.m2), Fix(MK * data.Eks), Fix(MK * data.AlfaP),
-               Fix(MK * data.Betta), Fix(data.Rsr), Fix(MK * data.P0));
+    std::string numbers;  // digits alone, whatever their count: no place for a sign, no exponent
+    for (const double value : {MK * data.m1, MK * data.m2, MK * data.Eks, MK * data.AlfaP, MK * data.Betta,
+                               data.Rsr, MK * data.P0})
+        numbers += (numbers.empty() ? "" : " ") + Format(Fix(value), "0");
+    file.line(numbers);
     file.commit();
 }
 

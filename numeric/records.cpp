@@ -54,7 +54,7 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
               "   VZsys= " + toText(s.VZsys) + "   Vgr= " + gravitySpeedText(motion) + " Vsv " +
               "  k1= " + toText(motion.kPgr1) + "  k2= " + toText(motion.kPgr2) +
               "  m2=  " + toText(Fix(ratio(s.m[0], s.m[2]))) +
-              "     m5= " + toText(Fix(1000 * ratio(s.m[0], s.m[5])) / 1000));
+              "     m5= " + toText(Fix(ratio(1000 * s.m[0], s.m[5])) / 1000));
     file.line(run.boxes.energy
                   ? " № замера     прошло дней          dEsys %       dMKDsys %      dEKsys %"
                   : " № замера     прошло дней   перигелий     восхождение     наклон   эксцентриситет    "

@@ -302,11 +302,13 @@ void runPasses(const Experiment& e, RunPort& port) {
 }  // namespace
 
 void RunLoop(const Experiment& e, RunPort& port) {
-    if (e.run.kodTest == 1) {
-        port.testExperiment();
-        return;
-    }
-    stage("Ошибка решения уравнений", "Tarvex7mmm", [&] { runPasses(e, port); });
+    stage("Ошибка решения уравнений", "Tarvex7mmm", [&] {
+        if (e.run.kodTest == 1) {
+            port.testExperiment();
+        } else {
+            runPasses(e, port);
+        }
+    });
 }
 
 }  // namespace tarvex

@@ -24,6 +24,8 @@ void addNames(NameTable& table, const RunState& run) {
     NAME(kodJPL2);
     NAME(kodTest);
     NAME(GodEnd);
+    NAME(kmTest2);
+    NAME(kmTest5);
     NAME(Vpl);
     NAME(LonOld);
     NAME(Rold);

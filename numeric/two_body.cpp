@@ -100,7 +100,7 @@ void beginCounting(TwoBody& b) {
 
 void countDelays(const ModelState& s, TwoBody& b) {
     constexpr double c2 = Vsv * Vsv;
-    const double slow = 1 / std::sqrt(1 - b.V1 * b.V1 / c2);
+    const double slow = ratio(1, root(1 - b.V1 * b.V1 / c2));  // no clock runs at the speed of light
     b.dTv -= (1 - slow) * b.DtCur + b.DtCur * b.dTvSr;
     b.dTm += b.DtCur * s.gamma * mass2(s) / (b.distance * c2) - b.DtCur * b.dTmSr;
 }
@@ -306,7 +306,7 @@ void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port) {
             throw;
         }
         unpack(s, b);
-        measure(s, b, port);      // refuses by itself what could not be divided
+        measure(s, b, port);  // refuses by itself what could not be divided
         port.stepDone();
         ++NC;
         b.Tsec += b.DtCur;

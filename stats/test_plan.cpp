@@ -20,23 +20,25 @@ double testCriterion(const PlanBlock& p, int u, double km5, double km2) {
     double linear = 0, squared = 0;
     for (int i = 1; i <= 7; ++i) {
         const double away = ratio(p.XU[i][u] - target[i], target[i]);
-        linear += std::abs(away);
+        linear += std::abs(p.XU[i][u] - target[i]) / target[i];
         squared += away * away;
     }
     return linear + squared;
 }
 
-std::string testPlanTitle(const PlanBlock& p, bool roto) {
-    return "эксперименты выполненные на форме 2 по тесту для  " + toText(p.Nf) + " факторного   " +
-           (roto ? "Roto" : "Orto") + "   плана ";
+std::vector<std::string> testPlanHead(const PlanBlock& p, bool roto) {
+    std::vector<std::string> lines = {"эксперименты выполненные на форме 2 по тесту для  " + toText(p.Nf) +
+                                          " факторного   " + (roto ? "Roto" : "Orto") + "   плана ",
+                                      fileItem(p.Nf) + fileItem(p.Nplan) + fileItem(0)};
+    for (int i = 1; i <= p.Nf; ++i)
+        lines.push_back(fileItem(Fix(MK * p.Xnul[i])) + fileItem(Fix(MK * p.dXvar[i])));
+    lines.emplace_back("   ");
+    return lines;
 }
 
 void writeTestPlanHead(const DataTree& tree, const PlanBlock& p, bool roto) {
     TextWriter file(tree.at(files::testPlan(p.Nf)));
-    file.line(testPlanTitle(p, roto));
-    file.items(p.Nf, p.Nplan, 0);
-    for (int i = 1; i <= p.Nf; ++i) file.items(Fix(MK * p.Xnul[i]), Fix(MK * p.dXvar[i]));
-    file.line("   ");
+    for (const std::string& line : testPlanHead(p, roto)) file.line(line);
     file.commit();
 }
 

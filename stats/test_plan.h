@@ -3,6 +3,7 @@
 // experiment.  Values are scaled by MK and cut.
 
 #include <string>
+#include <vector>
 
 #include "stats/plan_block.h"
 
@@ -14,9 +15,9 @@ class DataTree;
 /// sum of |x-t|/t and of ((x-t)/t)^2, with the targets 100, 100, 100, 100, 1, km5, km2.
 double testCriterion(const PlanBlock& p, int u, double km5, double km2);
 
-/// Title of the file of a plan of p.Nf factors.
-std::string testPlanTitle(const PlanBlock& p, bool roto);
-/// Replaces the file of p.Nf factors by its head: title, sizes, levels and intervals by position.
+/// Head of the file of a plan of p.Nf factors, line by line: title, sizes, levels and intervals by position.
+std::vector<std::string> testPlanHead(const PlanBlock& p, bool roto);
+/// Replaces the file of p.Nf factors by its head.
 void writeTestPlanHead(const DataTree& tree, const PlanBlock& p, bool roto);
 /// Appends experiment u with its criterion y.
 void appendTestExperiment(const DataTree& tree, const PlanBlock& p, int u, double y);

@@ -70,6 +70,51 @@ TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     EXPECT_TRUE(screen.messages.empty());
 }
 
+TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
+    prepare();
+    form.Check8.set(true);
+    form.Text23.setText("10");
+    form.Text36.setText("30000");
+    double atPress = 0;
+    screen.atYield = [&](int n) {
+        if (n > 1) {
+            atPress = lab.twoBody.Tsec;
+            return form.Command2.press();
+        }
+        for (TextField* field : {&form.Text6, &form.Text21, &form.Text36, &form.Text43, &form.Text44, &form.Text45, &form.Text46})
+            field->setText("");                   // half typed
+        form.Check5.set(true);
+        form.Check6.set(true);
+        form.Check7.set(true);
+    };
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.yields, 2);
+    EXPECT_GT(lab.twoBody.Tsec, atPress);         // the press is read at the next display
+    int points = 0;
+    for (const auto& d : test::drawnOn(form.Picture2)) points += d.kind == test::Drawn::Kind::Disc;
+    EXPECT_GE(points, 3 * 2);
+    form.Option9.choose();
+    EXPECT_TRUE(screen.messages.empty());
+
+    form.Text36.setText("10");                    // read again where a run goes on
+    form.Text21.setText("0,5");
+    screen.atYield = [this](int) { form.Command2.press(); };
+    form.Command3.press();
+    EXPECT_EQ(lab.twoBody.NC0, 10);
+    EXPECT_EQ(lab.twoBody.Vgr, 0.5 * Vsv);
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(Form25Test, ClosingTheFormEndsItsRunAndNoOther) {
+    prepare();
+    screen.atYield = [this](int) { form.Command9.press(); };
+    form.Command1.press();
+    EXPECT_EQ(screen.yields, 1);
+    EXPECT_EQ(lab.s.kodStop, 0);
+    EXPECT_FALSE(lab.desk.isLoaded("Form25"));
+}
+
 TEST_F(Form25Test, FileOfAPulsarByteForByteAndBack) {
     form.Text4.setText("1,4398");
     form.Text5.setText("1,3886");
@@ -83,7 +128,12 @@ TEST_F(Form25Test, FileOfAPulsarByteForByteAndBack) {
     EXPECT_EQ(readBytes(file(7)),
               "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP град___1000000*Betta град___Rsr м___1000000*P0i сек\r\n"
               "  \r\n"
-              " 1439800  1388600  617133  292544870  47200000  1950100000  59000 \r\n");
+              "1439800 1388600 617133 292544870 47200000 1950100000 59000\r\n");
+    form.Text10.setText("123456789012");          // more digits than a number item has: no exponent
+    form.Command8.press();
+    EXPECT_NE(readBytes(file(7)).find(" 123456789012000000 59000\r\n"), std::string::npos);
+    form.Text10.setText("1950,1");
+    form.Command8.press();
     form.Text8.setText("0");
     form.Option11.choose();
     form.Command7.press();
@@ -156,7 +206,7 @@ TEST_F(Form25Test, AdditionalParametersReachTheRun) {
     EXPECT_EQ(lab.twoBody.kSopr, 1e9);
     int points = 0;
     for (const auto& d : test::drawnOn(form.Picture2)) points += d.kind == test::Drawn::Kind::Disc && d.color == Color{220, 0, 0};
-    EXPECT_EQ(points, 500);
+    EXPECT_EQ(points, 2 * 500);                   // the press is read at the next display
     EXPECT_TRUE(screen.messages.empty());
 }
 

@@ -212,6 +212,61 @@ TEST_F(Form2Test, BadFieldsAreRefusedAndNothingRuns) {
     EXPECT_TRUE(std::isfinite(lab.s.X[1]));
 }
 
+TEST_F(Form2Test, ARefusedFieldLeavesWhatComesAfterIt) {
+    const std::vector<TextField*> shifts = {&form->Text25, &form->Text23, &form->Text16,
+                                            &form->Text29, &form->Text10, &form->Text15};
+    for (TextField* shift : shifts) shift->show(7);
+    form->Text13.setText("11");
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "номер объекта должен быть от 0 до 10");
+    for (TextField* shift : shifts) EXPECT_EQ(shift->text(), "7");
+    form->Text13.setText("0");
+    form->Check4.set(true);  // refused after the clock has been set
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage().title, "Tarvex7");
+    for (TextField* shift : shifts) EXPECT_EQ(shift->text(), "0");
+
+    form->Text13.setText("1");
+    plainRun("10");
+    screen.atYield = [this](int n) {
+        if (n == 2) return form->Command4.press();
+        for (const auto& [field, bad] : {std::pair{&form->Text38, "0"}, std::pair{&form->Text39, "-1"}}) {
+            const std::string good = field->text();
+            field->setText(bad);
+            form->Command1.press();
+            EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+            field->setText(good);
+        }
+        EXPECT_EQ(lab.s.Dt, 3600);  // the run that goes on keeps its step
+        EXPECT_EQ(lab.s.kDt, 100);
+    };
+    form->Command1.press();
+}
+
+TEST_F(Form2Test, AScaleIsReadByItsPlotAlone) {
+    form->Check4.set(true);
+    form->Text5.setText("0");
+    form->Text21.setText("0");
+    form->Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form->Text44.text(), "1802");
+    for (CheckBox* plot : {&form->Check8, &form->Check15, &form->Check5}) {
+        plot->set(true);
+        form->Command1.press();
+        EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений") << plot->name();
+        plot->set(false);
+    }
+}
+
+TEST_F(Form2Test, TheJulianDateIsCutToMillionths) {
+    lab.s.JDstart = 2378862.1234567;
+    form->Text38.setText("0,7");
+    plainRun("1");
+    screen.atYield = [this](int) { form->Command4.press(); };
+    form->Command1.press();
+    EXPECT_EQ(form->Text14.text(), "2378862,123472");  // two steps, of 0.0000081 days each
+}
+
 TEST_F(Form2Test, AMissingFolderIsToldAtStart) {
     form->Check20.set(true);
     lab.s.NPlan = 7;
@@ -283,6 +338,12 @@ TEST_F(Form2Test, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 0.11);
     EXPECT_EQ(lab.run.Tsec, 0);  // nothing was integrated
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt"));
+    for (const char* line : {"эксперименты выполненные на форме 2 по тесту для  2 факторного   Roto   плана ",
+                             " 2  9  0 ", " 100000000  2500000 "})
+        EXPECT_GE(count(form->Picture1, [line](const Drawn& d) { return d.text == line; }), 1) << line;
+    std::filesystem::remove_all(folder.path() / "Dat");
+    form->Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
 }
 
 // The plan's own form drives this one: the whole plan in test mode, then two real experiments.

@@ -58,6 +58,45 @@ TEST_F(Form7Test, StateOfARunIsTakenOver) {
     EXPECT_EQ(form.Text2.text(), "1,145762");
 }
 
+TEST_F(Form7Test, TheTraceIsPrintedWhereItWasFound) {
+    Motion& m = lab.motion;
+    m.kodDX = 3;
+    lab.s.Dt = 100;
+    form.Check1(0).set(false);
+    form.Check1(3).set(true);
+    form.Text6.setText("0,01");                  // a delay of a day: the bodies fly on by many grid points
+    form.Check4.set(true);
+    form.Command1.press();
+    m.Vgr = 0.1 * Vsv;
+    fillTrace(lab.s, m);
+    m.Vgr = 0.01 * Vsv;
+    m.NSled = 2000;
+    for (Trace* trace : {&m.SledXsave, &m.SledYsave, &m.SledZsave}) trace->resize(m.NSled);
+    for (const int i : {1, 3})
+        for (int n = 0; n <= m.NSled; ++n) {
+            m.SledXsave.at(n, i) = lab.s.X[i] - lab.s.VX[i] * lab.s.Dt * n;
+            m.SledYsave.at(n, i) = lab.s.Y[i] - lab.s.VY[i] * lab.s.Dt * n;
+            m.SledZsave.at(n, i) = lab.s.Z[i] - lab.s.VZ[i] * lab.s.Dt * n;
+        }
+    form.Command3.press();
+    EXPECT_TRUE(screen.messages.empty());
+    int pairs = 0;
+    for (const auto& d : test::drawnOn(form.Picture1)) {
+        const auto after = [&d](const std::string& label) {
+            const auto at = d.text.find(label);
+            EXPECT_NE(at, std::string::npos) << label << d.text;
+            const auto from = d.text.find_first_not_of(' ', at + label.size());
+            return toNumber(d.text.substr(from, d.text.find(' ', from) - from));
+        };
+        if (!d.text.starts_with("k1=") && !d.text.starts_with("k2=")) continue;
+        ++pairs;
+        const double trace = after("Xsled="), later = after("Xk+1="), earlier = after("   Xk=");
+        EXPECT_LE((trace - later) * (trace - earlier), 0) << d.text;
+        EXPECT_EQ(d.text.find(d.text[1] == '1' ? "T12=  " : "T21=  ") != std::string::npos, true) << d.text;
+    }
+    EXPECT_EQ(pairs, 2);
+}
+
 TEST_F(Form7Test, BadInput) {
     const std::string bad = "Введите правильно данные или увеличьте MF или MV";
     form.Command3.press();                       // no bodies yet

@@ -169,6 +169,27 @@ TEST_P(EveryLaw, AgreesWithTheLiteralEquations) {
 
 INSTANTIATE_TEST_SUITE_P(Equations, EveryLaw, testing::Values(0, 2, 3, 4, 5, 6, 7));
 
+/// A negative product of masses turns every force of a pair round.
+TEST(Equations, ANegativeMassAgreesWithTheLiteralEquations) {
+    for (const int law : {0, 2, 5, 6})
+        for (const int kodDX : {0, 1}) {
+            Twin twin;
+            Motion& m = twin.motion;
+            twin.s.m[4] = -twin.s.m[4];
+            m.kodVgr = 1;
+            m.kodDX = static_cast<std::int16_t>(kodDX);
+            m.kodPgr = static_cast<std::int16_t>(law);
+            m.kPgr1 = m.kPgr2 = 1;
+            twin.start();
+            for (int step = 0; step < 3; ++step) twin.step();
+            EXPECT_LT(twin.worst, 1e-12) << label(m);
+            EXPECT_LT(twin.worstPair, 1e-12) << label(m);
+            if (law == 0) {
+                EXPECT_GT(m.FXik[0][4] * m.DXp[0][4], 0);  // pushed away from the Sun
+            }
+        }
+}
+
 TEST(Equations, RelativisticAgreesWithTheLiteralEquations) {
     Twin twin;
     twin.relativistic = true;

@@ -100,6 +100,19 @@ TEST(GravityBenchTest, WithoutTraceAndPressureTheForceIsNewtons) {
     EXPECT_NEAR(p.s.X[3] * p.s.VX[3] + p.s.Y[3] * p.s.VY[3], 0, 1e-3 * 1.5e11 * 29785);
 }
 
+TEST(GravityBenchTest, AStartClearsTheTraceOfTheRunBefore) {
+    ModelState s = test::solarSystem();
+    Motion m = runForBench(s, 3, false);
+    const int before = m.SledXsave.size();
+    EXPECT_NE(m.SledXsave.at(1, 5), 0);
+    m.Vgr *= 2;
+    fillTrace(s, m);
+    EXPECT_LT(m.SledXsave.size(), before);
+    EXPECT_EQ(m.SledXsave.size(), m.NSled + 1);
+    for (const Trace* copy : {&m.SledXsave, &m.SledYsave, &m.SledZsave})
+        for (int n = 0; n <= m.NSled; ++n) ASSERT_EQ(copy->at(n, 5), 0);
+}
+
 TEST(GravityBenchTest, TraceOfARunIsSearchedWithItsStrictBounds) {
     Pair p(3, 0);
     Motion& m = p.motion;

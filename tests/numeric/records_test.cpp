@@ -55,6 +55,18 @@ TEST(Records, RunFileByteForByte) {
         " 4  32943  7713609996  4857249753  701600860  20559084  5791735711  260879296736 \r\n");
 }
 
+// A mass of a plan as it was typed: the thousandfold is divided, not the quotient multiplied, or the cut
+// would lose a unit.
+TEST(Records, MassesOfTheHeadAreCutAfterTheDivision) {
+    TestRun t;
+    t.s.m[0] = 1.98892e30;
+    t.s.m[5] = t.s.m[0] / 1047.35;
+    t.start();
+    t.run.FileRas = "\\Dat\\r.txt";
+    writeRasHead(t.tree, t.s, t.motion, t.run, "");
+    EXPECT_NE(readBytes(t.folder.path() / "Dat/r.txt").find("     m5= 1047,35\r\n"), std::string::npos);
+}
+
 // The items of a record against the state, formed another way than by the writer.
 TEST(Records, ItemsAreTheScaledMeasuresOfTheState) {
     TestRun t;
@@ -251,6 +263,8 @@ TEST(ExperimentStart, ImitatorsTakeTheirMassesAndLeaveThem) {
     EXPECT_EQ(t.run.ModelName, "NEW_0");
     EXPECT_DOUBLE_EQ(t.s.m[0] / t.s.m[1], 6000000);
     EXPECT_NE(t.s.m[1], before);
+    EXPECT_EQ(t.motion.DXp[3][1], t.s.X0[1] - t.s.X0[3]);  // no equation of motion will form the pairs
+    EXPECT_DOUBLE_EQ(t.motion.Rik[0][5], std::hypot(t.s.X0[5], t.s.Y0[5], t.s.Z0[5]));
     t.settings.model = true;
     t.settings.source = DataSource::JPL2;
     t.settings.relativistic = true;

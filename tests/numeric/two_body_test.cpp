@@ -133,6 +133,11 @@ TEST(TwoBody, FailuresKeepTheLastGoodState) {
     b.Vgr = 0;
     EXPECT_THROW(runTwoBodyBatch(s, b, watch), ArithmeticFailure);
     s = binary(2e9, 0.1, 1);
+    s.VX[11] = 1.1 * Vsv;  // no clock goes at such a speed
+    b = prepared(s, 60);
+    EXPECT_THROW(runTwoBodyBatch(s, b, watch), ArithmeticFailure);
+    EXPECT_EQ(b.dTv, 0);
+    s = binary(2e9, 0.1, 1);
     s.X[11] = s.X[0], s.Y[11] = s.Y[0], s.Z[11] = s.Z[0];
     EXPECT_THROW(startTwoBody(s, b), ArithmeticFailure);
 }

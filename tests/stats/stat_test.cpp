@@ -348,6 +348,7 @@ TEST(TestPlanFile, CriterionMeasuresTheDistanceFromItsTargets) {
     const double x[] = {0, 100, 150, 0, 100, 1, 500, 3000};
     for (int i = 1; i <= 7; ++i) p.XU[i][4] = x[i];
     EXPECT_DOUBLE_EQ(testCriterion(p, 4, 1000, 2000), (0.5 + 1 + 0.5 + 0.5) + (0.25 + 1 + 0.25 + 0.25));
+    EXPECT_DOUBLE_EQ(testCriterion(p, 4, -1000, 2000), (0.5 + 1 - 1.5 + 0.5) + (0.25 + 1 + 2.25 + 0.25));
     EXPECT_THROW(testCriterion(p, 92, 1000, 2000), SubscriptFailure);
     EXPECT_THROW(testCriterion(p, 4, 0, 2000), ArithmeticFailure);
 }
