@@ -15,7 +15,7 @@ namespace {
 
 double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
 
-constexpr double seam = 5;      ///< longitudes of two steps further apart lie on both sides of 0, degrees
+constexpr double seam = 5;  ///< longitudes of two steps further apart lie on both sides of 0, degrees
 
 void unpack(ModelState& s, const OrbitCheck& c) {
     const int p = c.IplSel;
@@ -31,30 +31,65 @@ void speeds(OrbitCheck& c) {
     c.Vp = length(c.U[10], c.U[11], c.U[12]);
 }
 
+/// The two bodies as OrbitCheck::U holds them.
+using PairState = std::array<double, 13>;
+
+using Two [[gnu::vector_size(16)]] = double;
+
+/// Derivatives of the velocities, cells 7..12 of dU.
+struct Accelerations {
+    double a7, a8, a9, a10, a11, a12;
+};
+
+inline Accelerations accelerations(ModelState& s, OrbitCheck& c, const PairState& U) {
+    const double dx = U[4] - U[1], dy = U[5] - U[2], dz = U[6] - U[3];
+    const double Rxy2 = dx * dx + dy * dy, R2 = Rxy2 + dz * dz;
+    const double Rxy = std::sqrt(Rxy2), R = std::sqrt(R2);
+    s.Rcur = R;
+    const double F = s.m[c.Icentr] * s.m[c.IplSel] * s.gamma / R2;
+    if (dx != 0) {
+        c.cosA = std::abs(dx) / Rxy;
+        c.sinA = std::abs(dy) / Rxy;
+    }
+    const double cosB = Rxy / R, sinB = std::abs(dz) / R;
+    const double flat = F * cosB;
+    const double Fx = dx > 0 ? -c.cosA * flat : c.cosA * flat;
+    const double Fy = dy > 0 ? -c.sinA * flat : c.sinA * flat;
+    const double Fz = dz > 0 ? -sinB * F : sinB * F;
+    const double centre = s.m[c.Icentr], planet = s.m[c.IplJ];
+    // two divisions in the time of one
+    const Two along = Two{Fx, Fy}, away = -along / Two{centre, centre}, towards = along / Two{planet, planet};
+    const Two across = Two{-Fz, Fz} / Two{centre, planet};
+    return {away[0], away[1], across[0], towards[0], towards[1], across[1]};
+}
+
 constexpr double sixth = 1.0 / 6;
 
-/// One step of the classical Runge-Kutta scheme of fourth order.
+/// One step of the classical Runge-Kutta scheme of fourth order.  Its stages follow from one another, so they
+/// are kept from memory: a state that is stored and read back is what a step would wait for.
 void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
-    const auto stageOf = [&](std::array<double, 13>& K, double share) {
-        OrbitCheckDiffur(s, c);
-        const double Dt = c.DtCur;
-        for (int k = 1; k <= 12; ++k) {
-            K[k] = Dt * c.dU[k];
-            c.U[k] = c.U0[k] + K[k] * share;
-        }
+    const double Dt = c.DtCur;
+    const PairState U0 = c.U;
+    PairState U = U0, K1, K2, K3, K4;
+    const auto rise = [&](PairState& K) {
+        const Accelerations a = accelerations(s, c, U);
+        for (int k = 1; k <= 6; ++k) K[k] = Dt * U[k + 6];
+        K[7] = Dt * a.a7, K[8] = Dt * a.a8, K[9] = Dt * a.a9;
+        K[10] = Dt * a.a10, K[11] = Dt * a.a11, K[12] = Dt * a.a12;
     };
-    c.Tstage = c.Tsec;
-    c.U0 = c.U;
-    stageOf(c.K1, 0.5);
-    c.Tstage = c.Tsec + c.DtCur / 2;
-    stageOf(c.K2, 0.5);
-    stageOf(c.K3, 1);
-    c.Tstage = c.Tsec + c.DtCur;
-    OrbitCheckDiffur(s, c);
-    for (int k = 1; k <= 12; ++k) {
-        c.K4[k] = c.DtCur * c.dU[k];
-        c.U[k] = c.U0[k] + (c.K1[k] + 2 * c.K2[k] + 2 * c.K3[k] + c.K4[k]) * sixth;
-    }
+    const auto go = [&](const PairState& K, double share) {
+        for (int k = 1; k <= 12; ++k) U[k] = U0[k] + K[k] * share;
+    };
+    c.U0 = U0;
+    rise(K1);
+    go(K1, 0.5);
+    rise(K2);
+    go(K2, 0.5);
+    rise(K3);
+    go(K3, 1);
+    c.Tstage = c.Tsec + Dt;
+    rise(K4);
+    for (int k = 1; k <= 12; ++k) c.U[k] = U0[k] + (K1[k] + 2 * K2[k] + 2 * K3[k] + K4[k]) * sixth;
 }
 
 /// The distance has begun to grow inside the window: this step is the perihelion.
@@ -147,7 +182,8 @@ void startOrbitCheck(ModelState& s, OrbitCheck& c) {
     c.Zprev = s.Z[p] - s.Z[c.Iobs];
     PairGeometry(s, c.Iobs, p);
     c.Rprev = s.Rcur;
-    c.U = {0, s.X[0], s.Y[0], s.Z[0], s.X[p], s.Y[p], s.Z[p], s.VX[0], s.VY[0], s.VZ[0], s.VX[p], s.VY[p], s.VZ[p]};
+    c.U = {0,       s.X[0],  s.Y[0],  s.Z[0],  s.X[p],  s.Y[p], s.Z[p],
+           s.VX[0], s.VY[0], s.VZ[0], s.VX[p], s.VY[p], s.VZ[p]};
     s.Rcur = length(c.U[4] - c.U[1], c.U[5] - c.U[2], c.U[6] - c.U[3]);
     c.R00 = s.Rcur;
     ratio(1, c.R00);
@@ -172,29 +208,10 @@ void startOrbitCheck(ModelState& s, OrbitCheck& c) {
 }
 
 void OrbitCheckDiffur(ModelState& s, OrbitCheck& c) {
-    const auto& U = c.U;
-    for (int k = 1; k <= 6; ++k) c.dU[k] = U[k + 6];
-    const double dx = U[4] - U[1], dy = U[5] - U[2], dz = U[6] - U[3];
-    const double Rxy2 = dx * dx + dy * dy, R2 = Rxy2 + dz * dz;
-    const double Rxy = std::sqrt(Rxy2), R = std::sqrt(R2);
-    s.Rcur = R;
-    const double F = s.m[c.Icentr] * s.m[c.IplSel] * s.gamma / R2;
-    if (dx != 0) {
-        c.cosA = std::abs(dx) / Rxy;
-        c.sinA = std::abs(dy) / Rxy;
-    }
-    const double cosB = Rxy / R, sinB = std::abs(dz) / R;
-    const double across = F * cosB;
-    const double Fx = dx > 0 ? -c.cosA * across : c.cosA * across;
-    const double Fy = dy > 0 ? -c.sinA * across : c.sinA * across;
-    const double Fz = dz > 0 ? -sinB * F : sinB * F;
-    const double centre = s.m[c.Icentr], planet = s.m[c.IplJ];
-    c.dU[7] = -Fx / centre;
-    c.dU[8] = -Fy / centre;
-    c.dU[9] = -Fz / centre;
-    c.dU[10] = Fx / planet;
-    c.dU[11] = Fy / planet;
-    c.dU[12] = Fz / planet;
+    const Accelerations a = accelerations(s, c, c.U);
+    for (int k = 1; k <= 6; ++k) c.dU[k] = c.U[k + 6];
+    c.dU[7] = a.a7, c.dU[8] = a.a8, c.dU[9] = a.a9;
+    c.dU[10] = a.a10, c.dU[11] = a.a11, c.dU[12] = a.a12;
 }
 
 void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
@@ -210,7 +227,7 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
             throw;
         }
         unpack(s, c);
-        measure(s, c, port);      // refuses by itself what could not be divided
+        measure(s, c, port);  // refuses by itself what could not be divided
         ++c.NC;
         c.Tsec += c.DtCur;
     } while (c.NC < c.NC0);

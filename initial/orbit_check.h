@@ -20,7 +20,7 @@ struct OrbitCheck {
     bool moonBench = false; ///< Form20: the centre of mass follows every step, a negative perihelion is raised
 
     // --- integration; cells 1..12: centre X, Y, Z; planet; centre velocities; planet velocities
-    std::array<double, 13> U{}, dU{}, U0{}, K1{}, K2{}, K3{}, K4{};
+    std::array<double, 13> U{}, dU{}, U0{};
     double Tsec = 0, Tstage = 0;    ///< time from the start and of the stage, s
     double Dt = 0, DtCur = 0;       ///< base and current step, s
     int kDt = 1;                    ///< divisor of the step in the windows
