@@ -4,6 +4,12 @@
 
 namespace tarvex {
 
+std::vector<std::string> NameTable::names() const {
+    std::vector<std::string> all;
+    for (const auto& [name, reader] : readers_) all.push_back(name);
+    return all;
+}
+
 std::string NameTable::value(std::string_view nameAndIndices) const {
     std::string name(nameAndIndices.substr(0, nameAndIndices.find('(')));
     std::vector<int> indices;

@@ -30,6 +30,7 @@ public:
     }
 
     bool knows(const std::string& name) const { return readers_.contains(name); }
+    std::vector<std::string> names() const;
     /// Value of "NAME" or "NAME(i)" or "NAME(i,j)": numbers with 17 digits and a decimal point.
     /// Throws SubscriptFailure for a bad index and Failure for an unknown name.
     std::string value(std::string_view nameAndIndices) const;

@@ -200,12 +200,17 @@ void appendLine(const fs::path& path, std::string_view text) {
         throw OpenFailure("cannot write " + path.string());
     std::ofstream file(path, std::ios::binary | std::ios::app);
     if (!file) throw OpenFailure("cannot open " + path.string());
+    const auto before = fs::file_size(path, error);
     std::string whole(text);
     whole += "\r\n";
     file.write(whole.data(),
                static_cast<std::streamsize>(whole.size()));  // one write: a line is whole or absent
     file.flush();
-    if (!file) throw FileFailure("cannot write " + path.string());
+    if (!file) {  // a full disk takes a part of the line: the next one must not be glued to it
+        file.close();
+        if (!error) fs::resize_file(path, before, error);
+        throw FileFailure("cannot write " + path.string());
+    }
 }
 
 }  // namespace tarvex

@@ -124,8 +124,9 @@ std::string Form13::testFile(const Form10& data) const {
 void Form13::readNumbers() {
     lab.s.NPlan = Text26.int16();
     NOpyt_ = Text27.int32();
-    lab.s.IplSel = lab.desk.get<Form10>().Text1.int32();
-    if (lab.s.IplSel < 0 || lab.s.IplSel > rowMoon) throw SubscriptFailure("no such body");
+    const std::int32_t body = lab.desk.get<Form10>().Text1.int32();
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("no such body");
+    lab.s.IplSel = body;
 }
 
 void Form13::LoadPlan13() {

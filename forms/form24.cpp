@@ -64,7 +64,9 @@ void Form24::calculate() {
     s.Den0 = Text7.number();
     s.JD = JDfromDate(s, s.Den0, s.Mes0, s.God0);
     Text10.show(s.JD);
-    s.IplSel = Text11.int32();
+    const std::int32_t body = Text11.int32();
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
+    s.IplSel = body;
     {
         const Closing closing{e};
         DEOpen(s, e);

@@ -74,7 +74,9 @@ void ParameterReader::bodies(ModelState& s, const std::function<void(int body)>&
     file_.line();  // the end of that line
     file_.line();  // titles of the rows
     for (int i = 0; i <= NPlanetMax; ++i) {
-        s.IplSel = file_.int32();
+        const std::int32_t body = file_.int32();
+        if (body < 0 || body > rowMoon) throw FileFailure("no body " + std::to_string(body));
+        s.IplSel = body;
         s.AlfaL[i] = next() / MK / kUgol;
         s.R0sr[i] = finite(next() * 1000);
         s.W0sr[i] = next() / MK / sekG;

@@ -247,6 +247,7 @@ StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
 }
 
 void continueExperiment(const Experiment& e, const RunSettings& set) {
+    if (e.s.IplSel < 0 || e.s.IplSel > rowMoon) throw SubscriptFailure("no such body to follow");
     takeScales(e, set);
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
     e.run.boxes = set.boxes;

@@ -1,6 +1,9 @@
 #include "core/text_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include "core/data_tree.h"
 #include "core/failure.h"
@@ -78,6 +81,25 @@ TEST(TextFiles, RewriteIsWholeOrNotAtAll) {
     appendLine(path, "хвост");
     EXPECT_TRUE(readBytes(path).ends_with("хвост\r\n"));
     EXPECT_THROW(appendLine(folder.path() / "none" / "c.txt", ""), OpenFailure);
+}
+
+TEST(TextFiles, AFullDiskLeavesNoHalfOfALine) {
+    const test::TempFolder folder;
+    const auto path = folder.path() / "records.txt";
+    appendLine(path, " 1  2 ");
+    const std::string before = test::readBytes(path);
+    rlimit usual{};
+    getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit full{before.size() + 5, usual.rlim_max};  // as if the disk ended in the middle of the next line
+    const auto old = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    EXPECT_THROW(appendLine(path, " 3.14159  2.71828 "), FileFailure);
+    TextWriter writer(path);
+    writer.line(std::string(100, 'x'));
+    EXPECT_THROW(writer.commit(), FileFailure);
+    setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, old);
+    EXPECT_EQ(test::readBytes(path), before);
 }
 
 TEST(TextFiles, NamesOfTheTree) {

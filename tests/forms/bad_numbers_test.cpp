@@ -11,6 +11,8 @@ namespace tarvex::test {
 
 class BadNumbers : public LabTest {};
 
+// A speed of the system that is no number in m/s is refused before it reaches the bodies, not only in the
+// end.
 TEST_F(BadNumbers, NoNumberReachesTheState) {
     const struct {
         const char *form, *field, *command;
@@ -32,6 +34,19 @@ TEST_F(BadNumbers, NoNumberReachesTheState) {
         EXPECT_EQ(screen.messages.size(), 1u);
         for (int i = 0; i < bodies; ++i)
             EXPECT_TRUE(std::isfinite(lab.s.VX[i]) && std::isfinite(lab.s.VY[i])) << i;
+    }
+}
+
+// Form2 goes on with the body that another form has chosen: there must be such a body.
+TEST_F(BadNumbers, NoBodyOutsideTheRowsIsChosen) {
+    lab.desk.show("Form1");
+    for (const char* typed : {"32767", "-1", "12"}) {
+        dynamic_cast<TextField&>(*lab.desk.form("Form24").find("Text11")).setText(typed);
+        dynamic_cast<CommandButton&>(*lab.desk.form("Form24").find("Command1")).press();
+        dynamic_cast<TextField&>(*lab.desk.form("Form10").find("Text1")).setText(typed);
+        dynamic_cast<CommandButton&>(*lab.desk.form("Form13").find("Command1")).press();
+        EXPECT_GE(lab.s.IplSel, 0) << typed;
+        EXPECT_LE(lab.s.IplSel, rowMoon) << typed;
     }
 }
 
