@@ -65,15 +65,14 @@ void Form24::calculate() {
     s.JD = JDfromDate(s, s.Den0, s.Mes0, s.God0);
     Text10.show(s.JD);
     const std::int32_t body = Text11.int32();
-    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
-    s.IplSel = body;
     {
         const Closing closing{e};
         DEOpen(s, e);
         DEEvaluate(s, e, rowSun, 0);
-        DEEvaluate(s, e, toInt16(s.IplSel), 0);
+        DEEvaluate(s, e, toInt16(body), 0);
     }
-    const int i = s.IplSel;
+    s.IplSel = body;  // only a body that the ephemeris knows
+    const int i = body;
     if (Option4.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[i] -= (*row)[rowSun];
     }

@@ -47,8 +47,8 @@ std::string shownWorldDate(ModelState& s) {
 /// Next date of a table, and the place that the table gives for it.
 void stepTable(Reduction x) {
     auto& [s, r, plan, tree] = x;
-    const double part = r.JDpart + s.DtCur;
-    r.JDwhole += Fix(part);
+    const double part = finite(r.JDpart + s.DtCur);
+    r.JDwhole = finite(r.JDwhole + Fix(part));
     r.JDpart = part - Fix(part);
     s.JD = r.JDwhole + r.JDpart;
     const CalendarKept kept(s);
