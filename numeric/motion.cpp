@@ -94,8 +94,8 @@ void checkWatch(Motion& m, const Watch& watch) {
 }
 
 void formWeights(const ModelState& s, PairWeights& w) {
-    if (w.formed && w.gamma == s.gamma && std::memcmp(w.m.data(), s.m.data(), sizeof w.m) == 0 &&
-        std::memcmp(&w.kodPair, &s.kodPair, sizeof w.kodPair) == 0)
+    if (w.formed && w.gamma == s.gamma && std::equal(w.m.begin(), w.m.end(), s.m.begin()) &&
+        w.kodPair == s.kodPair)
         return;
     std::copy_n(s.m.begin(), bodies, w.m.begin());
     w.gamma = s.gamma;

@@ -1,5 +1,7 @@
 #include "reduction/reduction_files.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 
 #include "core/arithmetic.h"
@@ -81,18 +83,19 @@ void appendStage(const ModelState& s, const ReductionState& r, const DataTree& t
 void writeStatistics(const ModelState& s, const ReductionState& r, const DataTree& tree) {
     const auto arcSeconds = [&](int n) { return r.edge[n] * 3600; };
     const auto counted = [&](int n) { return Format(r.count[n], "0000"); };
-    const std::string gap(8, ' ');
     TextWriter file(tree.at(statisticsFileName(s, r)));
     file.line("статистика данных  " + s.NameData + "  по планете " + std::to_string(s.IplSel));
     file.line("интервалы dL и dB в угловых секундах dR в тыс.км.)");
     file.line("");
     for (int n = 1; n <= 18; ++n)
-        file.line(Format(arcSeconds(n - 1), "00") + "..." + Format(arcSeconds(n), "00") + "   " + counted(n) +
-                  gap + Format(arcSeconds(n + 19), "0.00") + "..." + Format(arcSeconds(n + 20), "0.00") +
-                  "   " + counted(n + 20) + gap + Format(r.edge[n + 39], "000.00") + "..." +
-                  Format(r.edge[n + 40], "000.00") + "   " + counted(n + 40));
-    file.line(Format(arcSeconds(18), "00") + "...     " + counted(19) + gap + Format(arcSeconds(38), "0.00") +
-              "...       " + counted(39) + gap + Format(r.edge[58], "000.00") + "...         " + counted(59));
+        file.line(fmt::format(
+            "{}...{}   {}        {}...{}   {}        {}...{}   {}", Format(arcSeconds(n - 1), "00"),
+            Format(arcSeconds(n), "00"), counted(n), Format(arcSeconds(n + 19), "0.00"),
+            Format(arcSeconds(n + 20), "0.00"), counted(n + 20), Format(r.edge[n + 39], "000.00"),
+            Format(r.edge[n + 40], "000.00"), counted(n + 40)));
+    file.line(fmt::format("{}...     {}        {}...       {}        {}...         {}",
+                          Format(arcSeconds(18), "00"), counted(19), Format(arcSeconds(38), "0.00"), counted(39),
+                          Format(r.edge[58], "000.00"), counted(59)));
     file.line("                 общее количество точек  " + std::to_string(r.NObs));
     file.line("dLsr= " + toText(cut6(ratio(r.sumAbsL * 3600, r.NObs))) +
               " секунд   dBsr= " + toText(cut6(ratio(r.sumAbsB * 3600, r.NObs))) +
