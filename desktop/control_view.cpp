@@ -61,8 +61,7 @@ class LineView final : public ControlView {
 public:
     LineView(TextField& field, const Density& density, const Act& act)
         : ControlView(field, new NumberEdit, density), field_(field), act_(act) {
-        const bool number = isNumberOrEmpty(field.text()) && field.width() <= mostLeftDigits;
-        edit()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        align();
         const int digits = field.width() > 0 ? field.width() : density.digits;
         edit()->setFixedWidth(edit()->fontMetrics().horizontalAdvance('0') * (digits + 1) + 12);
         if (field.readOnly()) {
@@ -83,12 +82,18 @@ public:
 
 private:
     QLineEdit* edit() const { return static_cast<QLineEdit*>(widget_); }
+    /// Numbers right, words left; a result takes the side of what it shows now.
+    void align() {
+        const bool number = isNumberOrEmpty(field_.text()) && field_.width() <= mostLeftDigits;
+        edit()->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
     void show() override {
         // A text being typed stays as long as the program has not written another one.
         const QString now = toQt(field_.text());
         if (shown_ == now) return;
         shown_ = now;
         edit()->setText(now);
+        if (field_.readOnly()) align();
         edit()->setCursorPosition(0);
     }
     QString tip() const override {

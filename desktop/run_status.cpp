@@ -23,7 +23,7 @@ QString clockText(double seconds) {
 
 RunStatus::RunStatus() : bar_(new QProgressBar), times_(new QLabel) {
     auto* box = new QHBoxLayout(this);
-    box->setContentsMargins(0, 0, 6, 0);
+    box->setContentsMargins(12, 0, 6, 0);  // off the hint beside it
     box->addWidget(times_);
     box->addWidget(bar_);
     bar_->setRange(0, 1000);
@@ -41,15 +41,16 @@ void RunStatus::set(double share) {
         bar_->hide();
         return;
     }
-    share = std::min(share, 1.0);
+    const bool endless = std::isinf(share);
+    share = endless ? 0 : std::min(share, 1.0);
     if (!running_ || share < firstShare_) {
         running_ = true;
         firstShare_ = share;
         began_ = now;
-        bar_->show();
     }
+    bar_->setVisible(!endless);
     bar_->setValue(static_cast<int>(std::lround(share * 1000)));
-    QString text = "прошло " + clockText(gone());
+    QString text = (endless ? "идет счет, прошло " : "прошло ") + clockText(gone());
     if (share > firstShare_) {
         const double left = gone() * (1 - share) / (share - firstShare_);
         if (left < longestForecast) {

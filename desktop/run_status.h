@@ -12,7 +12,7 @@ namespace tarvex {
 class RunStatus final : public QWidget {
 public:
     RunStatus();
-    /// @param share  done, 0..1; below 0 the run is over and only its time stays to be read
+    /// @param share  done, 0..1; infinite where nobody knows the end; below 0 the run is over, its time stays
     void set(double share);
 
 private:

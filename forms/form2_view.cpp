@@ -90,7 +90,7 @@ void Form2::showDate() {
     showDateIn(s, Text44, Text43, Text42);
     Text14.show(cut6(s.JD));
     Text2.show(Fix(1000 * s.LonPl[s.IplSel]) / 1000);
-    if (run.boxes.endAtYear) progress(shareDone());
+    progress(run.boxes.endAtYear ? shareDone() : endless);
 }
 
 /// Share of the run that ends with its year.

@@ -1,6 +1,7 @@
 #pragma once
 // A screen of the laboratory: its controls in tab order, their layout, and the guard under which handlers run.
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ public:
     void guarded(const Handler& handler);
 
     /// Progress of a long run for the status line: share done 0..1, below 0 when the run is over.
+    static constexpr double endless = std::numeric_limits<double>::infinity();  ///< goes on until stopped
     void progress(double share);
 
 protected:

@@ -106,6 +106,33 @@ TEST_F(Window, AStopReachesARunningCalculationAndFieldsMoveMeanwhile) {
     EXPECT_EQ(form->Text2.text(), std::to_string(form->passes - 1));
 }
 
+TEST_F(Window, ARunWithoutAnEndIsSeenToGoOn) {
+    const auto* bar = window->statusBar()->findChild<QProgressBar*>();
+    ASSERT_NE(bar, nullptr);
+    const auto told = [&](double share) {
+        form->progress(share);
+        QCoreApplication::processEvents();
+        QString all;
+        for (const auto* label : window->statusBar()->findChildren<QLabel*>()) all += label->text();
+        return all + (bar->isVisible() ? " |" : "");
+    };
+    EXPECT_TRUE(told(0.5).endsWith(" |"));
+    EXPECT_TRUE(told(-1).startsWith("Счет занял"));
+    const QString endless = told(Form::endless);
+    EXPECT_TRUE(endless.startsWith("идет счет") && !endless.endsWith(" |")) << endless.toStdString();
+    EXPECT_TRUE(told(-1).startsWith("Счет занял"));
+}
+
+TEST_F(Window, AResultStandsRightWhenItIsANumberAndLeftWhenItIsWords) {
+    const auto side = [&](const char* text) {
+        form->Text2.setText(text);
+        QCoreApplication::processEvents();
+        return find<QLineEdit>("Text2")->alignment() & Qt::AlignHorizontal_Mask;
+    };
+    EXPECT_EQ(side("нет"), Qt::AlignLeft);
+    EXPECT_EQ(side("1,5"), Qt::AlignRight);
+}
+
 TEST_F(Window, ClosingTheLastWindowEndsItsCalculation) {
     soon([&] { window->close(); });
     QString box = "none";
