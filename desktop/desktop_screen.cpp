@@ -69,6 +69,10 @@ void DesktopScreen::message(const std::string& text, const std::string& title) {
     box.exec();
 }
 
+void DesktopScreen::pointAt(Control& control) {
+    if (FormWindow* window = windowOf(control.form())) window->pointAt(control);
+}
+
 bool DesktopScreen::ask(const std::string& question, const std::string& title) {
     if (over_) return false;
     const Nested nested(*this);

@@ -22,6 +22,7 @@ public:
     ~DesktopScreen() override;
 
     void message(const std::string& text, const std::string& title) override;
+    void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
     void notify(const std::string& text) override;
     void progress(Form& form, double share) override;

@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTabWidget>
 #include <algorithm>
 
 #include "desktop/layout_builder.h"
@@ -151,6 +152,16 @@ void FormWindow::detach() {
     form_ = nullptr;
     for (const auto& [control, view] : views_) view->detach();
     hide();
+}
+
+void FormWindow::pointAt(Control& control) {
+    const auto found = views_.find(&control);
+    if (found == views_.end()) return;
+    QWidget* widget = found->second->widget();
+    for (QWidget* page = widget; page != nullptr && page->parentWidget() != nullptr; page = page->parentWidget())
+        if (auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget())) tabs->setCurrentWidget(page);
+    widget->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }
 
 void FormWindow::showProgress(double share) { status_->set(share); }

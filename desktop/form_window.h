@@ -28,6 +28,8 @@ public:
     void commitEdits();
     /// The form goes: nothing of it is touched any more, the window closes.
     void detach();
+    /// Brings the control into sight and gives it the focus.
+    void pointAt(Control& control);
     void showProgress(double share);
     const Form* form() const { return form_; }
     /// The table in which this control stands goes to the clipboard, its cells separated by tabs.

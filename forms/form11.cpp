@@ -203,13 +203,14 @@ void Form11::iterate() {
 
 /// Dates one after another until the run is stopped.
 void Form11::stepLoop() {
+    Running running(*this);
     do {
         const double day = Text23.number(), step = Text9.number();
         if (!prepare(day)) break;
         stage("Ошибка при расчете", "Tarvex7", [&] { iterate(); });
         Text23.show(day + step);
         if (lab.s.kodStop == 1) break;
-        desk().yield();
+        running.giveWay();
     } while (lab.s.kodStop != 1 && !gone_);
 }
 

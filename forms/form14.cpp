@@ -79,6 +79,7 @@ void Form14::EccentricRun() {
     if (!started_) throw Failure("no run to go on with");
     const Desk::InHandler alive(desk());
     const ArithmeticGuard guard;
+    Running running(*this);
     do {
         EccentricAt(model_);
         guard.check();
@@ -95,7 +96,7 @@ void Form14::EccentricRun() {
         if (Check2.on()) Picture2.disc(x, ratio(model_.dR, Text9.number()), 0.05, blue);
         model_.T = finite(model_.T + Text10.number());
         if (lab.s.kodStop == 1) break;
-        desk().yield();
+        running.giveWay();
     } while (lab.s.kodStop != 1 && !gone_);
 }
 

@@ -212,10 +212,11 @@ void Form16::start() {
 
 void Form16::EclipseRun() {
     if (!started_) throw Failure("no run to go on with");
+    Running running(*this);
     do {
         oneStep();
         if (lab.s.kodStop == 1) break;
-        desk().yield();
+        running.giveWay();
     } while (lab.s.kodStop != 1 && !gone_);
 }
 

@@ -84,11 +84,12 @@ void Form1Check::requireOwn() const {
 void Form1Check::loop() {
     requireOwn();
     Desk& desk = form_.desk();
+    Form::Running running(form_);
     do {
         runOrbitCheckBatch(lab.s, check_, *this);
         display();
         if (lab.s.kodStop == 1) break;
-        desk.yield();
+        running.giveWay();
     } while (desk.anyLoaded() && !gone_ && check_.begun(false));
 }
 

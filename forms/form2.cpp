@@ -278,13 +278,9 @@ void Form2::stop() {
 
 /// Runs the loop and tells the plan, whose handler starts the next experiment inside this call.
 void Form2::run() {
-    struct Ended {
-        Form2& form;
-        ~Ended() { form.progress(-1); }
-    };
     const double began = clockSeconds();
     {
-        const Ended ended{*this};
+        const Running running(*this);
         RunLoop(lab.experiment(), *this);
     }
     if (lab.s.NPlan > 0 && !gone_) {

@@ -255,11 +255,12 @@ void Form20::start() {
 
 void Form20::loop() {
     if (!check_.begun(true)) throw Failure("no check to go on with");
+    Running running(*this);
     do {
         runOrbitCheckBatch(lab.s, check_, *this);
         display();
         if (lab.s.kodStop == 1) break;
-        desk().yield();
+        running.giveWay();
     } while (desk().anyLoaded() && !gone_ && check_.begun(true));
 }
 

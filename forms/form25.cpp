@@ -290,12 +290,13 @@ void Form25::showStart() {
 
 void Form25::loop() {
     if (!started_) throw Failure("no run to go on with");
+    Running running(*this);
     do {
         takeSettings();
         runTwoBodyBatch(lab.s, lab.twoBody, *this);
         display();
         if (lab.s.kodStop == 1) break;
-        desk().yield();
+        running.giveWay();
     } while (desk().anyLoaded() && !gone_);
 }
 

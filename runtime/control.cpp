@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "runtime/form.h"
+#include "core/failure.h"
+#include "runtime/desk.h"
 
 namespace tarvex {
 
@@ -44,6 +45,26 @@ void TextField::setText(std::string text) {
     text_ = std::move(text);
     changed();
     run(change_);
+}
+
+template <class Read>
+auto TextField::pointedAt(Read read) const {
+    try {
+        return read();
+    } catch (const Failure&) {
+        form().desk().suspect(*this);
+        throw;
+    }
+}
+
+double TextField::number() const {
+    return pointedAt([this] { return toNumber(text_); });
+}
+std::int16_t TextField::int16() const {
+    return pointedAt([this] { return toInt16(toNumber(text_)); });
+}
+std::int32_t TextField::int32() const {
+    return pointedAt([this] { return toInt32(toNumber(text_)); });
 }
 
 CheckBox::CheckBox(Form* form, Spec spec)

@@ -84,9 +84,10 @@ public:
     /// Shows a number with up to 15 digits and a decimal comma; throws ArithmeticFailure for no number.
     void show(double v) { setText(toText(v)); }
 
-    double number() const { return toNumber(text_); }
-    std::int16_t int16() const { return toInt16(number()); }
-    std::int32_t int32() const { return toInt32(number()); }
+    /// What is typed.  Throws ConversionFailure or OverflowFailure, and the message then points at this field.
+    double number() const;
+    std::int16_t int16() const;
+    std::int32_t int32() const;
 
     void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
 
@@ -95,6 +96,9 @@ public:
     int width() const { return width_; }
 
 private:
+    template <class Read>
+    auto pointedAt(Read read) const;
+
     std::string text_;
     bool readOnly_;
     int lines_, width_;

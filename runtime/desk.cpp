@@ -12,7 +12,15 @@ Desk::~Desk() {
 
 void Desk::message(const std::string& text, const std::string& title) {
     const FlagsKept flags;
+    if (const auto found = loaded_.find(suspectForm_); found != loaded_.end())
+        if (Control* field = found->second->find(suspectField_); field != nullptr) screen_.pointAt(*field);
+    suspectForm_.clear();
     screen_.message(text, title);
+}
+
+void Desk::suspect(const Control& field) {
+    suspectForm_ = field.form().name();
+    suspectField_ = field.name();
 }
 
 void Desk::yield() {
@@ -77,7 +85,9 @@ void Desk::unloadAll(const std::string& first) {
 }
 
 void Desk::leaveHandler() {
-    if (--depth_ == 0) leaving_.clear();
+    if (--depth_ > 0) return;
+    leaving_.clear();
+    suspectForm_.clear();
 }
 
 }  // namespace tarvex

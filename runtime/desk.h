@@ -24,6 +24,8 @@ public:
 
     Screen& screen() const { return screen_; }
     void message(const std::string& text, const std::string& title);
+    /// A text that is no number was read from this field: the next message of the handler points at it.
+    void suspect(const Control& field);
     /// Gives way to the user; the floating-point flags of the calculation are kept.
     void yield();
 
@@ -77,6 +79,7 @@ private:
     std::map<std::string, std::unique_ptr<Form>> loaded_;
     std::vector<std::unique_ptr<Form>> leaving_;   ///< unloaded in a handler that still runs
     std::string active_;
+    std::string suspectForm_, suspectField_;       ///< by name: the form may go before the message comes
     int depth_ = 0;
 };
 

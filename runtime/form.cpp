@@ -31,6 +31,11 @@ void Form::guarded(const Handler& handler) {
     }
 }
 
+void Form::Running::giveWay() {
+    form_.progress(endless);
+    form_.desk_.yield();
+}
+
 void Form::progress(double share) { desk_.screen().progress(*this, share); }
 
 void Form::opens(CommandButton& command, const std::string& formName) {

@@ -43,6 +43,20 @@ public:
     static constexpr double endless = std::numeric_limits<double>::infinity();  ///< goes on until stopped
     void progress(double share);
 
+    /// Held while a calculation goes on: what it tells of its progress ends with it.
+    class Running {
+    public:
+        explicit Running(Form& form) : form_(form) {}
+        ~Running() { form_.progress(-1); }
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+        /// Gives way in a calculation that goes on until it is stopped.
+        void giveWay();
+
+    private:
+        Form& form_;
+    };
+
 protected:
     /// Binds a command to opening another form; while the laboratory has no such form the command is disabled.
     void opens(CommandButton& command, const std::string& formName);

@@ -18,6 +18,8 @@ public:
 
     // --- talking to the user
     virtual void message(const std::string& text, const std::string& title) = 0;
+    /// The message to come is about this control.
+    virtual void pointAt(Control&) {}
     virtual bool ask(const std::string& question, const std::string& title) = 0;   ///< true for yes
     virtual void notify(const std::string& text) = 0;                              ///< end of a long run
     virtual void progress(Form& form, double share) = 0;                           ///< share < 0: the run is over

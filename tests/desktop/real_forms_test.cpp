@@ -4,6 +4,7 @@
 #include "forms/form15.h"
 #include "forms/form2.h"
 #include "forms/form3.h"
+#include "forms/form6.h"
 #include "tests/desktop/every_form.h"
 
 namespace tarvex {
@@ -123,6 +124,18 @@ TEST_F(RealForms, F1OpensTheHelpAtTheFormThatAsks) {
         const std::string text = textOf(pageOfForm(lab.desk, name));
         EXPECT_EQ(test::find<QPlainTextEdit>(windowOf("Form3"), "Text1")->toPlainText().toStdString(), text);
     }
+}
+
+TEST_F(RealForms, AMessageBringsTheFieldThatHoldsNoNumberIntoSight) {
+    lab.desk.show("Form6");
+    FormWindow& window = windowOf("Form6");
+    auto* field = test::find<QLineEdit>(window, "Text23");
+    ASSERT_FALSE(field->isVisible());  // on a tab that is not in front
+    lab.desk.get<Form6>().Text23.setText("две");
+    lab.desk.get<Form6>().Command9.press();
+    EXPECT_EQ(said.size(), 1);
+    EXPECT_TRUE(field->isVisible());
+    EXPECT_EQ(window.focusWidget(), field);
 }
 
 }  // namespace tarvex

@@ -156,4 +156,16 @@ TEST_F(Bench, PicturesDrawInTheirScaleAndIgnoreWhatIsNoPlace) {
     EXPECT_DOUBLE_EQ(picture.toUserY(0.5), 1);
 }
 
+TEST_F(Bench, AMessagePointsAtTheFieldThatHoldsNoNumber) {
+    auto& form = desk.get<BenchForm>();
+    form.Text1.setText("две");
+    form.Command1.press();
+    EXPECT_EQ(screen.pointedAt, std::vector<std::string>{"Bench.Text1"});
+    form.Text1.setText("2");
+    form.divisor = 0;  // no text is to blame
+    form.Command1.press();
+    EXPECT_EQ(screen.messages.size(), 2u);
+    EXPECT_EQ(screen.pointedAt.size(), 1u);
+}
+
 }  // namespace tarvex

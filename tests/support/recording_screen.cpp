@@ -37,6 +37,9 @@ void RecordingScreen::yield() {
     if (atYield) atYield(yields);
 }
 
+void RecordingScreen::pointAt(Control& control) {
+    pointedAt.push_back(control.form().name() + "." + control.name());
+}
 void RecordingScreen::formShown(Form& form) { shown.push_back(form.name()); }
 void RecordingScreen::formUnloaded(Form& form) { unloaded.push_back(form.name()); }
 

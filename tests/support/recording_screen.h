@@ -44,6 +44,7 @@ public:
     };
 
     void message(const std::string& text, const std::string& title) override { messages.push_back({text, title}); }
+    void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
     void notify(const std::string& text) override { notices.push_back(text); }
     void progress(Form&, double share) override { lastProgress = share; }
@@ -61,6 +62,7 @@ public:
     Message onlyMessage();
 
     std::vector<Message> messages;
+    std::vector<std::string> pointedAt;   ///< the controls that messages were about
     std::vector<Message> questions;
     std::deque<bool> answers;                 ///< none left: the answer is no
     std::vector<std::string> notices;
