@@ -13,7 +13,8 @@ namespace {
 
 constexpr int mostExperiments = 32767;
 const std::string usage =
-    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume] [ИМЯ=ЗНАЧЕНИЕ ...]";
+    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume] "
+    "[ИМЯ=ЗНАЧЕНИЕ ...]";
 
 int wholeNumber(const std::string& text) {
     try {
@@ -73,7 +74,8 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
             }
         } else if (word == "--jobs") {
             options.jobs = wholeNumber(value());
-        } else if (const auto sign = word.find('='); sign != std::string::npos && sign > 0 && word.front() != '-') {
+        } else if (const auto sign = word.find('=');
+                   sign != std::string::npos && sign > 0 && word.front() != '-') {
             std::string control = word.substr(0, sign);
             if (!control.starts_with("Form")) control = "Form2." + control;
             options.settings.push_back({control, word.substr(sign + 1)});

@@ -10,17 +10,17 @@ namespace tarvex {
 
 /// A control of a form set before the experiment, as a script line does it.
 struct BatchSetting {
-    std::string control;   ///< "Form2.Text38"
-    std::string value;     ///< "3600", "on"
+    std::string control;  ///< "Form2.Text38"
+    std::string value;    ///< "3600", "on"
 };
 
 struct BatchOptions {
-    std::optional<std::filesystem::path> data;   ///< data tree; none: where the programs find it
+    std::optional<std::filesystem::path> data;  ///< data tree; none: where the programs find it
     int plan = 0;
-    int first = 0, last = 0;                     ///< experiments
+    int first = 0, last = 0;  ///< experiments
     std::vector<int> planets = {1};
-    int jobs = 0;                                ///< processes at once; 0: one a core
-    bool resume = false;                         ///< leave finished files as they are
+    int jobs = 0;         ///< processes at once; 0: one a core
+    bool resume = false;  ///< leave finished files as they are
     std::vector<BatchSetting> settings;
 };
 

@@ -8,7 +8,8 @@
 
 int main(int argc, char** argv) {
     try {
-        const int status = tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout, std::cerr);
+        const int status =
+            tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout, std::cerr);
         if (!std::cout.flush()) throw tarvex::Failure("не удалось записать вывод");
         return status;
     } catch (const std::exception& failure) {

@@ -44,7 +44,7 @@ class WorkerScreen final : public ScriptScreen {
 public:
     WorkerScreen(std::ostream& out, int pipe) : ScriptScreen(out), pipe_(pipe) {}
     void message(const std::string& text, const std::string&) override {
-        if (trouble.empty()) trouble = text;      // an outer handler would tell its own text of the same trouble
+        if (trouble.empty()) trouble = text;  // an outer handler would tell its own text of the same trouble
         throw Failure(text);
     }
     void progress(Form&, double share) override {
@@ -54,7 +54,7 @@ public:
         [[maybe_unused]] const auto sent = write(pipe_, &percent, 1);
     }
 
-    std::string trouble;   ///< the first message
+    std::string trouble;  ///< the first message
 
 private:
     int pipe_;
@@ -72,13 +72,15 @@ struct Worker {
 
 /// Everything of the real tree but the plan's folder is looked at in place.
 fs::path passingTree(const fs::path& root, int plan, const Task& task) {
-    const fs::path tree = fs::temp_directory_path() /
-                          ("tarvex-plan-" + std::to_string(getpid()) + "-" + std::to_string(task.planet) + "-" + std::to_string(task.experiment));
+    const fs::path tree =
+        fs::temp_directory_path() / ("tarvex-plan-" + std::to_string(getpid()) + "-" +
+                                     std::to_string(task.planet) + "-" + std::to_string(task.experiment));
     const DataTree real(root), own(tree);
     fs::create_directories(own.at(files::runRecord(plan, task.planet, task.experiment)).parent_path());
     fs::copy_file(real.at(files::plan(plan)), own.at(files::plan(plan)));
     for (const char* folder : {"Dat", "JPL", "NEW", "Ser"})
-        if (fs::is_directory(root / folder)) fs::create_directory_symlink(fs::absolute(root / folder), tree / folder);
+        if (fs::is_directory(root / folder))
+            fs::create_directory_symlink(fs::absolute(root / folder), tree / folder);
     return tree;
 }
 
@@ -140,7 +142,8 @@ public:
     }
 
     int run() {
-        const std::size_t jobs = options_.jobs > 0 ? options_.jobs : std::max(1u, std::thread::hardware_concurrency());
+        const std::size_t jobs =
+            options_.jobs > 0 ? options_.jobs : std::max(1u, std::thread::hardware_concurrency());
         begun_ = Clock::now();
         while (interrupted == 0 && (!waiting_.empty() || !running_.empty())) {
             while (running_.size() < jobs && !waiting_.empty()) {
@@ -157,7 +160,9 @@ public:
     }
 
 private:
-    fs::path target(const Task& task) const { return real_.at(files::runRecord(options_.plan, task.planet, task.experiment)); }
+    fs::path target(const Task& task) const {
+        return real_.at(files::runRecord(options_.plan, task.planet, task.experiment));
+    }
 
     void start(const Task& task) {
         Worker worker;
@@ -170,7 +175,7 @@ private:
         worker.pid = fork();
         if (worker.pid < 0) throw Failure("нет места для процессов");
         if (worker.pid == 0) {
-            prctl(PR_SET_PDEATHSIG, SIGKILL);      // a worker never outlives the batch
+            prctl(PR_SET_PDEATHSIG, SIGKILL);  // a worker never outlives the batch
             close(ends[0]);
             _exit(work(options_, task, worker.tree, ends[1]));
         }
@@ -207,7 +212,8 @@ private:
 
     /// Puts the records of a finished run where they belong, whole or not at all.
     void handOver(const Worker& worker, const fs::path& goal) const {
-        const std::string records = files::runRecord(options_.plan, worker.task.planet, worker.task.experiment);
+        const std::string records =
+            files::runRecord(options_.plan, worker.task.planet, worker.task.experiment);
         fs::path passing = goal;
         passing += "." + std::to_string(getpid()) + ".tmp~";
         try {
@@ -255,11 +261,12 @@ private:
         for (const Worker& worker : running_) share += worker.share;
         const double seconds = std::chrono::duration<double>(told_ - begun_).count();
         const double all = static_cast<double>(total_ - skipped_);
-        err_ << "план " << options_.plan << ": готово " << skipped_ + done_ << " из " << total_ << ", в работе " << running_.size();
+        err_ << "план " << options_.plan << ": готово " << skipped_ + done_ << " из " << total_
+             << ", в работе " << running_.size();
         if (share > 0 && share < all) {
             const auto left = static_cast<long>(seconds / share * (all - share));
-            err_ << ", осталось " << left / 3600 << ":" << Format(static_cast<double>(left / 60 % 60), "00") << ":"
-                 << Format(static_cast<double>(left % 60), "00");
+            err_ << ", осталось " << left / 3600 << ":" << Format(static_cast<double>(left / 60 % 60), "00")
+                 << ":" << Format(static_cast<double>(left % 60), "00");
         }
         if (failed_ > 0) err_ << ", с ошибкой " << failed_;
         err_ << std::endl;
@@ -283,16 +290,20 @@ std::vector<std::string> experimentScript(const BatchOptions& options, int plane
     // what the plan is made of comes before its levels are loaded; Form1 before everything
     for (const BatchSetting& setting : options.settings) {
         const std::string line = setting.control + " = " + setting.value;
-        (setting.control.starts_with("Form1.") ? first : setting.control.starts_with("Form15.") ? plan : last).push_back(line);
+        (setting.control.starts_with("Form1.")    ? first
+         : setting.control.starts_with("Form15.") ? plan
+                                                  : last)
+            .push_back(line);
     }
     if (!first.empty()) first.insert(first.end(), {"Form1.Command3", "Form1.Command12"});
-    first.emplace_back("Form1.Command1");      // hands the elements over to modelling
+    first.emplace_back("Form1.Command1");  // hands the elements over to modelling
     plan.insert(plan.end(), {"Form15.Option6 = on", "Form15.Command5", "Form15.Command14"});
     std::vector<std::string> script = first;
     script.insert(script.end(), plan.begin(), plan.end());
     script.insert(script.end(), last.begin(), last.end());
     const std::string e = std::to_string(experiment);
-    script.insert(script.end(), {"Form2.Text13 = " + std::to_string(planet), "Form15.Text5 = " + e, "Form15.Text6 = " + e, "Form15.Command8"});
+    script.insert(script.end(), {"Form2.Text13 = " + std::to_string(planet), "Form15.Text5 = " + e,
+                                 "Form15.Text6 = " + e, "Form15.Command8"});
     return script;
 }
 

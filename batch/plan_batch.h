@@ -1,6 +1,6 @@
 #pragma once
-// The experiments of a plan, each in a process of its own: Form15 drives Form2 as at the desk, in a passing data tree,
-// and the finished run file is renamed into the real one, so that a file there is always whole.
+// The experiments of a plan, each in a process of its own: Form15 drives Form2 as at the desk, in a passing
+// data tree, and the finished run file is renamed into the real one, so that a file there is always whole.
 
 #include <iosfwd>
 #include <string>

@@ -1,5 +1,6 @@
-// Observations a second through the full chain, without pictures: theories, both aberrations, precession, nutation,
-// parallax, refraction, visibility.  The counter "observations" is their rate; 20,000 a second are the least wanted.
+// Observations a second through the full chain, without pictures: theories, both aberrations, precession,
+// nutation, parallax, refraction, visibility.  The counter "observations" is their rate; 20,000 a second are
+// the least wanted.
 
 #include "reduction/reduction_run.h"
 

@@ -1,5 +1,6 @@
-// A step of the two-body loops with its measurement, against the four right-hand sides inside it.  The counter
-// "share" is the time of the step over that of the four calls, each the smallest of many alternating repetitions.
+// A step of the two-body loops with its measurement, against the four right-hand sides inside it.  The
+// counter "share" is the time of the step over that of the four calls, each the smallest of many alternating
+// repetitions.
 
 #include <benchmark/benchmark.h>
 
@@ -32,7 +33,8 @@ ModelState moon() {
     s.kodBary = 1;
     moonMasses(s, MoonTheory::Ser0);
     moonElements(s, MoonTheory::Ser0);
-    moonInitialData(s, {.earthByRatio = true, .shiftMoon = true, .scaleMoonSpeed = true, .earthSpeedByRatio = true});
+    moonInitialData(
+        s, {.earthByRatio = true, .shiftMoon = true, .scaleMoonSpeed = true, .earthSpeedByRatio = true});
     for (const int i : {0, 11}) {
         s.X[i] = s.X0[i], s.Y[i] = s.Y0[i], s.Z[i] = s.Z0[i];
         s.VX[i] = s.VX0[i], s.VY[i] = s.VY0[i], s.VZ[i] = s.VZ0[i];
@@ -66,7 +68,8 @@ void orbitCheck(benchmark::State& state) {
     c.NC0 = stepsInBatch;
     startOrbitCheck(s, c);
     Silent port;
-    shareOf(state, [&] { runOrbitCheckBatch(s, c, port); }, [&] { OrbitCheckDiffur(s, c); });
+    shareOf(
+        state, [&] { runOrbitCheckBatch(s, c, port); }, [&] { OrbitCheckDiffur(s, c); });
 }
 BENCHMARK(orbitCheck)->Unit(benchmark::kMillisecond)->MinTime(1);
 
@@ -79,7 +82,8 @@ void twoBody(benchmark::State& state) {
     b.withVgr = state.range(0) == 1;
     startTwoBody(s, b);
     Silent port;
-    shareOf(state, [&] { runTwoBodyBatch(s, b, port); }, [&] { TwoBodyDiffur(s, b); });
+    shareOf(
+        state, [&] { runTwoBodyBatch(s, b, port); }, [&] { TwoBodyDiffur(s, b); });
 }
 BENCHMARK(twoBody)->ArgName("with_Vgr")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->MinTime(1);
 

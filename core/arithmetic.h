@@ -1,6 +1,6 @@
 #pragma once
-// Arithmetic failures do not raise by themselves in C++.  ArithmeticGuard watches the floating-point flags of a
-// piece of work; ratio() and finite() refuse at the place where a user's zero could enter the shared state.
+// Arithmetic failures do not raise by themselves in C++.  ArithmeticGuard watches the floating-point flags of
+// a piece of work; ratio() and finite() refuse at the place where a user's zero could enter the shared state.
 
 #include <cfenv>
 #include <cmath>
@@ -13,8 +13,8 @@
 
 namespace tarvex {
 
-/// Watches a piece of work for division by zero, invalid operations and overflow.  Guards nest: the flags of the
-/// outer guard are kept and come back when the inner one ends.
+/// Watches a piece of work for division by zero, invalid operations and overflow.  Guards nest: the flags of
+/// the outer guard are kept and come back when the inner one ends.
 class ArithmeticGuard {
 public:
     ArithmeticGuard() {
@@ -25,7 +25,8 @@ public:
     ArithmeticGuard(const ArithmeticGuard&) = delete;
     ArithmeticGuard& operator=(const ArithmeticGuard&) = delete;
 
-    /// Throws ArithmeticFailure when a watched operation has happened since the guard was made or last checked.
+    /// Throws ArithmeticFailure when a watched operation has happened since the guard was made or last
+    /// checked.
     void check() const {
         if (raised()) {
             std::feclearexcept(FE_ALL_EXCEPT);

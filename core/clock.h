@@ -5,6 +5,6 @@
 
 namespace tarvex {
 
-std::string timeOfDay();   ///< "17:05:09"
+std::string timeOfDay();  ///< "17:05:09"
 
 }  // namespace tarvex

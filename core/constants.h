@@ -19,14 +19,20 @@ inline constexpr double LaeTheory = 149597870691;          ///< astronomical uni
 inline constexpr double arcSecondsInRadian = 206264.8062;  ///< as the nutation and Moon series use it
 inline constexpr double REarth = 6378140;                  ///< radius of the Earth in the parallax, m
 
-inline constexpr int NPlanetMax = 10;                      ///< highest body that loops over bodies visit
-inline constexpr int bodies = NPlanetMax + 1;              ///< bodies 0..10
-inline constexpr int rowCount = 40;                        ///< rows of X..VZ: bodies 0..11 and work rows
+inline constexpr int NPlanetMax = 10;          ///< highest body that loops over bodies visit
+inline constexpr int bodies = NPlanetMax + 1;  ///< bodies 0..10
+inline constexpr int rowCount = 40;            ///< rows of X..VZ: bodies 0..11 and work rows
 
 /// Rows of the per-body arrays that have a meaning of their own.
 enum Row : int {
-    rowSun = 0, rowEarthMoon = 3, rowXena = 10, rowMoon = 11, rowWork = 12, rowEarth = 13,
-    rowCentre = 14, rowOrigin = 15
+    rowSun = 0,
+    rowEarthMoon = 3,
+    rowXena = 10,
+    rowMoon = 11,
+    rowWork = 12,
+    rowEarth = 13,
+    rowCentre = 14,
+    rowOrigin = 15
 };
 
 }  // namespace tarvex

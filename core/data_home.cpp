@@ -21,7 +21,8 @@ bool isTree(const fs::path& folder) {
     return fs::is_directory(folder / "Dat", error);
 }
 
-/// Copies the tree under a passing name and renames it, so that an interrupted copy is never taken for a tree.
+/// Copies the tree under a passing name and renames it, so that an interrupted copy is never taken for a
+/// tree.
 void copyTree(const fs::path& from, const fs::path& to) {
     const fs::path passing = to.string() + "." + std::to_string(getpid()) + ".tmp~";
     std::error_code error;
@@ -37,7 +38,8 @@ void copyTree(const fs::path& from, const fs::path& to) {
 
 }  // namespace
 
-fs::path findDataTree(const std::optional<fs::path>& given, const fs::path& executable, const fs::path& userData) {
+fs::path findDataTree(const std::optional<fs::path>& given, const fs::path& executable,
+                      const fs::path& userData) {
     if (given) {
         std::error_code error;
         if (!fs::is_directory(*given, error)) throw OpenFailure("no folder " + given->string());
@@ -59,8 +61,9 @@ fs::path findDataTree(const std::optional<fs::path>& given) {
     const fs::path self = fs::read_symlink("/proc/self/exe", error);
     const char* data = std::getenv("XDG_DATA_HOME");
     const char* home = std::getenv("HOME");
-    const fs::path userData = data != nullptr && *data != '\0' ? fs::path(data)
-                                                               : fs::path(home != nullptr ? home : "/") / ".local" / "share";
+    const fs::path userData = data != nullptr && *data != '\0'
+                                  ? fs::path(data)
+                                  : fs::path(home != nullptr ? home : "/") / ".local" / "share";
     return findDataTree(given, self, userData);
 }
 

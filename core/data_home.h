@@ -14,7 +14,8 @@ namespace tarvex {
 /// @param userData    the user's data folder
 /// Throws OpenFailure when the given folder is missing or there is no tree to copy.
 std::filesystem::path findDataTree(const std::optional<std::filesystem::path>& given,
-                                   const std::filesystem::path& executable, const std::filesystem::path& userData);
+                                   const std::filesystem::path& executable,
+                                   const std::filesystem::path& userData);
 
 /// The same for this process: its own executable, and the data folder of the user who runs it.
 std::filesystem::path findDataTree(const std::optional<std::filesystem::path>& given);

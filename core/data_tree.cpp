@@ -21,7 +21,9 @@ std::string trackXYZ(int i, int N) { return fmt::format("\\Dat\\Tarvex{}XYZ{}.tx
 std::string testPlan(int k) { return fmt::format("\\Dat\\NabPlan{}.txt", k); }
 std::string pulsar(int N) { return fmt::format("\\Dat\\Pulsar{}.dat", N); }
 std::string ephemeris(int year) { return fmt::format("\\JPL\\ascp{}.405", year); }
-std::string runRecord(int k, int i, int e) { return fmt::format("\\Plan{0}\\Txt{1}\\Tarvex{1}Ras{2}.txt", k, i, e); }
+std::string runRecord(int k, int i, int e) {
+    return fmt::format("\\Plan{0}\\Txt{1}\\Tarvex{1}Ras{2}.txt", k, i, e);
+}
 std::string series(std::string_view folder, int i) { return fmt::format("{}\\Tarvex{}Nab.txt", folder, i); }
 std::string shifts(std::string_view folder) { return fmt::format("{}\\TarvexNab.dat", folder); }
 std::string plan(int k) { return fmt::format("\\Plan{0}\\TarvexPlan{0}.dat", k); }

@@ -13,17 +13,30 @@ struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-struct ConversionFailure : Failure { using Failure::Failure; };   ///< a text that is no number
-struct OverflowFailure : Failure { using Failure::Failure; };     ///< a value outside 16 or 32 bits
-struct SubscriptFailure : Failure { using Failure::Failure; };    ///< an index outside its array
-struct ArithmeticFailure : Failure { using Failure::Failure; };   ///< division by zero, root of a negative ...
-struct FileFailure : Failure { using Failure::Failure; };         ///< a file that cannot be opened, read or written
+struct ConversionFailure : Failure {
+    using Failure::Failure;
+};  ///< a text that is no number
+struct OverflowFailure : Failure {
+    using Failure::Failure;
+};  ///< a value outside 16 or 32 bits
+struct SubscriptFailure : Failure {
+    using Failure::Failure;
+};  ///< an index outside its array
+struct ArithmeticFailure : Failure {
+    using Failure::Failure;
+};  ///< division by zero, root of a negative ...
+struct FileFailure : Failure {
+    using Failure::Failure;
+};  ///< a file that cannot be opened, read or written
 /// A file that cannot be opened at all (missing, a folder, no rights): forms tell it from a bad content.
-struct OpenFailure : FileFailure { using FileFailure::FileFailure; };
+struct OpenFailure : FileFailure {
+    using FileFailure::FileFailure;
+};
 
 /// A failure that already carries the text and title that the user is to see.
 struct Refusal : Failure {
-    Refusal(std::string text_, std::string title_) : Failure(text_), text(std::move(text_)), title(std::move(title_)) {}
+    Refusal(std::string text_, std::string title_)
+        : Failure(text_), text(std::move(text_)), title(std::move(title_)) {}
     std::string text, title;
 };
 

@@ -54,7 +54,7 @@ double toNumber(std::string_view text) {
     if (first == std::string_view::npos) throw ConversionFailure("empty text where a number is expected");
     text = text.substr(first, text.find_last_not_of(" \t") - first + 1);
 
-    std::array<char, 64> usual{}; // long enough for all but a joke: files hold millions of numbers
+    std::array<char, 64> usual{};  // long enough for all but a joke: files hold millions of numbers
     std::string longer;
     if (text.size() > usual.size()) longer.resize(text.size());
     char* plain = longer.empty() ? usual.data() : longer.data();

@@ -42,11 +42,11 @@ private:
 
     std::ifstream file_;
     std::string name_;
-    std::vector<char> block_;   ///< a piece of the file
+    std::vector<char> block_;  ///< a piece of the file
     std::size_t blockAt_ = 0, blockEnd_ = 0;
-    std::string current_;       ///< the line being read, undecoded
-    std::size_t at_ = 0;        ///< first unread byte of current_
-    bool open_ = false;         ///< current_ holds a line that is not used up
+    std::string current_;  ///< the line being read, undecoded
+    std::size_t at_ = 0;   ///< first unread byte of current_
+    bool open_ = false;    ///< current_ holds a line that is not used up
 };
 
 /// Writes a text file that replaces the target as a whole on commit(); until then, and after any failure, the
@@ -75,8 +75,8 @@ private:
     std::ofstream file_;
 };
 
-/// Gives a finished file of the same file system the name of the target, which it replaces as a whole: after a
-/// power cut the target is the old file or the new one.  Throws FileFailure.
+/// Gives a finished file of the same file system the name of the target, which it replaces as a whole: after
+/// a power cut the target is the old file or the new one.  Throws FileFailure.
 void putInPlace(const std::filesystem::path& finished, const std::filesystem::path& target);
 
 /// Appends one line and flushes it.  Throws OpenFailure or FileFailure.

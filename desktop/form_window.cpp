@@ -158,8 +158,10 @@ void FormWindow::pointAt(Control& control) {
     const auto found = views_.find(&control);
     if (found == views_.end()) return;
     QWidget* widget = found->second->widget();
-    for (QWidget* page = widget; page != nullptr && page->parentWidget() != nullptr; page = page->parentWidget())
-        if (auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget())) tabs->setCurrentWidget(page);
+    for (QWidget* page = widget; page != nullptr && page->parentWidget() != nullptr;
+         page = page->parentWidget())
+        if (auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget()))
+            tabs->setCurrentWidget(page);
     widget->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
 }

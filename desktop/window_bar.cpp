@@ -80,7 +80,8 @@ void WindowBar::listWindows() {
     int number = 0;
     for (QMainWindow* one : actions_.windows()) {
         const QString keys = ++number <= numbered ? QString("\tCtrl+%1").arg(number) : QString();
-        const QString name = one->objectName().startsWith("Form") ? one->objectName().mid(4) + ".  " : QString();
+        const QString name =
+            one->objectName().startsWith("Form") ? one->objectName().mid(4) + ".  " : QString();
         QAction* action = menu->addAction(name + literal(one->windowTitle().simplified()) + keys);
         action->setCheckable(true);
         action->setChecked(one == &window_);

@@ -38,7 +38,7 @@ void add(Laboratory& lab) {
 
 }  // namespace
 
-void addForms(Laboratory& lab) {   // in the order of their numbers, the order in which exit unloads them
+void addForms(Laboratory& lab) {  // in the order of their numbers, the order in which exit unloads them
     add<Form1>(lab);
     add<Form2>(lab);
     add<Form3>(lab);

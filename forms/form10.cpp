@@ -17,14 +17,14 @@ struct StageFields {
     const char *L, *B, *caption;
 };
 constexpr std::array<StageFields, chainStages> stageFields = {{{"Text21", "Text22", "ГЕО ЭКЛ J2000"},
-                                                              {"Text31", "Text41", "+Аберр. ис."},
-                                                              {"Text32", "Text42", "+Аберр. пр."},
-                                                              {nullptr, nullptr, ""},
-                                                              {"Text33", "Text43", "ГЕО ЭКВ JD"},
-                                                              {"Text34", "Text44", "+Параллакс"},
-                                                              {"Text35", "Text45", "+Рефракция"},
-                                                              {"Text36", "Text38", "+Нутация"},
-                                                              {"Text37", "Text39", "ГЕО ЭКЛ JD"}}};
+                                                               {"Text31", "Text41", "+Аберр. ис."},
+                                                               {"Text32", "Text42", "+Аберр. пр."},
+                                                               {nullptr, nullptr, ""},
+                                                               {"Text33", "Text43", "ГЕО ЭКВ JD"},
+                                                               {"Text34", "Text44", "+Параллакс"},
+                                                               {"Text35", "Text45", "+Рефракция"},
+                                                               {"Text36", "Text38", "+Нутация"},
+                                                               {"Text37", "Text39", "ГЕО ЭКЛ JD"}}};
 
 }  // namespace
 
@@ -32,21 +32,34 @@ Form10::Form10(Laboratory& lab_)
     : Form(lab_.desk, formName, "Обработка первичных данных наблюдений"),
       Option4(this, 0, 10,
               [](int i) {
-                  return OptionButton::Spec{.name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0,
+                  return OptionButton::Spec{.name = "Option4",
+                                            .caption = tableCaptions[i],
+                                            .group = "table",
+                                            .on = i == 0,
                                             .hint = tableHint(i)};
               }),
       Option9(this, 0, 7,
               [](int i) {
-                  return OptionButton::Spec{.name = "Option9", .caption = observatoryCaptions[i], .group = "observatory",
-                                            .on = i == 0, .hint = i == 0 ? "Обсерватория не выбрана: с этой отметкой расчет не начнется"
-                                                            : "Открыть файл наблюдений этой обсерватории и взять ее место"};
+                  return OptionButton::Spec{
+                      .name = "Option9",
+                      .caption = observatoryCaptions[i],
+                      .group = "observatory",
+                      .on = i == 0,
+                      .hint = i == 0 ? "Обсерватория не выбрана: с этой отметкой расчет не начнется"
+                                     : "Открыть файл наблюдений этой обсерватории и взять ее место"};
               }),
       lab(lab_) {
     for (int i = 0; i < chainStages; ++i) {
         if (stageFields[i].L == nullptr) continue;
         const std::string at = std::string(", градусы: ") + stageFields[i].caption;
-        stageL[i] = std::make_unique<TextField>(this, TextField::Spec{.name = stageFields[i].L, .hint = "Долгота или прямое восхождение по теории" + at, .readOnly = true});
-        stageB[i] = std::make_unique<TextField>(this, TextField::Spec{.name = stageFields[i].B, .hint = "Широта или склонение по теории" + at, .readOnly = true});
+        stageL[i] = std::make_unique<TextField>(
+            this, TextField::Spec{.name = stageFields[i].L,
+                                  .hint = "Долгота или прямое восхождение по теории" + at,
+                                  .readOnly = true});
+        stageB[i] =
+            std::make_unique<TextField>(this, TextField::Spec{.name = stageFields[i].B,
+                                                              .hint = "Широта или склонение по теории" + at,
+                                                              .readOnly = true});
     }
 
     const Shown bad = orShow("Введите правильно данные", "Tarvex7.0");
@@ -59,8 +72,18 @@ Form10::Form10(Laboratory& lab_)
 
     Command1.onPress([this] { start(); }, bad);
     Command4.onPress([this] { lab.s.kodStop = 1; });
-    Command5.onPress([this] { lab.s.kodStop = 0; pass(); }, badRun);
-    Command6.onPress([this] { lab.s.kodStop = 1; pass(); }, badRun);
+    Command5.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            pass();
+        },
+        badRun);
+    Command6.onPress(
+        [this] {
+            lab.s.kodStop = 1;
+            pass();
+        },
+        badRun);
     Command7.onPress([this] { runExperiments(); }, bad);
     Command15.onPress([this] { showStatistics(); }, orShow("Введите правильно масштаб", "Tarvex7.0"));
     Command2.onPress([this] { convertDate(); }, bad);
@@ -81,7 +104,9 @@ Form10::Form10(Laboratory& lab_)
         if (!plan) Option13.choose();
         Option14.setEnabled(plan);
         Option13.setEnabled(true);
-        auto* varyTerms = desk().isLoaded("Form13") ? dynamic_cast<CheckBox*>(desk().form("Form13").find("Check2")) : nullptr;
+        auto* varyTerms = desk().isLoaded("Form13")
+                              ? dynamic_cast<CheckBox*>(desk().form("Form13").find("Check2"))
+                              : nullptr;
         if (varyTerms == nullptr) return;
         if (plan) varyTerms->set(false);
         varyTerms->setEnabled(!plan);
@@ -105,10 +130,9 @@ void Form10::layOut() {
         row({Option1, Option2, Label58}),
         frame("Tab", column({table(3, tableCells(Option4)), Check19})),
         frame("Obs", column({table(4, observatories), fields(2, {Text59, Text56}), Check3})),
-        frame("Начало, место и объект",
-              column({fields(2, {row({Text2, Text3, Text4}), Text1, Text5, Text18, Text24, Text25, Text16, Text14,
-                                 Text65}),
-                      row({Command2, Command3, Command18})})),
+        frame("Начало, место и объект", column({fields(2, {row({Text2, Text3, Text4}), Text1, Text5, Text18,
+                                                           Text24, Text25, Text16, Text14, Text65}),
+                                                row({Command2, Command3, Command18})})),
         frame("Календарь", column({row({Option5, Option6, Option7}), row({Option15, Option16})})),
     });
     const Layout theory = column({
@@ -124,14 +148,15 @@ void Form10::layOut() {
         frame("Дата шага", fields(1, {Text58, Text40})),
         frame("Теория по ступеням", table(3, stages)),
         frame("Данные и отклонения теории от них",
-              fields(2, {Text63, Text64, Text7, Text8, Text9, Text10, Text11, Text12, Text15, Text13, Text54, Text55})),
+              fields(2, {Text63, Text64, Text7, Text8, Text9, Text10, Text11, Text12, Text15, Text13, Text54,
+                         Text55})),
         frame("Принято наблюдений", fields(3, {Text23, Text60, Text78})),
     });
     const Layout drawing = column({
         frame("наблюденя", row({Option8, Option3})),
         frame("Рисунки тел", row({Label2, HScroll2})),
-        frame("Нижний график", table(3, {Check1, Check9, Check18, Check11, Check12, blank(), Check10, Check34, Check35,
-                                         Check14, Check6})),
+        frame("Нижний график", table(3, {Check1, Check9, Check18, Check11, Check12, blank(), Check10, Check34,
+                                         Check35, Check14, Check6})),
         frame("Масштабы нижнего графика", fields(2, {Text6, Text19, Text20, Text49, Text53, Text28})),
         frame("Ход расчета", row({Check28, Text17, Check4, Check30})),
     });
@@ -144,7 +169,8 @@ void Form10::layOut() {
         row({pages({frame("Данные", data), frame("Теория и отбор", theory), frame("Результаты", results),
                     frame("Рисунки", drawing), frame("План", plan)}),
              pages({frame("Отклонения", scrolled(Picture4)), frame("Тела", row({Picture1, Picture3}))})}),
-        row({Command1, Command4, Command5, Command6, Command15, Command16, Command17, stretch(), Command14, Command13}),
+        row({Command1, Command4, Command5, Command6, Command15, Command16, Command17, stretch(), Command14,
+             Command13}),
     });
 }
 
@@ -168,7 +194,7 @@ void Form10::unload() {
     if (running_) lab.s.kodStop = 1;
     lab.office.onBusy([](bool) {});
     gone_ = true;
-    if (!running_) closeSources();   // otherwise when the pass that still runs has ended
+    if (!running_) closeSources();  // otherwise when the pass that still runs has ended
 }
 
 void Form10::clearGraph() {

@@ -12,8 +12,8 @@ namespace tarvex {
 namespace {
 
 constexpr double responseColumn = 8.5, regressionColumn = 11.5, coefficientColumn = 20;
-constexpr double firstResponse = 10.5;   ///< below the top of the graph
-constexpr double factorColumn = 1.1;     ///< width
+constexpr double firstResponse = 10.5;  ///< below the top of the graph
+constexpr double factorColumn = 1.1;    ///< width
 
 std::string cutText(double value, double scale) { return toText(Fix(value * scale) / scale); }
 
@@ -84,7 +84,8 @@ void Form10::plotFactors() {
     plan.Ymax = *most;
     plan.Mcrit = (plan.Ymax - plan.Ymin) / 10;
     page_.showPlots(Picture4);
-    plotAlongFactors(Picture4, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
+    plotAlongFactors(
+        Picture4, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
 }
 
 /// The plan as it stands: levels and optimum of the factors, speeds, the table of its points.

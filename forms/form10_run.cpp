@@ -17,7 +17,7 @@ namespace {
 
 constexpr Color green{0, 200, 0}, dRcolor{0, 0, 200}, dLcolor{255, 0, 0}, moonColor{220, 220, 220};
 constexpr double pointRadius = 0.05, rejectedRadius = 0.15;
-constexpr int progressEvery = 64;   ///< passes
+constexpr int progressEvery = 64;  ///< passes
 
 }  // namespace
 
@@ -126,7 +126,8 @@ bool Form10::ReadRunParams() {
     s.Den0 = s.DenR;
     r.GodK = Text65.int32();
     if (desk().isLoaded("Form13"))
-        if (auto* signal = dynamic_cast<TextField*>(desk().form("Form13").find("Text16"))) signal->setText(timeOfDay());
+        if (auto* signal = dynamic_cast<TextField*>(desk().form("Form13").find("Text16")))
+            signal->setText(timeOfDay());
     s.kodStop = 0;
     return true;
 }
@@ -157,7 +158,7 @@ void Form10::drawLimits() {
 
 /// Passes from where the run stands.
 void Form10::pass() {
-    if (running_) return;   // pressed while a run gives way: that run goes on
+    if (running_) return;  // pressed while a run gives way: that run goes on
     readChoices();
     struct Mark {
         explicit Mark(Form10& form_) : form(form_) { form.running_ = true; }
@@ -206,11 +207,13 @@ void Form10::drawSky() {
         return;
     }
     drawBothViews(Picture3, 0, 0, 0, 0.06, bodyColor(s, 3));
-    if (b != rowSun) drawBothViews(Picture3, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0));
+    if (b != rowSun)
+        drawBothViews(Picture3, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0));
     // by the theory, on the ecliptic like the Sun: the row itself holds the data in their own frame by now
     const SkyPlace& place = r.stage[stageJ2000];
     const double B = place.B / kUgol, L = place.L / kUgol, R = r.Rgeo / s.Mx;
-    drawBothViews(Picture3, R * std::cos(B) * std::cos(L), R * std::cos(B) * std::sin(L), R * std::sin(B), 0.06, color);
+    drawBothViews(Picture3, R * std::cos(B) * std::cos(L), R * std::cos(B) * std::sin(L), R * std::sin(B),
+                  0.06, color);
 }
 
 void Form10::graphPoint(double y, Color color) {
@@ -252,7 +255,8 @@ void Form10::compared() {
 void Form10::rejected() {
     const ReductionState& r = lab.reduction;
     const double x = ratio((lab.s.JD - lab.s.JDepoha) / 365.25, MT_);
-    if (Option17.on() && Check14.on()) Picture4.circle(x, ratio(r.dR, MdR_) + Ysdvig_, rejectedRadius, dRcolor);
+    if (Option17.on() && Check14.on())
+        Picture4.circle(x, ratio(r.dR, MdR_) + Ysdvig_, rejectedRadius, dRcolor);
     if (Option18.on() && Check10.on())
         Picture4.circle(x, ratio(r.dL * 3600, MdAlfa_) + 4 + Ysdvig_, rejectedRadius, {200, 0, 0});
 }
@@ -289,7 +293,8 @@ void Form10::accepted() {
 /// In short pieces, so that "Остановить" is seen at once.
 void Form10::pause(int milliseconds) {
     constexpr int piece = 100;
-    for (int left = milliseconds; left > 0 && lab.s.kodStop != 1; left -= piece) desk().screen().pause(std::min(left, piece));
+    for (int left = milliseconds; left > 0 && lab.s.kodStop != 1; left -= piece)
+        desk().screen().pause(std::min(left, piece));
 }
 
 void Form10::giveWay() {
@@ -302,9 +307,10 @@ void Form10::giveWay() {
 void Form10::showStatistics() {
     ReductionState& r = lab.reduction;
     const std::int32_t scale = Text49.int32();
-    r.NPlus = scale;   // the field of the scale is this counter's, and that is meant
+    r.NPlus = scale;  // the field of the scale is this counter's, and that is meant
     clearSystem();
-    const auto polygon = [&](Picture& picture, int first, double left, double factor, double bottom, const char* name) {
+    const auto polygon = [&](Picture& picture, int first, double left, double factor, double bottom,
+                             const char* name) {
         const auto y = [&](int n) { return ratio(factor * r.count[n], scale) + bottom; };
         for (int n = first + 1; n <= first + 18; ++n)
             picture.line(n - left, y(n), n + 1 - left, y(n + 1), {255, 0, 0});

@@ -10,7 +10,7 @@ namespace {
 
 struct Observatory {
     const char* name;
-    const char *ObsL, *ObsB;   ///< degrees, as they stand in the fields
+    const char *ObsL, *ObsB;  ///< degrees, as they stand in the fields
 };
 constexpr std::array<Observatory, 8> observatories = {{{"", "", ""},
                                                        {"GREN", "0", "51,477"},
@@ -21,7 +21,7 @@ constexpr std::array<Observatory, 8> observatories = {{{"", "", ""},
                                                        {"SUMM", "0", "0"},
                                                        {"", "1,111", "1,111"}}};
 constexpr int otherObservatory = 7;
-constexpr int almagest = 4, alKhwarizmi = 3, tycho = 9;   ///< tables by their option
+constexpr int almagest = 4, alKhwarizmi = 3, tycho = 9;  ///< tables by their option
 constexpr int yearsOfTable = 30;
 
 }  // namespace
@@ -79,7 +79,9 @@ void Form10::chooseTable(int i) {
     try {
         openTable(r.table, i, lab.office, lab.tree);
     } catch (const OfficeFailure&) {
-        throw Refusal("Не найдена программа таблиц LibreOffice (пакет libreoffice-calc-nogui)\r\n" + tableFileName(table), "Tarvex6");
+        throw Refusal("Не найдена программа таблиц LibreOffice (пакет libreoffice-calc-nogui)\r\n" +
+                          tableFileName(table),
+                      "Tarvex6");
     } catch (const std::exception&) {
         throw Refusal("Не найдена таблица\r\n" + lab.tree.at(tableFileName(table)).string(), "Tarvex6");
     }
@@ -95,11 +97,11 @@ void Form10::chooseTable(int i) {
         ReadTableCells(s, r.table, r.date, almagestPrecReduction, Check19.on());
     } catch (const std::exception&) {
         s.kodStop = 1;
-        r.table.close();   // so that the same choice tries again
+        r.table.close();  // so that the same choice tries again
         throw Refusal("Ошибка вычислений в таблицах" + s.NameData, "Tarvex7.0");
     }
     r.table.PrecTab0 = s.Prec;
-    startPasses(reduction());   // a step without "Начать" begins here
+    startPasses(reduction());  // a step without "Начать" begins here
     if (i == alKhwarizmi && Check19.on()) r.table.PrecTab0 -= r.choices.Precess * 15 / 100 / 3600;
 }
 

@@ -15,41 +15,54 @@ namespace {
 constexpr std::array objectNames = {"Солнце", "Меркурий", "Венера", "Земля",  "Марс",  "Юпитер",
                                     "Сатурн", "Уран",     "Нептун", "Плутон", "Звезда"};
 constexpr Color red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, grid{60, 60, 60};
-constexpr double visibleCells = 20;      ///< beyond this the marks of the orbits are not drawn
+constexpr double visibleCells = 20;  ///< beyond this the marks of the orbits are not drawn
 
 }  // namespace
 
 Form11::Form11(Laboratory& lab_)
     : Form(lab_.desk, formName, "Компоненты аберрации (обратный отсчет в эклиптических координатах)"),
-      Check1(this, 0, 10, [](int i) {
-          return CheckBox::Spec{.name = "Check1", .caption = objectNames[i], .on = i == 4, .hint = "Объект наблюдения; отмечен должен быть один"};
-      }),
+      Check1(this, 0, 10,
+             [](int i) {
+                 return CheckBox::Spec{.name = "Check1",
+                                       .caption = objectNames[i],
+                                       .on = i == 4,
+                                       .hint = "Объект наблюдения; отмечен должен быть один"};
+             }),
       lab(lab_) {
-    const Shown badData = orShow("Введите правильно данные ", "Tarvex7"), badRun = orShow("Ошибка при расчете", "Tarvex7");
-    Command1.onPress([this] {
-        if (prepare(Text23.number())) bench_.JDorigin = lab.s.JD;
-    }, badData);
+    const Shown badData = orShow("Введите правильно данные ", "Tarvex7"),
+                badRun = orShow("Ошибка при расчете", "Tarvex7");
+    Command1.onPress(
+        [this] {
+            if (prepare(Text23.number())) bench_.JDorigin = lab.s.JD;
+        },
+        badData);
     Command3.onPress([this] { iterate(); }, badRun);
-    Command5.onPress([this] {
-        Check2.set(true);
-        startDay_ = Text23.text();
-        startMonth_ = Text33.text();
-        startYear_ = Text43.text();
-        Text9.number();
-        if (!prepare(Text23.number())) return;
-        bench_.JDorigin = lab.s.JD;
-        lab.s.kodStop = 0;
-        stepLoop();
-    }, badData);
+    Command5.onPress(
+        [this] {
+            Check2.set(true);
+            startDay_ = Text23.text();
+            startMonth_ = Text33.text();
+            startYear_ = Text43.text();
+            Text9.number();
+            if (!prepare(Text23.number())) return;
+            bench_.JDorigin = lab.s.JD;
+            lab.s.kodStop = 0;
+            stepLoop();
+        },
+        badData);
     Command6.onPress([this] { lab.s.kodStop = 1; });
-    Command7.onPress([this] {
-        lab.s.kodStop = 0;
-        stepLoop();
-    }, badData);
-    Command9.onPress([this] {
-        lab.s.kodStop = 1;
-        stepLoop();
-    }, badData);
+    Command7.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            stepLoop();
+        },
+        badData);
+    Command9.onPress(
+        [this] {
+            lab.s.kodStop = 1;
+            stepLoop();
+        },
+        badData);
     Command8.onPress([this] {
         if (startDay_.empty()) return;
         Text23.setText(startDay_);
@@ -69,21 +82,23 @@ Form11::Form11(Laboratory& lab_)
                          frame("Дата", fields(3, {Text23, Text33, Text43, Text9})),
                          frame("Скорость системы, км/с", fields(3, {Text3, Text4, Text5})),
                          frame("Свет", fields(1, {Text6}))})}),
-            frame("Земля, объект и объект после аберрации источника",
-                  table(7, {"", "X, тыс.км", "Y, тыс.км", "Z, тыс.км", "VX, км/с", "VY, км/с", "VZ, км/с",
-                            "Земля", Text11, Text13, Text15, Text17, Text19, Text21,
-                            "Объект", Text12, Text14, Text16, Text18, Text20, Text22,
-                            "Ais", Text24, Text25, Text26, Text27, Text28, Text29})),
+            frame(
+                "Земля, объект и объект после аберрации источника",
+                table(7, {"",       "X, тыс.км", "Y, тыс.км", "Z, тыс.км", "VX, км/с", "VY, км/с", "VZ, км/с",
+                          "Земля",  Text11,      Text13,      Text15,      Text17,     Text19,     Text21,
+                          "Объект", Text12,      Text14,      Text16,      Text18,     Text20,     Text22,
+                          "Ais",    Text24,      Text25,      Text26,      Text27,     Text28,     Text29})),
             frame("Аберрация, град",
                   column({fields(3, {Text30, Text31, Text10, Text37, Text47}),
                           table(5, {"", "Ais", "Apr", "As", "видимая", "L", Text32, Text34, Text35, Text36,
                                     "B", Text42, Text44, Text45, Text46})})),
-            Command1, Command3,
+            Command1,
+            Command3,
             row({Command5, Command6, Command7, Command9, Command8, Command2, Command4}),
         }),
-        column({Picture1,
-                row({Label1, HScroll1}),
-                frame("Рисовать", column({row({Option3, Option4, Option5}), row({Option1, Option2, Check6, Check7})})),
+        column({Picture1, row({Label1, HScroll1}),
+                frame("Рисовать",
+                      column({row({Option3, Option4, Option5}), row({Option1, Option2, Check6, Check7})})),
                 frame("Кривые", column({Check3, Check4, Check5, fields(2, {Text7, Text8})}))}),
     });
 }
@@ -111,7 +126,8 @@ void Form11::clearPicture() {
     Picture1.line(0, -10, 0, 10, green);
 }
 
-void Form11::showBody(int row, TextField& x, TextField& y, TextField& z, TextField& vx, TextField& vy, TextField& vz) {
+void Form11::showBody(int row, TextField& x, TextField& y, TextField& z, TextField& vx, TextField& vy,
+                      TextField& vz) {
     const ModelState& s = lab.s;
     x.show(cut6(s.X[row] / MK));
     y.show(cut6(s.Y[row] / MK));
@@ -160,7 +176,8 @@ bool Form11::prepare(double day) {
 
     if (Check2.on()) {
         Text1.show(cut6(360 * Frac1(s.AlfaL[3] / 2 / Pi)));
-        if (object != 0 && object != AberrationBench::star) Text2.show(cut6(360 * Frac1(s.AlfaL[object] / 2 / Pi)));
+        if (object != 0 && object != AberrationBench::star)
+            Text2.show(cut6(360 * Frac1(s.AlfaL[object] / 2 / Pi)));
     }
     showBody(3, Text11, Text13, Text15, Text17, Text19, Text21);
     if (object != AberrationBench::star) showBody(object, Text12, Text14, Text16, Text18, Text20, Text22);
@@ -197,8 +214,10 @@ void Form11::iterate() {
     Text36.show(cut6(bench_.GeoL + A));
     Text46.show(cut6(bench_.GeoB + B));
     Text10.show(bench_.iterations);
-    if (Option3.on()) drawConstruction();
-    else drawComponents();
+    if (Option3.on())
+        drawConstruction();
+    else
+        drawComponents();
 }
 
 /// Dates one after another until the run is stopped.
@@ -223,8 +242,8 @@ double Form11::across(double x, double y, double z, bool horizontal) const {
 void Form11::drawPlaces() {
     const ModelState& s = lab.s;
     for (const int row : {3, bench_.body}) {
-        Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true), across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15,
-                      colorOf(row));
+        Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
+                      across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15, colorOf(row));
         if (Option1.on() && row != AberrationBench::star && row != 0)
             Picture1.circle(0, 0, s.R0sr[row] / s.Mx, {90, 90, 90});
     }
@@ -240,13 +259,16 @@ void Form11::drawConstruction() {
     const ModelState& s = lab.s;
     const int b = bench_.body;
     const int n = bench_.iterations - 1;
-    const int strength = static_cast<int>(100.0 / (4 * n + 1) + 155), sumStrength = static_cast<int>(100.0 / (4 * n + 1) + 125);
+    const int strength = static_cast<int>(100.0 / (4 * n + 1) + 155),
+              sumStrength = static_cast<int>(100.0 / (4 * n + 1) + 125);
     const double ex = across(s.X[3], s.Y[3], s.Z[3], true), ey = across(s.X[3], s.Y[3], s.Z[3], false);
     drawPlaces();
     for (const int row : {3, b}) {
-        const double px = across(s.X0[row], s.Y0[row], s.Z0[row], true), py = across(s.X0[row], s.Y0[row], s.Z0[row], false);
+        const double px = across(s.X0[row], s.Y0[row], s.Z0[row], true),
+                     py = across(s.X0[row], s.Y0[row], s.Z0[row], false);
         // velocity at one ten-thousandth of a cell for a metre a second
-        Picture1.line(px, py, px + s.VX[row] / 10000, py + (Option1.on() ? s.VY[row] : s.VZ[row]) / 10000, colorOf(row));
+        Picture1.line(px, py, px + s.VX[row] / 10000, py + (Option1.on() ? s.VY[row] : s.VZ[row]) / 10000,
+                      colorOf(row));
     }
     const auto ray = [&](double x, double y, double z, Color color) {
         Picture1.line(ex, ey, across(x, y, z, true), across(x, y, z, false), color);
@@ -255,8 +277,8 @@ void Form11::drawConstruction() {
     if (Check4.on()) {
         const double T = s.Tsv[3][b];
         ray(s.X0[b] + s.VX[3] * T, s.Y0[b] + s.VY[3] * T, s.Z0[b] + s.VZ[3] * T, {0, 0, strength});
-        Picture1.disc(across(bench_.XPr, bench_.YPr, bench_.ZPr, true), across(bench_.XPr, bench_.YPr, bench_.ZPr, false), 0.07,
-                      {0, 0, strength});
+        Picture1.disc(across(bench_.XPr, bench_.YPr, bench_.ZPr, true),
+                      across(bench_.XPr, bench_.YPr, bench_.ZPr, false), 0.07, {0, 0, strength});
     }
     if (Check5.on()) ray(s.X[b], s.Y[b], s.Z[b], {0, sumStrength, 0});
 }
@@ -266,7 +288,8 @@ void Form11::drawComponents() {
     ModelState& s = lab.s;
     const double MT = Text7.number(), MAlfa = Text8.number();
     const bool byLongitude = Option1.on();
-    const double is = byLongitude ? bench_.AlfaIs : bench_.BettaIs, pr = byLongitude ? bench_.AlfaPr : bench_.BettaPr;
+    const double is = byLongitude ? bench_.AlfaIs : bench_.BettaIs,
+                 pr = byLongitude ? bench_.AlfaPr : bench_.BettaPr;
     PairGeometry(s, 0, 3);
     const double l = s.LonPl[3] / kUgol;
     const auto point = [&](double c, Color color) {
@@ -281,11 +304,12 @@ void Form11::drawComponents() {
     if (Check4.on()) point(pr, blue);
     if (Check5.on()) point(is + pr, green);
     const int b = bench_.body;
-    if (std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], true)) > visibleCells || std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], false)) > visibleCells)
+    if (std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], true)) > visibleCells ||
+        std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], false)) > visibleCells)
         return;
     for (const int row : {3, b})
-        Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true), across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04,
-                      colorOf(row));
+        Picture1.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
+                      across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04, colorOf(row));
 }
 
 }  // namespace tarvex

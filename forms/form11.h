@@ -62,7 +62,8 @@ public:
     TextField Text9{
         this,
         {.name = "Text9", .label = "шаг, дни", .text = "0,01", .hint = "Шаг даты при расчете с шагом, дней"}};
-    TextField Text23{this, {.name = "Text23", .label = "день", .text = "1,5", .hint = "День даты с долей, дни"}};
+    TextField Text23{this,
+                     {.name = "Text23", .label = "день", .text = "1,5", .hint = "День даты с долей, дни"}};
     TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12"}};
     TextField Text43{
         this, {.name = "Text43", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю"}};
@@ -122,27 +123,45 @@ public:
     TextField Text17{this, {.name = "Text17", .hint = "VX Земли, км/с", .readOnly = true, .width = 10}};
     TextField Text19{this, {.name = "Text19", .hint = "VY Земли, км/с", .readOnly = true, .width = 10}};
     TextField Text21{this, {.name = "Text21", .hint = "VZ Земли, км/с", .readOnly = true, .width = 10}};
-    TextField Text12{this,
-                     {.name = "Text12", .text = "0", .hint = "X объекта, тыс. км; для звезды задается", .width = 13}};
-    TextField Text14{this,
-                     {.name = "Text14", .text = "0", .hint = "Y объекта, тыс. км; для звезды задается", .width = 13}};
-    TextField Text16{this,
-                     {.name = "Text16", .text = "0", .hint = "Z объекта, тыс. км; для звезды задается", .width = 13}};
-    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "VX объекта, км/с; для звезды задается", .width = 10}};
-    TextField Text20{this, {.name = "Text20", .text = "0", .hint = "VY объекта, км/с; для звезды задается", .width = 10}};
-    TextField Text22{this, {.name = "Text22", .text = "0", .hint = "VZ объекта, км/с; для звезды задается", .width = 10}};
-    TextField Text24{
-        this, {.name = "Text24", .hint = "X объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
-    TextField Text25{
-        this, {.name = "Text25", .hint = "Y объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
-    TextField Text26{
-        this, {.name = "Text26", .hint = "Z объекта после аберрации источника, тыс. км", .readOnly = true, .width = 13}};
-    TextField Text27{this,
-                     {.name = "Text27", .hint = "VX объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
-    TextField Text28{this,
-                     {.name = "Text28", .hint = "VY объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
-    TextField Text29{this,
-                     {.name = "Text29", .hint = "VZ объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
+    TextField Text12{
+        this,
+        {.name = "Text12", .text = "0", .hint = "X объекта, тыс. км; для звезды задается", .width = 13}};
+    TextField Text14{
+        this,
+        {.name = "Text14", .text = "0", .hint = "Y объекта, тыс. км; для звезды задается", .width = 13}};
+    TextField Text16{
+        this,
+        {.name = "Text16", .text = "0", .hint = "Z объекта, тыс. км; для звезды задается", .width = 13}};
+    TextField Text18{
+        this, {.name = "Text18", .text = "0", .hint = "VX объекта, км/с; для звезды задается", .width = 10}};
+    TextField Text20{
+        this, {.name = "Text20", .text = "0", .hint = "VY объекта, км/с; для звезды задается", .width = 10}};
+    TextField Text22{
+        this, {.name = "Text22", .text = "0", .hint = "VZ объекта, км/с; для звезды задается", .width = 10}};
+    TextField Text24{this,
+                     {.name = "Text24",
+                      .hint = "X объекта после аберрации источника, тыс. км",
+                      .readOnly = true,
+                      .width = 13}};
+    TextField Text25{this,
+                     {.name = "Text25",
+                      .hint = "Y объекта после аберрации источника, тыс. км",
+                      .readOnly = true,
+                      .width = 13}};
+    TextField Text26{this,
+                     {.name = "Text26",
+                      .hint = "Z объекта после аберрации источника, тыс. км",
+                      .readOnly = true,
+                      .width = 13}};
+    TextField Text27{
+        this,
+        {.name = "Text27", .hint = "VX объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
+    TextField Text28{
+        this,
+        {.name = "Text28", .hint = "VY объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
+    TextField Text29{
+        this,
+        {.name = "Text29", .hint = "VZ объекта вместе с системой, км/с", .readOnly = true, .width = 10}};
     TextField Text30{this,
                      {.name = "Text30",
                       .label = "S, тыс.км",
@@ -213,7 +232,10 @@ public:
     ScrollBar HScroll1{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка построений"}};
-    Label Label1{this, {.name = "Label1", .caption = "Масштаб = 30 млн.км/см", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
+    Label Label1{this,
+                 {.name = "Label1",
+                  .caption = "Масштаб = 30 млн.км/см",
+                  .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 620,

@@ -15,9 +15,10 @@ namespace {
 constexpr std::array bodyNames = {"Солнце", "Меркурий", "Венера", "Земля",  "Марс", "Юпитер",
                                   "Сатурн", "Уран",     "Нептун", "Плутон", "Луна", "с экрана"};
 constexpr int typed = 11;
-constexpr double sideView = 13;            ///< height of the side view on the picture
-constexpr double earthRadius = 1.2;        ///< of the Earth's disc on the picture
-constexpr Color blue{0, 0, 230}, yellow{250, 210, 0}, grey{130, 130, 130}, black{0, 0, 0}, light{230, 230, 230};
+constexpr double sideView = 13;      ///< height of the side view on the picture
+constexpr double earthRadius = 1.2;  ///< of the Earth's disc on the picture
+constexpr Color blue{0, 0, 230}, yellow{250, 210, 0}, grey{130, 130, 130}, black{0, 0, 0},
+    light{230, 230, 230};
 
 std::string hoursText(const ModelState& s) {
     return Format(s.ChasR, "00") + ":" + Format(s.MinR, "00") + ":" + Format(s.SekR, "00");
@@ -26,10 +27,17 @@ std::string hoursText(const ModelState& s) {
 }  // namespace
 
 Form12::Form12(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Преобразователь координат"), Option1(this, 0, 11, [](int i) {
-          return OptionButton::Spec{.name = "Option1", .caption = bodyNames[i], .group = "body", .on = i == 1,
-                                    .hint = i == typed ? "Координаты берутся из исходных полей" : "Тело, координаты которого рассчитываются на дату"};
-      }),
+    : Form(lab_.desk, formName, "Преобразователь координат"),
+      Option1(this, 0, 11,
+              [](int i) {
+                  return OptionButton::Spec{.name = "Option1",
+                                            .caption = bodyNames[i],
+                                            .group = "body",
+                                            .on = i == 1,
+                                            .hint = i == typed
+                                                        ? "Координаты берутся из исходных полей"
+                                                        : "Тело, координаты которого рассчитываются на дату"};
+              }),
       lab(lab_) {
     const Shown badData = orShow("Введите правильно данные", "Tarvex7");
     Command6.onPress([this] { setCoordinates(); }, badData);
@@ -42,11 +50,13 @@ Form12::Form12(Laboratory& lab_)
         Text12.setText(Text15.text());
         Text13.setText(Text16.text());
     });
-    Command2.onPress([this] {
-        Text31.show(lab.s.JDut0 + Text29.number());
-        julianToDate();
-        stage("Введите правильно данные", "Tarvex7", [&] { setCoordinates(); });
-    }, orShow("Введите правильно к-во дней", "Tarvex7"));
+    Command2.onPress(
+        [this] {
+            Text31.show(lab.s.JDut0 + Text29.number());
+            julianToDate();
+            stage("Введите правильно данные", "Tarvex7", [&] { setCoordinates(); });
+        },
+        orShow("Введите правильно к-во дней", "Tarvex7"));
     Command4.onPress([this] { angle_ = angleTyped(); }, badData);
     Command5.onPress([this] { showAngle(); }, badData);
     Command12.onPress([this] { Text11.show(cut6(angle_)); });
@@ -68,14 +78,15 @@ Form12::Form12(Laboratory& lab_)
                 row({Command6, Command7}),
                 frame("Преобразованные координаты",
                       column({fields(2, {Text4, Text14, Text5, Text15, Text6, Text16}), Command1}))}),
-        column({frame("Дата", column({fields(3, {Text32, Text33, Text34}), row({Text31, Command10, Command11}),
-                                      row({Command2, Text29})})),
-                frame("Место и время",
-                      column({fields(2, {Text21, Text22, Text28, Text23, Text26, Text24, Text25}), row({Text30, Text27})})),
-                frame("Угол", column({table(4, {Option4, Text7, Text8, Text9, Option5, Text17, Text18, Text19}),
-                                      table(2, {Option6, Text10, Option7, Text20}),
-                                      row({Option11, Option21}),
-                                      table(2, {Command4, Command5, Command12, Command13})}))}),
+        column(
+            {frame("Дата", column({fields(3, {Text32, Text33, Text34}), row({Text31, Command10, Command11}),
+                                   row({Command2, Text29})})),
+             frame("Место и время",
+                   column({fields(2, {Text21, Text22, Text28, Text23, Text26, Text24, Text25}),
+                           row({Text30, Text27})})),
+             frame("Угол", column({table(4, {Option4, Text7, Text8, Text9, Option5, Text17, Text18, Text19}),
+                                   table(2, {Option6, Text10, Option7, Text20}), row({Option11, Option21}),
+                                   table(2, {Command4, Command5, Command12, Command13})}))}),
         column({Picture1, row({Label1, HScroll1}), row({Check3, stretch(), Command3})}),
     });
 }
@@ -96,8 +107,12 @@ int Form12::body() const {
 ConvFrame Form12::frameChosen() const {
     using Plane = ConvFrame::Plane;
     using Origin = ConvFrame::Origin;
-    return {.plane = Option9.on() ? Plane::Equator : Option10.on() ? Plane::Horizon : Plane::Ecliptic,
-            .origin = Option19.on() ? Origin::Earth : Option20.on() ? Origin::Observer : Origin::Sun,
+    return {.plane = Option9.on()    ? Plane::Equator
+                     : Option10.on() ? Plane::Horizon
+                                     : Plane::Ecliptic,
+            .origin = Option19.on()   ? Origin::Earth
+                      : Option20.on() ? Origin::Observer
+                                      : Origin::Sun,
             .j2000 = Option17.on()};
 }
 
@@ -124,7 +139,8 @@ void Form12::setCoordinates() {
     showFromBase(i, frame, {&Text1, &Text2, &Text3, &Text11, &Text12, &Text13});
 }
 
-/// The body in the frame into six fields: X, Y, Z, longitude, latitude, distance; its longitude becomes the angle.
+/// The body in the frame into six fields: X, Y, Z, longitude, latitude, distance; its longitude becomes the
+/// angle.
 void Form12::showFromBase(int i, const ConvFrame& frame, const std::array<TextField*, 6>& to) {
     ModelState& s = lab.s;
     ConvFromBase(s, i, frame);
@@ -168,7 +184,8 @@ void Form12::convert() {
     const int i = body();
     const ConvFrame frame = frameChosen();
     if (Option10.on() && !Option20.on())
-        throw Refusal("Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические", "Tarvex7");
+        throw Refusal("Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические",
+                      "Tarvex7");
     showFromBase(i, frame, {&Text4, &Text5, &Text6, &Text14, &Text15, &Text16});
 }
 
@@ -258,7 +275,8 @@ void Form12::ConvDraw(int body, const ConvFrame& frame) {
         const double moonX = x(3) + s.X[14], moonY = y(3) + offset(14, 1);
         Picture1.disc(moonX, moonY, 0.4, yellow);
         Picture1.disc(moonX + 0.12, moonY, 0.28, black);
-        Picture1.disc(x(3) + earthRadius * s.X[16] / REarth, y(3) + earthRadius * offset(16, REarth), 0.1, black);
+        Picture1.disc(x(3) + earthRadius * s.X[16] / REarth, y(3) + earthRadius * offset(16, REarth), 0.1,
+                      black);
         Picture1.line(x(origin), y(origin), x(body), y(body), black);
         if (body != 0 && body != 3)
             Picture1.disc(x(body), y(body), 0.3, {s.ColorR[body], s.ColorG[body], s.ColorB[body]});

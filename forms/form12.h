@@ -88,64 +88,89 @@ public:
     OptionButton Option21{
         this, {.name = "Option21", .caption = "--", .group = "sign", .hint = "Угол отрицательный"}};
 
-    TextField Text1{
-        this,
-        {.name = "Text1", .label = "X, тыс.км.", .text = "0", .hint = "Исходная координата X, тыс. км", .width = 14}};
-    TextField Text2{
-        this,
-        {.name = "Text2", .label = "Y, тыс.км.", .text = "0", .hint = "Исходная координата Y, тыс. км", .width = 14}};
-    TextField Text3{
-        this,
-        {.name = "Text3", .label = "Z, тыс.км.", .text = "0", .hint = "Исходная координата Z, тыс. км", .width = 14}};
+    TextField Text1{this,
+                    {.name = "Text1",
+                     .label = "X, тыс.км.",
+                     .text = "0",
+                     .hint = "Исходная координата X, тыс. км",
+                     .width = 14}};
+    TextField Text2{this,
+                    {.name = "Text2",
+                     .label = "Y, тыс.км.",
+                     .text = "0",
+                     .hint = "Исходная координата Y, тыс. км",
+                     .width = 14}};
+    TextField Text3{this,
+                    {.name = "Text3",
+                     .label = "Z, тыс.км.",
+                     .text = "0",
+                     .hint = "Исходная координата Z, тыс. км",
+                     .width = 14}};
     TextField Text11{this,
                      {.name = "Text11",
                       .label = "L(RA или A), град",
                       .text = "45",
-                      .hint = "Исходная долгота, прямое восхождение или азимут (от юга к западу), градусы", .width = 15}};
+                      .hint = "Исходная долгота, прямое восхождение или азимут (от юга к западу), градусы",
+                      .width = 15}};
     TextField Text12{this,
                      {.name = "Text12",
                       .label = "B(Dec или H), град",
                       .text = "10",
-                      .hint = "Исходная широта, склонение или высота, градусы", .width = 15}};
-    TextField Text13{
-        this,
-        {.name = "Text13", .label = "R, тыс. км.", .text = "300000", .hint = "Исходное расстояние, тыс. км", .width = 15}};
+                      .hint = "Исходная широта, склонение или высота, градусы",
+                      .width = 15}};
+    TextField Text13{this,
+                     {.name = "Text13",
+                      .label = "R, тыс. км.",
+                      .text = "300000",
+                      .hint = "Исходное расстояние, тыс. км",
+                      .width = 15}};
     TextField Text4{this,
                     {.name = "Text4",
                      .label = "X, тыс.км.",
                      .hint = "Преобразованная координата X, тыс. км",
-                     .readOnly = true, .width = 14}};
+                     .readOnly = true,
+                     .width = 14}};
     TextField Text5{this,
                     {.name = "Text5",
                      .label = "Y, тыс.км.",
                      .hint = "Преобразованная координата Y, тыс. км",
-                     .readOnly = true, .width = 14}};
+                     .readOnly = true,
+                     .width = 14}};
     TextField Text6{this,
                     {.name = "Text6",
                      .label = "Z, тыс.км.",
                      .hint = "Преобразованная координата Z, тыс. км",
-                     .readOnly = true, .width = 14}};
-    TextField Text14{this,
-                     {.name = "Text14",
-                      .label = "L(RA или A), град",
-                      .hint = "Преобразованная долгота, прямое восхождение или азимут (от юга к западу), градусы",
-                      .readOnly = true, .width = 15}};
+                     .readOnly = true,
+                     .width = 14}};
+    TextField Text14{
+        this,
+        {.name = "Text14",
+         .label = "L(RA или A), град",
+         .hint = "Преобразованная долгота, прямое восхождение или азимут (от юга к западу), градусы",
+         .readOnly = true,
+         .width = 15}};
     TextField Text15{this,
                      {.name = "Text15",
                       .label = "B(Dec или H), град",
                       .hint = "Преобразованная широта, склонение или высота, градусы",
-                      .readOnly = true, .width = 15}};
+                      .readOnly = true,
+                      .width = 15}};
     TextField Text16{this,
                      {.name = "Text16",
                       .label = "R, тыс. км.",
                       .hint = "Преобразованное расстояние, тыс. км",
-                      .readOnly = true, .width = 15}};
-    TextField Text7{this, {.name = "Text7", .text = "0", .hint = "Часы угла в часовой мере, 1 час = 15 градусов", .width = 6}};
+                      .readOnly = true,
+                      .width = 15}};
+    TextField Text7{
+        this,
+        {.name = "Text7", .text = "0", .hint = "Часы угла в часовой мере, 1 час = 15 градусов", .width = 6}};
     TextField Text8{this, {.name = "Text8", .text = "0", .hint = "Минуты времени к часам угла", .width = 6}};
     TextField Text9{this, {.name = "Text9", .text = "0", .hint = "Секунды времени к часам угла", .width = 8}};
     TextField Text17{this, {.name = "Text17", .text = "0", .hint = "Целые градусы угла", .width = 6}};
-    TextField Text18{this, {.name = "Text18", .text = "0", .hint = "Минуты дуги к градусам угла", .width = 6}};
-    TextField Text19{this, {.name = "Text19", .text = "0", .hint = "Секунды дуги к градусам угла", .width = 8}};
+    TextField Text18{this,
+                     {.name = "Text18", .text = "0", .hint = "Минуты дуги к градусам угла", .width = 6}};
+    TextField Text19{this,
+                     {.name = "Text19", .text = "0", .hint = "Секунды дуги к градусам угла", .width = 8}};
     TextField Text10{this, {.name = "Text10", .text = "0", .hint = "Угол в градусах с долями", .width = 15}};
     TextField Text20{this, {.name = "Text20", .text = "0", .hint = "Угол в радианах", .width = 15}};
     TextField Text21{this,
@@ -158,13 +183,25 @@ public:
                       .label = "ObsB, град",
                       .text = "48,7",
                       .hint = "Широта наблюдателя, градусы; идет в ObsB"}};
-    TextField Text32{
-        this,
-        {.name = "Text32", .label = "день", .text = "1,5", .hint = "День даты с долей, дни, по всемирному времени", .width = 9}};
-    TextField Text33{this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
-    TextField Text34{
-        this, {.name = "Text34", .label = "год", .text = "2000", .hint = "Год по григорианскому календарю", .width = 6}};
-    TextField Text31{this, {.name = "Text31", .label = "JD =", .hint = "Юлианская дата, дни, по всемирному времени", .width = 15}};
+    TextField Text32{this,
+                     {.name = "Text32",
+                      .label = "день",
+                      .text = "1,5",
+                      .hint = "День даты с долей, дни, по всемирному времени",
+                      .width = 9}};
+    TextField Text33{
+        this, {.name = "Text33", .label = "месяц", .text = "1", .hint = "Месяц от 1 до 12", .width = 4}};
+    TextField Text34{this,
+                     {.name = "Text34",
+                      .label = "год",
+                      .text = "2000",
+                      .hint = "Год по григорианскому календарю",
+                      .width = 6}};
+    TextField Text31{this,
+                     {.name = "Text31",
+                      .label = "JD =",
+                      .hint = "Юлианская дата, дни, по всемирному времени",
+                      .width = 15}};
     TextField Text28{
         this,
         {.name = "Text28", .label = " час. пояса", .text = "3", .hint = "Часовой пояс, часов к востоку"}};
@@ -191,7 +228,9 @@ public:
                       .label = "GMST, час",
                       .hint = "Звездное время в Гринвиче, часов",
                       .readOnly = true}};
-    TextField Text27{this, {.name = "Text27", .hint = "Поясное время, часы, минуты и секунды", .readOnly = true, .width = 18}};
+    TextField Text27{
+        this,
+        {.name = "Text27", .hint = "Поясное время, часы, минуты и секунды", .readOnly = true, .width = 18}};
     TextField Text30{this,
                      {.name = "Text30",
                       .hint = "Местное среднее время по долготе наблюдателя, часы, минуты и секунды",
@@ -239,8 +278,12 @@ public:
         this, {.name = "Command11", .caption = "J->G", .hint = "Календарная дата из юлианской"}};
     CommandButton Command3{this,
                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    ScrollBar HScroll1{
-        this, {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка, млн. км в клетке"}};
+    ScrollBar HScroll1{this,
+                       {.name = "HScroll1",
+                        .min = 1,
+                        .max = 10000,
+                        .value = 300,
+                        .hint = "Масштаб рисунка, млн. км в клетке"}};
     Label Label1{this, {.name = "Label1", .hint = "Масштаб рисунка; его задает ползунок, млн. км в клетке"}};
     Picture Picture1{
         this,

@@ -35,7 +35,10 @@ std::string cutText(double value, double scale) { return toText(Fix(value * scal
 bool usualFactor(int i) { return i == 2 || i == 4 || i == 7; }
 
 TextField::Spec cell(const char* name, int i, const std::string& hint) {
-    return {.name = name, .text = "0", .hint = hint + " X" + std::to_string(i) + " (" + factorNames[i] + ")", .width = 14};
+    return {.name = name,
+            .text = "0",
+            .hint = hint + " X" + std::to_string(i) + " (" + factorNames[i] + ")",
+            .width = 14};
 }
 
 }  // namespace
@@ -44,8 +47,11 @@ Form13::Form13(Laboratory& lab_)
     : Form(lab_.desk, formName, "План эксперименов (наблюдения) Tarvex7m  ф. 13"),
       Check1(this, 1, factors,
              [](int i) {
-                 return CheckBox::Spec{.name = "Check1", .caption = "X" + std::to_string(i) + "= " + factorNames[i],
-                                       .on = usualFactor(i), .hint = "Этот параметр - фактор плана: эксперименты меняют его на интервал"};
+                 return CheckBox::Spec{
+                     .name = "Check1",
+                     .caption = "X" + std::to_string(i) + "= " + factorNames[i],
+                     .on = usualFactor(i),
+                     .hint = "Этот параметр - фактор плана: эксперименты меняют его на интервал"};
              }),
       Text1(this, 1, factors, [](int i) { return cell("Text1", i, "Нулевой уровень"); }),
       Text2(this, 1, factors, [](int i) { return cell("Text2", i, "Интервал варьирования"); }),
@@ -56,10 +62,14 @@ Form13::Form13(Laboratory& lab_)
     Command4.onPress([this] { CreatePlan13(); }, badPlan);
     Command1.onPress([this] { LoadPlan13(); }, orShow("Введите правильно номер плана и опыта", box));
     Command2.onPress([this] { SavePlan13(); }, orShow("Задайте правильно номер плана и опыта", box));
-    Command3.onPress([this] { OptimizePlan13(); }, orShow("Ошибка при решение системы линейных уравнений", box));
-    Command5.onPress([this] {
-        for (int f = 1; f <= lab.plan.Nf; ++f) Text1(lab.plan.Nfact[f]).setText(Text4(lab.plan.Nfact[f]).text());
-    }, badPlan);
+    Command3.onPress([this] { OptimizePlan13(); },
+                     orShow("Ошибка при решение системы линейных уравнений", box));
+    Command5.onPress(
+        [this] {
+            for (int f = 1; f <= lab.plan.Nf; ++f)
+                Text1(lab.plan.Nfact[f]).setText(Text4(lab.plan.Nfact[f]).text());
+        },
+        badPlan);
     Command6.onPress([this] {
         for (int i = 1; i <= factors; ++i) Text3(i).setText("0");
     });
@@ -71,7 +81,8 @@ Form13::Form13(Laboratory& lab_)
 
     std::vector<Layout> rows = {"", "нулевой уровень", "", "интервал", "", "закодир.", "XoptR"};
     for (int i = 1; i <= factors; ++i)
-        rows.insert(rows.end(), {Check1(i), Text1(i), "+/-", Text2(i), "X" + std::to_string(i) + "opt=", Text3(i), Text4(i)});
+        rows.insert(rows.end(), {Check1(i), Text1(i), "+/-", Text2(i),
+                                 "X" + std::to_string(i) + "opt=", Text3(i), Text4(i)});
     layout_ = column({
         Label20,
         frame("Факторы", column({table(7, rows), "X2...X9 = dL3,dL4,dL7,dL5,dL8,dL9,dL10,dL21 "})),
@@ -146,7 +157,7 @@ void Form13::fromTemplate() {
     s.God0 = data.Text4.int32();
     lab.reduction.GodK = toInt32(s.God0 + 20.0);
     data.Text65.show(lab.reduction.GodK);
-    data.Text51.setText(timeOfDay());   // the date into JD
+    data.Text51.setText(timeOfDay());  // the date into JD
     s.JDepoha = s.JD;
     s.JDut = 1000;
     planTemplate(s, lab.reduction, lab.plan, data.Option13.on());
@@ -174,8 +185,9 @@ void Form13::fromFile() {
 
 void Form13::showSource() {
     const ModelState& s = lab.s;
-    Label20.setCaption(s.NameData + std::to_string(s.IplSel) + "  (с " + toText(s.Den0) + "." + std::to_string(s.Mes0) +
-                       "." + std::to_string(s.God0) + " по " + std::to_string(lab.reduction.GodK) + ")");
+    Label20.setCaption(s.NameData + std::to_string(s.IplSel) + "  (с " + toText(s.Den0) + "." +
+                       std::to_string(s.Mes0) + "." + std::to_string(s.God0) + " по " +
+                       std::to_string(lab.reduction.GodK) + ")");
 }
 
 void Form13::ShowPlanFields() {
@@ -218,7 +230,8 @@ void Form13::SavePlan13() {
     readNumbers();
     if (!sourceChosen(data)) throw Refusal("Выберете источник данных наблюдений", box);
     stage("Задайте правильно данные для плана", box, [this] { ReadPlanFields(); });
-    if (data.Text13.text() != "Text13") criterion_ = (data.Option18.on() ? data.Text11 : data.Text13).number();
+    if (data.Text13.text() != "Text13")
+        criterion_ = (data.Option18.on() ? data.Text11 : data.Text13).number();
     const std::string name = testFile(data);
     stage("Ошибка при записи данных в файл " + name, box, [&] {
         savePlanTest(lab.s, lab.reduction, lab.plan, lab.tree, name, NOpyt_,
@@ -302,7 +315,8 @@ void Form13::AddOptimumRecord() {
         throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
     }
     changed.kodData = dataLong;
-    const std::string asRead = "NP1max=  " + std::to_string(changed.NP1max()) + "   JD0 =  " + toText(changed.JD0);
+    const std::string asRead =
+        "NP1max=  " + std::to_string(changed.NP1max()) + "   JD0 =  " + toText(changed.JD0);
     changed.header[2] = "по плану №  " + std::to_string(s.NPlan) + "   от " + todayText();
     int at = recordAt(changed, date);
     if (at == 0) {
@@ -321,7 +335,8 @@ void Form13::AddOptimumRecord() {
     printSeries(asRead, at);
 }
 
-/// The series on the picture of Form6: the heads, the line of what was read, the records, the new one between lines.
+/// The series on the picture of Form6: the heads, the line of what was read, the records, the new one between
+/// lines.
 void Form13::printSeries(const std::string& asRead, int marked) {
     struct Item {
         const char* label;
@@ -329,12 +344,16 @@ void Form13::printSeries(const std::string& asRead, int marked) {
         const char* pattern;
         double factor;
     };
-    constexpr Item items[] = {
-        {"    Ves= ", parVes, "00.000", 1},           {"    AlfaP  = ", parAlfaP, "000000.0000", 1},
-        {"    AlfaU  = ", parAlfaU, "000000.0000", 1}, {"    Betta  = ", parBetta, "000.00000", 1},
-        {"    Eks  = ", parEks, "0.0000000", 1},      {"    Rsr  = ", parRsr, "0000000.000", 1000},
-        {"    W0  = ", parW, "0000.0000", 1},         {"    AlfaL0  = ", parAlfaL0, "0000000.000", 1},
-        {"    dP11  = ", parDP11, "00.000000", 1},    {"    dU11  = ", parDU11, "00.000000", 1}};
+    constexpr Item items[] = {{"    Ves= ", parVes, "00.000", 1},
+                              {"    AlfaP  = ", parAlfaP, "000000.0000", 1},
+                              {"    AlfaU  = ", parAlfaU, "000000.0000", 1},
+                              {"    Betta  = ", parBetta, "000.00000", 1},
+                              {"    Eks  = ", parEks, "0.0000000", 1},
+                              {"    Rsr  = ", parRsr, "0000000.000", 1000},
+                              {"    W0  = ", parW, "0000.0000", 1},
+                              {"    AlfaL0  = ", parAlfaL0, "0000000.000", 1},
+                              {"    dP11  = ", parDP11, "00.000000", 1},
+                              {"    dU11  = ", parDU11, "00.000000", 1}};
     const SeriesData& d = lab.series;
     auto& form = lab.desk.get<Form6>();
     const double rows = d.NP1max() / 2.0 + 10;
@@ -348,8 +367,8 @@ void Form13::printSeries(const std::string& asRead, int marked) {
     print(asRead);
     for (int i = 1; i <= d.NP1max(); ++i) {
         const Record& r = d.at(i);
-        std::string text = Format(i, "0000") + "    dT= " + Format(r.dTd, "0000000.00") + "    ddT= " +
-                           Format(r.ddTd, "000000.00");
+        std::string text = Format(i, "0000") + "    dT= " + Format(r.dTd, "0000000.00") +
+                           "    ddT= " + Format(r.ddTd, "000000.00");
         for (const Item& item : items) text += item.label + Format(r.Par[item.p] * item.factor, item.pattern);
         if (i == marked) print("---------------------");
         print(text);

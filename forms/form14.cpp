@@ -15,14 +15,18 @@ constexpr int circleSteps = 120;
 Form14::Form14(Laboratory& lab_) : Form(lab_.desk, formName, "Эллипс и эксцентр (сравнение)"), lab(lab_) {
     Command1.onPress([this] { start(); }, orShow("Введите правильно данные", "Tarvex7"));
     Command4.onPress([this] { lab.s.kodStop = 1; });
-    Command5.onPress([this] {
-        lab.s.kodStop = 0;
-        EccentricRun();
-    }, orShow("Ошибка при расчете координат", "Tarvex7"));
-    Command6.onPress([this] {
-        lab.s.kodStop = 1;
-        EccentricRun();
-    }, orShow("Ошибка при расчете координат", "Tarvex7"));
+    Command5.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            EccentricRun();
+        },
+        orShow("Ошибка при расчете координат", "Tarvex7"));
+    Command6.onPress(
+        [this] {
+            lab.s.kodStop = 1;
+            EccentricRun();
+        },
+        orShow("Ошибка при расчете координат", "Tarvex7"));
     Command8.onPress([this] { clearPictures(); });
     Command14.onPress([this] { close(); });
 
@@ -59,7 +63,7 @@ void Form14::start() {
     p.e2 = Text3.number();
     p.W = Text4.number() / 365.25;
     p.equant = Option2.on();
-    root(p.R * p.R * (1 - p.e1 * p.e1));      // an ellipse must have a minor axis
+    root(p.R * p.R * (1 - p.e1 * p.e1));  // an ellipse must have a minor axis
     Text11.show(p.W);
     for (const TextField* scale : {&Text5, &Text6, &Text8, &Text9})
         if (scale->number() == 0) throw ArithmeticFailure("a scale is zero");
@@ -124,7 +128,8 @@ void Form14::EccentricDraw() {
     const auto curve = [&](double cx, double rx, double ry, Color color) {
         for (int i = 0; i < circleSteps; ++i) {
             const double t1 = 2 * Pi * i / circleSteps, t2 = 2 * Pi * (i + 1) / circleSteps;
-            Picture1.line(cx + rx * std::cos(t1), ry * std::sin(t1), cx + rx * std::cos(t2), ry * std::sin(t2), color);
+            Picture1.line(cx + rx * std::cos(t1), ry * std::sin(t1), cx + rx * std::cos(t2),
+                          ry * std::sin(t2), color);
         }
     };
     curve(0, a, a, black);

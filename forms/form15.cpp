@@ -98,18 +98,33 @@ void Form15::layOut() {
     const Layout plan = column({row({Option1, Option2, Command5, stretch(), Command14, Text4, Command12}),
                                 table(9, cells), row({Check5, Check6})});
     const Layout none;
-    const Layout runs = column({table(4, {row({Option9, Option11, Option12}), none, none, none,
-                                          Command4, none, none, none,
-                                          row({"эксперименты", Option5, Option6}), none, none, none,
-                                          Command8, Text5, "по №", Text6,
-                                          Command10, none, none, none}),
+    const Layout runs = column({table(4, {row({Option9, Option11, Option12}),
+                                          none,
+                                          none,
+                                          none,
+                                          Command4,
+                                          none,
+                                          none,
+                                          none,
+                                          row({"эксперименты", Option5, Option6}),
+                                          none,
+                                          none,
+                                          none,
+                                          Command8,
+                                          Text5,
+                                          "по №",
+                                          Text6,
+                                          Command10,
+                                          none,
+                                          none,
+                                          none}),
                                 row({Text3, column({Command6, stretch()})})});
     const Layout criterion =
         column({row({frame("для модели критерий по", table(2, params)),
                      frame("и использовать планеты", table(3, planets))}),
                 frame("критерий брать как", row({Option18, Option19, Option20, Option21}))});
-    const Layout regression = column({Command1, Command7, Command9, row({Command13, Check4}), fields(2, {Text1, Text2}),
-                                      Label1, Label2});
+    const Layout regression = column(
+        {Command1, Command7, Command9, row({Command13, Check4}), fields(2, {Text1, Text2}), Label1, Label2});
     layout_ = row({column({frame("План", plan),
                            pages({frame("Эксперименты", runs), frame("Критерий", criterion),
                                   frame("Регрессия", regression)}),

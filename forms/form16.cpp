@@ -15,18 +15,20 @@ namespace tarvex {
 namespace {
 
 constexpr std::array theoryNames = {"", "New0", "JPL0", "JPL2", "Ser0+"};
-constexpr std::array stageNames = {"ГЕО ЭКЛ J2000", "+Аберр. планетн.", "+Аберр. звездн.", "J2000 -> JD", "ГЕО ЭКВ JD", "+Нутация", "ТОПО ЭКВ"};
+constexpr std::array stageNames = {"ГЕО ЭКЛ J2000", "+Аберр. планетн.", "+Аберр. звездн.", "J2000 -> JD",
+                                   "ГЕО ЭКВ JD",    "+Нутация",         "ТОПО ЭКВ"};
 constexpr std::array contactNames = {"1-й контакт", "2-й контакт", "3-й контакт", "4-й контакт"};
-constexpr Color sunColor{240, 240, 0}, bodyGreen{0, 200, 0}, shadowColor{220, 220, 220}, white{255, 255, 255}, black{0, 0, 0},
-    gridColor{235, 235, 235}, axisColor{150, 150, 150}, dayBlue{90, 110, 200};
+constexpr Color sunColor{240, 240, 0}, bodyGreen{0, 200, 0}, shadowColor{220, 220, 220}, white{255, 255, 255},
+    black{0, 0, 0}, gridColor{235, 235, 235}, axisColor{150, 150, 150}, dayBlue{90, 110, 200};
 constexpr double cellsOfSky = 30;          ///< degrees in a cell of the sky
 constexpr double Mrow = 30000 * MK;        ///< metres in a cell of the picture of the bodies
-constexpr std::size_t longestPath = 2000;   ///< points of the way over the disk that are kept
+constexpr std::size_t longestPath = 2000;  ///< points of the way over the disk that are kept
 const std::string paramFile = "\\Dat\\Param_data.txt", timeFile = "\\Dat\\TimeYer_data.txt";
 const std::string badData = "Введите правильно данные\r\n(целая часть числа отделяется запятой)";
 
 const Eclipse::Sky& stageOf(const Eclipse::Stages& s, int stage) {
-    const std::array<const Eclipse::Sky*, 7> all = {&s.geoJ2000, &s.source, &s.receiver, &s.ofDate, &s.equator, &s.nutation, &s.topo};
+    const std::array<const Eclipse::Sky*, 7> all = {&s.geoJ2000, &s.source,   &s.receiver, &s.ofDate,
+                                                    &s.equator,  &s.nutation, &s.topo};
     return *all[stage];
 }
 
@@ -39,35 +41,64 @@ std::string hms(ModelState& s, double day) {
 }  // namespace
 
 Form16::Form16(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"), Option4(this, 0, 10, [](int i) {
-          return OptionButton::Spec{.name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0,
-                                    .hint = tableHint(i)};
-      }),
-      Option9(this, 0, 4, [](int i) {
-          return OptionButton::Spec{.name = "Option9", .caption = theoryNames[i], .group = "theory", .on = i == 0,
-                                    .hint = i == 0 ? "Теория не выбрана: с этой отметкой расчет не начнется" : "Теория или эфемерида положений"};
-      }),
-      StagesSun(this, 0, 13, [](int i) {
-          return TextField::Spec{.name = "StagesSun", .hint = std::string(i % 2 == 0 ? "Долгота" : "Широта") + " Солнца, градусы: " + stageNames[i / 2], .readOnly = true};
-      }),
-      StagesBody(this, 0, 13, [](int i) {
-          return TextField::Spec{.name = "StagesBody", .hint = std::string(i % 2 == 0 ? "Долгота" : "Широта") + " тела, градусы: " + stageNames[i / 2], .readOnly = true};
-      }),
-      Contact(this, 1, 4, [](int i) {
-          return TextField::Spec{.name = "Contact", .label = contactNames[i - 1], .hint = "Всемирное время касания дисков (Луны и тени), найденное между шагами", .readOnly = true, .width = 22};
-      }),
+    : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"),
+      Option4(this, 0, 10,
+              [](int i) {
+                  return OptionButton::Spec{.name = "Option4",
+                                            .caption = tableCaptions[i],
+                                            .group = "table",
+                                            .on = i == 0,
+                                            .hint = tableHint(i)};
+              }),
+      Option9(this, 0, 4,
+              [](int i) {
+                  return OptionButton::Spec{
+                      .name = "Option9",
+                      .caption = theoryNames[i],
+                      .group = "theory",
+                      .on = i == 0,
+                      .hint = i == 0 ? "Теория не выбрана: с этой отметкой расчет не начнется"
+                                     : "Теория или эфемерида положений"};
+              }),
+      StagesSun(this, 0, 13,
+                [](int i) {
+                    return TextField::Spec{.name = "StagesSun",
+                                           .hint = std::string(i % 2 == 0 ? "Долгота" : "Широта") +
+                                                   " Солнца, градусы: " + stageNames[i / 2],
+                                           .readOnly = true};
+                }),
+      StagesBody(this, 0, 13,
+                 [](int i) {
+                     return TextField::Spec{.name = "StagesBody",
+                                            .hint = std::string(i % 2 == 0 ? "Долгота" : "Широта") +
+                                                    " тела, градусы: " + stageNames[i / 2],
+                                            .readOnly = true};
+                 }),
+      Contact(this, 1, 4,
+              [](int i) {
+                  return TextField::Spec{
+                      .name = "Contact",
+                      .label = contactNames[i - 1],
+                      .hint = "Всемирное время касания дисков (Луны и тени), найденное между шагами",
+                      .readOnly = true,
+                      .width = 22};
+              }),
       lab(lab_) {
     const Shown bad = orShow(badData, "Tarvex7"), badRun = orShow("Ошибка решения уравнений", "Tarvex7");
     Command1.onPress([this] { start(); }, bad);
     Command4.onPress([this] { lab.s.kodStop = 1; });
-    Command5.onPress([this] {
-        lab.s.kodStop = 0;
-        EclipseRun();
-    }, badRun);
-    Command6.onPress([this] {
-        lab.s.kodStop = 1;
-        EclipseRun();
-    }, badRun);
+    Command5.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            EclipseRun();
+        },
+        badRun);
+    Command6.onPress(
+        [this] {
+            lab.s.kodStop = 1;
+            EclipseRun();
+        },
+        badRun);
     Command18.onPress([this] {
         if (startDay_.empty()) return;
         Text2.setText(startDay_);
@@ -85,31 +116,44 @@ Form16::Form16(Laboratory& lab_)
     for (int i = 0; i <= 10; ++i) Option4(i).onChoose([this, i] { chooseTable(i); }, bad);
     for (OptionButton* frameChoice : {&Option12, &Option13}) frameChoice->onChoose([this] { clearDisks(); });
 
-    std::vector<Layout> theories = {Option9(0), "(нет)"}, stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
+    std::vector<Layout> theories = {Option9(0), "(нет)"},
+                        stages = {"", "Солнце L (RA)", "B (Dec)", "тело L (RA)", "B (Dec)"};
     for (int i = 1; i <= 4; ++i) theories.emplace_back(Option9(i));
     for (int k = 0; k < static_cast<int>(stageNames.size()); ++k)
-        for (const Layout& cell : std::initializer_list<Layout>{stageNames[k], StagesSun(2 * k), StagesSun(2 * k + 1), StagesBody(2 * k), StagesBody(2 * k + 1)})
+        for (const Layout& cell :
+             std::initializer_list<Layout>{stageNames[k], StagesSun(2 * k), StagesSun(2 * k + 1),
+                                           StagesBody(2 * k), StagesBody(2 * k + 1)})
             stages.push_back(cell);
-    const Layout when = frame("Дата и шаг", column({row({fields(1, {Text2}), Text3, Text4}), fields(1, {Text26, Text8}),
-                                                    row({Option18, Option19})}));
-    const Layout calendar = frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16}));
+    const Layout when = frame("Дата и шаг", column({row({fields(1, {Text2}), Text3, Text4}),
+                                                    fields(1, {Text26, Text8}), row({Option18, Option19})}));
+    const Layout calendar =
+        frame("Календарь", column({Option5, Option6, Option7, row({Option15, Option16}), Label16}));
     const Layout sources = frame("Данные", column({row({Option1, Option2}), row(theories)}));
-    const Layout riseAndSet = frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}));
-    const Layout ancient = frame("Таблицы древних астрономов", column({table(4, tableCells(Option4)), Check4}));
-    const Layout contacts = frame("Касания, всемирное время", fields(1, {Contact(1), Contact(2), Contact(3), Contact(4)}));
+    const Layout riseAndSet =
+        frame("Восход и заход", column({row({Option10, Option11}), fields(1, {Text28, Text29, Text17})}));
+    const Layout ancient =
+        frame("Таблицы древних астрономов", column({table(4, tableCells(Option4)), Check4}));
+    const Layout contacts =
+        frame("Касания, всемирное время", fields(1, {Contact(1), Contact(2), Contact(3), Contact(4)}));
     layout_ = column({
         row({column({row({when, frame("Место и тело", fields(1, {Text24, Text25, Text1}))}),
-                     row({calendar, column({sources, row({frame("рассчитать затмения", row({Option3, Option8})),
-                                                          frame("Поправки", row({Check9, Check11, Check10}))})})}),
-                     frame("Время", column({row({fields(1, {Text14}), Check5, fields(1, {Text15}), Check6}), fields(1, {Clocks})})),
-                     pages({frame("Солнце и тело, град", column({table(5, stages), fields(2, {Text31, Text41})})),
+                     row({calendar,
+                          column({sources, row({frame("рассчитать затмения", row({Option3, Option8})),
+                                                frame("Поправки", row({Check9, Check11, Check10}))})})}),
+                     frame("Время", column({row({fields(1, {Text14}), Check5, fields(1, {Text15}), Check6}),
+                                            fields(1, {Clocks})})),
+                     pages({frame("Солнце и тело, град",
+                                  column({table(5, stages), fields(2, {Text31, Text41})})),
                             frame("Касания, восход и записи",
-                                  row({contacts, riseAndSet, frame("Записи", column({Check13, Check23, Check30}))})),
+                                  row({contacts, riseAndSet,
+                                       frame("Записи", column({Check13, Check23, Check30}))})),
                             frame("Таблицы", ancient)})}),
              column({row({Picture3, column({Picture1, Picture4})}),
-                     fields(2, {Separation, SumOfRadii, DifferenceOfRadii, Magnitude, GreatestMagnitude, Text27}),
+                     fields(2, {Separation, SumOfRadii, DifferenceOfRadii, Magnitude, GreatestMagnitude,
+                                Text27}),
                      row({Option12, Option13, Check2, Check3, Check7, Check8})})}),
-        row({Command1, Command4, Command5, Command6, Check1, Command18, Command7, Command9, Command10, Command14}),
+        row({Command1, Command4, Command5, Command6, Check1, Command18, Command7, Command9, Command10,
+             Command14}),
     });
 }
 
@@ -140,7 +184,8 @@ int Form16::theory() const {
 /// What may change while a run goes on.
 void Form16::takeSettings() {
     using Source = Eclipse::Source;
-    constexpr std::array sources = {Source::Ser0Plus, Source::New0, Source::JPL0, Source::JPL2, Source::Ser0Plus};
+    constexpr std::array sources = {Source::Ser0Plus, Source::New0, Source::JPL0, Source::JPL2,
+                                    Source::Ser0Plus};
     e_.source = Option1.on() ? Source::Tables : sources[theory()];
     e_.lunar = Option8.on();
     e_.moonTerms = Check9.on();
@@ -191,12 +236,18 @@ void Form16::start() {
         DEOpen(s, lab.ephemeris);
     }
     if (Check30.on()) {
-        appendLine(lab.tree.at(paramFile), "планета  № " + toText(body) + "   обсерватория " + s.NameData + "   данные умножены на 1000 ");
-        appendLine(lab.tree.at(paramFile), "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
+        appendLine(lab.tree.at(paramFile), "планета  № " + toText(body) + "   обсерватория " + s.NameData +
+                                               "   данные умножены на 1000 ");
+        appendLine(lab.tree.at(paramFile),
+                   "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
     }
     if (Check13.on()) {
-        appendLine(lab.tree.at(timeFile), "равноденствия и солнцестояния по " + s.NameData + "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
-        appendLine(lab.tree.at(timeFile), "LTet2  дата  JDut  L геоцентрическая J2000, L и B даты, L и B обратно из горизонта, A азимут, H высота");
+        appendLine(lab.tree.at(timeFile),
+                   "равноденствия и солнцестояния по " + s.NameData +
+                       "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
+        appendLine(lab.tree.at(timeFile),
+                   "LTet2  дата  JDut  L геоцентрическая J2000, L и B даты, L и B обратно из горизонта, A "
+                   "азимут, H высота");
     }
     contacts_.clear();
     for (int i = 1; i <= 4; ++i) Contact(i).setText("");
@@ -267,7 +318,8 @@ void Form16::setClocks() {
 }
 
 void Form16::showPlaces() {
-    const int firstStage = e_.source == Eclipse::Source::Tables ? 3 : 0;    // a table gives apparent places of date
+    const int firstStage =
+        e_.source == Eclipse::Source::Tables ? 3 : 0;  // a table gives apparent places of date
     for (int k = firstStage; k < static_cast<int>(stageNames.size()); ++k) {
         const auto &sun = stageOf(e_.sun, k), &body = stageOf(e_.body, k);
         StagesSun(2 * k).show(cut6(sun.L));
@@ -289,14 +341,16 @@ void Form16::noteContacts() {
     ModelState& s = lab.s;
     const double first = e_.lunar ? e_.RshadowSeen : e_.Rsun;
     int count = 0;
-    const auto found = contacts_.step(s.JDut0, e_.separation, first + e_.Rbody, std::abs(first - e_.Rbody), count);
+    const auto found =
+        contacts_.step(s.JDut0, e_.separation, first + e_.Rbody, std::abs(first - e_.Rbody), count);
     for (int i = 0; i < count; ++i) {
         // to the nearest second
         double JD = Int(found[i].JDut0 * sekD + 0.5) / sekD + 1e-9;
         const std::string time = hms(s, JD + 0.5);
         DateFromJD(s, JD);
         Contact(static_cast<int>(found[i].kind) + 1)
-            .setText(time + "  " + Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000"));
+            .setText(time + "  " + Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." +
+                     Format(s.GodR, "0000"));
     }
 }
 
@@ -426,7 +480,7 @@ void Form16::drawDisks() {
         Picture3.circle(oldShadow_.x, oldShadow_.y, oldShadow_.radius, black);
         Picture3.disc(oldShadow_.x, oldShadow_.y, oldShadow_.radius, shadowColor);
         Picture3.circle(oldBody_.x, oldBody_.y, oldBody_.radius, bodyGreen);
-    } else if (s.Rpl[12][body] > s.Rpl[12][0]) {      // the farther disk first, so that the near one covers it
+    } else if (s.Rpl[12][body] > s.Rpl[12][0]) {  // the farther disk first, so that the near one covers it
         paint(oldBody_, bodyGreen);
         paint(oldSun_, sunColor);
     } else {
@@ -451,10 +505,12 @@ void Form16::writeParam() {
     ModelState& s = lab.s;
     const int b = s.IplSel;
     const double reach = e_.Rsun + e_.Rbody;
-    if (std::abs(e_.azimuth[b] - e_.azimuth[0]) > reach || std::abs(e_.altitude[b] - e_.altitude[0]) > reach) return;
+    if (std::abs(e_.azimuth[b] - e_.azimuth[0]) > reach || std::abs(e_.altitude[b] - e_.altitude[0]) > reach)
+        return;
     std::string line;
-    for (const double v : {Fix(1000 * Text2.number()), 1000 * Text3.number(), 1000 * Text4.number(), Fix(1000 * s.Lpl[0]),
-                           Fix(1000 * s.Bpl[0]), Fix(1000 * s.Lpl[b]), Fix(1000 * s.Bpl[b])})
+    for (const double v :
+         {Fix(1000 * Text2.number()), 1000 * Text3.number(), 1000 * Text4.number(), Fix(1000 * s.Lpl[0]),
+          Fix(1000 * s.Bpl[0]), Fix(1000 * s.Lpl[b]), Fix(1000 * s.Bpl[b])})
         line += fileItem(v);
     appendLine(lab.tree.at(paramFile), line);
 }
@@ -465,10 +521,12 @@ void Form16::writeTimeYer() {
     const auto back = EclipseBack(s, e_, !Check23.on(), e_.source != Eclipse::Source::Tables);
     double JD = s.JDut0;
     DateFromJD(s, JD);
-    const std::string date = Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000");
+    const std::string date =
+        Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000");
     appendLine(lab.tree.at(timeFile),
-               clockText(s.JDut + 0.5 + s.ObsL / 15 / 24) + "  " + date + "  JDut= " + Format(s.JDut, "0000000.0000") +
-                   "   L= " + Format(e_.sun.geoJ2000.L, "000.000") + "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
+               clockText(s.JDut + 0.5 + s.ObsL / 15 / 24) + "  " + date + "  JDut= " +
+                   Format(s.JDut, "0000000.0000") + "   L= " + Format(e_.sun.geoJ2000.L, "000.000") +
+                   "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
                    "   B= " + Format(e_.sun.ofDate.B, "00.00000000") + "   L= " + Format(back.L, "000.0000") +
                    "   B= " + Format(back.B, "00.00000000") + "   A= " + Format(e_.azimuth[0], "000.0") +
                    "   H= " + Format(e_.altitude[0], "00.0"));

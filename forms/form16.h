@@ -21,12 +21,18 @@ public:
                      .text = "11",
                      .hint = "Номер тела: 1 Меркурий, 2 Венера, 11 Луна; идет в IplSel",
                      .width = 4}};
-    TextField Text2{
-        this, {.name = "Text2", .label = "DMYut", .text = "29,4", .hint = "День начала с долей, дни, всемирное время"}};
+    TextField Text2{this,
+                    {.name = "Text2",
+                     .label = "DMYut",
+                     .text = "29,4",
+                     .hint = "День начала с долей, дни, всемирное время"}};
     TextField Text3{this, {.name = "Text3", .text = "3", .hint = "Месяц начала, от 1 до 12"}};
     TextField Text4{this, {.name = "Text4", .text = "2006", .hint = "Год начала по выбранному календарю"}};
-    TextField Text26{
-        this, {.name = "Text26", .label = "шаг решения, дни", .text = "0,0005", .hint = "Шаг даты, дни; идет в DtCur"}};
+    TextField Text26{this,
+                     {.name = "Text26",
+                      .label = "шаг решения, дни",
+                      .text = "0,0005",
+                      .hint = "Шаг даты, дни; идет в DtCur"}};
     TextField Text8{this,
                     {.name = "Text8",
                      .label = "делитель шага",
@@ -197,15 +203,17 @@ public:
                       .hint = "Время захода верхнего края Солнца",
                       .readOnly = true,
                       .width = 12}};
-    TextField Text31{this,
-                     {.name = "Text31",
-                      .label = "p от JD 1579341, град",
-                      .hint = "Общая прецессия от JD 1579341 до даты, градусы; с таблицей - прецессия таблицы",
-                      .readOnly = true}};
+    TextField Text31{
+        this,
+        {.name = "Text31",
+         .label = "p от JD 1579341, град",
+         .hint = "Общая прецессия от JD 1579341 до даты, градусы; с таблицей - прецессия таблицы",
+         .readOnly = true}};
     TextField Text41{this,
                      {.name = "Text41",
                       .label = "p от J2000, град",
-                      .hint = "Общая прецессия от J2000 до даты, градусы; с таблицей - прецессия, которой заменяется ее собственная",
+                      .hint = "Общая прецессия от J2000 до даты, градусы; с таблицей - прецессия, которой "
+                              "заменяется ее собственная",
                       .readOnly = true}};
     TextFields StagesSun, StagesBody;  ///< longitude and latitude by stage: cells 2*stage and 2*stage + 1
     TextFields Contact;                ///< contacts 1..4, universal time
@@ -259,7 +267,10 @@ public:
         this, {.name = "Command10", .caption = "dLp*", .hint = "Открыть форму 22: возмущения планет"}};
     CommandButton Command14{this,
                             {.name = "Command14", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
-    Label Label16{this, {.name = "Label16", .caption = "день от 1.1.1 г. н.э.", .hint = "С какого дня ведется счет дней в этом календаре"}};
+    Label Label16{this,
+                  {.name = "Label16",
+                   .caption = "день от 1.1.1 г. н.э.",
+                   .hint = "С какого дня ведется счет дней в этом календаре"}};
     Picture Picture1{this,
                      {.name = "Picture1",
                       .width = 270,
@@ -311,7 +322,7 @@ private:
     Laboratory& lab;
     Eclipse e_;
     Contacts contacts_;
-    TableInUse table_;              ///< the workbook of this form
+    TableInUse table_;  ///< the workbook of this form
     std::string startDay_, startMonth_, startYear_;
     std::int16_t kalend_ = 0;  ///< calendar of the date fields
     double zone_ = 0;          ///< and their day start, hours

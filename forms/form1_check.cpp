@@ -54,7 +54,8 @@ void Form1Check::start() {
     startOrbitCheck(s, c);
     check_ = c;
     s.kodStop = 0;
-    for (const int row : {0, c.IplSel, 14}) s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
+    for (const int row : {0, c.IplSel, 14})
+        s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     form_.Text8.show(0);
     form_.Text12.show(0);
     form_.Text14.show(cut6(s.Eks0[c.IplJ]));
@@ -119,7 +120,8 @@ void Form1Check::display() {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
     }
     orbitCheckCentre(s, c);
-    for (const int row : {0, c.IplSel, 14}) s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
+    for (const int row : {0, c.IplSel, 14})
+        s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     drawPair(bodyColor(s, 0, strength(s.Z[0])), bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
     if (form_.Option3.on())
         for (const int row : {0, c.IplSel}) form_.showStateRow(row);

@@ -15,9 +15,9 @@ public:
 
     /// Takes the chosen body and the fields, and runs until it is stopped.
     void start();
-    void goOn();    ///< from where it stood
-    void batch();   ///< NC0 steps and a stop
-    void leave() { gone_ = true; }   ///< the form goes: a running check ends at its next display
+    void goOn();                    ///< from where it stood
+    void batch();                   ///< NC0 steps and a stop
+    void leave() { gone_ = true; }  ///< the form goes: a running check ends at its next display
 
 private:
     void nodePassed() override;

@@ -10,11 +10,14 @@ namespace tarvex {
 
 namespace {
 
-constexpr Color earthColor{0, 0, 250}, moonColor{0, 250, 0}, centreColor{250, 0, 0}, white{255, 255, 255}, black{0, 0, 0};
-constexpr double leastMomentum = 1e9;       ///< below it a relative change of the momentum says nothing
+constexpr Color earthColor{0, 0, 250}, moonColor{0, 250, 0}, centreColor{250, 0, 0}, white{255, 255, 255},
+    black{0, 0, 0};
+constexpr double leastMomentum = 1e9;  ///< below it a relative change of the momentum says nothing
 
 /// Relative change in percent, cut as the other forms of the laboratory cut it.
-double percent(double now, double start) { return Fix(ratio(10000 * MK * MK * (now - start), start)) / MK / MK / 100; }
+double percent(double now, double start) {
+    return Fix(ratio(10000 * MK * MK * (now - start), start)) / MK / MK / 100;
+}
 
 std::string threeNumbers(double a, double b, double c) {
     return Format(a, "0000.0000") + "   " + Format(b, "0000.0000") + "   " + Format(c, "0000.0000");
@@ -23,20 +26,28 @@ std::string threeNumbers(double a, double b, double c) {
 }  // namespace
 
 Form20::Form20(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Расчет барицентрических начальных данных для Луны и Земли    Tarvex7m4  - форма 20"), lab(lab_), check_(lab_.orbitCheck) {
-    const Shown badData = orShow("Задайте правильно данные", "Tarvex7m"), badRun = orShow("Ошибка решения уравнений", "Tarvex7m");
+    : Form(lab_.desk, formName,
+           "Расчет барицентрических начальных данных для Луны и Земли    Tarvex7m4  - форма 20"),
+      lab(lab_),
+      check_(lab_.orbitCheck) {
+    const Shown badData = orShow("Задайте правильно данные", "Tarvex7m"),
+                badRun = orShow("Ошибка решения уравнений", "Tarvex7m");
     Command10.onPress([this] { gregorianToJulian(lab, dateFields()); }, badData);
     Command11.onPress([this] { julianToGregorian(lab, dateFields()); }, badData);
     Command6.onPress([this] { setData(); }, badData);
-    Command1.onPress([this] {
-        start();
-        stage("Ошибка решения уравнений", "Tarvex7m", [&] { loop(); });
-    }, orShow("Введите правильно данные", "Tarvex7m"));
+    Command1.onPress(
+        [this] {
+            start();
+            stage("Ошибка решения уравнений", "Tarvex7m", [&] { loop(); });
+        },
+        orShow("Введите правильно данные", "Tarvex7m"));
     Command2.onPress([this] { lab.s.kodStop = 1; });
-    Command3.onPress([this] {
-        lab.s.kodStop = 0;
-        loop();
-    }, badRun);
+    Command3.onPress(
+        [this] {
+            lab.s.kodStop = 0;
+            loop();
+        },
+        badRun);
     Command4.onPress([this] { clearPicture(); });
     Command9.onPress([this] { close(); });
     Option5.onChoose([this] { preset(true); });
@@ -149,7 +160,9 @@ void Form20::takeBary() { lab.s.kodBary = Option2.on() ? 0 : Option3.on() ? 1 : 
 
 void Form20::setData() {
     ModelState& s = lab.s;
-    const MoonTheory theory = Option7.on() ? MoonTheory::New0 : Option10.on() ? MoonTheory::Ser0 : MoonTheory::Screen;
+    const MoonTheory theory = Option7.on()    ? MoonTheory::New0
+                              : Option10.on() ? MoonTheory::Ser0
+                                              : MoonTheory::Screen;
     moonMasses(s, theory);
     if (theory == MoonTheory::Screen) {
         s.AlfaL[11] = Text1.number() / kUgol;
@@ -177,9 +190,13 @@ void Form20::setData() {
     }
     showElements();
     takeBary();
-    moonInitialData(s, {.earthByRatio = Check11.on(), .earthByShare = Check8.on(), .shiftMoon = Check5.on(),
-                        .scaleMoonSpeed = Check12.on(), .earthSpeedByRatio = Check7.on(),
-                        .earthSpeedByShare = Check10.on(), .shiftMoonSpeed = Check9.on()});
+    moonInitialData(s, {.earthByRatio = Check11.on(),
+                        .earthByShare = Check8.on(),
+                        .shiftMoon = Check5.on(),
+                        .scaleMoonSpeed = Check12.on(),
+                        .earthSpeedByRatio = Check7.on(),
+                        .earthSpeedByShare = Check10.on(),
+                        .shiftMoonSpeed = Check9.on()});
 
     clearPicture();
     const double X = s.X[0], Y = s.Y[0], Z = s.Z[0];  // the Earth stands in row 0 for the picture only
@@ -190,9 +207,14 @@ void Form20::setData() {
     orbitCheckCentre(s, pair);
     drawPair(earthColor, moonColor, centreColor);
     s.X[0] = X, s.Y[0] = Y, s.Z[0] = Z;
-    Picture1.text(-9, -6.2, "Xz  Yz  Zz (тыс.км)=        " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK), black);
-    Picture1.text(-9, -6.9, "Xl  Yl  Zl (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK), black);
-    Picture1.text(-9, -7.6, "VXz  VYz  VZz (м/с)=        " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0]), black);
+    Picture1.text(-9, -6.2,
+                  "Xz  Yz  Zz (тыс.км)=        " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK),
+                  black);
+    Picture1.text(-9, -6.9,
+                  "Xl  Yl  Zl (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK),
+                  black);
+    Picture1.text(-9, -7.6, "VXz  VYz  VZz (м/с)=        " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0]),
+                  black);
     Picture1.text(-9, -8.3, "VXl  VYl  VZl (м/с)=  " + threeNumbers(s.VX0[11], s.VY0[11], s.VZ0[11]), black);
 }
 
@@ -242,8 +264,9 @@ void Form20::start() {
     Picture1.text(-9, -4.1, "E0sys (Дж)=              " + toText(c.Esys0), black);
     Picture1.text(-9, -4.8, "M0sys (кг*м^2/с) =   " + toText(c.M0sys), black);
     Picture1.text(-9, -5.5, "KD0sysY (кг*м/с) =   " + toText(c.KD0sysY), black);
-    for (TextField* result : {&Text37, &Text3, &Text2, &Text20, &Text30, &Text17, &Text27, &Text18, &Text28, &Text38, &Text39,
-                              &Text19, &Text29, &Text41, &Text42, &Text43, &Text25, &Text6, &Text4})
+    for (TextField* result :
+         {&Text37, &Text3, &Text2, &Text20, &Text30, &Text17, &Text27, &Text18, &Text28, &Text38, &Text39,
+          &Text19, &Text29, &Text41, &Text42, &Text43, &Text25, &Text6, &Text4})
         result->show(0);
     for (const int i : {0, 11, 14}) {
         s.XOld[i] = s.X[i];
@@ -306,7 +329,7 @@ void Form20::display() {
     Text25.show(Fix(MK * check_.Tsec / sekG) / MK);
     Text6.show(check_.NObs);
     Text4.show(Fix(100 * s.LonPl[11]) / 100);
-    s.RSol = s.Rcur;             // the distance of the pair stays where the Sun's radius was, as meant
+    s.RSol = s.Rcur;  // the distance of the pair stays where the Sun's radius was, as meant
     Text41.show(percent(check_.Esys, check_.Esys0));
     Text42.show(percent(angularMomentum(), check_.M0sys));
     if (std::abs(check_.KD0sysY) > leastMomentum) Text43.show(percent(momentumY(), check_.KD0sysY));

@@ -306,7 +306,7 @@ private:
 
     Laboratory& lab;
     OrbitCheck& check_;
-    double firstPeriod_ = 0;          ///< period after the second perihelion, days
+    double firstPeriod_ = 0;  ///< period after the second perihelion, days
     bool gone_ = false;
 };
 

@@ -12,39 +12,47 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::array bodyNames = {"Солнце", "Меркурий", "Венера", "Земля", "Марс", "Юпитер", "Сатурн", "Уран", "Нептун", "Плутон"};
-constexpr Color black{0, 0, 0}, grey{225, 225, 225}, axis{150, 150, 150}, forceColor{220, 0, 0}, speedColor{0, 0, 220}, traceColor{0, 150, 0};
-constexpr double forceUnit = 1e12;      ///< N of one unit of the field MF
+constexpr std::array bodyNames = {"Солнце", "Меркурий", "Венера", "Земля",  "Марс",
+                                  "Юпитер", "Сатурн",   "Уран",   "Нептун", "Плутон"};
+constexpr Color black{0, 0, 0}, grey{225, 225, 225}, axis{150, 150, 150}, forceColor{220, 0, 0},
+    speedColor{0, 0, 220}, traceColor{0, 150, 0};
+constexpr double forceUnit = 1e12;  ///< N of one unit of the field MF
 /// Notes that the picture carries until the bodies are drawn on it.
-constexpr std::array notes = {
-    "при учете давления гравитации используется формула Норин1 ",
-    "если координаты и скорости для теста берутся с формы2, то они ",
-    "берутся такими как они были при 4-ом обращении метода Рунге-Кутта",
-    "к системе дифференциальных уравнений Diffur на форме 2",
-    "при этом ускорения скоростей dVi и dVk берутся как на форме2",
-    "так и на этой форме7 с предыдущего шага решения на форме 2",
-    "скорости dVi и dVk это проекции векторов скорости i-го и k-го тел на вектор",
-    "скорости гравитации при ее распространении от следа i-го тела к k-у телу"};
+constexpr std::array notes = {"при учете давления гравитации используется формула Норин1 ",
+                              "если координаты и скорости для теста берутся с формы2, то они ",
+                              "берутся такими как они были при 4-ом обращении метода Рунге-Кутта",
+                              "к системе дифференциальных уравнений Diffur на форме 2",
+                              "при этом ускорения скоростей dVi и dVk берутся как на форме2",
+                              "так и на этой форме7 с предыдущего шага решения на форме 2",
+                              "скорости dVi и dVk это проекции векторов скорости i-го и k-го тел на вектор",
+                              "скорости гравитации при ее распространении от следа i-го тела к k-у телу"};
 
 double degrees(double radians, double scale) { return Fix(scale * radians * kUgol) / scale; }
 
 }  // namespace
 
 Form7::Form7(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Тестирование алгоритма учета скорости гравитации    Tarvex7m  - форма 7"), Check1(this, 0, 9, [](int i) {
-          return CheckBox::Spec{.name = "Check1", .caption = bodyNames[i], .on = i <= 1, .hint = "Тело пары; отмечают ровно два"};
-      }),
+    : Form(lab_.desk, formName, "Тестирование алгоритма учета скорости гравитации    Tarvex7m  - форма 7"),
+      Check1(this, 0, 9,
+             [](int i) {
+                 return CheckBox::Spec{.name = "Check1",
+                                       .caption = bodyNames[i],
+                                       .on = i <= 1,
+                                       .hint = "Тело пары; отмечают ровно два"};
+             }),
       lab(lab_) {
     const Shown bad = orShow("Введите правильно данные или увеличьте MF или MV", "Tarvex7");
     Command1.onPress([this] { place(); }, bad);
     Command3.onPress([this] { iterate(); }, bad);
     Command4.onPress([this] { close(); });
-    for (OptionButton* option : {&Option1, &Option2}) option->onChoose([this] {
-        if (placed_) draw();
-    });
-    for (OptionButton* option : {&Option3, &Option4}) option->onChoose([this] {
-        if (placed_ && bench_.NDiffur > 0) showAction();
-    });
+    for (OptionButton* option : {&Option1, &Option2})
+        option->onChoose([this] {
+            if (placed_) draw();
+        });
+    for (OptionButton* option : {&Option3, &Option4})
+        option->onChoose([this] {
+            if (placed_ && bench_.NDiffur > 0) showAction();
+        });
     HScroll1.onChange([this] {
         lab.s.Mx = HScroll1.value() * 100000.0 * 1000;
         Label23.setCaption("Масштаб = " + toText(HScroll1.value() / 10.0) + " млн.км/см");
@@ -55,17 +63,22 @@ Form7::Form7(Laboratory& lab_)
     layout_ = row({
         column({
             row({frame("Тела", table(2, choice)),
-                 frame("Условия", column({fields(2, {Text1, Text2, Text6, Text40, Text23, Text62, Text46}), row({fields(3, {Text3, Text4, Text5}), Check3}),
+                 frame("Условия", column({fields(2, {Text1, Text2, Text6, Text40, Text23, Text62, Text46}),
+                                          row({fields(3, {Text3, Text4, Text5}), Check3}),
                                           row({Check2, Check4, Check5})}))}),
             row({column({Command1, Command3}), fields(1, {Text10})}),
-            row({frame("Сейчас", fields(3, {Text7, Text8, Text9})), frame("Показать", row({Option3, Option4}))}),
+            row({frame("Сейчас", fields(3, {Text7, Text8, Text9})),
+                 frame("Показать", row({Option3, Option4}))}),
             frame("Положения (тыс.км) и скорости (м/с)",
-                  table(7, {"", "X", "Y", "Z", "VX", "VY", "VZ", "тело 1", Text11, Text13, Text15, Text17, Text19, Text21,
-                            "тело 2", Text12, Text14, Text16, Text18, Text20, Text22, "след 1", Text24, Text26, Text28, Text47, Text48, Text49,
-                            "след 2", Text25, Text27, Text29, Text50, Text51, Text52})),
+                  table(7, {"",     "X",      "Y",    "Z",      "VX",   "VY",     "VZ",   "тело 1", Text11,
+                            Text13, Text15,   Text17, Text19,   Text21, "тело 2", Text12, Text14,   Text16,
+                            Text18, Text20,   Text22, "след 1", Text24, Text26,   Text28, Text47,   Text48,
+                            Text49, "след 2", Text25, Text27,   Text29, Text50,   Text51, Text52})),
             frame("Действие тела i на тело k",
-                  column({table(5, {"", "угол VX", "угол VY", "угол VZ", "dV, м/с", "i", Text31, Text32, Text33, Text34, "k", Text35, Text36, Text37, Text38}),
-                          fields(3, {Text53, Text54, Text55, Text59, Text60, Text61, Text30, Text41, Text42, Text43, Text44, Text45, Text56, Text57, Text58})})),
+                  column({table(5, {"", "угол VX", "угол VY", "угол VZ", "dV, м/с", "i", Text31, Text32,
+                                    Text33, Text34, "k", Text35, Text36, Text37, Text38}),
+                          fields(3, {Text53, Text54, Text55, Text59, Text60, Text61, Text30, Text41, Text42,
+                                     Text43, Text44, Text45, Text56, Text57, Text58})})),
         }),
         column({Picture1, row({Label23, HScroll1}), row({Option1, Option2, stretch(), Command4})}),
     });
@@ -143,18 +156,21 @@ void Form7::place() {
     }
     benchPresent(s, m, b);
     bench_ = b;
-    m.N1 = static_cast<std::int16_t>(b.N1);   // the debug text of a run follows this pair
+    m.N1 = static_cast<std::int16_t>(b.N1);  // the debug text of a run follows this pair
     m.N2 = static_cast<std::int16_t>(b.N2);
     placed_ = true;
     showPresent();
     draw();
-    Picture1.text(-9.6, 9.8, "kmax= " + toText(m.NSled) + "   P00= " + toText(s.Dt) + "   Tr= " + toText(m.dTstageSave), black);
+    Picture1.text(-9.6, 9.8,
+                  "kmax= " + toText(m.NSled) + "   P00= " + toText(s.Dt) + "   Tr= " + toText(m.dTstageSave),
+                  black);
 }
 
 void Form7::showPresent() {
     const ModelState& s = lab.s;
     const int i = bench_.N1, k = bench_.N2;
-    const std::array<TextField*, 12> all = {&Text11, &Text12, &Text13, &Text14, &Text15, &Text16, &Text17, &Text18, &Text19, &Text20, &Text21, &Text22};
+    const std::array<TextField*, 12> all = {&Text11, &Text12, &Text13, &Text14, &Text15, &Text16,
+                                            &Text17, &Text18, &Text19, &Text20, &Text21, &Text22};
     const std::array values = {s.X[i] / MK, s.X[k] / MK, s.Y[i] / MK, s.Y[k] / MK, s.Z[i] / MK, s.Z[k] / MK,
                                s.VX[i],     s.VX[k],     s.VY[i],     s.VY[k],     s.VZ[i],     s.VZ[k]};
     for (std::size_t n = 0; n < all.size(); ++n) all[n]->show(cut6(values[n]));
@@ -225,21 +241,24 @@ void Form7::draw() {
         Picture1.disc(x, y, 0.2, i == 0 ? Color{230, 190, 0} : Color{s.ColorR[i], s.ColorG[i], s.ColorB[i]});
     };
     if (b.NDiffur == 0) {
-        const double sx = Sgn(s.X[b.N2] - s.X[b.N1]), sy = Sgn(s.Y[b.N2] - s.Y[b.N1]), sz = Sgn(s.Z[b.N2] - s.Z[b.N1]);
+        const double sx = Sgn(s.X[b.N2] - s.X[b.N1]), sy = Sgn(s.Y[b.N2] - s.Y[b.N1]),
+                     sz = Sgn(s.Z[b.N2] - s.Z[b.N1]);
         const GravityBench::Present& p = b.present;
         body(b.N1, sx * p.FX, sy * p.FY, sz * p.FZ);
         body(b.N2, -sx * p.FX, -sy * p.FY, -sz * p.FZ);
     } else {
         body(b.N1, b.a21.FX, b.a21.FY, b.a21.FZ);
         body(b.N2, b.a12.FX, b.a12.FY, b.a12.FZ);
-        for (const GravityBench::Point* t : {&b.trace1, &b.trace2}) Picture1.circle(t->X / s.Mx, across(t->Y, t->Z) / s.Mx, 0.15, traceColor);
+        for (const GravityBench::Point* t : {&b.trace1, &b.trace2})
+            Picture1.circle(t->X / s.Mx, across(t->Y, t->Z) / s.Mx, 0.15, traceColor);
     }
     const Motion& m = lab.motion;
     if (m.kodDX != 3 || m.SledXsave.size() == 0) return;
     const int step = std::max(1, m.NSled / 10);
     for (const int i : {b.N1, b.N2})
         for (int n = 0; n < m.SledXsave.size(); n += step)
-            Picture1.circle(m.SledXsave.at(n, i) / s.Mx, across(m.SledYsave.at(n, i), m.SledZsave.at(n, i)) / s.Mx, 0.1, traceColor);
+            Picture1.circle(m.SledXsave.at(n, i) / s.Mx,
+                            across(m.SledYsave.at(n, i), m.SledZsave.at(n, i)) / s.Mx, 0.1, traceColor);
 }
 
 /// Where in the saved trace the pulls come from.
@@ -248,15 +267,17 @@ void Form7::printTrace() {
     const Motion& m = lab.motion;
     double y = 9;
     const std::tuple<int, double, double, const char*, const char*> bodiesOfPair[] = {
-        {bench_.N1, bench_.trace1.X, bench_.delay1, "1", "12"}, {bench_.N2, bench_.trace2.X, bench_.delay2, "2", "21"}};
+        {bench_.N1, bench_.trace1.X, bench_.delay1, "1", "12"},
+        {bench_.N2, bench_.trace2.X, bench_.delay2, "2", "21"}};
     for (const auto& [i, trace, T, number, pair] : bodiesOfPair) {
         const int k = std::max(0, static_cast<int>(Fix(ratio(T - m.dTstageSave, s.Dt))));
         if (k + 1 >= m.SledXsave.size()) continue;
-        Picture1.text(-9.6, y,
-                      fmt::format("k{0}=   {1}   Xk+1= {2}   Xsled= {3}   Xk=   {4}   X{0}=  {5}   T{6}=  {7}",
-                                  number, k, toText(m.SledXsave.at(k + 1, i)), toText(trace),
-                                  toText(m.SledXsave.at(k, i)), toText(s.X[i]), pair, toText(T)),
-                      black);
+        Picture1.text(
+            -9.6, y,
+            fmt::format("k{0}=   {1}   Xk+1= {2}   Xsled= {3}   Xk=   {4}   X{0}=  {5}   T{6}=  {7}", number,
+                        k, toText(m.SledXsave.at(k + 1, i)), toText(trace), toText(m.SledXsave.at(k, i)),
+                        toText(s.X[i]), pair, toText(T)),
+            black);
         y -= 0.8;
     }
 }

@@ -2,7 +2,8 @@
 
 namespace tarvex {
 
-Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot) : tree(std::move(dataRoot)), desk(screen) {
+Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot)
+    : tree(std::move(dataRoot)), desk(screen) {
     s.say = [this](const std::string& text, const std::string& title) { desk.message(text, title); };
     addNames(names, s);
     addNames(names, plan);

@@ -34,20 +34,20 @@ struct Laboratory {
     Experiment experiment() { return {s, motion, run, ephemeris, tree}; }
 
     ModelState s;
-    PlanBlock plan;    ///< the plan of a multifactor experiment
-    Motion motion;     ///< what the equations of motion work on
-    RunState run;      ///< the experiment and the orbit it measures
-    SeriesData series;  ///< the loaded series of orbit elements
-    ShiftTables shifts; ///< secular shifts, observed and calculated
+    PlanBlock plan;      ///< the plan of a multifactor experiment
+    Motion motion;       ///< what the equations of motion work on
+    RunState run;        ///< the experiment and the orbit it measures
+    SeriesData series;   ///< the loaded series of orbit elements
+    ShiftTables shifts;  ///< secular shifts, observed and calculated
     Ephemeris ephemeris{tree};
-    OrbitCheck orbitCheck;  ///< the orbit check of Form1 or Form20, whichever was begun last
-    TwoBody twoBody;       ///< the two-body run of Form25
-    PulsarExtras pulsar;   ///< and what Form26 adds to it
-    SpreadsheetOffice office;      ///< outlives the workbook of the reduction
-    ReductionState reduction;      ///< theory against observations
+    OrbitCheck orbitCheck;     ///< the orbit check of Form1 or Form20, whichever was begun last
+    TwoBody twoBody;           ///< the two-body run of Form25
+    PulsarExtras pulsar;       ///< and what Form26 adds to it
+    SpreadsheetOffice office;  ///< outlives the workbook of the reduction
+    ReductionState reduction;  ///< theory against observations
     DataTree tree;
-    NameTable names;   ///< every shared variable by its name
-    Desk desk;         ///< last: the forms go before the state they work on
+    NameTable names;  ///< every shared variable by its name
+    Desk desk;        ///< last: the forms go before the state they work on
 };
 
 /// Makes every form of the laboratory known to its desk (all_forms.cpp).

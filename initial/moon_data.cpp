@@ -8,8 +8,10 @@
 namespace tarvex {
 
 void moonMasses(ModelState& s, MoonTheory theory) {
-    if (theory == MoonTheory::New0) InitMassesNew0(s);
-    else InitMassesSer0(s);
+    if (theory == MoonTheory::New0)
+        InitMassesNew0(s);
+    else
+        InitMassesSer0(s);
 }
 
 double moonElements(ModelState& s, MoonTheory theory) {
@@ -45,7 +47,7 @@ void moonInitialData(ModelState& s, const MoonTransformations& t) {
         earth = 0;
         if (t.scaleMoonSpeed) moon /= byRatio + 1;
         if (t.earthSpeedByRatio) earth = -moon * byRatio;
-        if (t.earthSpeedByShare) earth = moon * byShare;     // the plus is meant, whatever the caption says
+        if (t.earthSpeedByShare) earth = moon * byShare;  // the plus is meant, whatever the caption says
         if (t.shiftMoonSpeed) moon += earth;
     }
     const auto keep = [](Rows& initial, const Rows& now) {

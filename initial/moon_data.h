@@ -8,13 +8,13 @@ namespace tarvex {
 
 /// Which transformations of the relative motion are made, in this order.
 struct MoonTransformations {
-    bool earthByRatio = false;        ///< Xz = -Xl * ml / mz
-    bool earthByShare = false;        ///< Xz = -Xl * ml / (mz + ml); replaces the one before
-    bool shiftMoon = false;           ///< Xl = Xl + Xz
-    bool scaleMoonSpeed = false;      ///< VXl = VXl / (1 + ml / mz)
-    bool earthSpeedByRatio = false;   ///< VXz = -VXl * ml / mz
-    bool earthSpeedByShare = false;   ///< VXz = +VXl * ml / (ml + mz), with a plus, as meant
-    bool shiftMoonSpeed = false;      ///< VXl = VXl + VXz
+    bool earthByRatio = false;       ///< Xz = -Xl * ml / mz
+    bool earthByShare = false;       ///< Xz = -Xl * ml / (mz + ml); replaces the one before
+    bool shiftMoon = false;          ///< Xl = Xl + Xz
+    bool scaleMoonSpeed = false;     ///< VXl = VXl / (1 + ml / mz)
+    bool earthSpeedByRatio = false;  ///< VXz = -VXl * ml / mz
+    bool earthSpeedByShare = false;  ///< VXz = +VXl * ml / (ml + mz), with a plus, as meant
+    bool shiftMoonSpeed = false;     ///< VXl = VXl + VXz
 };
 
 enum class MoonTheory { New0, Ser0, Screen };
@@ -27,8 +27,8 @@ void moonMasses(ModelState& s, MoonTheory theory);
 /// @return ET-UT, s (0 for elements from the screen)
 double moonElements(ModelState& s, MoonTheory theory);
 
-/// Coordinates and velocities of rows 11 and 3 from the elements of row 11 with the central mass of s.kodBary,
-/// transformed, and copied into the initial rows 11 and 0: the Sun's row is replaced by the Earth.
+/// Coordinates and velocities of rows 11 and 3 from the elements of row 11 with the central mass of
+/// s.kodBary, transformed, and copied into the initial rows 11 and 0: the Sun's row is replaced by the Earth.
 void moonInitialData(ModelState& s, const MoonTransformations& t);
 
 }  // namespace tarvex

@@ -161,10 +161,32 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
 
 void addNames(NameTable& table, const OrbitCheck& c) {
 #define NAME(variable) table.add(#variable, c.variable)
-    NAME(Iobs); NAME(Tper); NAME(Lmin); NAME(Lmax); NAME(Vmin); NAME(Vmax); NAME(Vc); NAME(Vp); NAME(BettaMax);
-    NAME(EksM); NAME(AlfaP1); NAME(AlfaU1); NAME(AlfaPcur); NAME(AlfaUcur); NAME(LonPrev); NAME(Zprev);
-    NAME(Rprev); NAME(PerHi); NAME(PerLo); NAME(UzHi); NAME(UzLo); NAME(kodPer); NAME(R00); NAME(Esys0);
-    NAME(M0sys); NAME(KD0sysY);
+    NAME(Iobs);
+    NAME(Tper);
+    NAME(Lmin);
+    NAME(Lmax);
+    NAME(Vmin);
+    NAME(Vmax);
+    NAME(Vc);
+    NAME(Vp);
+    NAME(BettaMax);
+    NAME(EksM);
+    NAME(AlfaP1);
+    NAME(AlfaU1);
+    NAME(AlfaPcur);
+    NAME(AlfaUcur);
+    NAME(LonPrev);
+    NAME(Zprev);
+    NAME(Rprev);
+    NAME(PerHi);
+    NAME(PerLo);
+    NAME(UzHi);
+    NAME(UzLo);
+    NAME(kodPer);
+    NAME(R00);
+    NAME(Esys0);
+    NAME(M0sys);
+    NAME(KD0sysY);
 #undef NAME
 }
 

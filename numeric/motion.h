@@ -37,7 +37,9 @@ public:
     void shift() { head_ = head_ == 0 ? size_ - 1 : head_ - 1; }
 
 private:
-    std::size_t place(int body) const { return static_cast<std::size_t>(body) * static_cast<std::size_t>(size_); }
+    std::size_t place(int body) const {
+        return static_cast<std::size_t>(body) * static_cast<std::size_t>(size_);
+    }
 
     std::vector<double> cells_;
     int size_ = 0, head_ = 0;

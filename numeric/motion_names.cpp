@@ -9,19 +9,15 @@
 namespace tarvex {
 
 // every array of one value a pair, for the names and for clearing
-#define TARVEX_PAIR_ARRAYS(EACH)                                                                         \
-    EACH(DXp)                                                                                            \
-    EACH(DYp)                                                                                            \
-    EACH(DZp)                                                                                            \
-    EACH(Rik)                                                                                            \
-    EACH(Fik)                                                                                            \
-    EACH(FXik)                                                                                           \
-    EACH(FYik)                                                                                           \
-    EACH(FZik) EACH(VX1zap) EACH(VY1zap) EACH(VZ1zap) EACH(V1zap) EACH(VX0zap) EACH(VY0zap) EACH(VZ0zap) \
-        EACH(dVX1) EACH(dVY1) EACH(dVZ1) EACH(dV1) EACH(dVX2) EACH(dVY2) EACH(dVZ2) EACH(dV2) EACH(dR)   \
-            EACH(d2R) EACH(dV1old) EACH(dV2old) EACH(AV1) EACH(AV2) EACH(AV1old) EACH(AV2old) EACH(BV1)  \
-                EACH(BV2) EACH(AX1zap) EACH(AY1zap) EACH(AZ1zap) EACH(A1zap) EACH(AX0zap) EACH(AY0zap)   \
-                    EACH(AZ0zap) EACH(Ve) EACH(Rf)
+// clang-format off
+#define TARVEX_PAIR_ARRAYS(EACH) \
+    EACH(DXp) EACH(DYp) EACH(DZp) EACH(Rik) EACH(Fik) EACH(FXik) EACH(FYik) EACH(FZik) EACH(VX1zap) \
+    EACH(VY1zap) EACH(VZ1zap) EACH(V1zap) EACH(VX0zap) EACH(VY0zap) EACH(VZ0zap) EACH(dVX1) \
+    EACH(dVY1) EACH(dVZ1) EACH(dV1) EACH(dVX2) EACH(dVY2) EACH(dVZ2) EACH(dV2) EACH(dR) EACH(d2R) \
+    EACH(dV1old) EACH(dV2old) EACH(AV1) EACH(AV2) EACH(AV1old) EACH(AV2old) EACH(BV1) EACH(BV2) \
+    EACH(AX1zap) EACH(AY1zap) EACH(AZ1zap) EACH(A1zap) EACH(AX0zap) EACH(AY0zap) EACH(AZ0zap) \
+    EACH(Ve) EACH(Rf)
+// clang-format on
 #define TARVEX_BODY_ARRAYS(EACH) \
     EACH(AX) EACH(AY) EACH(AZ) EACH(AXold) EACH(AYold) EACH(AZold) EACH(JX) EACH(JY) EACH(JZ)
 

@@ -6,12 +6,12 @@
 namespace tarvex {
 
 struct PulsarData {
-    double m1 = 0, m2 = 0;     ///< masses in Suns
+    double m1 = 0, m2 = 0;  ///< masses in Suns
     double Eks = 0;
-    double AlfaP = 0;          ///< degrees
-    double Betta = 0;          ///< degrees
-    double Rsr = 0;            ///< m
-    double P0 = 0;             ///< time between two pulses, s: the step of the solution
+    double AlfaP = 0;  ///< degrees
+    double Betta = 0;  ///< degrees
+    double Rsr = 0;    ///< m
+    double P0 = 0;     ///< time between two pulses, s: the step of the solution
 };
 
 /// Throws OpenFailure for a missing file, FileFailure for one that is cut short or holds no numbers.

@@ -1,6 +1,6 @@
 #pragma once
-// Two bodies by themselves, a planet and the Sun or a binary pulsar, with the speed of gravity, a force along the
-// velocity and a drag near the periastron; the orbit of m1 is measured on the way.
+// Two bodies by themselves, a planet and the Sun or a binary pulsar, with the speed of gravity, a force along
+// the velocity and a drag near the periastron; the orbit of m1 is measured on the way.
 //
 // m1 is row 11 with mass m(11), m2 is row 0 with mass m(13), row 14 their centre of mass.
 
@@ -11,46 +11,47 @@
 namespace tarvex {
 
 struct TwoBody {
-    enum class Ft { ByRetardation, ByFormula, Given };   ///< how the force along the velocity arises
+    enum class Ft { ByRetardation, ByFormula, Given };  ///< how the force along the velocity arises
 
     // --- what acts; may be changed between batches
-    bool withVgr = false;        ///< the effect of the speed of gravity is on
+    bool withVgr = false;  ///< the effect of the speed of gravity is on
     Ft source = Ft::ByRetardation;
-    double FtGiven = 0;          ///< N, of Ft::Given
-    bool byOtherSpeed = false;   ///< Ft by the speed of the other body
-    bool alsoOnM2 = false;       ///< Ft acts on m2 as well
-    double Vgr = Vsv;            ///< m/s
-    double kSopr = 0;            ///< drag / V^2, kg/m
-    double dAlfaSopr = 60;       ///< half-width of the drag around the periastron, degrees
-    bool fromNode = false;       ///< kodNachalo: delays count from the node, not from the periastron
-    double dTvSr = 0, dTmSr = 0; ///< mean rates of the delays, s/s, taken off
+    double FtGiven = 0;           ///< N, of Ft::Given
+    bool byOtherSpeed = false;    ///< Ft by the speed of the other body
+    bool alsoOnM2 = false;        ///< Ft acts on m2 as well
+    double Vgr = Vsv;             ///< m/s
+    double kSopr = 0;             ///< drag / V^2, kg/m
+    double dAlfaSopr = 60;        ///< half-width of the drag around the periastron, degrees
+    bool fromNode = false;        ///< kodNachalo: delays count from the node, not from the periastron
+    double dTvSr = 0, dTmSr = 0;  ///< mean rates of the delays, s/s, taken off
 
     // --- integration; cells 1..12: m2 X, Y, Z; m1; velocities of m2; of m1
     std::array<double, 13> U{}, dU{}, U0{}, K1{}, K2{}, K3{}, K4{};
     double Tsec = 0, Dt = 60, DtCur = 60;
     int kDt = 100, NC0 = 100;
-    double drag = 0;             ///< kSopr while the longitude is in the drag window, else 0
-    double Ft1 = 0, Fik = 0;     ///< force along the velocity of m1 and attraction at the last stage, N
+    double drag = 0;          ///< kSopr while the longitude is in the drag window, else 0
+    double Ft1 = 0, Fik = 0;  ///< force along the velocity of m1 and attraction at the last stage, N
 
     // --- measurement
-    int origin = 0;              ///< row of the longitudes: 0 or 14
+    int origin = 0;  ///< row of the longitudes: 0 or 14
     double dAlfa = 1;
     double LonOld = 0, Rold = 0, ZOldSel = 0;
-    double Rcur = 0;             ///< distance from the origin row, m
-    double distance = 0, R0 = 0; ///< of the two bodies now and at the start, m
+    double Rcur = 0;              ///< distance from the origin row, m
+    double distance = 0, R0 = 0;  ///< of the two bodies now and at the start, m
     double V1 = 0, V2 = 0;
     double Rmin = 0, Rmax = 0, Vmin = 0, Vmax = 0;
-    double VYmin = Vsv, VYmax = -Vsv;        ///< extremes of VY of m1 since the last periastron, m/s
-    double Rem_min = MK, Rem_max = -MK;      ///< extremes of the Roemer delay, s
-    double Betta = 0;            ///< greatest latitude since the last periastron, rad
-    int NZamer = 0;              ///< periastra passed
-    int kodApsis = 2;            ///< 2 found, 1 approaching, 0 searching
-    double Tper0 = 0, Period = 0;            ///< s
-    double AlfaP = 0, AlfaU = 0, Eks = 0;    ///< degrees, degrees, 1
-    double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0, PeriodNach = 0;   ///< baselines
+    double VYmin = Vsv, VYmax = -Vsv;      ///< extremes of VY of m1 since the last periastron, m/s
+    double Rem_min = MK, Rem_max = -MK;    ///< extremes of the Roemer delay, s
+    double Betta = 0;                      ///< greatest latitude since the last periastron, rad
+    int NZamer = 0;                        ///< periastra passed
+    int kodApsis = 2;                      ///< 2 found, 1 approaching, 0 searching
+    double Tper0 = 0, Period = 0;          ///< s
+    double AlfaP = 0, AlfaU = 0, Eks = 0;  ///< degrees, degrees, 1
+    double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0,
+           PeriodNach = 0;  ///< baselines
     double PeriHi = 0, PeriLo = 0, UzelHi = 0, UzelLo = 0, DragHi = 0, DragLo = 0;
-    double dTv = 0, dTm = 0;     ///< delays by the speed and by the mass of m2, s
-    double Tcount = 0;           ///< when the counting of the delays began, s
+    double dTv = 0, dTm = 0;  ///< delays by the speed and by the mass of m2, s
+    double Tcount = 0;        ///< when the counting of the delays began, s
     double E0sys = 0, Esys = 0, MKD0sys = 0, MKDsys = 0;
 };
 
@@ -58,9 +59,9 @@ struct TwoBody {
 class TwoBodyPort {
 public:
     virtual ~TwoBodyPort() = default;
-    virtual void periodMeasured() {}      ///< a wrap of the longitude with NZamer > 0
+    virtual void periodMeasured() {}  ///< a wrap of the longitude with NZamer > 0
     virtual void nodePassed() {}
-    virtual void periastronPassed() {}    ///< before the extremes are reset
+    virtual void periastronPassed() {}  ///< before the extremes are reset
     virtual void stepDone() {}
 };
 
@@ -72,8 +73,8 @@ void startTwoBody(ModelState& s, TwoBody& b);
 /// Right-hand side on U into dU.
 void TwoBodyDiffur(ModelState& s, TwoBody& b);
 
-/// NC0 steps with their measurement, then the energy and the moment of momentum.  A failure leaves the state of the
-/// last good step and passes to the caller.
+/// NC0 steps with their measurement, then the energy and the moment of momentum.  A failure leaves the state
+/// of the last good step and passes to the caller.
 void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port);
 
 /// Takes the baselines of the differences anew.
@@ -82,8 +83,8 @@ void takeBaselines(const ModelState& s, TwoBody& b);
 /// Row 14: centre of mass.
 void twoBodyCentre(ModelState& s);
 
-/// Rows 11 and 0 from the elements of row 11: relative orbit about m2 with the velocities about the common centre
-/// (kodBary 1), or both about the common centre (kodBary 2); copied into the initial rows.
+/// Rows 11 and 0 from the elements of row 11: relative orbit about m2 with the velocities about the common
+/// centre (kodBary 1), or both about the common centre (kodBary 2); copied into the initial rows.
 void twoBodyInitialData(ModelState& s);
 
 }  // namespace tarvex

@@ -55,7 +55,7 @@ void AberrationIterate(ModelState& s, AberrationBench& a, bool withCosB) {
     const int b = a.body;
     const double cosB = std::cos(a.GeoB / kUgol);
     for (const int i : {3, b}) {
-        const bool own = i == AberrationBench::star;      // a star keeps its own velocity
+        const bool own = i == AberrationBench::star;  // a star keeps its own velocity
         s.VX[i] = finite((own ? 0 : 1000 * s.VXsys) + s.VX0[i]);
         s.VY[i] = finite((own ? 0 : 1000 * s.VYsys) + s.VY0[i]);
         s.VZ[i] = finite((own ? 0 : 1000 * s.VZsys) + s.VZ0[i]);

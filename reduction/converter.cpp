@@ -80,7 +80,7 @@ void ConvPrepare(ModelState& s) {
     s.Lpl[10] = s.Lpl[11];
     s.Bpl[10] = s.Bpl[11];
     SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], s.Rpl[3][11] * s.m[11] / s.m[3]);
-    addRow(s, 3, 14, -1);                       // from the common centre of the Earth and the Moon to the Earth
+    addRow(s, 3, 14, -1);  // from the common centre of the Earth and the Moon to the Earth
     keepInitial(s, 3);
     SpherToXYZ(s, 10, s.Lpl[10], s.Bpl[10], s.Rpl[3][11]);
     addRow(s, 10, 3, 1);

@@ -1,10 +1,11 @@
 #pragma once
 // The coordinate converter: any body between planes, origins and equinoxes, through one base frame.
 //
-// The base frame is heliocentric, ecliptic, of the date; X0, Y0, Z0 of a row hold its vector there.  Rows after
-// ConvPrepare, metres: 3 (X0) Earth, 10 Moon, 12/22 observer on the equator of date/J2000, 13/23 Earth and 16/26
-// observer on the ecliptic of date/J2000, 14 the Moon's direction at 2.5 units, for drawing, 15 zero.  So `base`
-// 10 or 20 (by equinox) + 2 is the observer on the equator, + 3 the Earth, + 6 the observer on the ecliptic.
+// The base frame is heliocentric, ecliptic, of the date; X0, Y0, Z0 of a row hold its vector there.  Rows
+// after ConvPrepare, metres: 3 (X0) Earth, 10 Moon, 12/22 observer on the equator of date/J2000, 13/23 Earth
+// and 16/26 observer on the ecliptic of date/J2000, 14 the Moon's direction at 2.5 units, for drawing, 15
+// zero.  So `base` 10 or 20 (by equinox) + 2 is the observer on the equator, + 3 the Earth, + 6 the observer
+// on the ecliptic.
 
 #include "core/model_state.h"
 
@@ -15,7 +16,7 @@ struct ConvFrame {
     enum class Origin { Sun, Earth, Observer };
     Plane plane = Plane::Ecliptic;
     Origin origin = Origin::Sun;
-    bool j2000 = false;              ///< equinox of J2000, else of the date
+    bool j2000 = false;  ///< equinox of J2000, else of the date
 
     int base() const { return j2000 ? 20 : 10; }
     /// Row from which polar coordinates of this frame count.
@@ -33,8 +34,8 @@ void ConvBodyByTheory(ModelState& s, int body);
 /// angle, not reduced.  The factor of the latitude on X and Y but not on Z of the parallax is meant.
 void ConvFromBase(ModelState& s, int body, const ConvFrame& frame);
 
-/// From `frame` into the base frame: row `body` of X, Y, Z holds the given vector, s.LonPl, s.LatPl and s.Rcur
-/// its polar form; the result stands in X0, Y0, Z0.
+/// From `frame` into the base frame: row `body` of X, Y, Z holds the given vector, s.LonPl, s.LatPl and
+/// s.Rcur its polar form; the result stands in X0, Y0, Z0.
 void ConvToBase(ModelState& s, int body, const ConvFrame& frame);
 
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #pragma once
-// The ancient models of a planet's motion beside the Kepler ellipse: the simple eccentric and the eccentric with
-// an equant, all in the plane of the orbit and by series in the eccentricity.  Angles count from the aphelion.
+// The ancient models of a planet's motion beside the Kepler ellipse: the simple eccentric and the eccentric
+// with an equant, all in the plane of the orbit and by series in the eccentricity.  Angles count from the
+// aphelion.
 
 namespace tarvex {
 
@@ -13,16 +14,16 @@ struct Eccentric {
     bool equant = false;  ///< the second model has an equant
 
     struct Point {
-        double x = 0, y = 0;   ///< thousand km
+        double x = 0, y = 0;  ///< thousand km
     };
 
     // --- what EccentricAt leaves
-    double M = 0;                         ///< mean anomaly, rad
-    double AlfaL1 = 0, AlfaL2 = 0;        ///< longitudes on the ellipse and in the second model, rad
-    double R1 = 0, R2 = 0;                ///< distances, thousand km
-    double dAlfa = 0, dR = 0;             ///< their differences, rad and thousand km
-    Point ellipse{}, eccentric{};         ///< the two places of the planet
-    Point deferent{};                     ///< the simple model's centre mark, or the equant's point
+    double M = 0;                   ///< mean anomaly, rad
+    double AlfaL1 = 0, AlfaL2 = 0;  ///< longitudes on the ellipse and in the second model, rad
+    double R1 = 0, R2 = 0;          ///< distances, thousand km
+    double dAlfa = 0, dR = 0;       ///< their differences, rad and thousand km
+    Point ellipse{}, eccentric{};   ///< the two places of the planet
+    Point deferent{};               ///< the simple model's centre mark, or the equant's point
 };
 
 /// Longitudes, distances and places of both models at the time T.

@@ -66,9 +66,12 @@ void placesByEphemeris(ModelState& s, Ephemeris& ephemeris) {
 
 void placeBy(ModelState& s, Eclipse::Source source) {
     switch (source) {
-        case Eclipse::Source::New0: return PosByNew0(s);
-        case Eclipse::Source::JPL0: return PosByJPL0(s);
-        default: return PosBySer0Plus(s);
+        case Eclipse::Source::New0:
+            return PosByNew0(s);
+        case Eclipse::Source::JPL0:
+            return PosByJPL0(s);
+        default:
+            return PosBySer0Plus(s);
     }
 }
 
@@ -82,7 +85,7 @@ void moonByTheory(ModelState& s, const Eclipse& e) {
     s.kodBary = 0;
     s.kodMoon = 1;
     placeBy(s, e.source);
-    if (e.source == Eclipse::Source::JPL0) {       // this theory's Moon is of the date
+    if (e.source == Eclipse::Source::JPL0) {  // this theory's Moon is of the date
         PrecessMatrixEcl(s, centuries(s.JDut0), 0);
         ApplyPrecessXYZ(s);
     }
@@ -173,7 +176,8 @@ void chainToEquator(ModelState& s, Eclipse& e) {
     }
     both(&Eclipse::Stages::ofDate, 3);
     const double L = s.Lpl[0];
-    e.kodSolst = e.solstices && (L > 359 || L < 1 || std::abs(L - 90) < 1 || std::abs(L - 180) < 1 || std::abs(L - 270) < 1);
+    e.kodSolst = e.solstices &&
+                 (L > 359 || L < 1 || std::abs(L - 90) < 1 || std::abs(L - 180) < 1 || std::abs(L - 270) < 1);
     for (const int row : {0, b}) {
         setBody(s, row);
         EclToEqu(s, T);
@@ -213,7 +217,7 @@ void topocentric(ModelState& s, Eclipse& e) {
         if (row == b) e.body.topo = sky;
     }
     for (int row = 0; row <= 13; ++row)
-        if (s.Lpl[row] > 350) s.Lpl[row] -= 360;      // so that an eclipse is not split at 0
+        if (s.Lpl[row] > 350) s.Lpl[row] -= 360;  // so that an eclipse is not split at 0
     e.Rsun = angularRadius(s.Diam[0], s.Rpl[12][0]);
     e.Rbody = angularRadius(s.Diam[b], s.Rpl[12][b]);
     e.RshadowSeen = b == 11 ? e.Rshadow * s.Rpl[3][11] / s.Rpl[12][11] : e.Rshadow;
@@ -230,7 +234,8 @@ void topocentric(ModelState& s, Eclipse& e) {
 double separationOf(const ModelState& s, int a, int b) {
     const double d1 = s.Bpl[a] / kUgol, d2 = s.Bpl[b] / kUgol, dL = (s.Lpl[a] - s.Lpl[b]) / kUgol;
     // half-angle form: exact also for the small angles that matter here
-    const double h = std::pow(std::sin((d1 - d2) / 2), 2) + std::cos(d1) * std::cos(d2) * std::pow(std::sin(dL / 2), 2);
+    const double h =
+        std::pow(std::sin((d1 - d2) / 2), 2) + std::cos(d1) * std::cos(d2) * std::pow(std::sin(dL / 2), 2);
     return 2 * std::asin(std::min(1.0, std::sqrt(h))) * kUgol;
 }
 
@@ -257,13 +262,16 @@ void EclipseMasses(ModelState& s, Eclipse::Source source) {
     if (source == Eclipse::Source::Ser0Plus) InitMassesSer0(s);
 }
 
-void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e, const std::function<void()>& drawHeliocentric) {
+void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
+               const std::function<void()>& drawHeliocentric) {
     const int b = s.IplSel;
     e.sun = e.body = {};  // stages that a source skips are not those of another
     zeroRow(s, 15);
     s.JD = s.JDet;
-    if (e.source == Eclipse::Source::JPL2) placesByEphemeris(s, ephemeris);
-    else placesByTheory(s, e);
+    if (e.source == Eclipse::Source::JPL2)
+        placesByEphemeris(s, ephemeris);
+    else
+        placesByTheory(s, e);
     s.JD = s.JDut0;
     lightTimes(s);
     if (e.source == Eclipse::Source::Tables) placesByTable(s, e);
@@ -286,7 +294,7 @@ Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, b
     const double T = centuries(s.JDut0);
     s.Azim = e.azimuth[0];
     s.Vys = e.altitude[0];
-    if (withRefraction) s.Vys += Refraction(90 - s.Vys);      // added once more and not taken off: meant
+    if (withRefraction) s.Vys += Refraction(90 - s.Vys);  // added once more and not taken off: meant
     HorizonToXYZ2(s, 18);
     PairGeometry(s, 15, 18);
     const double dec = s.LatPl;
@@ -301,7 +309,8 @@ Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, b
     return {s.LonPl[16], s.LatPl};
 }
 
-std::array<Contacts::Contact, 2> Contacts::step(double JDut0, double separation, double sum, double difference, int& count) {
+std::array<Contacts::Contact, 2> Contacts::step(double JDut0, double separation, double sum,
+                                                double difference, int& count) {
     std::array<Contact, 2> found{};
     count = 0;
     const double outer = separation - sum, inner = separation - difference;

@@ -12,9 +12,10 @@ namespace tarvex {
 namespace {
 
 constexpr int factors = 9, meanLongitude = 7;
-constexpr double km = 1000, fine = 1000 * MK;   ///< scales of the file
-constexpr std::array<double, factors + 1> templateIntervals = {0, 10 * MK, 0.0001, 0.01, 0.1, 0.1, 0.001, 0.01, 0.1, 0.1};
-constexpr double moonPerihelion = 4069.037111 / kUgol, moonNode = -1934.136185 / kUgol;   ///< rad a century
+constexpr double km = 1000, fine = 1000 * MK;  ///< scales of the file
+constexpr std::array<double, factors + 1> templateIntervals = {0,   10 * MK, 0.0001, 0.01, 0.1,
+                                                               0.1, 0.001,   0.01,   0.1,  0.1};
+constexpr double moonPerihelion = 4069.037111 / kUgol, moonNode = -1934.136185 / kUgol;  ///< rad a century
 
 std::string scaled(double value, double scale) { return fileItem(Fix(value * scale)); }
 
@@ -59,21 +60,22 @@ std::string planTestFileName(const ModelState& s, int body, const std::string& f
            (file.empty() ? "" : "_" + file) + "_" + std::to_string(NOpyt) + ".dat";
 }
 
-void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const DataTree& tree, const std::string& name,
-                  std::int32_t NOpyt, const PlanFileWords& words) {
+void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const DataTree& tree,
+                  const std::string& name, std::int32_t NOpyt, const PlanFileWords& words) {
     TextWriter file(tree.at(name));
     file.line("план № " + std::to_string(s.NPlan) + " опыт № " + std::to_string(NOpyt) + " по планете № " +
-              std::to_string(s.IplSel) + " для " + s.NameData + " в эпохе " + (words.epochJ2000 ? "J2000" : "JD") +
-              " по " + (words.rootMeanSquare ? "Sigma" : "") + (words.byDistance ? "R" : "L") + " от " + words.today);
+              std::to_string(s.IplSel) + " для " + s.NameData + " в эпохе " +
+              (words.epochJ2000 ? "J2000" : "JD") + " по " + (words.rootMeanSquare ? "Sigma" : "") +
+              (words.byDistance ? "R" : "L") + " от " + words.today);
     file.line("Начальная дата оптимизации и год окончания");
     file.items(Fix(s.Den0 * MK), s.Mes0, s.God0, r.GodK, Fix(s.JDut * MK));
     file.line("Нулевые уровни и интервалы варьирования параметров и оптимальные значения");
-    file.line(fileItem(1) + fileItem(plan.Xnul[1] / km) + fileItem(plan.dXvar[1] / km) + scaled(plan.Xopt[1], MK) +
-              fileItem(plan.XoptR[1] / km));
+    file.line(fileItem(1) + fileItem(plan.Xnul[1] / km) + fileItem(plan.dXvar[1] / km) +
+              scaled(plan.Xopt[1], MK) + fileItem(plan.XoptR[1] / km));
     plan.Xnul[meanLongitude] /= 1000;
     for (int i = 2; i <= factors; ++i)
-        file.line(fileItem(i) + scaled(plan.Xnul[i], fine) + scaled(plan.dXvar[i], MK) + scaled(plan.Xopt[i], MK) +
-                  scaled(plan.XoptR[i], MK));
+        file.line(fileItem(i) + scaled(plan.Xnul[i], fine) + scaled(plan.dXvar[i], MK) +
+                  scaled(plan.Xopt[i], MK) + scaled(plan.XoptR[i], MK));
     file.line("Скорость Солнечной системы по осям X Y Z и прецессия и вес ");
     file.items(Fix(s.VXsys * 1000), Fix(s.VYsys * 1000), Fix(s.VZsys * 1000), Fix(r.PrecSek * MK),
                Fix(plan.Xnul[10] * MK));
@@ -83,21 +85,24 @@ void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const
         for (int f = 1; f <= plan.Nf; ++f) line += toText(Fix(plan.PlanX[f][u] * 1000)) + "       ";
         file.line(line + scaled(plan.Yu[u], MK) + scaled(plan.Yras[u], MK));
     }
-    file.line("№ коэффициента и его значение для закодированного уравнения регрессии и экспериментальный критерий без "
-              "поправок= " +
-              toText(Fix(words.criterion * MK)));
+    file.line(
+        "№ коэффициента и его значение для закодированного уравнения регрессии и экспериментальный критерий "
+        "без "
+        "поправок= " +
+        toText(Fix(words.criterion * MK)));
     for (int i = 0; i <= maxColumns; ++i) file.line(fileItem(i) + scaled(plan.b[i], MK));
     file.commit();
 }
 
-void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree, const std::string& name) {
+void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree,
+                  const std::string& name) {
     TextReader file(tree.at(name));
     file.line();
     file.line();
     const double Den0 = file.number() / MK;
     const std::int32_t Mes0 = file.int32(), God0 = file.int32(), GodK = file.int32();
     const double JDut = file.number() / MK;
-    file.line();   // the rest of the line of dates
+    file.line();  // the rest of the line of dates
     file.line();
     std::array<std::array<double, 4>, factors + 1> row{};
     for (int i = 1; i <= factors; ++i) {

@@ -88,14 +88,14 @@ void writeStatistics(const ModelState& s, const ReductionState& r, const DataTre
     file.line("интервалы dL и dB в угловых секундах dR в тыс.км.)");
     file.line("");
     for (int n = 1; n <= 18; ++n)
-        file.line(fmt::format(
-            "{}...{}   {}        {}...{}   {}        {}...{}   {}", Format(arcSeconds(n - 1), "00"),
-            Format(arcSeconds(n), "00"), counted(n), Format(arcSeconds(n + 19), "0.00"),
-            Format(arcSeconds(n + 20), "0.00"), counted(n + 20), Format(r.edge[n + 39], "000.00"),
-            Format(r.edge[n + 40], "000.00"), counted(n + 40)));
+        file.line(fmt::format("{}...{}   {}        {}...{}   {}        {}...{}   {}",
+                              Format(arcSeconds(n - 1), "00"), Format(arcSeconds(n), "00"), counted(n),
+                              Format(arcSeconds(n + 19), "0.00"), Format(arcSeconds(n + 20), "0.00"),
+                              counted(n + 20), Format(r.edge[n + 39], "000.00"),
+                              Format(r.edge[n + 40], "000.00"), counted(n + 40)));
     file.line(fmt::format("{}...     {}        {}...       {}        {}...         {}",
-                          Format(arcSeconds(18), "00"), counted(19), Format(arcSeconds(38), "0.00"), counted(39),
-                          Format(r.edge[58], "000.00"), counted(59)));
+                          Format(arcSeconds(18), "00"), counted(19), Format(arcSeconds(38), "0.00"),
+                          counted(39), Format(r.edge[58], "000.00"), counted(59)));
     file.line("                 общее количество точек  " + std::to_string(r.NObs));
     file.line("dLsr= " + toText(cut6(ratio(r.sumAbsL * 3600, r.NObs))) +
               " секунд   dBsr= " + toText(cut6(ratio(r.sumAbsB * 3600, r.NObs))) +

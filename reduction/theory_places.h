@@ -1,19 +1,20 @@
 #pragma once
-// Where a theory puts a body, and the steps that every reduction makes of such places: periodic perturbations,
-// aberration of the source and of the receiver, the observer's parallax.  All act on the shared rows.
+// Where a theory puts a body, and the steps that every reduction makes of such places: periodic
+// perturbations, aberration of the source and of the receiver, the observer's parallax.  All act on the
+// shared rows.
 
 #include "core/model_state.h"
 
 namespace tarvex {
 
 // --- place and velocity of body Ipl by a theory at its own time; masses are the caller's
-void PosByNew0(ModelState& s);        ///< at JDet, equinox of the date
-void PosByJPL0(ModelState& s);        ///< at JDet, J2000 (the Moon of the date)
-void PosBySer0(ModelState& s);        ///< at JDut0, J2000
-void PosBySer0Plus(ModelState& s);    ///< at JDut0, J2000
+void PosByNew0(ModelState& s);      ///< at JDet, equinox of the date
+void PosByJPL0(ModelState& s);      ///< at JDet, J2000 (the Moon of the date)
+void PosBySer0(ModelState& s);      ///< at JDut0, J2000
+void PosBySer0Plus(ModelState& s);  ///< at JDut0, J2000
 
-/// Adds to Lpl(b), degrees, the periodic terms of body b by its two perturbing bodies, from the element rows and the
-/// amplitudes kLp(1..2, b*10+1..b*10+8): PlanetPerturbColumns and PlanetPerturbFromColumns in turn.
+/// Adds to Lpl(b), degrees, the periodic terms of body b by its two perturbing bodies, from the element rows
+/// and the amplitudes kLp(1..2, b*10+1..b*10+8): PlanetPerturbColumns and PlanetPerturbFromColumns in turn.
 /// Throws SubscriptFailure for a body without a table (only 1..4 have one).
 void PlanetPerturbApply(ModelState& s, int b);
 /// Copies the amplitudes of body b into the work columns 1..8.
@@ -21,19 +22,20 @@ void PlanetPerturbColumns(ModelState& s, int b);
 /// Adds the terms with the amplitudes that stand in columns 1..8.
 void PlanetPerturbFromColumns(ModelState& s, int b);
 
-/// Source aberration: row b, geocentric at (x0, y0, z0), goes back along its own velocity by the light time, which
-/// is renewed from row 3 at each of three passes.  Leaves Tsv(3,b), s, and LonPl(b), LatPl, Rcur.
+/// Source aberration: row b, geocentric at (x0, y0, z0), goes back along its own velocity by the light time,
+/// which is renewed from row 3 at each of three passes.  Leaves Tsv(3,b), s, and LonPl(b), LatPl, Rcur.
 void AberrSource(ModelState& s, int b, double x0, double y0, double z0);
 
 /// Receiver aberration: row b moves along the Earth's velocity by the light time Tsv(3,b) as it stands.
 void AberrReceiver(ModelState& s, int b);
 
-/// Sidereal times for universal time JDut: GMST in hours, LMST in degrees, and the observer in row 12, m, on the
-/// equator of the date: a sphere, without height.
+/// Sidereal times for universal time JDut: GMST in hours, LMST in degrees, and the observer in row 12, m, on
+/// the equator of the date: a sphere, without height.
 void ObserverRow(ModelState& s, double JDut);
 
-/// Right ascension and declination of row b (LonPl, LatPl as PairGeometry left them, in Lpl, Bpl) into the horizon:
-/// TAU in 0..360, the row becomes a unit vector of the horizon frame, Azim and Vys its angles, degrees.
+/// Right ascension and declination of row b (LonPl, LatPl as PairGeometry left them, in Lpl, Bpl) into the
+/// horizon: TAU in 0..360, the row becomes a unit vector of the horizon frame, Azim and Vys its angles,
+/// degrees.
 void ToHorizon(ModelState& s, int b);
 
 }  // namespace tarvex

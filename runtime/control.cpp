@@ -37,7 +37,10 @@ void Control::setHint(std::string hint) {
 
 TextField::TextField(Form* form, Spec spec)
     : Control(form, Kind::Text, std::move(spec.name), std::move(spec.label), std::move(spec.hint)),
-      text_(std::move(spec.text)), readOnly_(spec.readOnly), lines_(spec.lines), width_(spec.width) {
+      text_(std::move(spec.text)),
+      readOnly_(spec.readOnly),
+      lines_(spec.lines),
+      width_(spec.width) {
     if (spec.hidden) setVisible(false);
 }
 
@@ -68,7 +71,8 @@ std::int32_t TextField::int32() const {
 }
 
 CheckBox::CheckBox(Form* form, Spec spec)
-    : Control(form, Kind::Check, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)), on_(spec.on) {}
+    : Control(form, Kind::Check, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)),
+      on_(spec.on) {}
 
 void CheckBox::set(bool on) {
     if (on_ == on) return;
@@ -78,7 +82,8 @@ void CheckBox::set(bool on) {
 }
 
 OptionButton::OptionButton(Form* form, Spec spec)
-    : Control(form, Kind::Option, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)), on_(spec.on),
+    : Control(form, Kind::Option, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)),
+      on_(spec.on),
       group_(std::move(spec.group)) {}
 
 void OptionButton::choose() {
@@ -102,7 +107,9 @@ void CommandButton::press() {
 }
 
 ScrollBar::ScrollBar(Form* form, Spec spec)
-    : Control(form, Kind::Scroll, std::move(spec.name), "", std::move(spec.hint)), min_(spec.min), max_(spec.max),
+    : Control(form, Kind::Scroll, std::move(spec.name), "", std::move(spec.hint)),
+      min_(spec.min),
+      max_(spec.max),
       value_(spec.value) {}
 
 void ScrollBar::setValue(int value) {

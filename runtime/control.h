@@ -1,6 +1,6 @@
 #pragma once
-// The controls of a form, without any toolkit.  A control is known by its name ("Text31", "Check2(5)"); writing
-// to it runs its handler at once, inside the writer's call, under the guard of its form.
+// The controls of a form, without any toolkit.  A control is known by its name ("Text31", "Check2(5)");
+// writing to it runs its handler at once, inside the writer's call, under the guard of its form.
 
 #include <functional>
 #include <memory>
@@ -69,13 +69,13 @@ class TextField final : public Control {
 public:
     struct Spec {
         std::string name;
-        std::string label = "";      ///< caption beside the field
+        std::string label = "";  ///< caption beside the field
         std::string text = "";
         std::string hint = "";
-        bool readOnly = false;       ///< a result: shown, not typed into
-        bool hidden = false;         ///< a trigger between forms
-        int lines = 1;               ///< more than one: a box of text lines
-        int width = 0;               ///< in digits; 0: the usual width of a number
+        bool readOnly = false;  ///< a result: shown, not typed into
+        bool hidden = false;    ///< a trigger between forms
+        int lines = 1;          ///< more than one: a box of text lines
+        int width = 0;          ///< in digits; 0: the usual width of a number
     };
     TextField(Form* form, Spec spec);
 
@@ -84,12 +84,15 @@ public:
     /// Shows a number with up to 15 digits and a decimal comma; throws ArithmeticFailure for no number.
     void show(double v) { setText(toText(v)); }
 
-    /// What is typed.  Throws ConversionFailure or OverflowFailure, and the message then points at this field.
+    /// What is typed.  Throws ConversionFailure or OverflowFailure, and the message then points at this
+    /// field.
     double number() const;
     std::int16_t int16() const;
     std::int32_t int32() const;
 
-    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+    void onChange(std::function<void()> action, Shown message = {}) {
+        change_ = {std::move(action), std::move(message)};
+    }
 
     bool readOnly() const { return readOnly_; }
     int lines() const { return lines_; }
@@ -118,7 +121,9 @@ public:
 
     bool on() const { return on_; }
     void set(bool on);
-    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+    void onChange(std::function<void()> action, Shown message = {}) {
+        change_ = {std::move(action), std::move(message)};
+    }
 
 private:
     bool on_;
@@ -131,7 +136,7 @@ public:
     struct Spec {
         std::string name;
         std::string caption = "";
-        std::string group = "";      ///< options of the same group on a form exclude each other
+        std::string group = "";  ///< options of the same group on a form exclude each other
         bool on = false;
         std::string hint = "";
     };
@@ -141,7 +146,9 @@ public:
     const std::string& group() const { return group_; }
     /// Switches this option on and the others of its group off, and runs its handler (also when it was on).
     void choose();
-    void onChoose(std::function<void()> action, Shown message = {}) { choice_ = {std::move(action), std::move(message)}; }
+    void onChoose(std::function<void()> action, Shown message = {}) {
+        choice_ = {std::move(action), std::move(message)};
+    }
 
 private:
     bool on_;
@@ -155,13 +162,15 @@ public:
         std::string name;
         std::string caption = "";
         std::string hint = "";
-        bool isDefault = false;      ///< pressed by Enter
+        bool isDefault = false;  ///< pressed by Enter
     };
     CommandButton(Form* form, Spec spec);
 
     /// Runs the handler to its end; a disabled command does nothing.
     void press();
-    void onPress(std::function<void()> action, Shown message = {}) { press_ = {std::move(action), std::move(message)}; }
+    void onPress(std::function<void()> action, Shown message = {}) {
+        press_ = {std::move(action), std::move(message)};
+    }
     bool isDefault() const { return isDefault_; }
 
 private:
@@ -183,7 +192,9 @@ public:
     int value() const { return value_; }
     /// Sets the value, held within min..max, and runs the change handler when it differs from the old one.
     void setValue(int value);
-    void onChange(std::function<void()> action, Shown message = {}) { change_ = {std::move(action), std::move(message)}; }
+    void onChange(std::function<void()> action, Shown message = {}) {
+        change_ = {std::move(action), std::move(message)};
+    }
 
 private:
     int min_, max_, value_;

@@ -1,6 +1,6 @@
 #pragma once
-// The desk holds the loaded forms.  A form is made at the first reference to it, stays beside the others until it
-// is unloaded, and outlives the handler in which it was unloaded.
+// The desk holds the loaded forms.  A form is made at the first reference to it, stays beside the others
+// until it is unloaded, and outlives the handler in which it was unloaded.
 
 #include <functional>
 #include <map>
@@ -77,9 +77,9 @@ private:
     std::vector<std::string> order_;
     std::map<std::string, Maker> makers_;
     std::map<std::string, std::unique_ptr<Form>> loaded_;
-    std::vector<std::unique_ptr<Form>> leaving_;   ///< unloaded in a handler that still runs
+    std::vector<std::unique_ptr<Form>> leaving_;  ///< unloaded in a handler that still runs
     std::string active_;
-    std::string suspectForm_, suspectField_;       ///< by name: the form may go before the message comes
+    std::string suspectForm_, suspectField_;  ///< by name: the form may go before the message comes
     int depth_ = 0;
 };
 

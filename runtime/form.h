@@ -1,5 +1,6 @@
 #pragma once
-// A screen of the laboratory: its controls in tab order, their layout, and the guard under which handlers run.
+// A screen of the laboratory: its controls in tab order, their layout, and the guard under which handlers
+// run.
 
 #include <limits>
 #include <string>
@@ -58,7 +59,8 @@ public:
     };
 
 protected:
-    /// Binds a command to opening another form; while the laboratory has no such form the command is disabled.
+    /// Binds a command to opening another form; while the laboratory has no such form the command is
+    /// disabled.
     void opens(CommandButton& command, const std::string& formName);
     /// Unloads this form; it lives on until the running handler has ended.
     void close();

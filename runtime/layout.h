@@ -14,15 +14,19 @@ class Control;
 
 struct Layout {
     enum class Kind {
-        Empty, Item, Text, Row, Column,
-        Fields,    ///< a grid of labelled fields: label and field side by side, `columns` pairs in a row;
-                   ///< of a row() that starts with such a field the rest stands behind it
-        Table,     ///< a grid of bare cells, `columns` in a row: field labels are not repeated; in a first row
-                   ///< of headings each spans the blank() places behind it; commands fill their places
-        Frame,     ///< a titled group around its one child
-        Scroll,    ///< its one child, with scroll bars when it does not fit
-        Stretch,   ///< takes the room that is left
-        Pages      ///< tabs; children are Frames, their titles the tabs
+        Empty,
+        Item,
+        Text,
+        Row,
+        Column,
+        Fields,   ///< a grid of labelled fields: label and field side by side, `columns` pairs in a row;
+                  ///< of a row() that starts with such a field the rest stands behind it
+        Table,    ///< a grid of bare cells, `columns` in a row: field labels are not repeated; in a first row
+                  ///< of headings each spans the blank() places behind it; commands fill their places
+        Frame,    ///< a titled group around its one child
+        Scroll,   ///< its one child, with scroll bars when it does not fit
+        Stretch,  ///< takes the room that is left
+        Pages     ///< tabs; children are Frames, their titles the tabs
     };
     Kind kind = Kind::Empty;
     Control* control = nullptr;

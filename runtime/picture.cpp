@@ -90,9 +90,7 @@ void Picture::circle(double x, double y, double radius, Color color) {
     drawCircle(x, y, radius, color, false);
 }
 
-void Picture::disc(double x, double y, double radius, Color color) {
-    drawCircle(x, y, radius, color, true);
-}
+void Picture::disc(double x, double y, double radius, Color color) { drawCircle(x, y, radius, color, true); }
 
 void Picture::cross(double x, double y, double half, Color color) {
     line(x - half, y, x + half, y, color);

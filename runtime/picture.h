@@ -56,7 +56,8 @@ public:
     /// Height of texts from now on, in canvas units.
     void setTextHeight(double height) { textHeight_ = height; }
 
-    // All in user coordinates.  A point far outside, a circle many times the picture, or no number, is not drawn.
+    // All in user coordinates.  A point far outside, a circle many times the picture, or no number, is not
+    // drawn.
     void line(double x1, double y1, double x2, double y2, Color color);
     void circle(double x, double y, double radius,
                 Color color);                                   ///< outline; the radius counts in units of x

@@ -1,5 +1,6 @@
 #pragma once
-// What a screen must be able to do for the forms.  The desktop, the script player and the tests each have one.
+// What a screen must be able to do for the forms.  The desktop, the script player and the tests each have
+// one.
 
 #include <functional>
 #include <memory>
@@ -20,9 +21,9 @@ public:
     virtual void message(const std::string& text, const std::string& title) = 0;
     /// The message to come is about this control.
     virtual void pointAt(Control&) {}
-    virtual bool ask(const std::string& question, const std::string& title) = 0;   ///< true for yes
-    virtual void notify(const std::string& text) = 0;                              ///< end of a long run
-    virtual void progress(Form& form, double share) = 0;                           ///< share < 0: the run is over
+    virtual bool ask(const std::string& question, const std::string& title) = 0;  ///< true for yes
+    virtual void notify(const std::string& text) = 0;                             ///< end of a long run
+    virtual void progress(Form& form, double share) = 0;  ///< share < 0: the run is over
 
     // --- giving way
     /// Lets the user act in the middle of a long calculation.  Cheap however often it is called.
@@ -33,10 +34,10 @@ public:
     virtual void post(std::function<void()> action) = 0;
 
     // --- forms and controls
-    virtual void formShown(Form& form) = 0;       ///< open its window, or bring it to the front
-    virtual void formUnloaded(Form& form) = 0;    ///< close its window
+    virtual void formShown(Form& form) = 0;     ///< open its window, or bring it to the front
+    virtual void formUnloaded(Form& form) = 0;  ///< close its window
     virtual void controlChanged(Control& control) = 0;
-    virtual std::unique_ptr<Canvas> makeCanvas(Picture& picture) = 0;   ///< may be null: nothing is drawn
+    virtual std::unique_ptr<Canvas> makeCanvas(Picture& picture) = 0;  ///< may be null: nothing is drawn
 };
 
 }  // namespace tarvex

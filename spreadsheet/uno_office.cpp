@@ -285,7 +285,7 @@ std::unique_ptr<Workbook> SpreadsheetOffice::open(const std::filesystem::path& p
             return running_->open(path, sheets);
         } catch (const OfficeFailure&) {
             running_.reset();
-            if (!used || again) throw;   // one that is just dying may still look alive: a fresh one is tried
+            if (!used || again) throw;  // one that is just dying may still look alive: a fresh one is tried
         }
     }
 }

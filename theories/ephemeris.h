@@ -81,7 +81,8 @@ void DESeek(ModelState& s, Ephemeris& e);
 /// Closes the file, if one is open; kodJPLopen stays.
 void DEClose(Ephemeris& e);
 
-/// Enters the variables of the ephemeris under their own names; FileNoJPL, the channel, is 1 while a file is open.
+/// Enters the variables of the ephemeris under their own names; FileNoJPL, the channel, is 1 while a file is
+/// open.
 void addNames(NameTable& table, const Ephemeris& e);
 
 }  // namespace tarvex

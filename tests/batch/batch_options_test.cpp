@@ -10,8 +10,9 @@
 namespace tarvex {
 
 TEST(BatchOptions, ReadsTheWholeLine) {
-    const auto o = parseBatchOptions({"--plan", "3", "--experiments", "2-5", "--planets", "1,4-6", "--jobs", "7", "--resume",
-                                      "--data", "/tree", "Text38=1800", "Form15.Check5=on", "Form1.Text34=1900"});
+    const auto o = parseBatchOptions({"--plan", "3", "--experiments", "2-5", "--planets", "1,4-6", "--jobs",
+                                      "7", "--resume", "--data", "/tree", "Text38=1800", "Form15.Check5=on",
+                                      "Form1.Text34=1900"});
     EXPECT_EQ(o.plan, 3);
     EXPECT_EQ(o.first, 2);
     EXPECT_EQ(o.last, 5);
@@ -19,22 +20,33 @@ TEST(BatchOptions, ReadsTheWholeLine) {
     EXPECT_EQ(o.jobs, 7);
     EXPECT_TRUE(o.resume);
     EXPECT_EQ(o.data, std::filesystem::path("/tree"));
-    // Form1 comes first and is formed anew, the plan is made before its levels are loaded, Form2 before the run
+    // Form1 comes first and is formed anew, the plan is made before its levels are loaded, Form2 before the
+    // run
     EXPECT_EQ(experimentScript(o, 4, 2),
-              (std::vector<std::string>{"Form1.Text34 = 1900", "Form1.Command3", "Form1.Command12", "Form1.Command1", "Form15.Text4 = 3",
-                                        "Form15.Check5 = on", "Form15.Option6 = on", "Form15.Command5", "Form15.Command14",
-                                        "Form2.Text38 = 1800", "Form2.Text13 = 4", "Form15.Text5 = 2", "Form15.Text6 = 2",
-                                        "Form15.Command8"}));
+              (std::vector<std::string>{"Form1.Text34 = 1900", "Form1.Command3", "Form1.Command12",
+                                        "Form1.Command1", "Form15.Text4 = 3", "Form15.Check5 = on",
+                                        "Form15.Option6 = on", "Form15.Command5", "Form15.Command14",
+                                        "Form2.Text38 = 1800", "Form2.Text13 = 4", "Form15.Text5 = 2",
+                                        "Form15.Text6 = 2", "Form15.Command8"}));
 }
 
 TEST(BatchOptions, SaysWhatIsWrong) {
-    for (const std::vector<std::string>& bad : std::vector<std::vector<std::string>>{
-             {}, {"--plan", "1"}, {"--experiments", "1-2"}, {"--plan"}, {"--plan", "x", "--experiments", "1"},
-             {"--plan", "0", "--experiments", "1"}, {"--plan", "1", "--experiments", "5-2"}, {"--plan", "1", "--experiments", "1,3"},
-             {"--plan", "1", "--experiments", "0-3"}, {"--plan", "1", "--experiments", "1", "--planets", "11"},
-             {"--plan", "1", "--experiments", "1", "--planets", ""}, {"--plan", "1", "--experiments", "1", "--planets", "1-3,2"},
-             {"--plan", "1", "--experiments", "1", "--nonsense"},
-             {"--plan", "1", "--experiments", "1", "Text38"}, {"--plan", "1", "--experiments", "1-99999"}})
+    for (const std::vector<std::string>& bad :
+         std::vector<std::vector<std::string>>{{},
+                                               {"--plan", "1"},
+                                               {"--experiments", "1-2"},
+                                               {"--plan"},
+                                               {"--plan", "x", "--experiments", "1"},
+                                               {"--plan", "0", "--experiments", "1"},
+                                               {"--plan", "1", "--experiments", "5-2"},
+                                               {"--plan", "1", "--experiments", "1,3"},
+                                               {"--plan", "1", "--experiments", "0-3"},
+                                               {"--plan", "1", "--experiments", "1", "--planets", "11"},
+                                               {"--plan", "1", "--experiments", "1", "--planets", ""},
+                                               {"--plan", "1", "--experiments", "1", "--planets", "1-3,2"},
+                                               {"--plan", "1", "--experiments", "1", "--nonsense"},
+                                               {"--plan", "1", "--experiments", "1", "Text38"},
+                                               {"--plan", "1", "--experiments", "1-99999"}})
         EXPECT_THROW(parseBatchOptions(bad), Failure);
 }
 

@@ -17,10 +17,16 @@ using test::TempFolder;
 
 namespace {
 
-const std::vector<std::string> makePlan = {"Form15.Text4 = 1", "Form15.Option6 = on", "Form15.Command5", "Form15.Text11(4) = 20",
-                                           "Form15.Text12(4) = 5", "Form15.Text11(6) = 1047,3486", "Form15.Text11(7) = 408523,71",
+const std::vector<std::string> makePlan = {"Form15.Text4 = 1",
+                                           "Form15.Option6 = on",
+                                           "Form15.Command5",
+                                           "Form15.Text11(4) = 20",
+                                           "Form15.Text12(4) = 5",
+                                           "Form15.Text11(6) = 1047,3486",
+                                           "Form15.Text11(7) = 408523,71",
                                            "Form15.Command12"};
-const std::vector<std::string> settings = {"Form2.Text40 = 1802", "Form2.Text39 = 100", "Form2.Text37 = 5000", "Form2.Check13 = off"};
+const std::vector<std::string> settings = {"Form2.Text40 = 1802", "Form2.Text39 = 100", "Form2.Text37 = 5000",
+                                           "Form2.Check13 = off"};
 
 void makeTree(const TempFolder& folder) {
     for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Plan1/Txt1", "Plan1/Txt2"}) folder.makeFolder(name);
@@ -59,9 +65,11 @@ TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
     EXPECT_EQ(play(desk.path(), makePlan), "");
     fs::copy_file(DataTree(desk.path()).at(files::plan(1)), DataTree(batch.path()).at(files::plan(1)));
 
-    std::vector<std::string> lines = {"Form1.Command1", "Form15.Text4 = 1", "Form15.Option6 = on", "Form15.Command5", "Form15.Command14"};
+    std::vector<std::string> lines = {"Form1.Command1", "Form15.Text4 = 1", "Form15.Option6 = on",
+                                      "Form15.Command5", "Form15.Command14"};
     lines.insert(lines.end(), settings.begin(), settings.end());
-    for (const char* line : {"Form2.Text13 = 1", "Form15.Text5 = 1", "Form15.Text6 = 2", "Form15.Command8"}) lines.emplace_back(line);
+    for (const char* line : {"Form2.Text13 = 1", "Form15.Text5 = 1", "Form15.Text6 = 2", "Form15.Command8"})
+        lines.emplace_back(line);
     play(desk.path(), lines);
 
     std::ostringstream out, err;
@@ -91,12 +99,12 @@ TEST(PlanBatch, ResumeKeepsWhatIsFinishedAndFailuresAreTold) {
     EXPECT_TRUE(readBytes(recordOf(tree.path(), 1, 2)).starts_with("эксперимент № 2"));
 
     o.resume = false;
-    o.settings.push_back({"Form2.Text38", "0"});        // a zero step ends every run with its message
+    o.settings.push_back({"Form2.Text38", "0"});  // a zero step ends every run with its message
     std::ostringstream trouble;
     EXPECT_EQ(runBatch(o, out, trouble), 2);
     EXPECT_NE(trouble.str().find("эксперимент 1: "), std::string::npos);
-    EXPECT_EQ(readBytes(recordOf(tree.path(), 1, 1)), "finished before");   // the old file stands
-    o.planets = {5};                                                        // no folder for it
+    EXPECT_EQ(readBytes(recordOf(tree.path(), 1, 1)), "finished before");  // the old file stands
+    o.planets = {5};                                                       // no folder for it
     EXPECT_THROW(runBatch(o, out, err), Failure);
 }
 

@@ -24,7 +24,7 @@ TEST(DataHome, GivenThenBesideTheProgramThenTheUsersOwnCopy) {
     EXPECT_EQ(findDataTree({}, built, user), root / "project/data");
     EXPECT_EQ(findDataTree({}, installed, user), user / "tarvex");
     EXPECT_EQ(test::readBytes(user / "tarvex/Dat/dL1.dat"), "terms");
-    EXPECT_EQ(std::distance(fs::directory_iterator(user), {}), 1);       // no passing copy left
+    EXPECT_EQ(std::distance(fs::directory_iterator(user), {}), 1);  // no passing copy left
 
     // the second start keeps what the user has changed
     test::writeBytes(user / "tarvex/Dat/dL1.dat", "mine");
@@ -34,7 +34,7 @@ TEST(DataHome, GivenThenBesideTheProgramThenTheUsersOwnCopy) {
     EXPECT_THROW(findDataTree(root / "none", built, user), OpenFailure);
     EXPECT_THROW(findDataTree({}, root / "elsewhere/bin/tarvex", root / "other"), OpenFailure);
     test::writeBytes(root / "file", "");
-    EXPECT_THROW(findDataTree({}, installed, root / "file"), OpenFailure);   // nowhere to copy to
+    EXPECT_THROW(findDataTree({}, installed, root / "file"), OpenFailure);  // nowhere to copy to
 }
 
 }  // namespace tarvex

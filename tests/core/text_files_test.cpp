@@ -90,7 +90,8 @@ TEST(TextFiles, AFullDiskLeavesNoHalfOfALine) {
     const std::string before = test::readBytes(path);
     rlimit usual{};
     getrlimit(RLIMIT_FSIZE, &usual);
-    const rlimit full{before.size() + 5, usual.rlim_max};  // as if the disk ended in the middle of the next line
+    const rlimit full{before.size() + 5,
+                      usual.rlim_max};  // as if the disk ended in the middle of the next line
     const auto old = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &full);
     EXPECT_THROW(appendLine(path, " 3.14159  2.71828 "), FileFailure);

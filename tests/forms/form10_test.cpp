@@ -115,7 +115,8 @@ TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     };
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_NE(printed(form.Picture4).find("Номер эксперимента"), std::string::npos) << "the plan stays in sight";
+    EXPECT_NE(printed(form.Picture4).find("Номер эксперимента"), std::string::npos)
+        << "the plan stays in sight";
     EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
@@ -123,7 +124,8 @@ TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     EXPECT_EQ(form.Text23.text(), "3");
     EXPECT_EQ(lab.s.JDut, 2451564);
     EXPECT_NE(form.Text13.text(), "Text13");
-    EXPECT_LT(form.Text15.number(), 20000) << "thousand km; the test's places are rounded to some minutes of arc";
+    EXPECT_LT(form.Text15.number(), 20000)
+        << "thousand km; the test's places are rounded to some minutes of arc";
     EXPECT_EQ(form.Text63.text(), "312,5");
     EXPECT_NEAR(form.stageL[stageNutation]->number(), 312.5, 1);
 
@@ -205,15 +207,17 @@ TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
     form.Text4.setText("99999");
     for (CommandButton* command : {&form.Command1, &form.Command7}) {
         command->press();
-        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату") << "and no run from a date that is none";
+        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату")
+            << "and no run from a date that is none";
     }
     EXPECT_EQ(lab.s.JDepoha, before);
 }
 
 TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
-    test::writeWorkbook(folder.path() / "Tab/Tycho.xls",
-                        {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
+    test::writeWorkbook(
+        folder.path() / "Tab/Tycho.xls",
+        {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
     auto& form = lab.desk.get<Form10>();
     form.Text1.setText("0");
     form.Option4(9).choose();
@@ -238,7 +242,7 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     EXPECT_TRUE(screen.messages.empty());
 
     form.Text4.setText("1580");
-    screen.atYield = [&](int) { form.Command14.press(); };   // closed in the middle of its run
+    screen.atYield = [&](int) { form.Command14.press(); };  // closed in the middle of its run
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_FALSE(lab.desk.isLoaded("Form10"));
@@ -260,7 +264,7 @@ TEST_F(Form10Test, ThePlanRunsAndItsRegressionFindsTheOptimum) {
     for (int i = 1; i <= 9; ++i) plan.Check1(i).set(i == 2 || i == 7);
     plan.Command4.press();
     EXPECT_EQ(form.Text27.text(), "9");
-    plan.Command1.press();   // the template of the Earth
+    plan.Command1.press();  // the template of the Earth
     EXPECT_NEAR(plan.Text1(1).number(), 149598, 1);
     EXPECT_EQ(plan.Text2(1).text(), "10");
     plan.Text2(7).setText("0,5");
@@ -304,7 +308,7 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
         plan.Text4(i).setText(i == 1 ? "149597,5" : "1");
     }
     plan.Text5.setText("300,5");
-    plan.Text2(1).setText("1e308");   // in range, but not in metres
+    plan.Text2(1).setText("1e308");  // in range, but not in metres
     plan.Command2.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные для плана");
     EXPECT_TRUE(std::isfinite(lab.plan.dXvar[1]));
@@ -354,12 +358,13 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     for (const std::string& bad : {text.substr(0, 700), tooLarge}) {
         test::writeBytes(path, bad);
         plan.Command1.press();
-        EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
+        EXPECT_EQ(screen.onlyMessage(),
+                  (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
     }
     plan.Option2.choose();
-    form.Text4.setText("2147483640");   // no year twenty years later
+    form.Text4.setText("2147483640");  // no year twenty years later
     plan.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете параметров для шаблона");
     form.Text4.setText("2000");
@@ -398,7 +403,8 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     plan.Command7.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NE(printed(lab.desk.get<Form6>().Picture1).find("four\nNP1max=  2   JD0 =  2400000\n0001    dT= "),
-              std::string::npos) << "the count is that of the file before the new record";
+              std::string::npos)
+        << "the count is that of the file before the new record";
     SeriesData read;
     readSeries(lab.tree, name, dataLong, read);
     ASSERT_EQ(read.NP1max(), 3);
@@ -411,12 +417,13 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
 
     screen.answers = {true, false};
     plan.Text1(2).setText("0,02");
-    plan.Command7.press();   // replaces
+    plan.Command7.press();  // replaces
     readSeries(lab.tree, name, dataLong, read);
     EXPECT_EQ(read.NP1max(), 3);
     EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.02);
-    EXPECT_EQ(screen.questions.back().text, "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
-    plan.Command7.press();   // doubles the date
+    EXPECT_EQ(screen.questions.back().text,
+              "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
+    plan.Command7.press();  // doubles the date
     readSeries(lab.tree, name, dataLong, read);
     EXPECT_EQ(read.NP1max(), 4);
 

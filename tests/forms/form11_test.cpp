@@ -23,13 +23,14 @@ TEST_F(Form11Test, StepsOverDatesAndComesBack) {
     EXPECT_TRUE(form.Check2.on());
     EXPECT_EQ(form.Text23.text(), "1,53");
     EXPECT_EQ(lab.s.JD, 2451545.02);
-    EXPECT_EQ(lab.s.kodKalend, 1);                       // restored after the form's own conversion
+    EXPECT_EQ(lab.s.kodKalend, 1);  // restored after the form's own conversion
     form.Command9.press();
     EXPECT_EQ(form.Text23.text(), "1,54");
     form.Command8.press();
     EXPECT_EQ(form.Text23.text(), "1,5");
     EXPECT_EQ(form.Text10.text(), "1");
-    EXPECT_NEAR(toNumber(form.Text35.text()), toNumber(form.Text32.text()) + toNumber(form.Text34.text()), 2e-6);
+    EXPECT_NEAR(toNumber(form.Text35.text()), toNumber(form.Text32.text()) + toNumber(form.Text34.text()),
+                2e-6);
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -53,7 +54,7 @@ TEST_F(Form11Test, StarFromTheFields) {
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ");
     EXPECT_TRUE(std::isfinite(lab.s.Y[10]));
     form.Text14.setText("-200000000000");
-    form.Check1(10).set(false);                          // nothing ticked: the star stays the object
+    form.Check1(10).set(false);  // nothing ticked: the star stays the object
     form.Command1.press();
     EXPECT_NEAR(toNumber(form.Text30.text()), 2e11, 1e6);
 }
@@ -79,8 +80,13 @@ TEST_F(Form11Test, BadInput) {
     EXPECT_EQ(screen.onlyMessage().text, "Должен быть отмечен только 1 объект");
     EXPECT_EQ(lab.s.kodStop, 1);
     form.Check1(5).set(false);
-    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
-             {&form.Text6, "0"}, {&form.Text6, "x"}, {&form.Text23, ""}, {&form.Text33, "1e10"}, {&form.Text43, "99999999999"}, {&form.Text1, "?"}}) {
+    for (const auto& [field, text] :
+         std::initializer_list<std::pair<TextField*, const char*>>{{&form.Text6, "0"},
+                                                                   {&form.Text6, "x"},
+                                                                   {&form.Text23, ""},
+                                                                   {&form.Text33, "1e10"},
+                                                                   {&form.Text43, "99999999999"},
+                                                                   {&form.Text1, "?"}}) {
         const std::string good = field->text();
         field->setText(text);
         form.Command1.press();
@@ -101,7 +107,7 @@ TEST_F(Form11Test, BadInput) {
     form.Command3.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете");
     form.Check1(4).set(false);
-    form.Check1(3).set(true);                            // the Earth seen from the Earth
+    form.Check1(3).set(true);  // the Earth seen from the Earth
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ");
 }

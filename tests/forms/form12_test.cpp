@@ -46,7 +46,7 @@ TEST_F(Form12Test, AnglesInEveryUnitAndSign) {
     EXPECT_EQ(form.Text7.text(), "0");
     EXPECT_EQ(form.Text8.text(), "42");
     EXPECT_NEAR(toNumber(form.Text9.text()), 2.4, 2e-6);
-    EXPECT_TRUE(form.Option21.on());              // although no whole hour is left to carry the sign
+    EXPECT_TRUE(form.Option21.on());  // although no whole hour is left to carry the sign
     form.Command12.press();
     EXPECT_EQ(form.Text11.text(), "-10,51");
     form.Option7.choose();
@@ -78,11 +78,12 @@ TEST_F(Form12Test, RefusalsAndBadInput) {
     form.Command6.press();
     EXPECT_EQ(screen.onlyMessage().text, "ГОРизонтальные координаты\r\nзадаются только ТОПОцентрические");
     form.Command7.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические");
+    EXPECT_EQ(screen.onlyMessage().text,
+              "Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические");
     form.Option8.choose();
     form.Option1(3).choose();
     form.Option19.choose();
-    form.Command6.press();                        // the Earth from the Earth
+    form.Command6.press();  // the Earth from the Earth
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
     form.Option18.choose();
     form.Text33.setText("13");
@@ -102,7 +103,7 @@ TEST_F(Form12Test, RefusalsAndBadInput) {
     form.Text31.setText("2451545");
     form.Command6.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно исходные координаты");
-    form.Text13.setText("1e304");                 // beyond double precision in metres
+    form.Text13.setText("1e304");  // beyond double precision in metres
     form.Text1.setText("1e304");
     for (OptionButton* kind : {&form.Option2, &form.Option3}) {
         kind->choose();

@@ -33,7 +33,8 @@ TEST_F(Form14Test, RunsUntilStoppedGoesOnAndSteps) {
         blue += d.kind == Drawn::Kind::Disc && d.color == Color{0, 0, 255};
     }
     const auto& figure = test::drawnOn(form.Picture1);
-    const auto start = std::find_if(figure.begin(), figure.end(), [](const Drawn& d) { return d.kind == Drawn::Kind::Disc; });
+    const auto start = std::find_if(figure.begin(), figure.end(),
+                                    [](const Drawn& d) { return d.kind == Drawn::Kind::Disc; });
     ASSERT_NE(start, figure.end());
     EXPECT_EQ(start->color, (Color{0, 0, 0})) << "the point of the start comes first";
     EXPECT_EQ(red, 10);
@@ -41,10 +42,13 @@ TEST_F(Form14Test, RunsUntilStoppedGoesOnAndSteps) {
 }
 
 TEST_F(Form14Test, BadFieldsEndInTheirMessages) {
-    form.Command6.press();                      // nothing to go on with
+    form.Command6.press();  // nothing to go on with
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете координат");
-    const std::pair<TextField*, const char*> bad[] = {
-        {&form.Text1, ""}, {&form.Text2, "1,5"}, {&form.Text3, "abc"}, {&form.Text4, "1e999"}, {&form.Text5, "0"}};
+    const std::pair<TextField*, const char*> bad[] = {{&form.Text1, ""},
+                                                      {&form.Text2, "1,5"},
+                                                      {&form.Text3, "abc"},
+                                                      {&form.Text4, "1e999"},
+                                                      {&form.Text5, "0"}};
     for (const auto& [field, text] : bad) {
         const std::string good = field->text();
         field->setText(text);
@@ -52,10 +56,10 @@ TEST_F(Form14Test, BadFieldsEndInTheirMessages) {
         EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные") << field->name();
         field->setText(good);
     }
-    screen.atYield = [&](int) { form.Text8.setText("0"); };      // spoiled during the run
+    screen.atYield = [&](int) { form.Text8.setText("0"); };  // spoiled during the run
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете координат");
-    screen.atYield = [&](int) { lab.desk.unload("Form14"); };    // closed during the run
+    screen.atYield = [&](int) { lab.desk.unload("Form14"); };  // closed during the run
     form.Text8.setText("1");
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());

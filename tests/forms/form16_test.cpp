@@ -29,7 +29,7 @@ protected:
 
 TEST_F(Form16Test, StepsOverTheEclipseOf2006AndLogsTheOverlap) {
     form.Text2.setText("29,47");
-    form.Check5.set(true);                        // ET - UT as it was, and the Earth turns by UT
+    form.Check5.set(true);  // ET - UT as it was, and the Earth turns by UT
     form.Check6.set(true);
     form.Text14.setText("1,0817");
     form.Text15.setText("0");
@@ -42,8 +42,10 @@ TEST_F(Form16Test, StepsOverTheEclipseOf2006AndLogsTheOverlap) {
     EXPECT_GT(toNumber(form.GreatestMagnitude.text()), 1);
     EXPECT_EQ(form.Text2.text(), "29,485");
     const std::string log = readBytes(lab.tree.at("\\Dat\\Param_data.txt"));
-    EXPECT_TRUE(log.starts_with("планета  № 11   обсерватория JPL2   данные умножены на 1000 \r\n"
-                                "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)\r\n 29470  3000  2006000  "))
+    EXPECT_TRUE(
+        log.starts_with("планета  № 11   обсерватория JPL2   данные умножены на 1000 \r\n"
+                        "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом "
+                        "планеты)\r\n 29470  3000  2006000  "))
         << log.substr(0, 300);
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 2 + 30);
     form.Command6.press();
@@ -59,7 +61,7 @@ TEST_F(Form16Test, BackOverAMonthAndARecordOfTheEphemeris) {
     stopAfter(4);
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text3.text(), "12");           // 1,2 March less 80 days
+    EXPECT_EQ(form.Text3.text(), "12");  // 1,2 March less 80 days
     EXPECT_EQ(form.Text4.text(), "2005");
     EXPECT_NEAR(toNumber(form.Text2.text()), 11.2, 1e-6);
 }
@@ -73,7 +75,8 @@ TEST_F(Form16Test, SunriseSunsetAndTheEquinoxLog) {
     stopAfter(100);
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
-    // near the equinox the day at 48 degrees east lasts from about 2:50 to 14:55 UT, refraction and radius included
+    // near the equinox the day at 48 degrees east lasts from about 2:50 to 14:55 UT, refraction and radius
+    // included
     EXPECT_EQ(form.Text28.text().substr(0, 2), "03");
     EXPECT_TRUE(form.Text29.text() > "14:50" && form.Text29.text() < "15:20") << form.Text29.text();
     const std::string log = readBytes(lab.tree.at("\\Dat\\TimeYer_data.txt"));
@@ -115,7 +118,7 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     sheets[0] = {{"G47", "=10+[.F14]/2"}, {"G43", "0.25"}};
     sheets[2] = {{"P19", "10.5"}};
     form.Option1.choose();
-    form.Option4(9).choose();                     // offered, and does nothing
+    form.Option4(9).choose();  // offered, and does nothing
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Выберете имитатор");
     form.Option4(10).choose();
@@ -126,13 +129,13 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     EXPECT_EQ(form.Text4.text(), "1640");
     EXPECT_TRUE(form.Option6.on());
     form.Text24.setText("0");
-    form.Text2.setText("1,5");                    // twelve hours after the noon at which the table's day begins
+    form.Text2.setText("1,5");  // twelve hours after the noon at which the table's day begins
     form.Check1.set(true);
     form.Check5.set(true);
     form.Check4.set(true);
     form.Command1.press();
     ASSERT_TRUE(screen.messages.empty()) << screen.messages[0].text;
-    EXPECT_EQ(form.StagesSun(0).text(), "");      // a table gives apparent places: no aberration
+    EXPECT_EQ(form.StagesSun(0).text(), "");  // a table gives apparent places: no aberration
     EXPECT_NEAR(toNumber(form.StagesSun(6).text()), 10.5, 0.01);
     EXPECT_NEAR(toNumber(form.StagesBody(6).text()), 16, 0.1);
     EXPECT_NEAR(toNumber(form.StagesBody(7).text()), 0.25, 1e-5);
@@ -145,14 +148,14 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     lab.s.Diam[0] = 1;
     lab.desk.get<Form17>().Text6.setText("1400");
     form.Option4(10).choose();
-    EXPECT_EQ(lab.s.Diam[0], 1400e6);             // Form17 takes its fields again
+    EXPECT_EQ(lab.s.Diam[0], 1400e6);  // Form17 takes its fields again
     kill(lab.office.process(), 9);
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка вычислений в таблицах");
-    form.Option4(10).choose();                    // the same choice opens it anew
+    form.Option4(10).choose();  // the same choice opens it anew
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
-    form.Option2.choose();                        // back to the theories
+    form.Option2.choose();  // back to the theories
     form.Option9(4).choose();
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
@@ -169,16 +172,24 @@ TEST_F(Form16Test, RefusalsAndBadInput) {
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, "Выберете теорию");
     form.Option9(3).choose();
-    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
-             {&form.Text1, "12"}, {&form.Text1, ""}, {&form.Text2, "x"}, {&form.Text3, "13"}, {&form.Text3, "0"},
-             {&form.Text24, "восток"}, {&form.Text26, ""}, {&form.Text8, "0"}, {&form.Text27, "0"}, {&form.Text4, "1e12"}}) {
+    for (const auto& [field, text] :
+         std::initializer_list<std::pair<TextField*, const char*>>{{&form.Text1, "12"},
+                                                                   {&form.Text1, ""},
+                                                                   {&form.Text2, "x"},
+                                                                   {&form.Text3, "13"},
+                                                                   {&form.Text3, "0"},
+                                                                   {&form.Text24, "восток"},
+                                                                   {&form.Text26, ""},
+                                                                   {&form.Text8, "0"},
+                                                                   {&form.Text27, "0"},
+                                                                   {&form.Text4, "1e12"}}) {
         const std::string good = field->text();
         field->setText(text);
         form.Command1.press();
         EXPECT_EQ(screen.onlyMessage().text, bad) << field->name() << text;
         field->setText(good);
     }
-    form.Command6.press();                        // nothing has begun
+    form.Command6.press();  // nothing has begun
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     form.Text4.setText("2500");
     form.Command1.press();

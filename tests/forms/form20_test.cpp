@@ -57,10 +57,12 @@ TEST_F(OrbitCheckForms, BadFieldsOfTheCheck) {
         const std::string good = field->text();
         field->setText(text);
         first.Command13.press();
-        EXPECT_EQ(screen.onlyMessage(), (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7m"})) << field->name();
+        EXPECT_EQ(screen.onlyMessage(),
+                  (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7m"}))
+            << field->name();
         field->setText(good);
     }
-    first.Command7.press();                      // no check has been begun
+    first.Command7.press();  // no check has been begun
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     lab.s.X0[1] = lab.s.Y0[1] = lab.s.Z0[1] = 0;
     first.Command13.press();
@@ -80,7 +82,7 @@ TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
         const double dx = s.X0[10] - s.X0[3], dvy = s.VY0[10] - s.VY0[3];
         (geocentric ? form.Option5 : form.Option6).choose();
         form.Command6.press();
-        EXPECT_NEAR(s.X0[11] - s.X0[0], dx, 2e3) << geocentric;      // the file rows were reduced by whole turns
+        EXPECT_NEAR(s.X0[11] - s.X0[0], dx, 2e3) << geocentric;  // the file rows were reduced by whole turns
         EXPECT_NEAR(s.VY0[11] - s.VY0[0], dvy, 0.02) << geocentric;
         EXPECT_EQ(s.kodBary, geocentric ? 1 : 2);
         EXPECT_EQ(s.X[0], 0);  // the present Sun stays: the Earth enters the initial rows only
@@ -99,7 +101,7 @@ TEST_F(OrbitCheckForms, Form20ChecksTheMoon) {
     EXPECT_NEAR(toNumber(form.Text37.text()), toNumber(form.Text3.text()), 0.01);
     EXPECT_LT(std::abs(toNumber(form.Text41.text())), 1e-4);
     EXPECT_LT(std::abs(toNumber(form.Text42.text())), 1e-4);
-    EXPECT_NEAR(lab.s.RSol, 384400000, 3e7);                          // the distance stays in the Sun's radius
+    EXPECT_NEAR(lab.s.RSol, 384400000, 3e7);  // the distance stays in the Sun's radius
     EXPECT_EQ(lab.s.NC0, 10000);
     EXPECT_EQ(lab.s.Dt, 360);
     EXPECT_EQ(lab.s.kDt, 10);

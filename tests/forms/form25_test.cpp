@@ -45,14 +45,14 @@ TEST_F(Form25Test, MoonByTheoryShowsItsElements) {
 
 TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     prepare();
-    form.Option10.choose();                       // nothing has run: nothing to tell
+    form.Option10.choose();  // nothing has run: nothing to tell
     EXPECT_TRUE(screen.messages.empty());
     form.Text36.setText("2000");
     form.Option4.choose();
     stopAfter(1);
     form.Command1.press();
     form.Option9.choose();
-    form.Option10.choose();                       // no time between
+    form.Option10.choose();  // no time between
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     form.Option9.choose();
     stopAfter(8);
@@ -62,7 +62,8 @@ TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     int rates = 0;
     for (const auto& d : test::drawnOn(form.Picture2))
         if (d.kind == test::Drawn::Kind::Text)
-            for (const char* start : {"dT=", "dEks=", "dAlfaP=", "dRsr=", "dP="}) rates += d.text.starts_with(start);
+            for (const char* start : {"dT=", "dEks=", "dAlfaP=", "dRsr=", "dP="})
+                rates += d.text.starts_with(start);
     EXPECT_EQ(rates, 5);
     stopAfter(1);
     form.Command3.press();
@@ -81,8 +82,9 @@ TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
             atPress = lab.twoBody.Tsec;
             return form.Command2.press();
         }
-        for (TextField* field : {&form.Text6, &form.Text21, &form.Text36, &form.Text43, &form.Text44, &form.Text45, &form.Text46})
-            field->setText("");                   // half typed
+        for (TextField* field : {&form.Text6, &form.Text21, &form.Text36, &form.Text43, &form.Text44,
+                                 &form.Text45, &form.Text46})
+            field->setText("");  // half typed
         form.Check5.set(true);
         form.Check6.set(true);
         form.Check7.set(true);
@@ -90,14 +92,14 @@ TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(screen.yields, 2);
-    EXPECT_GT(lab.twoBody.Tsec, atPress);         // the press is read at the next display
+    EXPECT_GT(lab.twoBody.Tsec, atPress);  // the press is read at the next display
     int points = 0;
     for (const auto& d : test::drawnOn(form.Picture2)) points += d.kind == test::Drawn::Kind::Disc;
     EXPECT_GE(points, 3 * 2);
     form.Option9.choose();
     EXPECT_TRUE(screen.messages.empty());
 
-    form.Text36.setText("10");                    // read again where a run goes on
+    form.Text36.setText("10");  // read again where a run goes on
     form.Text21.setText("0,5");
     screen.atYield = [this](int) { form.Command2.press(); };
     form.Command3.press();
@@ -126,10 +128,11 @@ TEST_F(Form25Test, FileOfAPulsarByteForByteAndBack) {
     form.Text2.setText("7");
     form.Command8.press();
     EXPECT_EQ(readBytes(file(7)),
-              "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP град___1000000*Betta град___Rsr м___1000000*P0i сек\r\n"
+              "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP "
+              "град___1000000*Betta град___Rsr м___1000000*P0i сек\r\n"
               "  \r\n"
               "1439800 1388600 617133 292544870 47200000 1950100000 59000\r\n");
-    form.Text10.setText("123456789012");          // more digits than a number item has: no exponent
+    form.Text10.setText("123456789012");  // more digits than a number item has: no exponent
     form.Command8.press();
     EXPECT_NE(readBytes(file(7)).find(" 123456789012000000 59000\r\n"), std::string::npos);
     form.Text10.setText("1950,1");
@@ -164,7 +167,7 @@ TEST_F(Form25Test, BadFilesAndFieldsEndInTheirMessages) {
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка записи в файл \\Dat\\Pulsar6.dat");
 
     form.Option12.choose();
-    form.Command3.press();                        // nothing to go on with
+    form.Command3.press();  // nothing to go on with
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     for (const char* body : {"10", "12", "0", "x"}) {
         form.Text12.setText(body);
@@ -173,12 +176,19 @@ TEST_F(Form25Test, BadFilesAndFieldsEndInTheirMessages) {
     }
     form.Text12.setText("11");
     prepare();
-    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
-             {&form.Text21, "0"}, {&form.Text22, "0"}, {&form.Text23, "0"}, {&form.Text36, "40000"}, {&form.Text6, "0"}, {&form.Text24, "?"}}) {
+    for (const auto& [field, text] :
+         std::initializer_list<std::pair<TextField*, const char*>>{{&form.Text21, "0"},
+                                                                   {&form.Text22, "0"},
+                                                                   {&form.Text23, "0"},
+                                                                   {&form.Text36, "40000"},
+                                                                   {&form.Text6, "0"},
+                                                                   {&form.Text24, "?"}}) {
         const std::string good = field->text();
         field->setText(text);
         form.Command1.press();
-        EXPECT_EQ(screen.onlyMessage(), (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7mm"})) << field->name();
+        EXPECT_EQ(screen.onlyMessage(),
+                  (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7mm"}))
+            << field->name();
         field->setText(good);
     }
     form.Text5.setText("0");
@@ -205,8 +215,9 @@ TEST_F(Form25Test, AdditionalParametersReachTheRun) {
     EXPECT_TRUE(lab.twoBody.fromNode);
     EXPECT_EQ(lab.twoBody.kSopr, 1e9);
     int points = 0;
-    for (const auto& d : test::drawnOn(form.Picture2)) points += d.kind == test::Drawn::Kind::Disc && d.color == Color{220, 0, 0};
-    EXPECT_EQ(points, 2 * 500);                   // the press is read at the next display
+    for (const auto& d : test::drawnOn(form.Picture2))
+        points += d.kind == test::Drawn::Kind::Disc && d.color == Color{220, 0, 0};
+    EXPECT_EQ(points, 2 * 500);  // the press is read at the next display
     EXPECT_TRUE(screen.messages.empty());
 }
 

@@ -16,7 +16,7 @@ protected:
 TEST_F(Form7Test, TwoBodiesAreChosenAndIterated) {
     form.Text1.setText("10");
     form.Check1(0).set(false);
-    form.Check1(3).set(true);                    // Mercury and the Earth
+    form.Check1(3).set(true);  // Mercury and the Earth
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(lab.motion.N1, 1);
@@ -24,7 +24,7 @@ TEST_F(Form7Test, TwoBodiesAreChosenAndIterated) {
     EXPECT_NEAR(toNumber(form.Text8.text()), toNumber(form.Text7.text()) * MK / (0.001 * Vsv), 1);
     form.Command3.press();
     EXPECT_EQ(form.Text10.text(), "1");
-    EXPECT_EQ(form.Text30.text(), "1");          // neither trace nor pressure: Newton
+    EXPECT_EQ(form.Text30.text(), "1");  // neither trace nor pressure: Newton
     EXPECT_EQ(form.Text56.text(), "0");
     lab.motion.kodDX = 1;
     form.Check4.set(true);
@@ -64,7 +64,7 @@ TEST_F(Form7Test, TheTraceIsPrintedWhereItWasFound) {
     lab.s.Dt = 100;
     form.Check1(0).set(false);
     form.Check1(3).set(true);
-    form.Text6.setText("0,01");                  // a delay of a day: the bodies fly on by many grid points
+    form.Text6.setText("0,01");  // a delay of a day: the bodies fly on by many grid points
     form.Check4.set(true);
     form.Command1.press();
     m.Vgr = 0.1 * Vsv;
@@ -99,7 +99,7 @@ TEST_F(Form7Test, TheTraceIsPrintedWhereItWasFound) {
 
 TEST_F(Form7Test, BadInput) {
     const std::string bad = "Введите правильно данные или увеличьте MF или MV";
-    form.Command3.press();                       // no bodies yet
+    form.Command3.press();  // no bodies yet
     EXPECT_EQ(screen.onlyMessage().text, bad);
     form.Check1(5).set(true);
     form.Command1.press();
@@ -109,15 +109,20 @@ TEST_F(Form7Test, BadInput) {
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, bad);
     form.Check1(1).set(true);
-    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
-             {&form.Text6, "0"}, {&form.Text6, "x"}, {&form.Text1, "?"}, {&form.Text2, ""}, {&form.Text23, "0"}, {&form.Text46, "0"}}) {
+    for (const auto& [field, text] :
+         std::initializer_list<std::pair<TextField*, const char*>>{{&form.Text6, "0"},
+                                                                   {&form.Text6, "x"},
+                                                                   {&form.Text1, "?"},
+                                                                   {&form.Text2, ""},
+                                                                   {&form.Text23, "0"},
+                                                                   {&form.Text46, "0"}}) {
         const std::string good = field->text();
         field->setText(text);
         form.Command1.press();
         EXPECT_EQ(screen.onlyMessage().text, bad) << field->name() << text;
         field->setText(good);
     }
-    form.Check2.set(true);                       // no run has left its state: everything stands in the origin
+    form.Check2.set(true);  // no run has left its state: everything stands in the origin
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().text, bad);
 }

@@ -12,7 +12,8 @@ namespace tarvex::test {
 class LabTest : public ::testing::Test {
 protected:
     LabTest() : lab(screen, folder.path()) {
-        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Risunki"}) folder.makeFolder(name);
+        for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Obs", "Tab", "Plan0", "Risunki"})
+            folder.makeFolder(name);
     }
 
     TempFolder folder;

@@ -53,7 +53,8 @@ void runDays(ModelState& s, OrbitCheck& c, Watch& watch, double days) {
     while (c.Tsec < days * sekD) runOrbitCheckBatch(s, c, watch);
 }
 
-constexpr MoonTransformations geocentric{.earthByRatio = true, .shiftMoon = true, .scaleMoonSpeed = true, .earthSpeedByRatio = true};
+constexpr MoonTransformations geocentric{
+    .earthByRatio = true, .shiftMoon = true, .scaleMoonSpeed = true, .earthSpeedByRatio = true};
 constexpr MoonTransformations barycentric{.earthByRatio = true, .earthSpeedByRatio = true};
 
 double turn(double degrees) { return std::remainder(degrees, 360); }
@@ -81,7 +82,8 @@ TEST(OrbitCheck, GivenElementsOfTheMoonComeBackInBothMeanings) {
             EXPECT_NEAR(c.EksM, s.Eks0[11], 2e-5);
             EXPECT_NEAR(s.Rr[11] / s.R0sr[11], 1, 1e-5);
             // Kepler's third law with the mass of both
-            const double T = 2 * Pi * std::sqrt(std::pow(s.R0sr[11], 3) / s.gamma / (s.m[11] + s.m[13])) / sekD;
+            const double T =
+                2 * Pi * std::sqrt(std::pow(s.R0sr[11], 3) / s.gamma / (s.m[11] + s.m[13])) / sekD;
             EXPECT_NEAR(c.Tper, T, 0.005);
         }
     }

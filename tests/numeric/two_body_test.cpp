@@ -48,7 +48,8 @@ struct Watch final : TwoBodyPort {
 
 double semiMajorAxis(const ModelState& s, const TwoBody& b) {
     const double mu = s.gamma * (s.m[11] + s.m[13]);
-    const double dv = std::pow(s.VX[11] - s.VX[0], 2) + std::pow(s.VY[11] - s.VY[0], 2) + std::pow(s.VZ[11] - s.VZ[0], 2);
+    const double dv =
+        std::pow(s.VX[11] - s.VX[0], 2) + std::pow(s.VY[11] - s.VY[0], 2) + std::pow(s.VZ[11] - s.VZ[0], 2);
     return 1 / (2 / b.distance - dv / mu);
 }
 
@@ -71,8 +72,8 @@ TEST(TwoBody, PlainOrbitShowsItsElements) {
 }
 
 TEST(TwoBody, DragShrinksTheOrbitAtTheAnalyticRate) {
-    // A circular orbit in the XY plane under a given force Ft against the velocity of m1 alone: the relative orbit
-    // loses da/dt = 2 a^1.5 Ft / (m1 sqrt(mu)) on the mean.
+    // A circular orbit in the XY plane under a given force Ft against the velocity of m1 alone: the relative
+    // orbit loses da/dt = 2 a^1.5 Ft / (m1 sqrt(mu)) on the mean.
     ModelState s = binary(2e9, 0, 1);
     s.Betta0[11] = 1e-3;
     twoBodyInitialData(s);
@@ -89,8 +90,9 @@ TEST(TwoBody, DragShrinksTheOrbitAtTheAnalyticRate) {
 }
 
 TEST(TwoBody, RetardationAndItsFormulaPushAlike) {
-    // the aberrated pull has a part V/Vgr of the attraction along the velocity of the other body: the numerical
-    // retardation and the formula with the other's speed must spin the orbit up at the same rate, to first order
+    // the aberrated pull has a part V/Vgr of the attraction along the velocity of the other body: the
+    // numerical retardation and the formula with the other's speed must spin the orbit up at the same rate,
+    // to first order
     const double a = 2e9;
     std::vector<double> gained;
     for (const auto source : {TwoBody::Ft::ByRetardation, TwoBody::Ft::ByFormula}) {

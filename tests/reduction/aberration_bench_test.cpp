@@ -37,7 +37,7 @@ TEST(AberrationBench, StarOfTheEclipticSwingsByTheConstantOfAberration) {
         placeStar(s, 40, 0);
         AberrationPrepare(s, a, true, 0, 0);
         AberrationIterate(s, a, false);
-        EXPECT_NEAR(a.AlfaIs, 0, 1e-9);                  // the star rests
+        EXPECT_NEAR(a.AlfaIs, 0, 1e-9);  // the star rests
         most = std::max(most, std::abs(a.AlfaPr) * 3600);
     }
     // kappa = 20.4955", and the ellipse of the Earth adds up to 1.7 % to it
@@ -47,7 +47,7 @@ TEST(AberrationBench, StarOfTheEclipticSwingsByTheConstantOfAberration) {
 
 TEST(AberrationBench, SourcePartIsTheObjectsMotionInTheLightTime) {
     ModelState s = onDate(2455197.5);
-    AberrationBench a;                                    // Mars, true speed of light, system at rest
+    AberrationBench a;  // Mars, true speed of light, system at rest
     AberrationPrepare(s, a, true, 0, 0);
     const double dx = s.X[4] - s.X[3], dy = s.Y[4] - s.Y[3], vx = s.VX[4], vy = s.VY[4];
     const double T = s.Tsv[3][4];
@@ -56,12 +56,13 @@ TEST(AberrationBench, SourcePartIsTheObjectsMotionInTheLightTime) {
     EXPECT_NEAR(a.AlfaIs, expected, std::abs(expected) * 1e-3);
     EXPECT_NEAR(T, std::sqrt(dx * dx + dy * dy) / Vsv, 1);
     EXPECT_EQ(a.iterations, 1);
-    EXPECT_NEAR(std::hypot(s.X[13] - s.X[3], s.Y[13] - s.Y[3]), std::hypot(s.VX[3], s.VY[3]) * s.Tsv[3][4], 1);
+    EXPECT_NEAR(std::hypot(s.X[13] - s.X[3], s.Y[13] - s.Y[3]), std::hypot(s.VX[3], s.VY[3]) * s.Tsv[3][4],
+                1);
 }
 
 TEST(AberrationBench, CommonMotionShiftsSourceAndReceiverOppositely) {
-    // what the whole system's velocity does to the source it undoes at the receiver, to first order; a star keeps
-    // its own velocity and shows the receiver's part alone
+    // what the whole system's velocity does to the source it undoes at the receiver, to first order; a star
+    // keeps its own velocity and shows the receiver's part alone
     ModelState s = onDate(2455197.5);
     AberrationBench rest, moving;
     AberrationPrepare(s, rest, true, 0, 0);

@@ -45,12 +45,16 @@ TEST(Converter, ThereAndBackThroughEveryPlaneOriginAndEquinox) {
                     ConvFromBase(s, body, frame);
                     readPolar(s, body);
                     ConvToBase(s, body, frame);
-                    // The parallax is taken with the latitude of the geocentric place on the way out and of the
-                    // seen place on the way back: its square is what may be lost.
-                    const double parallax = origin == Origin::Observer ? REarth / length(s.X[body] - s.X[13], s.Y[body] - s.Y[13], s.Z[body] - s.Z[13]) : 0;
+                    // The parallax is taken with the latitude of the geocentric place on the way out and of
+                    // the seen place on the way back: its square is what may be lost.
+                    const double parallax =
+                        origin == Origin::Observer
+                            ? REarth / length(s.X[body] - s.X[13], s.Y[body] - s.Y[13], s.Z[body] - s.Z[13])
+                            : 0;
                     const double allowed = r * 1e-9 + 3 * parallax * REarth;
                     EXPECT_NEAR(length(s.X0[body] - x, s.Y0[body] - y, s.Z0[body] - z), 0, allowed)
-                        << body << " plane " << static_cast<int>(plane) << " origin " << static_cast<int>(origin) << j2000;
+                        << body << " plane " << static_cast<int>(plane) << " origin "
+                        << static_cast<int>(origin) << j2000;
                 }
             }
         }
@@ -63,7 +67,7 @@ TEST(Converter, SunAsSeenFromTheEarthAtAnEquinoxAndASolstice) {
     ConvFromBase(s, 0, {Plane::Equator, Origin::Earth, false});
     PairGeometry(s, 3, 0);
     const double ra = s.LonPl[0] > 180 ? s.LonPl[0] - 360 : s.LonPl[0];
-    EXPECT_NEAR(ra, 0, 0.02);             // aberration of 20" and nutation are not in the frame
+    EXPECT_NEAR(ra, 0, 0.02);  // aberration of 20" and nutation are not in the frame
     EXPECT_NEAR(s.LatPl, 0, 0.01);
     // solstice of 21 June 2000, 1:48 UT
     s = prepared(2451716.575);
@@ -90,7 +94,7 @@ TEST(Converter, PrecessionMovesTheEquinoxByFiftySecondsAYear) {
     const double ofDate = s.LonPl[5];
     ConvFromBase(s, 5, {Plane::Ecliptic, Origin::Sun, true});
     PairGeometry(s, 0, 5);
-    EXPECT_NEAR((ofDate - s.LonPl[5]) * 3600, 5030.2, 25);   // the planet's small latitude adds some seconds
+    EXPECT_NEAR((ofDate - s.LonPl[5]) * 3600, 5030.2, 25);  // the planet's small latitude adds some seconds
 }
 
 TEST(Converter, EarthStandsOffTheCommonCentreByItsShareOfTheMoon) {

@@ -12,7 +12,7 @@ namespace {
 /// True anomaly from the aphelion and distance of a Kepler ellipse, by Newton's method: no series.
 void keplerAt(double M, double e, double R, double& longitude, double& distance) {
     double E = M;
-    for (int i = 0; i < 50; ++i) E -= (E + e * std::sin(E) - M) / (1 + e * std::cos(E));   // from the aphelion
+    for (int i = 0; i < 50; ++i) E -= (E + e * std::sin(E) - M) / (1 + e * std::cos(E));  // from the aphelion
     longitude = std::atan2(std::sqrt(1 - e * e) * std::sin(E), std::cos(E) + e);
     distance = R * (1 + e * std::cos(E));
 }
@@ -68,7 +68,7 @@ TEST(Eccentric, EquantWithTwiceTheEccentricityStaysOfSecondOrder) {
     half.e2 /= 2;
     EXPECT_NEAR(worst(p) / worst(half), 4, 1e-6);
     p.equant = false;
-    EXPECT_GT(worst(p), 0.7 * p.e1 * p.e1);          // the simple eccentric does worse
+    EXPECT_GT(worst(p), 0.7 * p.e1 * p.e1);  // the simple eccentric does worse
     EXPECT_EQ(worst({.R = 1, .W = degree}), 0);
 }
 

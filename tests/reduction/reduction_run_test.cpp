@@ -152,7 +152,7 @@ TEST_F(Bench, AgainstApparentPlacesComputedFromTheEphemerisByOtherRoutines) {
         startReduction(all);
         ReductionRun(all, view);
         EXPECT_NEAR(r.NObs, 20 * 73, 2);
-        return SkyPlace{3600 * r.sumL / r.NObs, r.criterion[3][2][0]};   // mean of dL, scatter of dB
+        return SkyPlace{3600 * r.sumL / r.NObs, r.criterion[3][2][0]};  // mean of dL, scatter of dB
     };
     c.aberrSource = c.aberrReceiver = c.nutation = true;
     const SkyPlace full = means();
@@ -165,7 +165,7 @@ TEST_F(Bench, AgainstApparentPlacesComputedFromTheEphemerisByOtherRoutines) {
     c.aberrReceiver = false;
     EXPECT_NEAR(means().L - full.L, 20.5, 0.5);
     c.aberrReceiver = true;
-    c.parallax = true;   // the places are free of it: at a pole they move by 8.8 arc seconds in declination
+    c.parallax = true;  // the places are free of it: at a pole they move by 8.8 arc seconds in declination
     s.ObsB = 90;
     means();
     EXPECT_NEAR(3600 * r.sumB / r.NObs, -8.79 * 0.96, 1.2);

@@ -17,14 +17,18 @@ class BenchForm final : public Form {
 public:
     static constexpr const char* formName = "Bench";
     explicit BenchForm(Desk& desk) : Form(desk, formName, "Стенд") {
-        Command1.onPress([this] { result = Text1.number() / divisor; }, orShow("Введите правильно данные", "Tarvex7"));
+        Command1.onPress([this] { result = Text1.number() / divisor; },
+                         orShow("Введите правильно данные", "Tarvex7"));
         Command2.onPress([this] {
             close();
-            closedAlive = name() == "Bench";      // the form outlives its own handler
+            closedAlive = name() == "Bench";  // the form outlives its own handler
         });
         Option1.onChoose([this] { ++chosen; });
         Check1.onChange([this] { ++ticked; });
-        Text2.onChange([this] { ++triggered; throw Refusal("своё", "Tarvex7.0"); });
+        Text2.onChange([this] {
+            ++triggered;
+            throw Refusal("своё", "Tarvex7.0");
+        });
         HScroll1.onChange([this] { ++scrolled; });
         opens(Command3, "Other");
     }
@@ -32,7 +36,8 @@ public:
 
     TextField Text1{this, {.name = "Text1", .text = "1,5"}};
     TextField Text2{this, {.name = "Text2", .hidden = true}};
-    TextFields Text5{this, 0, 10, [](int i) { return TextField::Spec{.name = "Text5", .text = std::to_string(i)}; }};
+    TextFields Text5{this, 0, 10,
+                     [](int i) { return TextField::Spec{.name = "Text5", .text = std::to_string(i)}; }};
     CheckBox Check1{this, {.name = "Check1"}};
     OptionButton Option1{this, {.name = "Option1", .group = "a", .on = true}};
     OptionButton Option2{this, {.name = "Option2", .group = "a"}};
@@ -78,14 +83,14 @@ TEST_F(Bench, GuardShowsTheFixedMessageForEveryKindOfFailure) {
 TEST_F(Bench, HandlersRunInsideTheWritersCall) {
     auto& form = desk.get<BenchForm>();
     form.Text2.setText("x");
-    form.Text2.setText("x");                      // an equal text fires too
+    form.Text2.setText("x");  // an equal text fires too
     EXPECT_EQ(form.triggered, 2);
     EXPECT_EQ(screen.messages.size(), 2u);
     EXPECT_EQ(screen.messages[0].text, "своё");
 
     form.Option2.choose();
     EXPECT_FALSE(form.Option1.on());
-    EXPECT_TRUE(form.Option3.on());               // another group
+    EXPECT_TRUE(form.Option3.on());  // another group
     form.Option1.choose();
     form.Option1.choose();
     EXPECT_EQ(form.chosen, 2);
@@ -98,7 +103,7 @@ TEST_F(Bench, HandlersRunInsideTheWritersCall) {
     EXPECT_EQ(form.scrolled, 1);
     EXPECT_THROW(form.Text5(11), SubscriptFailure);
     EXPECT_EQ(static_cast<TextField*>(form.find("Text5(10)"))->text(), "10");
-    EXPECT_FALSE(form.Command3.enabled());        // opens a form that does not exist
+    EXPECT_FALSE(form.Command3.enabled());  // opens a form that does not exist
 }
 
 TEST_F(Bench, FormsLoadOnceAndOutliveTheirLastHandler) {
@@ -114,7 +119,7 @@ TEST_F(Bench, FormsLoadOnceAndOutliveTheirLastHandler) {
         EXPECT_TRUE(*alive);
     }
     EXPECT_EQ(screen.unloaded, std::vector<std::string>{"Bench"});
-    EXPECT_EQ(desk.get<BenchForm>().Text1.text(), "1,5");   // a new one
+    EXPECT_EQ(desk.get<BenchForm>().Text1.text(), "1,5");  // a new one
     EXPECT_THROW(desk.form("Nowhere"), Failure);
 }
 

@@ -58,7 +58,7 @@ struct Office : ::testing::Test {
     Office() {
         writeTable(table);
         folder.makeFolder("profiles");
-        setenv("TMPDIR", (folder.path() / "profiles").c_str(), 1);   // no other program sweeps or counts here
+        setenv("TMPDIR", (folder.path() / "profiles").c_str(), 1);  // no other program sweeps or counts here
     }
     ~Office() override { unsetenv("TMPDIR"); }
     void SetUp() override {

@@ -20,7 +20,8 @@ void RecordingCanvas::text(double x, double y, const std::string& text, Color co
 }
 
 void RecordingCanvas::save(const std::filesystem::path& path) const {
-    if (!std::filesystem::is_directory(path.parent_path())) throw FileFailure("no folder for " + path.string());
+    if (!std::filesystem::is_directory(path.parent_path()))
+        throw FileFailure("no folder for " + path.string());
     writeBytes(path, "picture of " + std::to_string(drawn.size()) + " items");
 }
 
@@ -62,6 +63,8 @@ RecordingScreen::Message RecordingScreen::onlyMessage() {
     return last;
 }
 
-const std::vector<Drawn>& drawnOn(Picture& picture) { return static_cast<RecordingCanvas&>(*picture.canvas()).drawn; }
+const std::vector<Drawn>& drawnOn(Picture& picture) {
+    return static_cast<RecordingCanvas&>(*picture.canvas()).drawn;
+}
 
 }  // namespace tarvex::test

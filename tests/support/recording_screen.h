@@ -1,6 +1,6 @@
 #pragma once
-// A screen for tests: it keeps every message, answers questions from a queue, calls back at each yield, and its
-// canvases record what was drawn.
+// A screen for tests: it keeps every message, answers questions from a queue, calls back at each yield, and
+// its canvases record what was drawn.
 
 #include <deque>
 #include <functional>
@@ -14,7 +14,7 @@ namespace tarvex::test {
 
 struct Drawn {
     enum class Kind { Line, Circle, Disc, Text } kind;
-    double x, y, x2, y2;   ///< second point of a line; x2 the radius of a circle
+    double x, y, x2, y2;  ///< second point of a line; x2 the radius of a circle
     Color color;
     std::string text;
 };
@@ -43,7 +43,9 @@ public:
         bool operator==(const Message&) const = default;
     };
 
-    void message(const std::string& text, const std::string& title) override { messages.push_back({text, title}); }
+    void message(const std::string& text, const std::string& title) override {
+        messages.push_back({text, title});
+    }
     void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
     void notify(const std::string& text) override { notices.push_back(text); }
@@ -62,14 +64,14 @@ public:
     Message onlyMessage();
 
     std::vector<Message> messages;
-    std::vector<std::string> pointedAt;   ///< the controls that messages were about
+    std::vector<std::string> pointedAt;  ///< the controls that messages were about
     std::vector<Message> questions;
-    std::deque<bool> answers;                 ///< none left: the answer is no
+    std::deque<bool> answers;  ///< none left: the answer is no
     std::vector<std::string> notices;
-    std::vector<std::string> shown;           ///< names of forms in the order they were shown
+    std::vector<std::string> shown;  ///< names of forms in the order they were shown
     std::vector<std::string> unloaded;
     std::deque<std::function<void()>> posted;
-    std::function<void(int count)> atYield;   ///< called at each yield with its number from 1
+    std::function<void(int count)> atYield;  ///< called at each yield with its number from 1
     int yields = 0, paused = 0, changes = 0;
     double lastProgress = -1;
 };

@@ -12,7 +12,8 @@ namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
     static std::atomic<int> count = 0;
-    path_ = fs::temp_directory_path() / ("tarvex-" + std::to_string(getpid()) + "-" + std::to_string(++count));
+    path_ =
+        fs::temp_directory_path() / ("tarvex-" + std::to_string(getpid()) + "-" + std::to_string(++count));
     fs::create_directories(path_);
 }
 
