@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "core/arithmetic.h"
+#include "core/clock.h"
 #include "stats/test_plan.h"
 
 namespace tarvex {
@@ -287,7 +288,7 @@ void Form2::run() {
         if (desk().knows("Form15"))
             if (Control* box = desk().form("Form15").find("Text3");
                 box != nullptr && box->kind() == Control::Kind::Text)
-                static_cast<TextField*>(box)->setText(toText(clockSeconds()));
+                static_cast<TextField*>(box)->setText(timeOfDay());
         lab.s.NPlan = 0;
     } else if (!gone_ && clockSeconds() - began > longRun) {
         desk().screen().notify("Расчет эксперимента № " + Text8.text() + " закончен: " + lab.run.ModelName);

@@ -153,12 +153,15 @@ void mercury(Pictures& p) {
     p.set("Form2.Text9", "1");
     p.press("Form2.Command1");
     p.save("Form2", "form2");
+    p.press("Form1.Command3");
+    p.press("Form1.Command12");
     p.set("Form2.Text40", "1830");  // a series long enough for a fit
     p.press("Form2.Command1");
     p.open("Form6");
     p.choose("Form6.Option8");
     p.set("Form6.Text28", "0");
-    p.set("Form6.Text1", "2");
+    p.set("Form6.Text1", "1,5");
+    p.set("Form6.Text2", "0,005");
     p.set("Form6.Text10", "1");
     p.set("Form6.Text4", "1");
     p.press("Form6.Command6");
