@@ -147,7 +147,10 @@ public:
         begun_ = Clock::now();
         while (interrupted == 0 && (!waiting_.empty() || !running_.empty())) {
             while (running_.size() < jobs && !waiting_.empty()) {
-                start(waiting_.front());
+                if (!start(waiting_.front())) {
+                    if (running_.empty()) throw Failure("нет места для процессов");
+                    break;  // as many at once as the machine gives
+                }
                 waiting_.pop_front();
             }
             listen();
@@ -164,16 +167,25 @@ private:
         return real_.at(files::runRecord(options_.plan, task.planet, task.experiment));
     }
 
-    void start(const Task& task) {
+    /// A process for the experiment; false when the machine has none to give.
+    bool start(const Task& task) {
         Worker worker;
         worker.task = task;
         worker.tree = passingTree(root_, options_.plan, task);
         int ends[2];
-        if (pipe(ends) != 0) throw Failure("нет места для процессов");
+        if (pipe(ends) != 0) {
+            dropTree(worker);
+            return false;
+        }
         out_.flush();
         err_.flush();
         worker.pid = fork();
-        if (worker.pid < 0) throw Failure("нет места для процессов");
+        if (worker.pid < 0) {
+            close(ends[0]);
+            close(ends[1]);
+            dropTree(worker);
+            return false;
+        }
         if (worker.pid == 0) {
             prctl(PR_SET_PDEATHSIG, SIGKILL);  // a worker never outlives the batch
             close(ends[0]);
@@ -182,6 +194,7 @@ private:
         close(ends[1]);
         worker.pipe = ends[0];
         running_.push_back(worker);
+        return true;
     }
 
     /// Waits a moment for news of the workers.
@@ -250,6 +263,10 @@ private:
 
     static void tidy(Worker& worker) {
         close(worker.pipe);
+        dropTree(worker);
+    }
+
+    static void dropTree(const Worker& worker) {
         std::error_code ignored;
         fs::remove_all(worker.tree, ignored);
     }

@@ -6,8 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <vector>
 
 #include "core/numbers.h"
@@ -43,6 +46,24 @@ fs::path freshProfile() {
     if (mkdtemp(path.data()) == nullptr)
         throw OfficeFailure("no profile folder can be made in " + folder.string());
     return path;
+}
+
+/// Where the process listens in the file system.
+std::vector<fs::path> socketsOf(pid_t process) {
+    std::vector<std::string> own;  // "socket:[12345]"
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator("/proc/" + std::to_string(process) + "/fd", error))
+        own.push_back(fs::read_symlink(entry.path(), error).string());
+    std::vector<fs::path> paths;
+    std::ifstream table("/proc/net/unix");
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream words(line);
+        std::string count, references, protocol, flags, type, state, inode, path;
+        words >> count >> references >> protocol >> flags >> type >> state >> inode >> path;
+        const bool isOwn = std::find(own.begin(), own.end(), "socket:[" + inode + "]") != own.end();
+        if (isOwn && path.starts_with('/')) paths.emplace_back(path);
+    }
+    return paths;
 }
 
 /// The environment of the child: ours, with the drawing that needs no screen.
@@ -117,12 +138,14 @@ bool OfficeProcess::alive() {
 }
 
 OfficeProcess::~OfficeProcess() {
+    std::error_code error;
     if (id_ != 0) {
+        const std::vector<fs::path> sockets = socketsOf(id_);  // a killed office leaves them
         kill(id_, SIGKILL);
         while (waitpid(id_, nullptr, 0) < 0 && errno == EINTR) {
         }
+        for (const fs::path& socket : sockets) fs::remove(socket, error);
     }
-    std::error_code error;
     fs::remove_all(profile_, error);
 }
 

@@ -54,6 +54,15 @@ int profilesOf(int pid) {
     return count;
 }
 
+/// The office makes its sockets in this folder, whatever the folder for passing files.
+int socketsOf(int pid) {
+    int count = 0;
+    for (const auto& entry : fs::directory_iterator("/tmp"))
+        count +=
+            entry.path().filename().string().find("_tarvex" + std::to_string(pid) + "-") != std::string::npos;
+    return count;
+}
+
 struct Office : ::testing::Test {
     Office() {
         writeTable(table);
@@ -150,9 +159,11 @@ TEST_F(Office, TheOfficeEndsWithTheProgramAlsoAfterACrash) {
         own = office.process();
         EXPECT_EQ(profilesOf(program), 0) << "what the crash left is swept";
         EXPECT_EQ(profilesOf(getpid()), 1);
+        EXPECT_EQ(socketsOf(getpid()), 1);
     }
     EXPECT_FALSE(processLives(own));
     EXPECT_EQ(profilesOf(getpid()), 0);
+    EXPECT_EQ(socketsOf(getpid()), 0);
 }
 
 }  // namespace tarvex
