@@ -1,5 +1,7 @@
 #include "batch/batch_options.h"
 
+#include <fmt/format.h>
+
 #include <array>
 #include <sstream>
 #include <utility>
@@ -48,7 +50,7 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& word = arguments[i];
         const auto value = [&]() -> const std::string& {
-            if (i + 1 >= arguments.size()) throw Failure(word + ": нет значения\n" + usage);
+            if (i + 1 >= arguments.size()) throw Failure(fmt::format("{}: нет значения\n{}", word, usage));
             return arguments[++i];
         };
         if (word == "--resume") {
@@ -77,10 +79,10 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
         } else if (const auto sign = word.find('=');
                    sign != std::string::npos && sign > 0 && word.front() != '-') {
             std::string control = word.substr(0, sign);
-            if (!control.starts_with("Form")) control = "Form2." + control;
+            if (!control.starts_with("Form")) control.insert(0, "Form2.");
             options.settings.push_back({control, word.substr(sign + 1)});
         } else {
-            throw Failure(word + "\n" + usage);
+            throw Failure(fmt::format("{}\n{}", word, usage));
         }
     }
     if (!plan || !experiments) throw Failure(usage);

@@ -72,7 +72,7 @@ struct Worker {
 
 /// Everything of the real tree but the plan's folder is looked at in place.
 fs::path passingTree(const fs::path& root, int plan, const Task& task) {
-    const fs::path tree =
+    fs::path tree =
         fs::temp_directory_path() / ("tarvex-plan-" + std::to_string(getpid()) + "-" +
                                      std::to_string(task.planet) + "-" + std::to_string(task.experiment));
     const DataTree real(root), own(tree);

@@ -48,7 +48,7 @@ fs::path findDataTree(const std::optional<fs::path>& given, const fs::path& exec
     fs::path folder = executable.parent_path();
     for (int i = 0; i <= foldersAbove; ++i, folder = folder.parent_path())
         if (isTree(folder / "data")) return folder / "data";
-    const fs::path own = userData / "tarvex";
+    fs::path own = userData / "tarvex";
     if (isTree(own)) return own;
     const fs::path packaged = executable.parent_path().parent_path() / "share" / "tarvex" / "data";
     if (!isTree(packaged)) throw OpenFailure("no data tree beside " + executable.string());

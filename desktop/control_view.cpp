@@ -98,7 +98,7 @@ private:
     }
     QString tip() const override {
         const bool cut = edit()->fontMetrics().horizontalAdvance(edit()->text()) > edit()->width() - 8;
-        const QString hint = toQt(field_.hint());
+        QString hint = toQt(field_.hint());
         if (!cut) return hint;
         return hint.isEmpty() ? edit()->text() : edit()->text() + "\n" + hint;
     }

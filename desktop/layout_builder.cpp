@@ -378,7 +378,7 @@ LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layou
         } else {
             const bool heading = headed && row == 0;
             const bool fills = fillsWidth(cell) || isCommand(cell);
-            const auto below = static_cast<std::size_t>(i + columns);
+            const auto below = static_cast<std::size_t>(i) + static_cast<std::size_t>(columns);
             const bool aboveChoices = below < cells.size() && isChoice(cells[below]);
             const Qt::Alignment align =
                 heading ? (aboveChoices ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignBottom

@@ -13,7 +13,7 @@ QString shownNumber(const QString& text, const std::function<bool(const QString&
     if (!number.hasMatch()) return text;
     const QString decimals = number.captured(2);
     for (qsizetype kept = decimals.size() - 1; kept > 0; --kept) {
-        const QString shorter = number.captured(1) + decimals.left(kept) + "…" + number.captured(3);
+        QString shorter = number.captured(1) + decimals.left(kept) + "…" + number.captured(3);
         if (fits(shorter)) return shorter;
     }
     return text;

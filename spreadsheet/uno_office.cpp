@@ -82,7 +82,7 @@ uno::Reference<container::XNamed> named(const uno::Reference<sheet::XSpreadsheet
 /// one write of a range, one recalculation and one read of a range, wherever in the workbook the cells lie.
 class OfficeWorkbook final : public Workbook {
 public:
-    OfficeWorkbook(uno::Reference<com::sun::star::lang::XComponent> document, int sheets)
+    OfficeWorkbook(const uno::Reference<com::sun::star::lang::XComponent>& document, int sheets)
         : document_(document) {
         book_.set(document, uno::UNO_QUERY);
         calculation_.set(document, uno::UNO_QUERY);
