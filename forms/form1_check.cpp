@@ -62,12 +62,12 @@ void Form1Check::start() {
     form_.Text21.show(cut6(c.AlfaP1));
     form_.Text35.show(cut6(c.AlfaU1));
     form_.Text22.show(Fix(ratio(ratio((MK + MK) * Pi * s.R0sr[c.IplSel], s.V0sr[c.IplSel]), sekD)) / MK);
-    stage("Ошибка решения уравнений", "Tarvex7m", [&] { loop(); });
+    stage("Ошибка решения уравнений", "Tarvex7m", [&] { OrbitCheckLoop(); });
 }
 
 void Form1Check::goOn() {
     lab.s.kodStop = 0;
-    loop();
+    OrbitCheckLoop();
 }
 
 void Form1Check::batch() {
@@ -75,14 +75,14 @@ void Form1Check::batch() {
     requireOwn();
     check_.NC = 0;
     check_.NC0 = lab.s.NC0 = form_.Text29.int16();
-    loop();
+    OrbitCheckLoop();
 }
 
 void Form1Check::requireOwn() const {
     if (!check_.begun(false)) throw Failure("no check to go on with");
 }
 
-void Form1Check::loop() {
+void Form1Check::OrbitCheckLoop() {
     requireOwn();
     Desk& desk = form_.desk();
     Form::Running running(form_);

@@ -24,7 +24,7 @@ private:
     void perihelionPassed() override;
 
     void requireOwn() const;
-    void loop();
+    void OrbitCheckLoop();
     void display();
     void drawPair(Color centre, Color planet, Color cross);
 

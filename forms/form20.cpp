@@ -38,14 +38,14 @@ Form20::Form20(Laboratory& lab_)
     Command1.onPress(
         [this] {
             start();
-            stage("Ошибка решения уравнений", "Tarvex7m", [&] { loop(); });
+            stage("Ошибка решения уравнений", "Tarvex7m", [&] { OrbitCheckLoop(); });
         },
         orShow("Введите правильно данные", "Tarvex7m"));
     Command2.onPress([this] { lab.s.kodStop = 1; });
     Command3.onPress(
         [this] {
             lab.s.kodStop = 0;
-            loop();
+            OrbitCheckLoop();
         },
         badRun);
     Command4.onPress([this] { clearPicture(); });
@@ -276,7 +276,7 @@ void Form20::start() {
     s.kodStop = 0;
 }
 
-void Form20::loop() {
+void Form20::OrbitCheckLoop() {
     if (!check_.begun(true)) throw Failure("no check to go on with");
     Running running(*this);
     do {

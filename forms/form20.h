@@ -297,7 +297,7 @@ private:
     void setData();
     void showElements();
     void start();
-    void loop();
+    void OrbitCheckLoop();
     void display();
     void drawPair(Color earth, Color moon, Color centre);
     double angularMomentum() const;

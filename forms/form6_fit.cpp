@@ -42,16 +42,16 @@ void Form6::FitSample() {
 
     const bool search = Check6.on();
     if (search) Text4.setText("1");
-    const int first = Text4.int16(), n = settings.size(), least = settings.leastGroups();
-    if (first < 1) throw SubscriptFailure("size of a group");
-    const int last = search ? n / least : first;
-    if (n / first < least)
-        throw Refusal("Первичные данные должны быть\r\nразбиты минимум на " + toText(least) + " группы",
+    const int NCP0 = Text4.int16(), n = settings.size(), NgrMin = settings.leastGroups();
+    if (NCP0 < 1) throw SubscriptFailure("size of a group");
+    const int NCPmax = search ? n / NgrMin : NCP0;
+    if (n / NCP0 < NgrMin)
+        throw Refusal("Первичные данные должны быть\r\nразбиты минимум на " + toText(NgrMin) + " группы",
                       "Tarvex7");
-    dYgr.assign(last + 1, 0);
-    Sigma2gr.assign(last + 1, 0);
-    for (int NCP = first; NCP <= last; ++NCP) passOfSize(NCP, !search);
-    if (search) GroupSearchReport(last);
+    dYgr.assign(NCPmax + 1, 0);
+    Sigma2gr.assign(NCPmax + 1, 0);
+    for (int NCP = NCP0; NCP <= NCPmax; ++NCP) passOfSize(NCP, !search);
+    if (search) GroupSearchReport(NCPmax);
     keepShift();
 }
 

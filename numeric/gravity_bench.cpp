@@ -20,8 +20,8 @@ double attraction(const ModelState& s, const GravityBench& b, double L) {
 }
 
 /// Coordinate of the trace on one axis for a delay T; `before` is that of the last iteration.
-double onTrace(const Motion& m, const Trace& saved, const Rows& X, const Rows& VX, const BodyArray& AX,
-               int body, double T, double Dt, double before) {
+double SledFind(const Motion& m, const Trace& saved, const Rows& X, const Rows& VX, const BodyArray& AX,
+                int body, double T, double Dt, double before) {
     const double straight = X[body] - VX[body] * T, curved = straight + AX[body] * T * T / 2;
     if (m.kodDX == 1) return straight;
     if (m.kodDX == 2) return curved;
@@ -38,9 +38,9 @@ double onTrace(const Motion& m, const Trace& saved, const Rows& X, const Rows& V
 GravityBench::Point traceOf(const ModelState& s, const Motion& m, const GravityBench& b, int body, double T,
                             const GravityBench::Point& before) {
     if (!b.useTrace || m.kodDX == 0) return {s.X[body], s.Y[body], s.Z[body]};
-    return {onTrace(m, m.SledXsave, s.X, s.VX, m.AX, body, T, s.Dt, before.X),
-            onTrace(m, m.SledYsave, s.Y, s.VY, m.AY, body, T, s.Dt, before.Y),
-            onTrace(m, m.SledZsave, s.Z, s.VZ, m.AZ, body, T, s.Dt, before.Z)};
+    return {SledFind(m, m.SledXsave, s.X, s.VX, m.AX, body, T, s.Dt, before.X),
+            SledFind(m, m.SledYsave, s.Y, s.VY, m.AY, body, T, s.Dt, before.Y),
+            SledFind(m, m.SledZsave, s.Z, s.VZ, m.AZ, body, T, s.Dt, before.Z)};
 }
 
 /// Projection of a velocity on the line, from the signs of the present velocity and the sizes of the one that

@@ -150,6 +150,23 @@ void placesByTable(ModelState& s, const Eclipse& e) {
     zeroRow(s, 0);
 }
 
+/// Where the body was when the light left it.
+void AberrSource16(ModelState& s) {
+    const int b = s.IplSel;
+    AberrSource(s, b, s.X[b], s.Y[b], s.Z[b]);
+}
+
+/// The Sun and the body as the moving Earth sees them.
+void AberrReceiver16(ModelState& s) {
+    AberrReceiver(s, 0);
+    AberrReceiver(s, s.IplSel);
+}
+
+/// From the mean equator of the date to the true one.
+void Nut16(ModelState& s, double T) {
+    for (const int row : {0, int{s.IplSel}}) Nutation(T, s.X[row], s.Y[row], s.Z[row], 0);
+}
+
 /// Steps of the chain up to the true equator of the date, geocentric.
 void chainToEquator(ModelState& s, Eclipse& e) {
     const int b = s.IplSel;
@@ -161,10 +178,9 @@ void chainToEquator(ModelState& s, Eclipse& e) {
     };
     if (theory) {
         both(&Eclipse::Stages::geoJ2000, 3);
-        AberrSource(s, b, s.X[b], s.Y[b], s.Z[b]);
+        AberrSource16(s);
         both(&Eclipse::Stages::source, 3);
-        AberrReceiver(s, 0);
-        AberrReceiver(s, b);
+        AberrReceiver16(s);
         both(&Eclipse::Stages::receiver, 3);
         if (e.source != Eclipse::Source::New0) {
             PrecessMatrixEcl(s, 0, T);
@@ -187,8 +203,7 @@ void chainToEquator(ModelState& s, Eclipse& e) {
         PairGeometry(s, 3, row);
         s.Rpl[3][row] = s.Rpl[12][row] = s.Rcur;
     }
-    if (theory)
-        for (const int row : {0, b}) Nutation(T, s.X[row], s.Y[row], s.Z[row], 0);
+    if (theory) Nut16(s, T);
     both(&Eclipse::Stages::nutation, 3);
 }
 
@@ -205,7 +220,7 @@ void shadowRow(ModelState& s, Eclipse& e) {
 }
 
 /// From the observer: directions, radii of the disks, the limb.
-void topocentric(ModelState& s, Eclipse& e) {
+void Topo16(ModelState& s, Eclipse& e) {
     const int b = s.IplSel;
     ObserverRow(s, s.JDut);
     for (const int row : {0, b, rowShadow}) {
@@ -239,7 +254,8 @@ double separationOf(const ModelState& s, int a, int b) {
     return 2 * std::asin(std::min(1.0, std::sqrt(h))) * kUgol;
 }
 
-void horizon(ModelState& s, Eclipse& e) {
+/// Azimuths and altitudes of the bodies, the shadow and the limb.
+void ToHorizon16(ModelState& s, Eclipse& e) {
     std::array<int, 3 + limbPoints> rows{};
     rows[0] = 0;
     rows[1] = s.IplSel;
@@ -283,11 +299,11 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
 
     chainToEquator(s, e);
     shadowRow(s, e);
-    topocentric(s, e);
+    Topo16(s, e);
     e.separation = e.lunar ? separationOf(s, b, rowShadow) : separationOf(s, 0, b);
     const double covering = e.lunar ? e.RshadowSeen : e.Rbody, covered = e.lunar ? e.Rbody : e.Rsun;
     e.magnitude = std::max(0.0, ratio(covering + covered - e.separation, 2 * covered));
-    horizon(s, e);
+    ToHorizon16(s, e);
 }
 
 Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, bool withNutation) {
