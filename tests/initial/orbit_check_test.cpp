@@ -113,18 +113,6 @@ TEST(OrbitCheck, PlanetGivesItsElementsAndEnergyStays) {
     EXPECT_LT(std::abs(c.Esys / c.Esys0 - 1), 1e-7);
 }
 
-TEST(OrbitCheck, BatchesAreOneUnbrokenRun) {
-    ModelState s = moon(2451545, 1, geocentric), t = s;
-    OrbitCheck a = moonCheck(s, 0), b = moonCheck(t, 0);
-    Watch watch;
-    a.NC0 = 3000;
-    runOrbitCheckBatch(s, a, watch);
-    b.NC0 = 1;
-    for (int i = 0; i < 3000; ++i) runOrbitCheckBatch(t, b, watch);
-    EXPECT_EQ(a.U, b.U);
-    EXPECT_EQ(a.Tsec, b.Tsec);
-}
-
 /// With equal X there is no ratio of the differences: the angle is the one of the last call, at first 0.
 TEST(OrbitCheck, AngleOfThePairIsKeptWhereItHasNoRatio) {
     ModelState s;

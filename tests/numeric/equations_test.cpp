@@ -109,12 +109,8 @@ struct Twin {
         }
         for (int n = 0; n < 66; ++n) motion.U[n] = U0[n] + h * sum[n] / 6;
         for (int i = 0; i < bodies; ++i) {
-            s.X[i] = motion.U[i];
-            s.Y[i] = motion.U[i + 11];
-            s.Z[i] = motion.U[i + 22];
-            s.VX[i] = motion.U[i + 33];
-            s.VY[i] = motion.U[i + 44];
-            s.VZ[i] = motion.U[i + 55];
+            int n = i;
+            for (auto* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[i] = motion.U[n], n += 11;
             motion.AX[i] = sum[i + 33] / 6;
             motion.AY[i] = sum[i + 44] / 6;
             motion.AZ[i] = sum[i + 55] / 6;
@@ -151,7 +147,10 @@ TEST_P(EveryLaw, AgreesWithTheLiteralEquations) {
         m.kodDiffurV = (code >> 2) & 1;
         m.kodAA = (code >> 3) & 1;
         m.kodLVsimple = (code >> 4) & 1;
-        m.nR = (code >> 5) & 1 ? 2.00000016 : 2;
+        if ((code >> 5) & 1) {
+            m.nR = 2.00000016;
+            twin.s.m[4] = -twin.s.m[4];  // a negative product of masses turns every force of a pair round
+        }
         if ((law != 5 && m.kodLVsimple == 1) || (law == 0 && (m.kodDiffurV == 1 || m.kodAA == 1))) continue;
         m.kPgr1 = law == 2 ? 0.5 : law == 3 || law == 4 ? 3 : law == 7 ? 0 : 1;
         m.kPgr2 = law == 2 ? 1 : law == 3 || law == 4 ? 6 : law == 7 ? 0 : 1;
@@ -169,27 +168,6 @@ TEST_P(EveryLaw, AgreesWithTheLiteralEquations) {
 
 INSTANTIATE_TEST_SUITE_P(Equations, EveryLaw, testing::Values(0, 2, 3, 4, 5, 6, 7));
 
-/// A negative product of masses turns every force of a pair round.
-TEST(Equations, ANegativeMassAgreesWithTheLiteralEquations) {
-    for (const int law : {0, 2, 5, 6})
-        for (const int kodDX : {0, 1}) {
-            Twin twin;
-            Motion& m = twin.motion;
-            twin.s.m[4] = -twin.s.m[4];
-            m.kodVgr = 1;
-            m.kodDX = static_cast<std::int16_t>(kodDX);
-            m.kodPgr = static_cast<std::int16_t>(law);
-            m.kPgr1 = m.kPgr2 = 1;
-            twin.start();
-            for (int step = 0; step < 3; ++step) twin.step();
-            EXPECT_LT(twin.worst, 1e-12) << label(m);
-            EXPECT_LT(twin.worstPair, 1e-12) << label(m);
-            if (law == 0) {
-                EXPECT_GT(m.FXik[0][4] * m.DXp[0][4], 0);  // pushed away from the Sun
-            }
-        }
-}
-
 TEST(Equations, RelativisticAgreesWithTheLiteralEquations) {
     Twin twin;
     twin.relativistic = true;
@@ -202,22 +180,6 @@ TEST(Equations, RelativisticAgreesWithTheLiteralEquations) {
     EXPECT_EQ(twin.motion.FXik[5][4], 0);
     EXPECT_NE(twin.motion.FXik[4][5], 0);
     EXPECT_NE(twin.motion.dU[33], 0);
-}
-
-TEST(Equations, SlowGravityStillAgrees) {
-    // at a hundredth of the speed of light the laws are far from Newton's and the rates matter
-    for (const int law : {2, 3, 4, 5, 6, 7}) {
-        Twin twin;
-        Motion& m = twin.motion;
-        m.kodVgr = m.kodDiffurV = 1;
-        m.kodDX = 2;
-        m.kodPgr = static_cast<std::int16_t>(law);
-        m.kPgr1 = m.kPgr2 = 1;
-        m.Vgr = 0.01 * Vsv;
-        twin.start();
-        for (int step = 0; step < 3; ++step) twin.step();
-        EXPECT_LT(twin.worstPair, 1e-10) << label(m);
-    }
 }
 
 TEST(Equations, LinesAlongTheAxes) {
@@ -278,20 +240,6 @@ TEST(Equations, NoSpeedOfGravityMeansNewton) {
     EXPECT_NE(m.FXik[0][4], 0);
     DiffurOTO(s, m);
     EXPECT_EQ(m.Phi, Phi);
-}
-
-TEST(Equations, ShortLienardWiechertAtRestIsNewton) {
-    Twin twin;
-    ModelState& s = twin.s;
-    Motion& m = twin.motion;
-    for (int i = 0; i < bodies; ++i) s.VX[i] = s.VY[i] = s.VZ[i] = 0;
-    twin.start();
-    Diffur(s, m);
-    const auto newton = m.dU;
-    m.kodVgr = 1, m.kodPgr = 5, m.kodLVsimple = 1;
-    m.nR = 2.5;  // has no say here
-    Diffur(s, m);
-    for (int n = 33; n < 66; ++n) EXPECT_NEAR(m.dU[n], newton[n], 1e-14 * std::fabs(newton[n]) + 1e-24);
 }
 
 TEST(Equations, ATimeOnTheGridOfTheTraceKeepsTheDifferences) {
@@ -395,13 +343,13 @@ TEST(Equations, AnglesByName) {
     addNames(names, twin.motion);
     twin.start();
     twin.call();
-    const auto value = [&](const char* name) { return std::stod(names.value(name)); };
-    EXPECT_NEAR(value("AlfaIK(1,2)"), twin.plain.AlfaIK[1][2], 1e-12);
-    EXPECT_NEAR(value("AlfaIK(5,2)"), twin.plain.AlfaIK[5][2], 1e-12);
-    EXPECT_NEAR(value("BettaIK(6,2)"), twin.plain.BettaIK[6][2], 1e-12);
-    EXPECT_NEAR(value("dAlfaVX1(1,2)"), twin.plain.dAlfaVX1[1][2], 1e-12);
-    EXPECT_NEAR(value("dAlfaVY2(8,3)"), twin.plain.dAlfaVY2[8][3], 1e-12);
-    EXPECT_NEAR(value("dBettaVZ2(8,3)"), twin.plain.dBettaVZ2[8][3], 1e-12);
+    const auto& plain = twin.plain;
+    for (const auto& [name, value] : {std::pair{"AlfaIK(5,2)", plain.AlfaIK[5][2]},
+                                      {"BettaIK(6,2)", plain.BettaIK[6][2]},
+                                      {"dAlfaVX1(1,2)", plain.dAlfaVX1[1][2]},
+                                      {"dAlfaVY2(8,3)", plain.dAlfaVY2[8][3]},
+                                      {"dBettaVZ2(8,3)", plain.dBettaVZ2[8][3]}})
+        EXPECT_NEAR(std::stod(names.value(name)), value, 1e-12) << name;
     EXPECT_EQ(names.value("Rik(4,4)"), "0");
     EXPECT_THROW(names.value("Rik(4,11)"), SubscriptFailure);
     EXPECT_THROW(names.value("SledX(0,0)"), SubscriptFailure);

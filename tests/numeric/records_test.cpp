@@ -67,29 +67,6 @@ TEST(Records, MassesOfTheHeadAreCutAfterTheDivision) {
     EXPECT_NE(readBytes(t.folder.path() / "Dat/r.txt").find("     m5= 1047,35\r\n"), std::string::npos);
 }
 
-// The items of a record against the state, formed another way than by the writer.
-TEST(Records, ItemsAreTheScaledMeasuresOfTheState) {
-    TestRun t;
-    t.start();
-    t.run.FileRas = "\\Dat\\r.txt";
-    t.run.NZamer = 5;
-    t.run.Tmod = 440 * sekD + 600;
-    t.run.AlfaP = 77.1234567891, t.run.AlfaU = 48.1;
-    t.run.Betta = 7 / kUgol + 1e-12, t.run.Eks = 0.2056, t.run.Period = 87.969;
-    t.s.Rr[1] = 57909123456.7;
-    WriteRasRecord(t.tree, t.s, t.run);
-    t.run.Tmod = -t.run.Tmod;
-    WriteRasRecord(t.tree, t.s, t.run);
-    const double rate = std::floor(2e8 * Pi * 36525 / 87.969);
-    const std::string tail =
-        " 7712345678  4810000000  700000000  20560000  5790912345 " + fileItem(rate) + "\r\n";
-    EXPECT_EQ(readBytes(t.folder.path() / "Dat/r.txt"), " 5  44000 " + tail + " 5 -44000 " + tail);
-    EXPECT_EQ(t.s.Ipl, 1);
-    EXPECT_DOUBLE_EQ(t.s.JD, t.s.JD0 - 440);
-    t.run.Period = 0;
-    EXPECT_THROW(WriteRasRecord(t.tree, t.s, t.run), ArithmeticFailure);
-}
-
 TEST(Records, AnglesAreContinuedOverWholeTurns) {
     struct Case {
         double theory, measured, continued;

@@ -6,6 +6,14 @@ namespace tarvex::literal {
 
 namespace {
 int sgn(double v) { return v > 0 ? 1 : v < 0 ? -1 : 0; }
+
+/// Every ordered pair of two bodies.
+template <class Action>
+void eachPair(Action action) {
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 10; ++j)
+            if (i != j) action(i, j);
+}
 }  // namespace
 
 void Equations::unpack() {
@@ -27,14 +35,10 @@ void Equations::distances(int i, int j) {
 
 void Equations::retardBy(int form, int i, int j) {
     const double T = Tik[i][j];
-    DXp[i][j] = X[j] - X[i] + VX[i] * T;
-    DYp[i][j] = Y[j] - Y[i] + VY[i] * T;
-    DZp[i][j] = Z[j] - Z[i] + VZ[i] * T;
-    if (form == 2) {
-        DXp[i][j] = X[j] - X[i] + VX[i] * T - AX[i] * T * T / 2;
-        DYp[i][j] = Y[j] - Y[i] + VY[i] * T - AY[i] * T * T / 2;
-        DZp[i][j] = Z[j] - Z[i] + VZ[i] * T - AZ[i] * T * T / 2;
-    }
+    const double half = form == 2 ? 1. / 2 : 0;
+    DXp[i][j] = X[j] - X[i] + VX[i] * T - AX[i] * T * T * half;
+    DYp[i][j] = Y[j] - Y[i] + VY[i] * T - AY[i] * T * T * half;
+    DZp[i][j] = Z[j] - Z[i] + VZ[i] * T - AZ[i] * T * T * half;
 }
 
 void Equations::retardByTrace(int i, int j) {
@@ -65,64 +69,50 @@ void Equations::angles(int i, int j) {
 
 void Equations::Diffur() {
     unpack();
-    for (int i = 0; i <= 10; ++i)
-        for (int j = 0; j <= 10; ++j) {
-            if (i == j) continue;
-            DXp[i][j] = X[j] - X[i];
-            DYp[i][j] = Y[j] - Y[i];
-            DZp[i][j] = Z[j] - Z[i];
-            distances(i, j);
-            Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
-        }
+    eachPair([&](int i, int j) {
+        DXp[i][j] = X[j] - X[i];
+        DYp[i][j] = Y[j] - Y[i];
+        DZp[i][j] = Z[j] - Z[i];
+        distances(i, j);
+        Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
+    });
     if (kodVgr != 0 && kodDX != 0)
         for (int iteration = 1; iteration <= 2; ++iteration)
-            for (int i = 0; i <= 10; ++i)
-                for (int j = 0; j <= 10; ++j) {
-                    if (i == j) continue;
-                    if (kodDX == 3)
-                        retardByTrace(i, j);
-                    else
-                        retardBy(kodDX, i, j);
-                    distances(i, j);
-                }
-    for (int i = 0; i <= 10; ++i)
-        for (int j = 0; j <= 10; ++j) {
-            if (i == j) continue;
-            Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
-            angles(i, j);
-            const double A = AlfaIK[i][j], B = BettaIK[i][j];
-            FXik[i][j] = std::fabs(std::cos(A) * std::cos(B)) * Fik[i][j];
-            if (DXp[i][j] > 0) FXik[i][j] = -FXik[i][j];
-            FYik[i][j] = std::fabs(std::sin(A) * std::cos(B)) * Fik[i][j];
-            if (DYp[i][j] > 0) FYik[i][j] = -FYik[i][j];
-            FZik[i][j] = std::fabs(std::sin(B)) * Fik[i][j];
-            if (DZp[i][j] > 0) FZik[i][j] = -FZik[i][j];
-        }
+            eachPair([&](int i, int j) {
+                if (kodDX == 3)
+                    retardByTrace(i, j);
+                else
+                    retardBy(kodDX, i, j);
+                distances(i, j);
+            });
+    eachPair([&](int i, int j) {
+        Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
+        angles(i, j);
+        const double A = AlfaIK[i][j], B = BettaIK[i][j];
+        FXik[i][j] = std::fabs(std::cos(A) * std::cos(B)) * Fik[i][j];
+        if (DXp[i][j] > 0) FXik[i][j] = -FXik[i][j];
+        FYik[i][j] = std::fabs(std::sin(A) * std::cos(B)) * Fik[i][j];
+        if (DYp[i][j] > 0) FYik[i][j] = -FYik[i][j];
+        FZik[i][j] = std::fabs(std::sin(B)) * Fik[i][j];
+        if (DZp[i][j] > 0) FZik[i][j] = -FZik[i][j];
+    });
     if (kodPgr != 0 && kodVgr != 0) {
         NDiffur += 1;
         if (kodDiffurV == 1) stageSpeeds();
-        for (int i = 0; i <= 10; ++i)
-            for (int j = 0; j <= 10; ++j) {
-                if (i == j) continue;
-                if (kodPgr == 5)
-                    lienardWiechert(i, j);
-                else
-                    factorLaw(i, j);
-            }
+        eachPair([&](int i, int j) {
+            if (kodPgr == 5)
+                lienardWiechert(i, j);
+            else
+                factorLaw(i, j);
+        });
     }
     for (int n = 0; n <= 32; ++n) dU[n] = U[n + 33];
-    for (int j = 0; j <= 10; ++j) {
-        double x = 0, y = 0, z = 0;
-        for (int i = 0; i <= 10; ++i) {
-            if (i == j) continue;
-            x += FXik[i][j];
-            y += FYik[i][j];
-            z += FZik[i][j];
-        }
-        dU[33 + j] = x / s->m[j];
-        dU[44 + j] = y / s->m[j];
-        dU[55 + j] = z / s->m[j];
-    }
+    for (int n = 33; n <= 65; ++n) dU[n] = 0;
+    eachPair([&](int i, int j) {
+        dU[33 + j] += FXik[i][j] / s->m[j];
+        dU[44 + j] += FYik[i][j] / s->m[j];
+        dU[55 + j] += FZik[i][j] / s->m[j];
+    });
 }
 
 void Equations::velocityDirections() {
@@ -134,14 +124,10 @@ void Equations::velocityDirections() {
 }
 
 void Equations::retardedSpeeds(int i, int j, Pairs& vx, Pairs& vy, Pairs& vz) {
-    vx[i][j] = VX[i];
-    vy[i][j] = VY[i];
-    vz[i][j] = VZ[i];
-    if (kodVgr == 1 && kodDX > 0) {
-        vx[i][j] = VX[i] - AX[i] * Tik[i][j];
-        vy[i][j] = VY[i] - AY[i] * Tik[i][j];
-        vz[i][j] = VZ[i] - AZ[i] * Tik[i][j];
-    }
+    const double T = kodVgr == 1 && kodDX > 0 ? Tik[i][j] : 0;
+    vx[i][j] = VX[i] - AX[i] * T;
+    vy[i][j] = VY[i] - AY[i] * T;
+    vz[i][j] = VZ[i] - AZ[i] * T;
 }
 
 void Equations::lineSpeeds(int i, int j, const Pairs& vx, const Pairs& vy, const Pairs& vz) {
@@ -171,27 +157,25 @@ void Equations::lineSpeeds(int i, int j, const Pairs& vx, const Pairs& vy, const
 void Equations::stageSpeeds() {
     const double h = s->DtCur;
     velocityDirections();
-    for (int i = 0; i <= 10; ++i)
-        for (int j = 0; j <= 10; ++j) {
-            if (i == j) continue;
-            retardedSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
-            lineSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
-            if (kodAA == 0) {
-                const double a = dV2[i][j] - dV2old[i][j] - dV1[i][j] + dV1old[i][j];
-                if (NDiffur == 2 || NDiffur == 3) d2R[i][j] = 2 * a / h;
-                if (NDiffur == 4) d2R[i][j] = a / h;
-            } else {
-                if (NDiffur == 2 || NDiffur == 3) {
-                    AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
-                    AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
-                }
-                if (NDiffur == 4) {
-                    AV1[i][j] = 3 * BV1[i][j] * h / 2 + AV1old[i][j];
-                    AV2[i][j] = 3 * BV2[i][j] * h / 2 + AV2old[i][j];
-                }
-                d2R[i][j] = AV2[i][j] - AV1[i][j];
+    eachPair([&](int i, int j) {
+        retardedSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
+        lineSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
+        if (kodAA == 0) {
+            const double a = dV2[i][j] - dV2old[i][j] - dV1[i][j] + dV1old[i][j];
+            if (NDiffur == 2 || NDiffur == 3) d2R[i][j] = 2 * a / h;
+            if (NDiffur == 4) d2R[i][j] = a / h;
+        } else {
+            if (NDiffur == 2 || NDiffur == 3) {
+                AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
+                AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
             }
+            if (NDiffur == 4) {
+                AV1[i][j] = 3 * BV1[i][j] * h / 2 + AV1old[i][j];
+                AV2[i][j] = 3 * BV2[i][j] * h / 2 + AV2old[i][j];
+            }
+            d2R[i][j] = AV2[i][j] - AV1[i][j];
         }
+    });
 }
 
 void Equations::factorLaw(int i, int j) {
@@ -243,73 +227,63 @@ void Equations::lienardWiechert(int i, int j) {
             AY1zap[i][j] = part * (VY1zap[i][j] - VY0zap[i][j]) / h;
             AZ1zap[i][j] = part * (VZ1zap[i][j] - VZ0zap[i][j]) / h;
         }
-        if (kodAA == 1 && (NDiffur == 2 || NDiffur == 3)) {
-            AX1zap[i][j] = h * JX[i] / 2 + AX0zap[i][j];
-            AY1zap[i][j] = h * JY[i] / 2 + AY0zap[i][j];
-            AZ1zap[i][j] = h * JZ[i] / 2 + AZ0zap[i][j];
-        }
-        if (kodAA == 1 && NDiffur == 4) {
-            AX1zap[i][j] = h * JX[i] + AX0zap[i][j];
-            AY1zap[i][j] = h * JY[i] + AY0zap[i][j];
-            AZ1zap[i][j] = h * JZ[i] + AZ0zap[i][j];
+        if (kodAA == 1 && NDiffur >= 2 && NDiffur <= 4) {
+            const double part = NDiffur == 4 ? 1 : 2;
+            AX1zap[i][j] = h * JX[i] / part + AX0zap[i][j];
+            AY1zap[i][j] = h * JY[i] / part + AY0zap[i][j];
+            AZ1zap[i][j] = h * JZ[i] / part + AZ0zap[i][j];
         }
         accelerationAlong(i, j);
     }
     const double r = Rik[i][j], Rf = r - r * dV1[i][j] / Vgr, v2 = Vgr * Vgr;
     const double F = -s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rf, 3) / v2;
     Fik[i][j] = F;
-    if (kodLVsimple == 0) {
-        const double radial = v2 + kPgr1 * r * A1zap[i][j] - V1zap[i][j] * V1zap[i][j];
-        FXik[i][j] = (radial * (DXp[i][j] - r * VX1zap[i][j] / Vgr) - r * Rf * kPgr2 * AX1zap[i][j]) * F;
-        FYik[i][j] = (radial * (DYp[i][j] - r * VY1zap[i][j] / Vgr) - r * Rf * kPgr2 * AY1zap[i][j]) * F;
-        FZik[i][j] = (radial * (DZp[i][j] - r * VZ1zap[i][j] / Vgr) - r * Rf * kPgr2 * AZ1zap[i][j]) * F;
-    } else {
-        FXik[i][j] = v2 * F * (DXp[i][j] - r * VX1zap[i][j] / Vgr);
-        FYik[i][j] = v2 * F * (DYp[i][j] - r * VY1zap[i][j] / Vgr);
-        FZik[i][j] = v2 * F * (DZp[i][j] - r * VZ1zap[i][j] / Vgr);
-    }
+    const bool full = kodLVsimple == 0;
+    const double radial = full ? v2 + kPgr1 * r * A1zap[i][j] - V1zap[i][j] * V1zap[i][j] : v2;
+    const double across = full ? r * Rf * kPgr2 : 0;
+    FXik[i][j] = (radial * (DXp[i][j] - r * VX1zap[i][j] / Vgr) - across * AX1zap[i][j]) * F;
+    FYik[i][j] = (radial * (DYp[i][j] - r * VY1zap[i][j] / Vgr) - across * AY1zap[i][j]) * F;
+    FZik[i][j] = (radial * (DZp[i][j] - r * VZ1zap[i][j] / Vgr) - across * AZ1zap[i][j]) * F;
 }
 
 void Equations::SpeedUpdate() {
     if (kodPgr == 0) return;
     const double h = s->DtCur;
     velocityDirections();
-    for (int i = 0; i <= 10; ++i)
-        for (int j = 0; j <= 10; ++j) {
-            if (i == j) continue;
-            DXp[i][j] = X[j] - X[i];
-            DYp[i][j] = Y[j] - Y[i];
-            DZp[i][j] = Z[j] - Z[i];
+    eachPair([&](int i, int j) {
+        DXp[i][j] = X[j] - X[i];
+        DYp[i][j] = Y[j] - Y[i];
+        DZp[i][j] = Z[j] - Z[i];
+        distances(i, j);
+        for (int iteration = 1; kodVgr == 1 && kodDX > 0 && iteration <= 2; ++iteration) {
+            retardBy(kodDX == 1 ? 1 : 2, i, j);
             distances(i, j);
-            for (int iteration = 1; kodVgr == 1 && kodDX > 0 && iteration <= 2; ++iteration) {
-                retardBy(kodDX == 1 ? 1 : 2, i, j);
-                distances(i, j);
-            }
-            angles(i, j);
-            retardedSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
-            lineSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
-            if (h == DtOld) {
-                AV1[i][j] = (dV1[i][j] - dV1old[i][j]) / h;
-                AV2[i][j] = (dV2[i][j] - dV2old[i][j]) / h;
-                BV1[i][j] = (AV1[i][j] - AV1old[i][j]) / h;
-                BV2[i][j] = (AV2[i][j] - AV2old[i][j]) / h;
-            }
-            dV1old[i][j] = dV1[i][j];
-            dV2old[i][j] = dV2[i][j];
-            AV1old[i][j] = AV1[i][j];
-            AV2old[i][j] = AV2[i][j];
-            if (kodDiffurV == 0) {
-                dV1[i][j] = h * AV1old[i][j] / 2 + dV1old[i][j];
-                dV2[i][j] = h * AV2old[i][j] / 2 + dV2old[i][j];
-                AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
-                AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
-            } else {
-                AV1[i][j] = h * BV1[i][j] / 2 + AV1old[i][j];
-                AV2[i][j] = h * BV2[i][j] / 2 + AV2old[i][j];
-            }
-            dR[i][j] = dV2[i][j] - dV1[i][j];
-            d2R[i][j] = AV2[i][j] - AV1[i][j];
         }
+        angles(i, j);
+        retardedSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
+        lineSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
+        if (h == DtOld) {
+            AV1[i][j] = (dV1[i][j] - dV1old[i][j]) / h;
+            AV2[i][j] = (dV2[i][j] - dV2old[i][j]) / h;
+            BV1[i][j] = (AV1[i][j] - AV1old[i][j]) / h;
+            BV2[i][j] = (AV2[i][j] - AV2old[i][j]) / h;
+        }
+        dV1old[i][j] = dV1[i][j];
+        dV2old[i][j] = dV2[i][j];
+        AV1old[i][j] = AV1[i][j];
+        AV2old[i][j] = AV2[i][j];
+        if (kodDiffurV == 0) {
+            dV1[i][j] = h * AV1old[i][j] / 2 + dV1old[i][j];
+            dV2[i][j] = h * AV2old[i][j] / 2 + dV2old[i][j];
+            AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
+            AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
+        } else {
+            AV1[i][j] = h * BV1[i][j] / 2 + AV1old[i][j];
+            AV2[i][j] = h * BV2[i][j] / 2 + AV2old[i][j];
+        }
+        dR[i][j] = dV2[i][j] - dV1[i][j];
+        d2R[i][j] = AV2[i][j] - AV1[i][j];
+    });
     if (kodPgr == 5) {
         for (int i = 0; i <= 10; ++i) {
             if (h == DtOld) {
@@ -321,22 +295,20 @@ void Equations::SpeedUpdate() {
             AYold[i] = AY[i];
             AZold[i] = AZ[i];
         }
-        for (int i = 0; i <= 10; ++i)
-            for (int j = 0; j <= 10; ++j) {
-                if (i == j) continue;
-                AX0zap[i][j] = AX1zap[i][j] = AX[i] - JX[i] * Tik[i][j];
-                AY0zap[i][j] = AY1zap[i][j] = AY[i] - JY[i] * Tik[i][j];
-                AZ0zap[i][j] = AZ1zap[i][j] = AZ[i] - JZ[i] * Tik[i][j];
-                if (kodDiffurV == 0) {
-                    VX1zap[i][j] = VX0zap[i][j] + h * AX[i] / 2;
-                    VY1zap[i][j] = VY0zap[i][j] + h * AY[i] / 2;
-                    VZ1zap[i][j] = VZ0zap[i][j] + h * AZ[i] / 2;
-                    AX1zap[i][j] = h * JX[i] / 2 + AX1zap[i][j];
-                    AY1zap[i][j] = h * JY[i] / 2 + AY1zap[i][j];
-                    AZ1zap[i][j] = h * JZ[i] / 2 + AZ1zap[i][j];
-                }
-                accelerationAlong(i, j);
+        eachPair([&](int i, int j) {
+            AX0zap[i][j] = AX1zap[i][j] = AX[i] - JX[i] * Tik[i][j];
+            AY0zap[i][j] = AY1zap[i][j] = AY[i] - JY[i] * Tik[i][j];
+            AZ0zap[i][j] = AZ1zap[i][j] = AZ[i] - JZ[i] * Tik[i][j];
+            if (kodDiffurV == 0) {
+                VX1zap[i][j] = VX0zap[i][j] + h * AX[i] / 2;
+                VY1zap[i][j] = VY0zap[i][j] + h * AY[i] / 2;
+                VZ1zap[i][j] = VZ0zap[i][j] + h * AZ[i] / 2;
+                AX1zap[i][j] = h * JX[i] / 2 + AX1zap[i][j];
+                AY1zap[i][j] = h * JY[i] / 2 + AY1zap[i][j];
+                AZ1zap[i][j] = h * JZ[i] / 2 + AZ1zap[i][j];
             }
+            accelerationAlong(i, j);
+        });
     }
     DtOld = h;
 }
@@ -344,23 +316,19 @@ void Equations::SpeedUpdate() {
 void Equations::DiffurOTO() {
     unpack();
     double V[11], Phi[11];
-    for (int i = 0; i <= 10; ++i)
-        for (int j = 0; j <= 10; ++j) {
-            if (i == j) continue;
-            DXp[i][j] = X[j] - X[i];
-            DYp[i][j] = Y[j] - Y[i];
-            DZp[i][j] = Z[j] - Z[i];
-            Rxy[i][j] = std::sqrt(DXp[i][j] * DXp[i][j] + DYp[i][j] * DYp[i][j]);
-            Rik[i][j] = std::sqrt(Rxy[i][j] * Rxy[i][j] + DZp[i][j] * DZp[i][j]);
-        }
+    eachPair([&](int i, int j) {
+        DXp[i][j] = X[j] - X[i];
+        DYp[i][j] = Y[j] - Y[i];
+        DZp[i][j] = Z[j] - Z[i];
+        Rxy[i][j] = std::sqrt(DXp[i][j] * DXp[i][j] + DYp[i][j] * DYp[i][j]);
+        Rik[i][j] = std::sqrt(Rxy[i][j] * Rxy[i][j] + DZp[i][j] * DZp[i][j]);
+    });
     for (int i = 0; i <= 10; ++i) {
         V[i] = std::sqrt(VX[i] * VX[i] + VY[i] * VY[i] + VZ[i] * VZ[i]);
         Phi[i] = 0;
         for (int j = 0; j <= 10; ++j) FXik[i][j] = FYik[i][j] = FZik[i][j] = 0;
     }
-    for (int i = 0; i <= 10; ++i)
-        for (int k = 0; k <= 10; ++k)
-            if (k != i) Phi[i] += s->gamma * s->m[k] / Rik[i][k];
+    eachPair([&](int i, int k) { Phi[i] += s->gamma * s->m[k] / Rik[i][k]; });
     const double c2 = Vsv2;
     for (int i = 0; i <= 10; ++i)
         for (int j = 0; j <= 10; ++j) {
