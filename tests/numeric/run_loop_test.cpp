@@ -10,7 +10,6 @@
 #include "tests/numeric/allocation_counter.h"
 #include "tests/support/ephemeris_files.h"
 #include "tests/support/test_run.h"
-#include "theories/geometry.h"
 
 namespace tarvex {
 

@@ -14,6 +14,13 @@ void eachPair(Action action) {
         for (int j = 0; j <= 10; ++j)
             if (i != j) action(i, j);
 }
+
+/// The line of a pair at present.
+void straight(Equations& e, int i, int j) {
+    e.DXp[i][j] = e.X[j] - e.X[i];
+    e.DYp[i][j] = e.Y[j] - e.Y[i];
+    e.DZp[i][j] = e.Z[j] - e.Z[i];
+}
 }  // namespace
 
 void Equations::unpack() {
@@ -70,9 +77,7 @@ void Equations::angles(int i, int j) {
 void Equations::Diffur() {
     unpack();
     eachPair([&](int i, int j) {
-        DXp[i][j] = X[j] - X[i];
-        DYp[i][j] = Y[j] - Y[i];
-        DZp[i][j] = Z[j] - Z[i];
+        straight(*this, i, j);
         distances(i, j);
         Fik[i][j] = s->kodPair[i][j] * s->m[i] * s->m[j] * s->gamma / std::pow(Rik[i][j], nR);
     });
@@ -162,16 +167,12 @@ void Equations::stageSpeeds() {
         lineSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
         if (kodAA == 0) {
             const double a = dV2[i][j] - dV2old[i][j] - dV1[i][j] + dV1old[i][j];
-            if (NDiffur == 2 || NDiffur == 3) d2R[i][j] = 2 * a / h;
-            if (NDiffur == 4) d2R[i][j] = a / h;
+            if (NDiffur >= 2 && NDiffur <= 4) d2R[i][j] = (NDiffur == 4 ? 1 : 2) * a / h;
         } else {
-            if (NDiffur == 2 || NDiffur == 3) {
-                AV1[i][j] = h * BV1[i][j] + AV1old[i][j];
-                AV2[i][j] = h * BV2[i][j] + AV2old[i][j];
-            }
-            if (NDiffur == 4) {
-                AV1[i][j] = 3 * BV1[i][j] * h / 2 + AV1old[i][j];
-                AV2[i][j] = 3 * BV2[i][j] * h / 2 + AV2old[i][j];
+            if (NDiffur >= 2 && NDiffur <= 4) {
+                const double part = NDiffur == 4 ? 3. / 2 : 1;
+                AV1[i][j] = part * BV1[i][j] * h + AV1old[i][j];
+                AV2[i][j] = part * BV2[i][j] * h + AV2old[i][j];
             }
             d2R[i][j] = AV2[i][j] - AV1[i][j];
         }
@@ -251,9 +252,7 @@ void Equations::SpeedUpdate() {
     const double h = s->DtCur;
     velocityDirections();
     eachPair([&](int i, int j) {
-        DXp[i][j] = X[j] - X[i];
-        DYp[i][j] = Y[j] - Y[i];
-        DZp[i][j] = Z[j] - Z[i];
+        straight(*this, i, j);
         distances(i, j);
         for (int iteration = 1; kodVgr == 1 && kodDX > 0 && iteration <= 2; ++iteration) {
             retardBy(kodDX == 1 ? 1 : 2, i, j);
@@ -317,9 +316,7 @@ void Equations::DiffurOTO() {
     unpack();
     double V[11], Phi[11];
     eachPair([&](int i, int j) {
-        DXp[i][j] = X[j] - X[i];
-        DYp[i][j] = Y[j] - Y[i];
-        DZp[i][j] = Z[j] - Z[i];
+        straight(*this, i, j);
         Rxy[i][j] = std::sqrt(DXp[i][j] * DXp[i][j] + DYp[i][j] * DYp[i][j]);
         Rik[i][j] = std::sqrt(Rxy[i][j] * Rxy[i][j] + DZp[i][j] * DZp[i][j]);
     });
