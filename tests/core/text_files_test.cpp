@@ -103,12 +103,4 @@ TEST(TextFiles, AFullDiskLeavesNoHalfOfALine) {
     EXPECT_EQ(test::readBytes(path), before);
 }
 
-TEST(TextFiles, NamesOfTheTree) {
-    const DataTree tree("/top");
-    EXPECT_EQ(files::parameters(7), "\\Dat\\Tarvex7.dat");
-    EXPECT_EQ(tree.at(files::runRecord(0, 1, 12)), std::filesystem::path("/top/Plan0/Txt1/Tarvex1Ras12.txt"));
-    EXPECT_EQ(tree.at(files::series("\\Ser\\Plan3", 11)),
-              std::filesystem::path("/top/Ser/Plan3/Tarvex11Nab.txt"));
-}
-
 }  // namespace tarvex

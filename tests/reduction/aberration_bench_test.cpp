@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/failure.h"
-
 namespace tarvex {
 
 namespace {
@@ -61,8 +59,7 @@ TEST(AberrationBench, SourcePartIsTheObjectsMotionInTheLightTime) {
 }
 
 TEST(AberrationBench, CommonMotionShiftsSourceAndReceiverOppositely) {
-    // what the whole system's velocity does to the source it undoes at the receiver, to first order; a star
-    // keeps its own velocity and shows the receiver's part alone
+    // what the whole system's velocity does to the source it undoes at the receiver, to first order
     ModelState s = onDate(2455197.5);
     AberrationBench rest, moving;
     AberrationPrepare(s, rest, true, 0, 0);
@@ -73,28 +70,6 @@ TEST(AberrationBench, CommonMotionShiftsSourceAndReceiverOppositely) {
     AberrationIterate(s, moving, false);
     EXPECT_GT(std::abs(moving.AlfaIs - rest.AlfaIs), 0.003);
     EXPECT_NEAR(moving.AlfaIs + moving.AlfaPr, rest.AlfaIs + rest.AlfaPr, 2e-4);
-
-    AberrationBench star;
-    star.body = AberrationBench::star;
-    placeStar(s, 100, 30);
-    AberrationPrepare(s, star, true, 0, 0);
-    AberrationIterate(s, star, false);
-    EXPECT_NEAR(star.AlfaIs, 0, 1e-9);
-    EXPECT_GT(std::abs(star.AlfaPr), 0.01);
-}
-
-TEST(AberrationBench, MoonModeOfTheLaboratoryDoesNotMatterAndTheEarthIsRefused) {
-    ModelState s = onDate(2455197.5), moon = s;
-    moon.kodMoon = 1;
-    moon.kodBary = 2;
-    AberrationBench a, b;
-    AberrationPrepare(s, a, true, 0, 0);
-    AberrationPrepare(moon, b, true, 0, 0);
-    EXPECT_EQ(s.VX[3], moon.VX[3]);
-    EXPECT_EQ(moon.kodMoon, 1);
-    EXPECT_EQ(moon.kodBary, 2);
-    a.body = 3;
-    EXPECT_THROW(AberrationPrepare(s, a, true, 0, 0), ArithmeticFailure);
 }
 
 }  // namespace tarvex

@@ -4,9 +4,6 @@
 
 #include <map>
 
-#include "tests/support/temp_folder.h"
-#include "tests/support/test_workbook.h"
-
 namespace tarvex {
 
 namespace {
@@ -110,43 +107,6 @@ TEST_F(Table, WhatATableDoesNotHaveKeepsItsOldValue) {
     EXPECT_THROW(openTable(t, 11, office, DataTree("/nowhere")), SubscriptFailure);
     EXPECT_THROW(openTable(t, 1, office, DataTree("/nowhere")), OpenFailure);
     EXPECT_EQ(t.table, nullptr);
-}
-
-TEST_F(Table, ReadsAWorkbookThroughTheOffice) {
-    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
-    const test::TempFolder folder;
-    folder.makeFolder("Tab");
-    test::writeWorkbook(folder.path() / "Tab/Tycho.xls", {{{"E11", "0"},
-                                                           {"D11", "0"},
-                                                           {"C11", "0"},
-                                                           {"G11", "0"},
-                                                           {"G29", "=[.E11]/10+[.D11]"},
-                                                           {"G52", "=-[.C11]-[.G11]/24"}}});
-    SpreadsheetOffice office;
-    openTable(t, 9, office, DataTree(folder.path()));
-    s.IplSel = 11;
-    date = {1580, 2, 3, 6, 3.25};
-    read();
-    EXPECT_DOUBLE_EQ(s.Lpl[11], 160);
-    EXPECT_DOUBLE_EQ(s.Bpl[11], -3.25);
-    EXPECT_THROW(openTable(t, 1, office, DataTree(folder.path())), OpenFailure);
-}
-
-TEST_F(Table, TheAlmagestBesideTheProgramHasPtolemysSun) {
-    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
-    SpreadsheetOffice office;
-    openTable(t, 4, office, DataTree(TARVEX_SOURCE_DIR "/data"));
-    s.IplSel = 0;
-    // The autumn equinox of his own observations: year 887 of Nabonassar, 8/9 Athyr, an hour after sunrise.
-    date = {887, 3, 8, 19, 8.79};
-    read();
-    EXPECT_NEAR(s.Lpl[0], 180, 0.05);
-    EXPECT_EQ(s.Bpl[0], 0);
-    date = {1, 1, 1, 0, 1};
-    read();
-    EXPECT_NEAR(s.Lpl[0], 330.75 + 2.32, 0.1) << "the epoch: mean 330;45, equation 2;19";
-    s.IplSel = 11;
-    EXPECT_THROW(read(), ConversionFailure) << "the workbook does not claim a Moon";
 }
 
 }  // namespace tarvex

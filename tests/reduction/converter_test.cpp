@@ -97,11 +97,4 @@ TEST(Converter, PrecessionMovesTheEquinoxByFiftySecondsAYear) {
     EXPECT_NEAR((ofDate - s.LonPl[5]) * 3600, 5030.2, 25);  // the planet's small latitude adds some seconds
 }
 
-TEST(Converter, EarthStandsOffTheCommonCentreByItsShareOfTheMoon) {
-    ModelState s = prepared(2455321.3);
-    EXPECT_NEAR(length(s.X0[10] - s.X0[3], s.Y0[10] - s.Y0[3], s.Z0[10] - s.Z0[3]), 384400e3, 22000e3);
-    EXPECT_NEAR(length(s.X[12], s.Y[12], s.Z[12]), REarth, 1e-3);
-    EXPECT_NEAR(length(s.X[26], s.Y[26], s.Z[26]), REarth, 1e-3);
-}
-
 }  // namespace tarvex

@@ -49,47 +49,6 @@ TEST_F(ChainTest, WorkedExamplesOfPlaces) {
     expectAt(118.704, 1.615, 1e-3, "ecliptic precession");
 }
 
-TEST_F(ChainTest, PrecessionMatricesTurnAndUndoThemselves) {
-    for (const auto form : {PrecessMatrixEcl, PrecessMatrixEqu}) {
-        for (const double T : {-22.0, -3.5, 0.2, 1.0}) {
-            form(s, 0, T);
-            for (int i = 1; i <= 3; ++i)
-                for (int k = 1; k <= 3; ++k) {
-                    double product = 0;
-                    for (int n = 1; n <= 3; ++n) product += s.Mprec[i][n] * s.Mprec[k][n];
-                    EXPECT_NEAR(product, i == k, 1e-14) << T;
-                }
-            put(200, 30);
-            s.VX[row] = s.X[row], s.VY[row] = s.Y[row], s.VZ[row] = s.Z[row];
-            ApplyPrecessXYZ(s);
-            ApplyPrecessVXYZ(s);
-            EXPECT_EQ(s.VX[row], s.X[row]);  // one turn for both
-            EXPECT_EQ(s.VZ[row], s.Z[row]);
-            form(s, T, 0);
-            ApplyPrecessXYZ(s);
-            expectAt(200, 30, std::abs(T) < 4 ? 2e-4 : 0.1,
-                     "back in J2000");  // the polynomials meet only so far
-        }
-    }
-}
-
-TEST_F(ChainTest, PrecessionOfBothPlanesAgrees) {
-    for (const double T : {-1.0, 0.5}) {  // ecliptic of J2000 -> ecliptic of date, by two ways
-        put(75, 20);
-        PrecessMatrixEcl(s, 0, T);
-        ApplyPrecessXYZ(s);
-        const double x = s.X[row], y = s.Y[row], z = s.Z[row];
-        put(75, 20);
-        EclToEqu(s, 0);
-        PrecessMatrixEqu(s, 0, T);
-        ApplyPrecessXYZ(s);
-        EquToEcl(s, T);
-        EXPECT_NEAR(s.X[row], x, 1e-6);
-        EXPECT_NEAR(s.Y[row], y, 1e-6);
-        EXPECT_NEAR(s.Z[row], z, 1e-6);
-    }
-}
-
 TEST_F(ChainTest, NutationOfAWorkedExample) {
     const double T = (2446895.5 - JD2000) / 36525;  // 1987 April 10: -3.788" and +9.443"
     const double eps = 23.440946 / kUgol;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace tarvex {
@@ -15,16 +14,6 @@ void keplerAt(double M, double e, double R, double& longitude, double& distance)
     for (int i = 0; i < 50; ++i) E -= (E + e * std::sin(E) - M) / (1 + e * std::cos(E));  // from the aphelion
     longitude = std::atan2(std::sqrt(1 - e * e) * std::sin(E), std::cos(E) + e);
     distance = R * (1 + e * std::cos(E));
-}
-
-/// Greatest difference of longitude over a turn.
-double worst(Eccentric p) {
-    double most = 0;
-    for (p.T = 0; p.T < 360; p.T += 1) {
-        EccentricAt(p);
-        most = std::max(most, std::abs(p.dAlfa));
-    }
-    return most;
 }
 
 }  // namespace
@@ -57,19 +46,6 @@ TEST(Eccentric, SecondModelsAreTheGeometryOfTheirCircles) {
             EXPECT_NEAR(p.eccentric.y, y, R * e2 * e2 * e2 * 2) << equant << M;
         }
     }
-}
-
-TEST(Eccentric, EquantWithTwiceTheEccentricityStaysOfSecondOrder) {
-    const double degree = 3.14159265359 / 180;
-    Eccentric p{.R = 1, .e1 = 0.0934, .e2 = 2 * 0.0934, .W = degree, .equant = true};
-    EXPECT_LT(worst(p), 0.3 * p.e1 * p.e1);
-    Eccentric half = p;
-    half.e1 /= 2;
-    half.e2 /= 2;
-    EXPECT_NEAR(worst(p) / worst(half), 4, 1e-6);
-    p.equant = false;
-    EXPECT_GT(worst(p), 0.7 * p.e1 * p.e1);  // the simple eccentric does worse
-    EXPECT_EQ(worst({.R = 1, .W = degree}), 0);
 }
 
 }  // namespace tarvex

@@ -68,27 +68,6 @@ TEST(Elements, StateVectorsKeepEnergyAndTheVectorsOfTheOrbit) {
     }
 }
 
-TEST(Elements, VelocityIsTheRateOfThePosition) {
-    ModelState s;
-    InitMassesSer0(s);
-    s.gamma = 66.7259e-12;
-    s.JD = JD2000;
-    s.Ipl = 4;
-    ElementsSer0(s);
-    const double n = std::sqrt(s.gamma * s.m[0] / std::pow(s.R0sr[4], 3)), L = s.AlfaL[4], dt = 500;
-    s.AlfaL[4] = L - n * dt;
-    ElementsToXYZ(s);
-    const Vec before = position(s, 4);
-    s.AlfaL[4] = L + n * dt;
-    ElementsToXYZ(s);
-    const Vec after = position(s, 4);
-    s.AlfaL[4] = L;
-    stateOf(s, 4);
-    EXPECT_NEAR((after.x - before.x) / 2 / dt, s.VX[4], 0.01);
-    EXPECT_NEAR((after.y - before.y) / 2 / dt, s.VY[4], 0.01);
-    EXPECT_NEAR((after.z - before.z) / 2 / dt, s.VZ[4], 0.01);
-}
-
 TEST(Elements, MoonFlagPutsTheEarthInTheCentre) {
     ModelState s;
     InitMassesJPL0(s);
@@ -128,27 +107,6 @@ TEST(Elements, EdgesOfKeplersEquation) {
     }
 }
 
-TEST(Elements, ZeroOrbitFailsInTheVelocities) {
-    ModelState s;
-    s.Ipl = 10;
-    s.m[0] = 2e30;
-    s.gamma = 66.7e-12;
-    ElementsToXYZ(s);
-    EXPECT_THROW(ElementsToVXYZ(s), ArithmeticFailure);
-    s.R0sr[10] = -1e11;
-    ElementsToXYZ(s);
-    EXPECT_THROW(ElementsToVXYZ(s), ArithmeticFailure);
-}
-
-TEST(Elements, FractionsOfATurn) {
-    double x = -0.25;
-    EXPECT_EQ(Frac1(x), 0.75);
-    EXPECT_EQ(x, 0.75);
-    EXPECT_EQ(Frac1(12.0), 0);
-    EXPECT_EQ(Frac0(-0.25), -0.25);
-    EXPECT_EQ(Frac0(7.5), 0.5);
-}
-
 TEST(Geometry, PolarFormIsTheInverseOfTheRectangularInEveryQuadrant) {
     ModelState s;
     SpherToXYZ(s, 15, 33, 10, 2e10);
@@ -179,18 +137,6 @@ TEST(Geometry, OnTheAxisTheLongitudeIsSetAndTheLatitudeFails) {
     s.Y[12] = -1;
     PairGeometry(s, 15, 12);
     EXPECT_EQ(s.LonPl[12], 270);
-}
-
-TEST(Geometry, TiltReadsThePointInThePlaneOfTheOrbit) {
-    ModelState s;
-    const double b = 0.3, u = 1.1;  // a point at argument u on an orbit inclined by b, node on X
-    s.Ipl = 12;
-    s.X[12] = std::cos(u);
-    s.Y[12] = std::sin(u) * std::cos(b);
-    s.Z[12] = std::sin(u) * std::sin(b);
-    TiltYZ(s, b);
-    EXPECT_NEAR(s.Y[12], std::sin(u), 1e-15);
-    EXPECT_NEAR(s.Z[12], 0, 1e-15);
 }
 
 }  // namespace tarvex
