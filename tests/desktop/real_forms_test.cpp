@@ -99,6 +99,19 @@ TEST_F(RealForms, AStopReachesARunningExperiment) {
     EXPECT_FALSE(lab.desk.busy());
 }
 
+TEST_F(RealForms, TheEndOfARunIsToldInItsWindow) {
+    auto& form = lab.desk.get<Form2>();
+    form.Check14.set(true);
+    form.Text40.setText("1802");
+    lab.desk.show("Form1");  // the user works elsewhere meanwhile
+    QPushButton* start = test::find<QPushButton>(windowOf("Form2"), "Command1");
+    start->click();
+    EXPECT_EQ(said.join('|'), "");
+    screen.notify("Расчет закончен");
+    EXPECT_TRUE(status("Form2").contains("Расчет закончен")) << status("Form2").toStdString();
+    EXPECT_FALSE(status("Form1").contains("Расчет закончен"));
+}
+
 TEST_F(RealForms, F1OpensTheHelpAtTheFormThatAsks) {
     screen.onHelp([this](const Form& asking) { openHelp(lab.desk, asking); });
     for (const char* name : {"Form2", "Form1", "Form3"}) {

@@ -16,7 +16,15 @@ TEST_F(Window, ShowsEveryControlWithItsExactCaptionAndState) {
     EXPECT_EQ(window->windowTitle(), "Стенд & окно");
     EXPECT_EQ(find<QPushButton>("Command1")->text(), "Q && A");  // one "&" on the screen, no mnemonic
     EXPECT_EQ(find<QCheckBox>("Check1")->text(), "A && B");
+    EXPECT_EQ(find<QLineEdit>("Text1")->text(), "19,4");
+    EXPECT_EQ(find<QLineEdit>("Text1")->toolTip(), "Скорость, км/с");
+    EXPECT_TRUE(find<QLineEdit>("Text2")->isReadOnly());
+    EXPECT_FALSE(find<QLineEdit>("Text9")->isVisible());
+    EXPECT_TRUE(find<QPlainTextEdit>("Text3")->isVisible());
+    EXPECT_EQ(find<QScrollBar>("HScroll1")->value(), 30);
     const auto labels = window->findChildren<QLabel*>();
+    EXPECT_TRUE(
+        std::any_of(labels.begin(), labels.end(), [](QLabel* l) { return l->text() == "V & W, км/с"; }));
 
     form->Command3.setEnabled(false);
     form->Text1.setVisible(false);
@@ -52,6 +60,39 @@ TEST_F(Window, TypedTextIsInTheControlBeforeACommandRuns) {
     EXPECT_EQ(form->typed, 3);  // an unchanged text is not written again
 }
 
+TEST_F(Window, TicksOptionsAndScrollReachTheHandlers) {
+    press("Command1");
+    QTest::mouseClick(find<QCheckBox>("Check1"), Qt::LeftButton, {},
+                      {5, find<QCheckBox>("Check1")->height() / 2});
+    EXPECT_TRUE(form->Check1.on());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find<QLabel>("Label1")->text(), "да");
+
+    const auto shown = [this] {
+        QCoreApplication::processEvents();
+        std::string all;
+        for (const char* name : {"Option1", "Option2", "Option3"})
+            all += find<QRadioButton>(name)->isChecked() ? "1" : "0";
+        return all;
+    };
+    EXPECT_EQ(shown(), "000");
+    find<QRadioButton>("Option2")->click();
+    EXPECT_EQ(shown(), "010");
+    find<QRadioButton>("Option2")->click();  // choosing it once more counts too
+    EXPECT_EQ(form->chosen, 2);
+    form->Option3.choose();
+    EXPECT_EQ(shown(), "001");
+    find<QRadioButton>("Option3")->setFocus();
+    QTest::keyClick(find<QRadioButton>("Option3"), Qt::Key_Up);
+    EXPECT_TRUE(form->Option2.on());
+
+    find<QScrollBar>("HScroll1")->setValue(77);
+    EXPECT_EQ(form->scrolled, 77);
+    form->HScroll1.setValue(500);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find<QScrollBar>("HScroll1")->value(), 500);
+}
+
 TEST_F(Window, AStopReachesARunningCalculationAndFieldsMoveMeanwhile) {
     QString meanwhile;
     soon([&] {
@@ -82,6 +123,16 @@ TEST_F(Window, ARunWithoutAnEndIsSeenToGoOn) {
     EXPECT_TRUE(told(-1).startsWith("Счет занял"));
 }
 
+TEST_F(Window, AResultStandsRightWhenItIsANumberAndLeftWhenItIsWords) {
+    const auto side = [&](const char* text) {
+        form->Text2.setText(text);
+        QCoreApplication::processEvents();
+        return find<QLineEdit>("Text2")->alignment() & Qt::AlignHorizontal_Mask;
+    };
+    EXPECT_EQ(side("нет"), Qt::AlignLeft);
+    EXPECT_EQ(side("1,5"), Qt::AlignRight);
+}
+
 TEST_F(Window, ClosingTheLastWindowEndsItsCalculation) {
     soon([&] { window->close(); });
     QString box = "none";
@@ -109,20 +160,26 @@ TEST_F(Window, AFormMayCloseInItsOwnHandlerAndComeBack) {
     EXPECT_EQ(again.Text1.text(), "19,4");
 }
 
-TEST_F(Window, ThePointerReachesThePictureInItsScale) {
+TEST_F(Window, PicturesKeepTheirShapeAndTheirScaleWhenResized) {
     form->Picture1.setBackground({0, 0, 0});
     form->Picture1.clear();
     form->Picture1.disc(5, -5, 1.5, {0, 255, 0});
     auto* view = static_cast<PictureView*>(find<QWidget>("Picture1"));
-    const QRectF area = view->target();
-    const QPoint spot(qRound(area.left() + 0.75 * area.width()),
-                      qRound(area.top() + 17.0 / 22 * area.height()));
-    QTest::mouseClick(view, Qt::RightButton, {}, spot);
-    EXPECT_TRUE(form->rightButton);
-    EXPECT_NEAR(form->mouse.x(), 5, 20 / area.width());
-    EXPECT_NEAR(form->mouse.y(), -5, 22 / area.height());
-    const QImage look = view->grab().toImage();
-    EXPECT_EQ(look.pixel(spot * look.devicePixelRatio()), qRgb(0, 255, 0));
+    for (const QSize size : {QSize(700, 900), QSize(1300, 600), QSize(900, 520)}) {
+        window->resize(size);
+        QCoreApplication::processEvents();
+        const QRectF area = view->target();
+        EXPECT_NEAR(area.width() / area.height(), 400.0 / 440.0, 1e-9);
+        const QPoint spot(qRound(area.left() + 0.75 * area.width()),
+                          qRound(area.top() + 17.0 / 22 * area.height()));
+        QTest::mouseClick(view, Qt::RightButton, {}, spot);
+        EXPECT_TRUE(form->rightButton);
+        EXPECT_NEAR(form->mouse.x(), 5, 20 / area.width());
+        EXPECT_NEAR(form->mouse.y(), -5, 22 / area.height());
+        const QImage look = view->grab().toImage();
+        EXPECT_EQ(look.pixel(spot * look.devicePixelRatio()), qRgb(0, 255, 0));
+        EXPECT_EQ(look.pixel(area.center().toPoint() * look.devicePixelRatio()), qRgb(0, 0, 0));
+    }
     form->mouse = {99, 99};
     QTest::mouseClick(view, Qt::LeftButton, {}, view->target().topLeft().toPoint() - QPoint(0, 3));
     EXPECT_EQ(form->mouse, QPointF(99, 99));  // beside the picture
@@ -142,6 +199,27 @@ TEST_F(Window, MessagesAndQuestionsWaitForTheirAnswer) {
     desk.message("Ошибка", "Tarvex7m");
     EXPECT_EQ(seen.text, "Ошибка");
     EXPECT_EQ(seen.title, "Tarvex7m");
+}
+
+TEST_F(Window, ResultsStayReadableWhenTheDesktopTurnsDark) {
+    form->Text2.setText("25,5");
+    QCoreApplication::processEvents();
+    const QPalette light = QApplication::palette();
+    const auto contrast = [this](const char* name) {
+        const QPalette& colors = find<QWidget>(name)->palette();
+        return std::abs(colors.color(QPalette::Text).lightness() - colors.color(QPalette::Base).lightness());
+    };
+    const auto shownAs = [this] {  // a result differs from an input
+        return find<QWidget>("Text2")->palette().color(QPalette::Base) !=
+               find<QWidget>("Text1")->palette().color(QPalette::Base);
+    };
+    for (const QPalette& palette : {QPalette(QColor(45, 45, 48), QColor(35, 35, 38)), light}) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        EXPECT_GT(contrast("Text1"), 128);
+        EXPECT_GT(contrast("Text2"), 128);
+        EXPECT_TRUE(shownAs());
+    }
 }
 
 TEST_F(Window, PostedWorkWaitsForTheRunningHandler) {

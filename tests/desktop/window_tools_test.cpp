@@ -113,13 +113,23 @@ TEST_F(WindowTools, APictureIsCopiedAndSavedFromItsMenu) {
     };
     EXPECT_TRUE(saved("Сохранить точки", "a.csv").contains("точка;5;5;;;#ff0000\r\n"));
     EXPECT_TRUE(saved("Сохранить как .svg", "a.svg").contains("fill=\"#ff0000\"/>"));
-    saved("Сохранить как .png", "a.png");
-    const QImage back(QString::fromStdString((folder.path() / "a.png").string()));
-    EXPECT_EQ(back.pixel(300, 100), qRgb(255, 0, 0));
+    for (const char* ending : {".png", ".bmp"}) {
+        saved((std::string("Сохранить как ") + ending).c_str(), (std::string("a") + ending).c_str());
+        const QImage back(QString::fromStdString((folder.path() / (std::string("a") + ending)).string()));
+        EXPECT_EQ(back.pixel(300, 100), qRgb(255, 0, 0)) << ending;
+    }
     QString told;
     EXPECT_EQ(saved("Сохранить как .png", "nowhere/a.png"), "");
     if (auto* box = window->findChild<QMessageBox*>()) told = box->text();
     EXPECT_TRUE(told.startsWith("Файл не записан"));
+}
+
+TEST_F(WindowTools, TheRightButtonStaysWithTheFormThatUsesIt) {
+    auto* other = find<QWidget>("Picture1");
+    openMenuOf(other, {20, 20});
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    openMenuOf(other, {20, 20}, Qt::ShiftModifier);
+    menu()->close();
 }
 
 TEST_F(WindowTools, TablesAreCopiedAsTextForASpreadsheet) {
@@ -149,6 +159,8 @@ TEST_F(WindowTools, WindowsAreListedAndTurnedToByKeys) {
     desk.show("Plain");
     FormWindow* second = screen.windowOf(desk.form("Plain"));
     EXPECT_EQ(openWindows(), (std::vector<QMainWindow*>{window, second}));
+    QString asked;
+    screen.onHelp([&](const Form& asking) { asked = QString::fromStdString(asking.name()); });
 
     const auto keys = [](QWidget* on, int key, Qt::KeyboardModifiers with) {
         on->activateWindow();
@@ -160,6 +172,8 @@ TEST_F(WindowTools, WindowsAreListedAndTurnedToByKeys) {
     EXPECT_EQ(keys(second, Qt::Key_1, Qt::ControlModifier), window);
     EXPECT_EQ(keys(window, Qt::Key_Tab, Qt::ControlModifier), second);
     EXPECT_EQ(keys(second, Qt::Key_Tab, Qt::ControlModifier), window);
+    keys(second, Qt::Key_F1, {});
+    EXPECT_EQ(asked, "Plain");
 
     keys(window, Qt::Key_F6, {});
     ASSERT_EQ(menu()->actions().size(), 2);

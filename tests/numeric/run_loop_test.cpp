@@ -10,6 +10,7 @@
 #include "tests/numeric/allocation_counter.h"
 #include "tests/support/ephemeris_files.h"
 #include "tests/support/test_run.h"
+#include "theories/geometry.h"
 
 namespace tarvex {
 
@@ -67,6 +68,19 @@ TEST(Integrator, ConvergesInTheFourthOrder) {
     const double order = std::log2(std::abs(coarse - best) / std::abs(fine - best));
     EXPECT_NEAR(order, 4, 0.2);
     EXPECT_GT(std::abs(fine - best), 0.1);  // metres: far above rounding
+}
+
+TEST(Integrator, KeepsEnergyAndMomentOfMomentum) {
+    TestRun t;
+    t.settings.boxes.energy = true;
+    t.settings.boxes.measure = false;
+    t.settings.Text40 = "1806";
+    t.motion.kodEpot = t.motion.kodCMnow = 1;
+    t.startAndGo();
+    measureEnergy(t.s, t.motion, t.run, 10);
+    EXPECT_LT(std::abs(t.run.Esys / t.run.E0sys - 1), 1e-8);
+    EXPECT_LT(std::abs(t.run.MKDsys / t.run.MKD0sys - 1), 1e-10);
+    EXPECT_NE(t.run.Esys, t.run.E0sys);
 }
 
 TEST(RunLoop, StopAndContinueEqualAnUnbrokenRun) {
@@ -163,6 +177,7 @@ TEST(RunLoop, OriginFollowsTheLastTickedBox) {
         }
         if (c.row == rowCentre) {
             EXPECT_GT(std::abs(t.s.X[rowCentre]), 1e8);  // where it was before the shift
+            EXPECT_EQ(t.motion.U[66], t.s.X[rowCentre]);
             double sum = 0;
             for (int i = 0; i < 10; ++i) sum += t.s.m[i] * t.s.X[i];
             EXPECT_LT(std::abs(sum / t.run.Msys), 1);
@@ -267,6 +282,25 @@ TEST(RunLoop, AFailedStepGivesBackTheLastGoodState) {
     EXPECT_TRUE(allNumbers(t));
 }
 
+TEST(RunLoop, ImitatorsFollowTheirTheory) {
+    TestRun t;
+    t.settings.model = false;
+    t.settings.boxes.theory = Imitator::JPL0;
+    t.settings.Text39 = "200";
+    t.settings.Text40 = "1803";
+    t.start();
+    EXPECT_EQ(t.run.ModelName, "JPL_0");
+    t.go();
+    const double shown = t.run.AlfaP;
+    t.s.JD = t.s.JDstart + t.run.Tmod / sekD;
+    t.s.Ipl = 1;
+    ElementsJPL0(t.s);
+    EXPECT_NEAR(shown, t.s.AlfaP0[1] * kUgol, 0.01);
+    EXPECT_NEAR(t.run.Eks, t.s.Eks0[1], 1e-6);
+    EXPECT_NEAR(t.run.AlfaU, t.s.AlfaU0[1] * kUgol, 0.01);
+    EXPECT_GE(t.run.NZamer, 11);
+}
+
 TEST(RunLoop, TheEphemerisImitatorCrossesFileBorders) {
     TestRun t;
     std::filesystem::remove(t.folder.path() / "JPL");
@@ -284,7 +318,16 @@ TEST(RunLoop, TheEphemerisImitatorCrossesFileBorders) {
     EXPECT_EQ(t.ephemeris.DEyear, 2000);
     EXPECT_GT(t.run.NZamer, 0);
     EXPECT_NEAR(t.run.AlfaP, 336.06, 0.1);  // osculating perihelion of Mars near 2000
-    t.s.JDstart = 2414992;                  // no such file here
+    // the place of the last pass, one step before the clock that ended the run
+    const double x = t.s.X[4];
+    t.ephemeris.JDjpl -= t.s.DtCur / sekD;
+    DEEvaluate(t.s, t.ephemeris, 0, 1);
+    DEEvaluate(t.s, t.ephemeris, 4, 1);
+    EXPECT_NEAR(x, t.s.X[4] - t.s.X[0], 1);
+    EXPECT_LE(t.ephemeris.JDrec1, t.ephemeris.JDjpl);
+    EXPECT_GT(t.ephemeris.JDrec2, t.ephemeris.JDjpl);
+
+    t.s.JDstart = 2414992;  // no such file here
     EXPECT_THROW(t.start(), FileFailure);
     t.s.JDstart = 2305000;
     EXPECT_THROW(t.start(), Refusal);

@@ -134,6 +134,15 @@ TEST(Eclipses, TransitsOfVenusAndMercury) {
                                           {Kind::Second, h(5, 32, 55)},
                                           {Kind::Third, h(11, 6, 33)},
                                           {Kind::Fourth, h(11, 25, 59)}}},
+                               Published{2,
+                                         2012,
+                                         6,
+                                         5,
+                                         67.6,
+                                         {{Kind::First, h(22, 9, 38)},
+                                          {Kind::Second, h(22, 27, 34)},
+                                          {Kind::Third, h(28, 31, 39)},
+                                          {Kind::Fourth, h(28, 49, 35)}}},
                                Published{1,
                                          2019,
                                          11,
@@ -177,6 +186,30 @@ TEST(Eclipses, LunarOfSeptember2015) {
                             midnight + (2 + 47 / 60.0 + 8 / 3600.0) / 24),
                 0, 40);
     EXPECT_NEAR(event.magnitude, 1.276, 0.06);
+}
+
+/// Sunrise by the altitude of the Sun's centre from an independent formula: declination and equation of time
+/// of the Astronomical Almanac's low-precision Sun, no refraction.
+TEST(Eclipses, SunriseAgainstTheLowPrecisionSun) {
+    Sky sky(69, 30, 50, 11);
+    for (const double start : {2458849.5, 2458940.5, 2459031.5}) {
+        const auto altitude = [&](double JD) {
+            sky.at(JD);
+            return sky.e.altitude[0];
+        };
+        double lo = start, hi = start + 12.0 / 24;
+        for (int i = 0; i < 40; ++i) (altitude((lo + hi) / 2) < 0 ? lo : hi) = (lo + hi) / 2;
+        const double JD = lo, n = JD - 2451545.0;
+        const double g = (357.528 + 0.9856003 * n) / kUgol, q = 280.460 + 0.9856474 * n;
+        const double lambda = (q + 1.915 * std::sin(g) + 0.020 * std::sin(2 * g)) / kUgol,
+                     eps = (23.439 - 4e-7 * n) / kUgol;
+        const double ra = std::atan2(std::cos(eps) * std::sin(lambda), std::cos(lambda)),
+                     dec = std::asin(std::sin(eps) * std::sin(lambda));
+        const double sidereal = (280.46062 + 360.9856474 * n + 30) / kUgol, H = sidereal - ra, f = 50 / kUgol;
+        const double h =
+            std::asin(std::sin(f) * std::sin(dec) + std::cos(f) * std::cos(dec) * std::cos(H)) * kUgol;
+        EXPECT_NEAR(h, 8.8 / 3600, 0.03) << start;  // the parallax is 8.8", the formula good to 0.01 degree
+    }
 }
 
 TEST(Eclipses, ContactsAreFoundAlsoBackwardsInTime) {

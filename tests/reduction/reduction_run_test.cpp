@@ -12,6 +12,7 @@
 #include "reduction/reduction_files.h"
 #include "stats/stat.h"
 #include "tests/support/temp_folder.h"
+#include "theories/perturbations.h"
 #include "theories/secular_theories.h"
 
 namespace tarvex {
@@ -72,9 +73,45 @@ struct Bench : ::testing::Test {
 
 }  // namespace
 
-TEST_F(Bench, ParallaxHasItsSize) {
+TEST_F(Bench, EachCorrectionHasItsSizeByItself) {
     const double JD = 2446895.5;  // 10 April 1987
     s.ObsB = 0;
+    reduce(JD);
+    const SkyPlace ofDate = at(stageOfDate), equator = at(stageEquator), J2000 = at(stageJ2000);
+    EXPECT_NEAR(arcSeconds(ofDate.L, J2000.L), -50.29 * 12.73, 1) << "precession";
+
+    // aberration of the Sun: as good as all of it is the Earth's velocity
+    c.aberrReceiver = true;
+    reduce(JD);
+    EXPECT_NEAR(arcSeconds(at(stageReceiver).L, J2000.L), -20.4, 0.4);
+    EXPECT_LT(std::abs(at(stageReceiver).B - J2000.B) * 3600, 0.5);
+    c.aberrReceiver = false;
+    c.aberrSource = true;
+    reduce(JD);
+    EXPECT_NEAR(arcSeconds(at(stageSource).L, J2000.L), 0, 0.05) << "the Sun itself is at rest";
+    s.IplSel = 4;
+    c.planet = PlanetTheory::Ser0;
+    reduce(JD);
+    EXPECT_GT(std::abs(arcSeconds(at(stageSource).L, at(stageJ2000).L)), 5) << "Mars is not";
+    s.IplSel = 0;
+    c.aberrSource = false;
+
+    // nutation of that date: -3.79 arc seconds in longitude, +9.44 in obliquity
+    c.nutation = true;
+    reduce(JD);
+    s.Ipl = 0;
+    EquToEcl(s, (JD - JD2000) / 36525 + 0);
+    const double eps = 23.4409463 / kUgol, L = ofDate.L / kUgol;
+    const double dAlpha =
+        (std::cos(eps) + std::sin(eps) * std::sin(equator.L / kUgol) * std::tan(equator.B / kUgol)) * -3.788 -
+        std::cos(equator.L / kUgol) * std::tan(equator.B / kUgol) * 9.443;
+    EXPECT_NEAR(arcSeconds(at(stageNutation).L, equator.L), dAlpha, 0.1);
+    EXPECT_NEAR(arcSeconds(at(stageNutation).B, equator.B),
+                std::sin(eps) * std::cos(equator.L / kUgol) * -3.788 + std::sin(equator.L / kUgol) * 9.443,
+                0.1)
+        << L;
+    c.nutation = false;
+
     // parallax: 8.79 arc seconds for a Sun on the horizon, nearly a degree for the Moon
     c.parallax = true;
     for (const auto& [body, most] : std::map<int, double>{{0, 8.9}, {11, 3700}}) {
@@ -98,6 +135,40 @@ TEST_F(Bench, TheSunStandsWhereTheAlmanacHasIt) {
         EXPECT_NEAR(arcSeconds(r.Lt, 198.378178), 0, 60);
         EXPECT_NEAR(arcSeconds(r.Bt, -7.783871), 0, 40);
     }
+}
+
+TEST_F(Bench, AgainstApparentPlacesComputedFromTheEphemerisByOtherRoutines) {
+    const DataTree data(TARVEX_SOURCE_DIR "/data");
+    readPlanetPerturbations(s, data.at(files::perturbations(1)));
+    s.Ipert1 = {0, 2, 3, 2, 3};
+    s.Ipert2 = {0, 5, 5, 5, 5};
+    r.header = r.file.open(data.at(observationFileName("SUMM", 0, "100", "")), "").text;
+    EXPECT_NE(r.header.find("Это не наблюдения"), std::string::npos);
+    s.God0 = 1985;
+    r.GodK = 2004;
+    s.JDepoha = 2446066.5;
+    c.earth = EarthTheory::Ser0Plus;
+    const auto means = [&] {
+        startReduction(all);
+        ReductionRun(all, view);
+        EXPECT_NEAR(r.NObs, 20 * 73, 2);
+        return SkyPlace{3600 * r.sumL / r.NObs, r.criterion[3][2][0]};  // mean of dL, scatter of dB
+    };
+    c.aberrSource = c.aberrReceiver = c.nutation = true;
+    const SkyPlace full = means();
+    EXPECT_NEAR(full.L, 0, 4);
+    EXPECT_LT(r.criterion[2][1][0], 9);
+    c.earthMoonTerms = true;
+    means();
+    EXPECT_LT(r.criterion[2][1][0], 4.5) << "the fitted terms";
+    c.earthMoonTerms = false;
+    c.aberrReceiver = false;
+    EXPECT_NEAR(means().L - full.L, 20.5, 0.5);
+    c.aberrReceiver = true;
+    c.parallax = true;  // the places are free of it: at a pole they move by 8.8 arc seconds in declination
+    s.ObsB = 90;
+    means();
+    EXPECT_NEAR(3600 * r.sumB / r.NObs, -8.79 * 0.96, 1.2);
 }
 
 TEST_F(Bench, RefractionLowersTheTheoryAndTheStagesKeepTheirOrder) {
@@ -289,6 +360,19 @@ TEST_F(Bench, APlanFindsTheElementsThatMadeTheObservations) {
     for (int k = 1; k <= plan.Nplan; ++k) EXPECT_NEAR(plan.Yras[k], plan.Yu[k], 0.02 * plan.Yu[1]);
     plan.Xnul[7] = plan.dXvar[7] = 1.5e308;  // their sum is beyond range
     EXPECT_THROW(layOutExperiments(plan, plan.Nplan), ArithmeticFailure);
+}
+
+TEST_F(Bench, TheTestOfTheRegressionGivesItsOwnTerms) {
+    plan.kodPlan = planOrtho;
+    plan.Nf = 3;
+    plan.Nfact = {0, 1, 4, 7};
+    PlanCenterCount(plan);
+    BuildPlan(plan);
+    runTestOfRegression(plan, 1, plan.Nplan);
+    EXPECT_DOUBLE_EQ(plan.Yu[1], 10) << "all factors at +1";
+    EXPECT_EQ(plan.Xnul[4], 1);
+    EXPECT_EQ(plan.Xnul[2], 0);
+    EXPECT_THROW(runTestOfRegression(plan, 1, 200), std::out_of_range);
 }
 
 }  // namespace tarvex

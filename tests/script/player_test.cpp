@@ -237,6 +237,12 @@ TEST_F(PlayerTest, FormsLoadAtTheFirstReferenceAndAreActivatedByActs) {
     EXPECT_EQ(bench().activations, 2);
 }
 
+TEST_F(PlayerTest, EndsWithTheProgram) {
+    const Outcome played = play("show Other\nBench.Command5\nBench.Command6\nBench.Text99 = никогда\n");
+    EXPECT_EQ(played.failure, "");
+    EXPECT_FALSE(desk.anyLoaded());
+}
+
 TEST_F(PlayerTest, Arithmetic) {
     const struct {
         const char *expression, *shown;
@@ -264,9 +270,12 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         std::string line, failure;
     } cases[] = {
         {"Form99.Text1 = 1", "нет формы «Form99»"},
+        {"show Form99", "нет формы «Form99»"},
         {"close Other", "форма не открыта: «Other»"},
         {"Bench.Text99 = 1", "на форме Bench нет элемента «Text99»"},
         {"Bench.Text5(11) = 1", "нет такого номера: «Bench.Text5(11)»"},
+        {"Bench.Text5 = 1", "нет такого номера: «Bench.Text5»"},
+        {"print Bench.Text5(x)", "нет такого номера: «Bench.Text5(x)»"},
         {"Bench.Command7", "Command7 сейчас недоступен"},
         {"Bench.Text2 = 1", "Text2 - результат, в него не вводят"},
         {"Bench.Text1", "Text1 - не кнопка"},
@@ -275,8 +284,11 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         {"Bench.Option1 = off", "переключатель снимают, включив другой: Option1"},
         {"Bench.HScroll1 = 0", "HScroll1 меняется от 1 до 10000"},
         {"Bench.HScroll1 = 1,5", "ожидается число"},
+        {"Bench.HScroll1 = 1e99", "слишком большое число"},
+        {"Bench.Picture1", "Picture1 - не кнопка"},
         {"Bench.Picture1 press 1,1 left", "непонятное действие: «press»"},
         {"Bench.Picture1 release 1 left", "ожидаются координаты X,Y"},
+        {"Bench.Picture1 release 1,a left", "ожидается число"},
         {"Bench.Picture1 release 1,1 middle", "ожидается left или right"},
         {"Bench.Picture2 click 1,1 left", "Picture2 не отвечает на мышь"},
         {"Bench.Text1 click 1,1 left", "Text1 - не рисунок"},
@@ -286,17 +298,25 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         {"print a", "нет числа с именем «a»"},
         {"print state.NoSuch", "нет общей переменной «NoSuch»"},
         {"print state.AlfaL(3)", "неверный номер: «AlfaL(3)»"},
+        {"print state.AlfaL", "неверный номер: «AlfaL»"},
+        {"print state.AlfaL(1", "неверный номер: «AlfaL(1»"},
         {"let 5 = 5", "ожидается ИМЯ = выражение"},
+        {"let a 5", "ожидается ИМЯ = выражение"},
         {"let a =", "в выражении ожидается число или имя"},
+        {"let a = 1 +", "в выражении ожидается число или имя"},
         {"let a = (1", "не закрыта скобка"},
         {"let a = 1 2", "лишнее в выражении: «2»"},
         {"let a = 1.2.3", "в выражении не число"},
+        {"let a = state.NameData", "в выражении не число"},
         {"let a = 1 / (2 - 2)", "деление на нуль или слишком большое число"},
+        {"let a = 1e300 * 1e300", "деление на нуль или слишком большое число"},
         {deep, "слишком много скобок"},
         {"answer maybe", "ожидается answer yes или answer no"},
         {"Bench.Command4", "на вопрос нет ответа (answer yes или answer no): Заменить файл?"},
+        {"at yield x Bench.Command3", "ожидается число"},
         {"at yield 0 Bench.Command3", "номер уступки считается от 1"},
         {"at yield 1", "после at yield N нет действия"},
+        {"at once Bench.Command3", "ожидается at yield N ..."},
         {"save Bench.Text1 a.png", "Text1 - не рисунок"},
         {"save Bench.Picture1 a.gif", "рисунок сохраняют в файл .png, .bmp, .svg или .csv"},
         {noFile, "не удалось записать «/nowhere/a.png»"},
@@ -312,6 +332,15 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         EXPECT_EQ(played.failure, "2: " + failure);
         EXPECT_EQ(played.out, "");
     }
+}
+
+TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
+    const std::string csv = (folder.path() / "a.csv").string(), svg = (folder.path() / "a.svg").string();
+    const Outcome played = play("Bench.Picture1 release -2.5,10 left\nsave Bench.Picture1 " + csv +
+                                "\nsave Bench.Picture1 " + svg);
+    EXPECT_EQ(played.failure, "");
+    EXPECT_EQ(test::readBytes(csv), "\xEF\xBB\xBFвид;x;y;x2;y2;цвет\r\nточка;-2,5;10;;;#ff0000\r\n");
+    EXPECT_NE(test::readBytes(svg).find("fill=\"#ff0000\"/>"), std::string::npos);
 }
 
 TEST_F(PlayerTest, OnlyPicturesThatAScriptSavesAreDrawn) {
