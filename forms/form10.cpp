@@ -30,14 +30,7 @@ constexpr std::array<StageFields, chainStages> stageFields = {{{"Text21", "Text2
 
 Form10::Form10(Laboratory& lab_)
     : Form(lab_.desk, formName, "Обработка первичных данных наблюдений"),
-      Option4(this, 0, 10,
-              [](int i) {
-                  return OptionButton::Spec{.name = "Option4",
-                                            .caption = tableCaptions[i],
-                                            .group = "table",
-                                            .on = i == 0,
-                                            .hint = tableHint(i)};
-              }),
+      Option4(this, 0, 10, tableOption),
       Option9(this, 0, 7,
               [](int i) {
                   return OptionButton::Spec{

@@ -42,14 +42,7 @@ std::string hms(ModelState& s, double day) {
 
 Form16::Form16(Laboratory& lab_)
     : Form(lab_.desk, formName, "Неравномерность вращения Земли (ET-UT)"),
-      Option4(this, 0, 10,
-              [](int i) {
-                  return OptionButton::Spec{.name = "Option4",
-                                            .caption = tableCaptions[i],
-                                            .group = "table",
-                                            .on = i == 0,
-                                            .hint = tableHint(i)};
-              }),
+      Option4(this, 0, 10, tableOption),
       Option9(this, 0, 4,
               [](int i) {
                   return OptionButton::Spec{

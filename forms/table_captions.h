@@ -26,6 +26,12 @@ inline std::string tableHint(int i) {
            " из папки Tab и взять ее место и начало";
 }
 
+/// The option of table i; none is chosen at first.
+inline OptionButton::Spec tableOption(int i) {
+    return {
+        .name = "Option4", .caption = tableCaptions[i], .group = "table", .on = i == 0, .hint = tableHint(i)};
+}
+
 /// The options as cells of a table.
 inline std::vector<Layout> tableCells(const OptionButtons& options) {
     std::vector<Layout> cells;
