@@ -14,7 +14,7 @@
 #include "desktop/desktop_screen.h"
 #include "desktop/look.h"
 #include "desktop/toolkit.h"
-#include "forms/form3.h"
+#include "forms/help_form.h"
 #include "forms/laboratory.h"
 
 namespace {

@@ -1,30 +1,30 @@
-#include "forms/form1.h"
-#include "forms/form10.h"
-#include "forms/form11.h"
-#include "forms/form12.h"
-#include "forms/form13.h"
-#include "forms/form14.h"
-#include "forms/form15.h"
-#include "forms/form16.h"
-#include "forms/form17.h"
-#include "forms/form18.h"
-#include "forms/form19.h"
-#include "forms/form2.h"
-#include "forms/form20.h"
-#include "forms/form21.h"
-#include "forms/form22.h"
-#include "forms/form23.h"
-#include "forms/form24.h"
-#include "forms/form25.h"
-#include "forms/form26.h"
-#include "forms/form3.h"
-#include "forms/form4.h"
-#include "forms/form5.h"
-#include "forms/form6.h"
-#include "forms/form7.h"
-#include "forms/form8.h"
-#include "forms/form9.h"
+#include "forms/aberration_form.h"
+#include "forms/converter_form.h"
+#include "forms/eccentric_form.h"
+#include "forms/eclipse_form.h"
+#include "forms/elements_form.h"
+#include "forms/ephemeris_form.h"
+#include "forms/et_ut_form.h"
+#include "forms/file_tree_form.h"
+#include "forms/gravity_bench_form.h"
+#include "forms/help_form.h"
 #include "forms/laboratory.h"
+#include "forms/laws_form.h"
+#include "forms/moon_form.h"
+#include "forms/moon_perturbations_form.h"
+#include "forms/notation_form.h"
+#include "forms/observation_plan_form.h"
+#include "forms/observations_form.h"
+#include "forms/plan_form.h"
+#include "forms/plan_tests_help_form.h"
+#include "forms/plan_workshop_form.h"
+#include "forms/planet_perturbations_form.h"
+#include "forms/pulsar_form.h"
+#include "forms/run_form.h"
+#include "forms/statistics_form.h"
+#include "forms/system_velocity_form.h"
+#include "forms/two_bodies_form.h"
+#include "forms/weights_form.h"
 
 namespace tarvex {
 
@@ -39,32 +39,32 @@ void add(Laboratory& lab) {
 }  // namespace
 
 void addForms(Laboratory& lab) {  // in the order of their numbers, the order in which exit unloads them
-    add<Form1>(lab);
-    add<Form2>(lab);
-    add<Form3>(lab);
-    add<Form4>(lab);
-    add<Form5>(lab);
-    add<Form6>(lab);
-    add<Form7>(lab);
-    add<Form8>(lab);
-    add<Form9>(lab);
-    add<Form10>(lab);
-    add<Form11>(lab);
-    add<Form12>(lab);
-    add<Form13>(lab);
-    add<Form14>(lab);
-    add<Form15>(lab);
-    add<Form16>(lab);
-    add<Form17>(lab);
-    add<Form18>(lab);
-    add<Form19>(lab);
-    add<Form20>(lab);
-    add<Form21>(lab);
-    add<Form22>(lab);
-    add<Form23>(lab);
-    add<Form24>(lab);
-    add<Form25>(lab);
-    add<Form26>(lab);
+    add<ElementsForm>(lab);
+    add<RunForm>(lab);
+    add<HelpForm>(lab);
+    add<SystemVelocityForm>(lab);
+    add<NotationForm>(lab);
+    add<StatisticsForm>(lab);
+    add<GravityBenchForm>(lab);
+    add<PlanTestsHelpForm>(lab);
+    add<FileTreeForm>(lab);
+    add<ObservationsForm>(lab);
+    add<AberrationForm>(lab);
+    add<ConverterForm>(lab);
+    add<ObservationPlanForm>(lab);
+    add<EccentricForm>(lab);
+    add<PlanForm>(lab);
+    add<EclipseForm>(lab);
+    add<EtUtForm>(lab);
+    add<PlanWorkshopForm>(lab);
+    add<WeightsForm>(lab);
+    add<MoonForm>(lab);
+    add<MoonPerturbationsForm>(lab);
+    add<PlanetPerturbationsForm>(lab);
+    add<LawsForm>(lab);
+    add<EphemerisForm>(lab);
+    add<TwoBodiesForm>(lab);
+    add<PulsarForm>(lab);
 }
 
 }  // namespace tarvex

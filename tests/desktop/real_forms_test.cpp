@@ -1,10 +1,10 @@
 // A calculation of the laboratory in its window: stopped, ended, helped; its picture where it is looked at.
 
 #include "desktop/picture_view.h"
-#include "forms/form15.h"
-#include "forms/form2.h"
-#include "forms/form3.h"
-#include "forms/form6.h"
+#include "forms/help_form.h"
+#include "forms/plan_form.h"
+#include "forms/run_form.h"
+#include "forms/statistics_form.h"
 #include "tests/desktop/every_form.h"
 
 namespace tarvex {
@@ -48,7 +48,7 @@ struct RealForms : ::testing::Test {
 
 TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt) {
     lab.desk.show("Form15");
-    auto& form = lab.desk.get<Form15>();
+    auto& form = lab.desk.get<PlanForm>();
     FormWindow* window = &windowOf("Form15");
     window->resize(1100, 600);
     QTest::qWait(50);
@@ -79,7 +79,7 @@ TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt
 }
 
 TEST_F(RealForms, AStopReachesARunningExperiment) {
-    auto& form = lab.desk.get<Form2>();
+    auto& form = lab.desk.get<RunForm>();
     form.Check14.set(true);
     form.Text40.setText("2900");
     bool running = false;
@@ -100,7 +100,7 @@ TEST_F(RealForms, AStopReachesARunningExperiment) {
 }
 
 TEST_F(RealForms, TheEndOfARunIsToldInItsWindow) {
-    auto& form = lab.desk.get<Form2>();
+    auto& form = lab.desk.get<RunForm>();
     form.Check14.set(true);
     form.Text40.setText("1802");
     lab.desk.show("Form1");  // the user works elsewhere meanwhile
@@ -131,8 +131,8 @@ TEST_F(RealForms, AMessageBringsTheFieldThatHoldsNoNumberIntoSight) {
     FormWindow& window = windowOf("Form6");
     auto* field = test::find<QLineEdit>(window, "Text23");
     ASSERT_FALSE(field->isVisible());  // on a tab that is not in front
-    lab.desk.get<Form6>().Text23.setText("две");
-    lab.desk.get<Form6>().Command9.press();
+    lab.desk.get<StatisticsForm>().Text23.setText("две");
+    lab.desk.get<StatisticsForm>().Command9.press();
     EXPECT_EQ(said.size(), 1);
     EXPECT_TRUE(field->isVisible());
     EXPECT_EQ(window.focusWidget(), field);

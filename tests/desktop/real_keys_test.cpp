@@ -7,8 +7,8 @@
 #include <QStandardPaths>
 
 #include "desktop/picture_view.h"
-#include "forms/form1.h"
-#include "forms/form2.h"
+#include "forms/elements_form.h"
+#include "forms/run_form.h"
 #include "tests/desktop/every_form.h"
 
 namespace tarvex {
@@ -68,7 +68,7 @@ struct RealKeys : test::WindowTest {
         test::makeTree(folder);
         Laboratory lab(screen, folder.path());
         lab.desk.show("Form1");
-        auto& first = lab.desk.get<Form1>();
+        auto& first = lab.desk.get<ElementsForm>();
         FormWindow* window1 = screen.windowOf(first);
         QTest::qWait(100);
         auto* year = test::find<QLineEdit>(*window1, "Text34");
@@ -81,7 +81,7 @@ struct RealKeys : test::WindowTest {
         test::find<QPushButton>(*window1, "Command1")->setFocus();
         hands("xdotool key Return; sleep 0.3");
         ASSERT_TRUE(lab.desk.isLoaded("Form2"));
-        FormWindow* window2 = screen.windowOf(lab.desk.get<Form2>());
+        FormWindow* window2 = screen.windowOf(lab.desk.get<RunForm>());
         EXPECT_TRUE(window2->isVisible());
         test::find<QPushButton>(*window2, "Command1")->setFocus();
         bool running = false;

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "forms/form3.h"
-#include "forms/form9.h"
+#include "forms/file_tree_form.h"
+#include "forms/help_form.h"
 #include "forms/help_text.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -23,7 +23,7 @@ TEST_F(HelpForms, EveryVisibleControlHasAHintOfOneLine) {
 }
 
 TEST_F(HelpForms, EachFormHasItsPurposeItsPageAndIsFoundInTheList) {
-    auto& help = lab.desk.get<Form3>();
+    auto& help = lab.desk.get<HelpForm>();
     help.Option3.choose();
     const std::string list = help.Text1.text();
     for (const std::string& name : lab.desk.names()) {
@@ -45,7 +45,7 @@ TEST_F(HelpForms, EachFormHasItsPurposeItsPageAndIsFoundInTheList) {
 }
 
 TEST_F(HelpForms, SearchShowsOnlyWhatMatches) {
-    auto& help = lab.desk.get<Form3>();
+    auto& help = lab.desk.get<HelpForm>();
     const std::string road = help.Text1.text();
     const auto search = [&](const char* words) {
         help.Text2.setText(words);
@@ -66,7 +66,7 @@ TEST_F(HelpForms, MapCountsWhatLiesOnTheDisk) {
     test::writeBytes(folder.path() / "Dat/Tarvex2.dat", "12");
     test::writeBytes(folder.path() / "Dat/Tarvex10.dat", "12");
     test::writeBytes(folder.path() / "Dat/.gitkeep", "");
-    auto& form = lab.desk.get<Form9>();
+    auto& form = lab.desk.get<FileTreeForm>();
     EXPECT_EQ(form.Text1(2).text(), "2 файла");
     EXPECT_EQ(form.Text1(12).text(), "нет папки");  // Arhiv is not there
     const std::string text = form.Text2.text();

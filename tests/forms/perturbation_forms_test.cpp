@@ -1,5 +1,5 @@
-#include "forms/form21.h"
-#include "forms/form22.h"
+#include "forms/moon_perturbations_form.h"
+#include "forms/planet_perturbations_form.h"
 #include "tests/forms/lab_fixture.h"
 #include "theories/perturbations.h"
 
@@ -10,7 +10,7 @@ namespace {
 const test::RecordingScreen::Message badData{"Введите правильно данные", "Tarvex7"};
 
 struct Form21Test : test::LabTest {
-    Form21& form = lab.desk.get<Form21>();
+    MoonPerturbationsForm& form = lab.desk.get<MoonPerturbationsForm>();
     ModelState& s = lab.s;
 };
 
@@ -66,7 +66,7 @@ TEST_F(Form22Test, LoadTakesTheFileAndUnloadKeepsTheTable) {
                 EXPECT_DOUBLE_EQ(s.kLp[r][body * 10 + k], (body * 1000 + r * 100 + k) / 1e6);
     EXPECT_EQ(s.Ipert1, (std::array<std::int32_t, 5>{0, 2, 3, 2, 3}));
     EXPECT_EQ(s.Ipert2, (std::array<std::int32_t, 5>{0, 5, 5, 5, 5}));
-    auto& form = lab.desk.get<Form22>();
+    auto& form = lab.desk.get<PlanetPerturbationsForm>();
     form.Text4.setText("6");
     form.Text2.setText("7");
     form.Command1.press();
@@ -77,14 +77,14 @@ TEST_F(Form22Test, LoadTakesTheFileAndUnloadKeepsTheTable) {
 TEST_F(Form22Test, WithoutItsFileItShowsTheMessageAndStaysAtZero) {
     std::filesystem::remove(folder.path() / "Dat" / "dL1.dat");
     s.kLp[1][11] = 5;
-    auto& form = lab.desk.get<Form22>();
+    auto& form = lab.desk.get<PlanetPerturbationsForm>();
     EXPECT_EQ(screen.onlyMessage(), badData);
     EXPECT_EQ(s.kLp, (decltype(s.kLp){}));
     EXPECT_EQ(form.Text1(11).text(), "0");
 }
 
 TEST_F(Form22Test, SavedAmplitudesComeBackCutToMillionths) {
-    auto& form = lab.desk.get<Form22>();
+    auto& form = lab.desk.get<PlanetPerturbationsForm>();
     form.Text10.setText("7");
     form.Text1(11).setText("0,0000019");
     form.Text1(88).setText("-1,5");
@@ -100,7 +100,7 @@ TEST_F(Form22Test, SavedAmplitudesComeBackCutToMillionths) {
 }
 
 TEST_F(Form22Test, BadFilesAndFieldsLoseNothing) {
-    auto& form = lab.desk.get<Form22>();
+    auto& form = lab.desk.get<PlanetPerturbationsForm>();
     const auto kept = s.kLp;
     const std::string whole = sampleFile();
     std::string word = whole;

@@ -1,0 +1,98 @@
+// Form16: eclipses by the ancient tables.
+#include "core/calendar.h"
+#include "core/clock.h"
+#include "forms/eclipse_form.h"
+#include "forms/et_ut_form.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr int almagest = 4, tycho = 9;  ///< tables by their option
+/// Start years of the tables on this form, by option; 0 where nothing is set.
+constexpr std::array startYears = {0, 900, 1252, 800, 884, 0, 0, 1600, 1620, 0, 1640};
+
+}  // namespace
+
+/// The labels and choices that go with tables or theories.
+void EclipseForm::chooseData(bool tables) {
+    if (!tables) table_.close();
+    (tables ? Option9 : Option4)(0).choose();
+    if (tables) {
+        Option16.choose();
+        for (int i = 0; i < 6; ++i) {
+            StagesSun(i).setText("");
+            StagesBody(i).setText("");
+        }
+    }
+    Label16.setCaption("день от 1.1.1 г. н.э.");
+}
+
+void EclipseForm::chooseTable(int i) {
+    ModelState& s = lab.s;
+    if (i == 0 || i == tycho || !Option1.on())
+        return;  // the table of Tycho is offered here and does nothing: meant
+    const AncientTable& table = ancientTable(i);
+    if (table_.table == &table) return;
+    table_.close();
+    s.NameData = table.name;
+    if (startYears[i] > 0) {
+        Option16.choose();
+        (i == almagest ? Option7 : Option6).choose();
+        Text2.setText(i == almagest ? "16" : "1");
+        Text3.setText(i == almagest ? "6" : "1");
+        Text4.show(startYears[i]);
+    }
+    // all fields before the workbook: a table that is open needs no second choice
+    s.IplSel = bodyTyped();
+    s.ObsL = Text24.number();
+    s.ObsB = Text25.number();
+    const std::string path = lab.tree.at(tableFileName(table)).string();
+    stage("Не найден файл\r\n" + path, "Tarvex6", [&] { openTable(table_, i, lab.office, lab.tree); });
+
+    s.kodKalend = i == almagest ? 2 : 1;
+    s.TimeZone = 12;
+    NormalizeDate(s, Text2.number(), Text3.int32(), Text4.int32());
+    s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
+    s.JDepoha = s.JDut0 = s.JDet = s.JD;
+    kalend_ = s.kodKalend;
+    zone_ = s.TimeZone;
+    s.kodKalend = 0;
+    s.TimeZone = 0;
+    table_.PrecTab0 = 0;
+    try {
+        readTable(false);
+    } catch (const Refusal&) {
+        table_.close();  // so that the same choice tries again
+        throw;
+    }
+    table_.PrecTab0 = s.Prec;
+    // Form17 takes its fields anew, with the laws that stand there
+    if (desk().isLoaded("Form17")) desk().get<EtUtForm>().Text5.setText(timeOfDay());
+}
+
+/// The Sun and the body from the workbook for this moment, at the local time of the place.
+void EclipseForm::readTable(bool correct) {
+    ModelState& s = lab.s;
+    ObservedDate date;
+    s.kodKalend = kalend_;
+    s.TimeZone = zone_;
+    double JD = s.JDet + s.ObsL / 15 / 24;
+    DateFromJD(s, JD);
+    s.kodKalend = 0;
+    s.TimeZone = 0;
+    date.takeFrom(s);
+    double corrected = 0;
+    try {
+        corrected = ReadTableCells(s, table_, date, almagestPrecEclipse, correct, true);
+    } catch (const std::exception& failure) {
+        s.kodStop = 1;
+        // A workbook whose office has gone is closed: the same choice then opens it again.
+        if (dynamic_cast<const OfficeFailure*>(&failure) != nullptr) table_.close();
+        throw Refusal("Ошибка вычислений в таблицах", "Tarvex6");
+    }
+    Text31.show(cut6(s.Prec));
+    Text41.show(cut6(corrected));
+}
+
+}  // namespace tarvex

@@ -1,0 +1,126 @@
+// Form10: the experiments of a plan on observations, their regression and what is printed of them.
+#include <algorithm>
+
+#include "core/arithmetic.h"
+#include "core/numbers.h"
+#include "forms/observation_plan_form.h"
+#include "forms/observations_form.h"
+#include "stats/stat.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr double responseColumn = 8.5, regressionColumn = 11.5, coefficientColumn = 20;
+constexpr double firstResponse = 10.5;  ///< below the top of the graph
+constexpr double factorColumn = 1.1;    ///< width
+
+std::string cutText(double value, double scale) { return toText(Fix(value * scale) / scale); }
+
+}  // namespace
+
+void ObservationsForm::printResponse(int k) {
+    Picture4.text(responseColumn, graphTop() - firstResponse - k / 2.0, toText(cut6(lab.plan.Yu.at(k))));
+}
+
+/// Brings the plan and its results into sight.
+void ObservationsForm::showExperiments() {
+    Picture4.lookAt(graphTop(), graphTop() - firstResponse - (lab.plan.Nplan + 1) / 2.0);
+}
+
+void ObservationsForm::runExperiments() {
+    if (running_) return;
+    showExperiments();
+    PlanBlock& plan = lab.plan;
+    ReductionState& r = lab.reduction;
+    const auto bounds = [this, &plan](int& first, int& last) {
+        first = Text26.int32();
+        last = Text27.int32();
+        if (first < 1 || last > plan.Nplan) throw SubscriptFailure("no such experiment in the plan");
+    };
+    int first = 0, last = 0;
+    if (Check8.on()) {
+        bounds(first, last);
+        auto& form = desk().get<ObservationPlanForm>();
+        for (int f = 1; f <= plan.Nf; ++f) {
+            form.Text1(plan.Nfact[f]).setText("0");
+            form.Text2(plan.Nfact[f]).setText("1");
+        }
+        runTestOfRegression(plan, first, last);
+        for (int k = first; k <= last; ++k) printResponse(k);
+        return;
+    }
+    if (!ReadRunParams()) return;
+    bounds(first, last);
+    layOutExperiments(plan, last);
+    for (int k = first; k <= last; ++k) {
+        Text26.show(k);
+        r.experiment = k;
+        startPasses(reduction());
+        pass();
+        if (r.NObs > 0) printResponse(k);
+        if (lab.s.kodStop == 1) break;
+        if (!r.choices.tables) r.file.rewind();
+    }
+    restoreStart();
+    if (Check30.on()) desk().screen().notify("Эксперименты выполнены");
+}
+
+void ObservationsForm::findRegression() {
+    PlanBlock& plan = lab.plan;
+    fitResponses(plan);
+    showExperiments();
+    const double top = graphTop() - firstResponse;
+    printCoefficients(Picture4, plan, coefficientColumn, top);
+    for (int k = 1; k <= plan.Nplan; ++k)
+        Picture4.text(regressionColumn, top - k / 2.0, toText(cut6(plan.Yras[k])), regressionColor);
+}
+
+void ObservationsForm::plotFactors() {
+    PlanBlock& plan = lab.plan;
+    if (plan.Nplan < 1) throw Failure("no plan");
+    const auto [least, most] = std::minmax_element(plan.Yu.begin() + 1, plan.Yu.begin() + 1 + plan.Nplan);
+    plan.Ymin = *least;
+    plan.Ymax = *most;
+    plan.Mcrit = (plan.Ymax - plan.Ymin) / 10;
+    page_.showPlots(Picture4);
+    plotAlongFactors(
+        Picture4, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
+}
+
+/// The plan as it stands: levels and optimum of the factors, speeds, the table of its points.
+void ObservationsForm::ShowPlanSummary() {
+    const PlanBlock& plan = lab.plan;
+    const ReductionState& r = lab.reduction;
+    clearGraph();
+    double y = graphTop();
+    showExperiments();
+    const auto print = [&](const std::string& text) {
+        Picture4.text(planLeft, y, text);
+        y -= planLine;
+    };
+    std::string second = r.header;
+    for (const bool skip : {true, false}) {
+        const auto end = second.find("\r\n");
+        second = skip ? (end == std::string::npos ? "" : second.substr(end + 2)) : second.substr(0, end);
+    }
+    print(second);
+    print(std::to_string(lab.s.God0) + " по " + std::to_string(r.GodK));
+    print("Нулевые уровни, интервалы варьирования и оптимальные значения параметров");
+    for (int i = 1; i <= 9; ++i)
+        print("X" + std::to_string(i) + "   " + cutText(plan.Xnul[i], 1e9) + "   " + toText(plan.dXvar[i]) +
+              "            Xopt" + std::to_string(i) + "   " + cutText(plan.Xopt[i], 1e6) + "   " +
+              cutText(plan.XoptR[i], 1e9));
+    print("Скорость Солнечной системы по осям X Y Z км/с и прецессия (угл. сек.) за 100 лет и вес точки");
+    print(toText(lab.s.VXsys) + "   " + toText(lab.s.VYsys) + "   " + toText(lab.s.VZsys) + "   " +
+          toText(r.choices.Precess) + "   " + cutText(plan.Xnul[8], 1e6));
+    print("Номер эксперимента, уровни и значение критерия (экспериментальное и расчетное)");
+    for (int k = 1; k <= plan.Nplan; ++k) {
+        const double line = graphTop() - firstResponse - k / 2.0;
+        Picture4.text(planLeft, line, std::to_string(k));
+        for (int f = 1; f <= plan.Nf; ++f)
+            Picture4.text(planLeft + factorColumn * f, line, cutText(plan.PlanX[f][k], 100));
+    }
+}
+
+}  // namespace tarvex

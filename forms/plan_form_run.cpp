@@ -1,0 +1,111 @@
+// Form15: the experiments of a plan, one after another on Form2.
+
+#include <chrono>
+
+#include "core/arithmetic.h"
+#include "forms/plan_form.h"
+#include "initial/start_up.h"
+#include "stats/gravity_plan.h"
+#include "stats/plan_file.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* driven = "Form2";
+
+template <class T>
+T& controlOf(Form& form, const char* name) {
+    auto* control = dynamic_cast<T*>(form.find(name));
+    if (control == nullptr) throw Failure(form.name() + " has no " + name);
+    return *control;
+}
+
+/// Seconds of the day, the value that triggers a run.
+double timer() {
+    using namespace std::chrono;
+    const auto now = system_clock::now().time_since_epoch();
+    return cut6(duration<double>(now % hours(24)).count());
+}
+
+}  // namespace
+
+void PlanForm::RunExperiments() {
+    PlanBlock& p = lab.plan;
+    p.NexpKon = Text6.int16();
+    readLevels();
+    setNaturalLevels(p);
+    for (int i = 1; i <= p.Nf; ++i) Text13(p.Nfact[i]).show(p.XU[p.Nfact[i]][p.Nplan]);
+    // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
+    if (!elementsHandedOver(lab.s)) {
+        handOverElements(lab.s);
+        planRead = "Элементы орбит для измерений взяты с формы 1";
+        tellState();
+    }
+    prepareForm2();
+    lab.motion.kodVgr = 1;
+    lab.motion.kodDX = 2;
+    lab.motion.kodPgr = 5;
+    if (!Check3(5).on() && p.Xnul[5] == 0) lab.motion.kodPgr = 0;
+    lab.s.NPlan = Text4.int16();
+    p.kodTestHead = 0;
+    try {
+        NextExperiment();  // the end of each run starts the next inside this call
+    } catch (...) {
+        endBatch();
+        throw;
+    }
+    endBatch();
+}
+
+/// The batch is over: done, stopped, or ended by an error somewhere on the way.
+void PlanForm::endBatch() {
+    lab.s.NPlan = 0;
+    if (lab.plan.Nexp <= lab.plan.NexpKon) lab.run.kodTest = 0;
+    progress(-1);
+}
+
+void PlanForm::prepareForm2() {
+    desk().show(driven);
+    Form& form = desk().form(driven);
+    controlOf<OptionButton>(form, "Option3").choose();
+    struct Tick {
+        const char* name;
+        bool on;
+    };
+    // Start reads kodVgr back from Check13: without the tick of this form the plan runs with no speed of
+    // gravity
+    const Tick ticks[] = {{"Check3", false}, {"Check4", true},         {"Check20", true},
+                          {"Check22", true}, {"Check13", Check6.on()}, {"Check14", true},
+                          {"Check17", true}, {"Check12", false},       {"Check2", false}};
+    for (const Tick& tick : ticks) controlOf<CheckBox>(form, tick.name).set(tick.on);
+}
+
+void PlanForm::NextExperiment() {
+    PlanBlock& p = lab.plan;
+    ModelState& s = lab.s;
+    p.Nexp = Text5.int16();
+    if (p.Nexp > p.NexpKon) {
+        desk().screen().notify("Эксперименты плана выполнены   (\\Arhiv\\Zvuk_end1.wav)");
+        return;
+    }
+    if (p.Nexp < 1 || p.Nexp > experiments(p)) throw SubscriptFailure("experiment number");
+    const auto factor = [&](int i) { return p.XU[i][p.Nexp]; };
+    s.VXsys = factor(1);
+    s.VYsys = factor(2);
+    s.VZsys = factor(3);
+    lab.motion.Vgr = finite(factor(4) * Vsv);
+    lab.motion.kPgr1 = factor(5);
+    lab.motion.kPgr2 = Check5.on() ? 0 : factor(5);
+    s.m[5] = ratio(s.m[0], factor(6));
+    s.m[2] = ratio(s.m[0], factor(7));
+    for (int i = 1; i <= gravityFactors; ++i) Text13(i).show(factor(i));
+    progress((p.Nexp - 1.0) / p.NexpKon);
+    desk().show(driven);
+    Form& form = desk().form(driven);
+    controlOf<TextField>(form, "Text8").show(p.Nexp);
+    controlOf<TextField>(form, "Text35").show(factor(4));
+    controlOf<TextField>(form, "Text53").show(timer());
+}
+
+}  // namespace tarvex

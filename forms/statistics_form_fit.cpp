@@ -1,0 +1,206 @@
+// Form6: the fit of the sample, the test series and the search over group sizes.
+
+#include "core/arithmetic.h"
+#include "core/calendar.h"
+#include "forms/statistics_form.h"
+
+namespace tarvex {
+
+namespace {
+constexpr Color red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, black{0, 0, 0};
+constexpr double curveStep = 20;         ///< days between the points of the curves
+constexpr double mostCurvePoints = 1e6;  ///< more is no span of a series
+}  // namespace
+
+void StatisticsForm::readSettings() {
+    settings.equation = Option9.on()    ? Equation::Constant
+                        : Option11.on() ? Equation::Parabola
+                                        : Equation::Line;
+    settings.first = Text15.int32();
+    settings.last = Text16.int32();
+    settings.unitWeights = Check4.on();
+    yearIG = Text19.number();
+}
+
+void StatisticsForm::FitSample() {
+    SeriesData& d = lab.series;
+    for (TextField* field : {&Text11, &Text12, &Text13}) field->setText("0");
+    originYear = Text23.number();
+    lab.s.kodErrDate = 0;
+    settings.T0 = JDfromDate(lab.s, 1.5, 1, toInt32(originYear));
+    if (lab.s.kodErrDate != 0) return;
+    if (Check8.on()) makeTestSeries();
+    if (const char* unit = shiftUnit(d.Nparam).caption) Label20.setCaption(unit);
+    readSettings();
+    count = Text3.int32();
+    d.at(count);
+    MT = Text1.number();
+    Mpar = Text2.number();
+    searchX = Text29.number();
+    searchY = Text7.number();
+    chosenColor();
+
+    const bool search = Check6.on();
+    if (search) Text4.setText("1");
+    const int NCP0 = Text4.int16(), n = settings.size(), NgrMin = settings.leastGroups();
+    if (NCP0 < 1) throw SubscriptFailure("size of a group");
+    const int NCPmax = search ? n / NgrMin : NCP0;
+    if (n / NCP0 < NgrMin)
+        throw Refusal("Первичные данные должны быть\r\nразбиты минимум на " + toText(NgrMin) + " группы",
+                      "Tarvex7");
+    dYgr.assign(NCPmax + 1, 0);
+    Sigma2gr.assign(NCPmax + 1, 0);
+    for (int NCP = NCP0; NCP <= NCPmax; ++NCP) passOfSize(NCP, !search);
+    if (search) GroupSearchReport(NCPmax);
+    keepShift();
+}
+
+void StatisticsForm::makeTestSeries() {
+    SeriesData& d = lab.series;
+    const int n = Text3.int32();
+    if (n < 1 || n > maxRecords) throw SubscriptFailure("count of records");
+    const double k0 = Text37.number(), k1 = Text36.number(), k2 = Text35.number(), k3 = Text14.number();
+    d.Nparam = parAlfaL0;
+    d.JD0 = settings.T0 = 1721058;
+    originYear = 0;
+    Text23.setText("0");
+    d.kodData = dataTest;
+    d.records.assign(n, {});
+    std::uniform_real_distribution<double> uniform(0, 1);
+    Ymax = 0;
+    Ymin = MK;
+    for (int i = 1; i <= n; ++i) {
+        Record& r = d.records[i - 1];
+        r.dTd = i * 36525.0 / n * 25;
+        const double T = r.dTd / 36525;
+        const double value = finite(k0 + k1 * T + k2 * T * T + (uniform(random) - 0.5) * k3);
+        r.Par[parAlfaL0] = value;
+        if (value > Ymax) Ymax = value;
+        if (value < Ymin) Ymin = value;
+    }
+    MT = 100;
+    Mpar = (Ymax - Ymin) / 10;
+    Text1.setText("100");
+    Text2.show(Mpar);
+    drawEmpty(13, 29.5, true);
+    Picture1.text(5, 12.9, "Ymax=  " + toText(cut6(Ymax)));
+    Picture1.text(5, 12.3, "Ymin=  " + toText(cut6(Ymin)));
+    Text17.show(cut6(d.at(1).Par[parAlfaL0]));
+    Text18.show(cut6(d.at(n).Par[parAlfaL0]));
+    for (const Record& r : d.records) Picture1.circle(placeX(r.dTd), placeY(r.Par[parAlfaL0]), 0.08, red);
+}
+
+void StatisticsForm::passOfSize(int NCP, bool single) {
+    const SeriesData& d = lab.series;
+    formGroups(d, settings, NCP, fit);
+    if (single) drawGroups();
+    fitGroups(settings.equation, fit);
+    const double D = (yearIG - originYear) / 100;
+    if (const ShiftUnit unit = shiftUnit(d.Nparam); unit.caption != nullptr) {
+        if (settings.equation != Equation::Constant) Text39.show(cut6(fit.at(D)));
+        shift = unit.scale * shiftAt(settings.equation, fit, D);
+        limit = limitFactor * unit.scale * fit.Sigma;
+        if (single) {
+            Text24.show(cut6(shift));
+            Text27.show(cut6(limit));
+        }
+    }
+    if (single) {
+        drawCurves();
+        Text11.show(cut6(fit.b[0]));
+        Text12.show(cut6(fit.b[1]));
+        Text13.show(cut6(fit.b[2]));
+        if (Check9.on()) printResults();
+    }
+    Text4.show(NCP);
+    dYgr[NCP] = shift;
+    Sigma2gr[NCP] = limit;
+}
+
+void StatisticsForm::drawGroups() {
+    const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
+    double y = Picture1.toUserY(0) - 0.5;
+    if (Check7.on()) {
+        Picture1.text(18, y, "VesMax=  " + toText(cut6(fit.VesMax)));
+        Picture1.text(18, y - 0.6, "VesSum=  " + toText(cut6(fit.VesSum)));
+    }
+    int i = 0;
+    for (const Group& g : fit.groups) {
+        const double days = g.T * 36525 + settings.T0 - lab.series.JD0;
+        Picture1.circle(placeX(days), placeY(g.Y), 0.5 * g.W, color);
+        if (!Check7.on()) continue;
+        Picture1.text(22, y, "i=  " + toText(++i) + "   Ves=  " + toText(cut6(g.W)));
+        y -= 0.5;
+    }
+}
+
+void StatisticsForm::drawCurves() {
+    const SeriesData& d = lab.series;
+    const Color color = chosenColor();
+    const Record& last = d.at(count);
+    const double from = Fix(d.at(1).dTd), to = Fix(last.dTd + last.ddTd);
+    if (!((to - from) / curveStep < mostCurvePoints)) throw ArithmeticFailure("span of the series");
+    const double away = limitFactor * fit.Sigma;
+    for (double t = from; t <= to; t += curveStep) {
+        const double value = fit.at((d.JD0 + t - settings.T0) / 36525);
+        for (const double one : {value + away, value, value - away})
+            Picture1.disc(placeX(t), placeY(one), 0.015, color);
+    }
+}
+
+void StatisticsForm::printResults() {
+    const double y = settings.equation == Equation::Parabola ? 2.3 : Picture1.toUserY(0) - 1.2;
+    Picture1.text(1.2, y, "dY=  " + toText(cut6(shift)) + "    2*Sigma=  " + toText(cut6(limit)));
+    Picture1.text(1.2, y - 0.6,
+                  "Y=  " + toText(cut6(fit.b[0])) + "  +  " + toText(cut6(fit.b[1])) + " *  X  +  " +
+                      toText(cut6(fit.b[2])) + " *  X^2");
+}
+
+void StatisticsForm::GroupSearchReport(int last) {
+    constexpr int first = 1;  // the search always starts with groups of one
+    const GroupSearch found = searchGroups(dYgr, Sigma2gr, first, last);
+    const auto show = [&](const GroupSearch::Value& v) {
+        Text24.show(cut6(v.shift));
+        Text27.show(cut6(v.limit));
+    };
+    double y0 = Picture1.toUserY(0) - 1.2;
+    const auto report = [&](const std::string& head, const GroupSearch::Value& v) {
+        if (Check9.on())
+            Picture1.text(1.2, y0, head + toText(cut6(v.shift)) + "   dAlfaP100S = " + toText(cut6(v.limit)));
+        y0 -= 0.6;
+    };
+    if (Option12.on()) show(found.min);
+    report("минимальное при NCP0 = " + toText(found.best) + "   dAlfaP100M = ", found.min);
+    if (!Check3.on()) searchReference = found.min.shift;
+
+    const auto x = [&](int s) { return ratio(s - first + 1, searchX) + 1; };
+    const auto y = [&](double value) { return ratio(value - searchReference, searchY) + 5; };
+    const auto segment = [&](int s, double from, double to, Color color) {
+        Picture1.line(x(s - 1), y(from), x(s), y(to), color);
+    };
+    for (int s = first; s <= last; ++s) {  // the first segments start from the zero cells of size 0: meant
+        segment(s, dYgr[s - 1] - Sigma2gr[s - 1], dYgr[s] - Sigma2gr[s], green);
+        segment(s, dYgr[s - 1], dYgr[s], blue);
+        segment(s, dYgr[s - 1] + Sigma2gr[s - 1], dYgr[s] + Sigma2gr[s], red);
+    }
+    for (std::size_t i = 0; i < found.band.size(); ++i) {
+        const GroupSearch::Step& step = found.band[i];
+        for (const double value : {step.Hi, step.Lo})
+            Picture1.line(x(step.from), y(value), x(step.to), y(value), black);
+        if (i + 1 < found.band.size()) Picture1.text(x(step.to), step.raised ? 12 : 11, toText(step.to));
+    }
+    if (Option15.on()) show(found.maxmin);
+    report("максимин    dAlfaP100M = ", found.maxmin);
+    if (Option16.on()) show(found.mean);
+    report("средние       dAlfaP100M = ", found.mean);
+}
+
+void StatisticsForm::keepShift() {
+    const SeriesData& d = lab.series;
+    if (d.Nparam >= parAlfaL0) return;
+    // kept whatever the data are: a fit of the model too goes into the observed shifts
+    const double value = lab.shifts.observed(d.Npl, d.Nparam) = Text24.number();
+    if (lab.s.NPlan > 0) lab.shifts.calculated(d.Npl, d.Nparam, Text10.int32()) = value;
+}
+
+}  // namespace tarvex

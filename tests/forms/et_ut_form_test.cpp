@@ -1,0 +1,85 @@
+#include "forms/et_ut_form.h"
+
+#include <cmath>
+
+#include "core/et_ut.h"
+#include "tests/forms/lab_fixture.h"
+
+namespace tarvex {
+
+namespace {
+
+struct Form17Test : test::LabTest {
+    EtUtForm& form = lab.desk.get<EtUtForm>();
+    ModelState& s = lab.s;
+};
+
+}  // namespace
+
+TEST_F(Form17Test, LoadGivesTheDefaultsAndUnloadKeepsThem) {
+    lab.desk.loadAndUnload("Form17");
+    EXPECT_EQ(s.JDt01, JD1900 + 1);  // 1 January, day 1,5
+    EXPECT_EQ(s.JDt02, 2378497);
+    const double century = 36525;
+    EXPECT_DOUBLE_EQ(EtUtSelect(s, 1, s.JDt01 + century), 24.35 + 72.32 + 29.95);
+    EXPECT_DOUBLE_EQ(EtUtSelect(s, 2, s.JDt02 + 2 * century), -31.5 * 4);
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+TEST_F(Form17Test, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
+    struct Case {
+        int item;
+        const char *a, *b, *c, *T0;
+        double kind;
+    };
+    for (const Case& c : {Case{1, "24,35", "72,32", "29,95", "1900", 1},
+                          {4, "0", "0", "31,5", "1800", 1},
+                          {5, "0", "0", "0", "1900", 2}}) {
+        form.Text1.setText("77");
+        form.Option8(c.item).choose();
+        form.Option9(c.item).choose();
+        form.Option2.choose();
+        form.Option3.choose();
+        EXPECT_EQ(form.Text1.text(), "77");  // nothing is taken before the command
+        form.Text5.setText("12:00");
+        EXPECT_EQ(form.Text1.text(), c.a) << c.item;
+        EXPECT_EQ(form.Text12.text(), c.b) << c.item;
+        EXPECT_EQ(form.Text3.text(), c.c) << c.item;
+        EXPECT_EQ(form.Text20.text(), c.T0) << c.item;
+        EXPECT_EQ(s.kET[1][4], -c.kind) << c.item;
+        EXPECT_EQ(s.kET[2][4], c.kind) << c.item;
+    }
+}
+
+TEST_F(Form17Test, TypedRowsStayAndBadFieldsEndInTheMessage) {
+    form.Option8(0).choose();
+    form.Text1.setText("1,5");
+    form.Text10.setText("1600,5");  // half to even
+    form.Command1.press();
+    EXPECT_EQ(s.kET[1][0], 1.5);
+    EXPECT_EQ(form.Text1.text(), "1,5");
+    EXPECT_EQ(s.JDt01, 2305448);
+    form.Option9(0).choose();
+    TextField* const typed[] = {&form.Text1,  &form.Text2,  &form.Text3,  &form.Text10,
+                                &form.Text11, &form.Text12, &form.Text13, &form.Text20,
+                                &form.Text6,  &form.Text7,  &form.Text8};
+    for (TextField* field : typed) {
+        const std::string before = field->text();
+        field->setText("1e999");
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << field->name();
+        field->setText(before);
+    }
+    for (TextField* diameter : {&form.Text6, &form.Text7, &form.Text8}) {
+        diameter->setText("1e305");  // thousands of km that overflow in metres
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << diameter->name();
+        for (const double v : s.Diam) EXPECT_TRUE(std::isfinite(v));
+        diameter->setText("1");
+    }
+    form.Text20.setText("40000");  // a year outside 16 bits
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+}
+
+}  // namespace tarvex

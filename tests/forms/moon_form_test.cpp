@@ -1,0 +1,185 @@
+#include "forms/moon_form.h"
+
+#include <cmath>
+
+#include "forms/elements_form.h"
+#include "tests/forms/lab_fixture.h"
+
+namespace tarvex {
+
+class OrbitCheckForms : public test::LabTest {
+protected:
+    void stopAfter(int yields, CommandButton& stop) {
+        const int goal = screen.yields + yields;
+        screen.atYield = [&stop, goal](int count) {
+            if (count >= goal) stop.press();
+        };
+    }
+    ElementsForm& first = lab.desk.get<ElementsForm>();
+};
+
+TEST_F(OrbitCheckForms, BadFieldsOfTheCheck) {
+    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
+             {&first.Text29, "40000"}, {&first.Text30, "шаг"}, {&first.Text31, "0"}, {&first.Text10, ""}}) {
+        const std::string good = field->text();
+        field->setText(text);
+        first.Command13.press();
+        EXPECT_EQ(screen.onlyMessage(),
+                  (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7m"}))
+            << field->name();
+        field->setText(good);
+    }
+    first.Command7.press();  // no check has been begun
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    lab.s.X0[1] = lab.s.Y0[1] = lab.s.Z0[1] = 0;
+    first.Command13.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+}
+
+/// Both meanings of the Moon's elements give what the initial data of Form1 give for the same choice.
+TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
+    auto& form = lab.desk.get<MoonForm>();
+    for (const bool geocentric : {true, false}) {
+        first.Text34.setText("2000");
+        first.Check3.set(true);
+        first.Check6.set(!geocentric);
+        first.Command3.press();
+        first.Command12.press();
+        ModelState& s = lab.s;
+        const double dx = s.X0[10] - s.X0[3], dvy = s.VY0[10] - s.VY0[3];
+        (geocentric ? form.Option5 : form.Option6).choose();
+        form.Command6.press();
+        EXPECT_NEAR(s.X0[11] - s.X0[0], dx, 2e3) << geocentric;  // the file rows were reduced by whole turns
+        EXPECT_NEAR(s.VY0[11] - s.VY0[0], dvy, 0.02) << geocentric;
+        EXPECT_EQ(s.kodBary, geocentric ? 1 : 2);
+        EXPECT_EQ(s.X[0], 0);  // the present Sun stays: the Earth enters the initial rows only
+    }
+}
+
+/// A time is multiplied before it is divided: 58 hundredths of a year are 0,58 and not 0,57.
+TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
+    first.Option1(5).choose();
+    first.Text29.setText("29");
+    first.Text30.setText("315576");
+    first.Text31.setText("1");
+    stopAfter(1, first.Command5);
+    first.Command13.press();  // two batches: 58 hundredths of a year
+    EXPECT_EQ(first.Text40.text(), "0,58");
+    auto& form = lab.desk.get<MoonForm>();
+    form.Command6.press();
+    form.Text36.setText("6");
+    form.Text22.setText("63,1152");
+    form.Text23.setText("1");
+    stopAfter(1, form.Command2);
+    form.Command1.press();
+    EXPECT_EQ(form.Text25.text(), "0,000024");
+}
+
+/// While the table shows coordinates, the check writes its two rows and leaves what is typed into the others.
+TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
+    first.Option3.choose();
+    first.Text1(4).setText("7");
+    first.Text7(1).setText("8");
+    first.Text29.setText("10");
+    stopAfter(1, first.Command5);
+    first.Command13.press();
+    EXPECT_EQ(first.Text1(4).text(), "7");
+    EXPECT_EQ(first.Text7(1).text(), "8");
+    EXPECT_EQ(first.Text1(1).text(), toText(cut6(lab.s.X[1]) / MK));
+}
+
+/// There is one check at a time: the form whose check another has replaced has none to go on with.
+TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
+    auto& form = lab.desk.get<MoonForm>();
+    first.Text29.setText("5000");
+    first.Text31.setText("10");
+    stopAfter(1, first.Command5);
+    first.Command13.press();
+    form.Command6.press();
+    form.Command3.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    const std::string time = first.Text40.text();
+    first.Command7.press();  // building the Moon's data has not touched the planet's check
+    EXPECT_NE(first.Text40.text(), time);
+    // a check begun while the other runs ends that one
+    int yields = 0;
+    screen.atYield = [&](int) {
+        if (++yields == 1) form.Command1.press();
+        if (yields == 4) form.Command2.press();
+    };
+    first.Command6.press();
+    EXPECT_EQ(yields, 4);
+    EXPECT_TRUE(screen.messages.empty());
+}
+
+/// A form that is closed ends its own calculation and no other.
+TEST_F(OrbitCheckForms, ClosingAFormStopsNothingElse) {
+    for (const char* name : {"Form1", "Form20"}) {
+        const std::string command = name == std::string("Form1") ? "Command13" : "Command1";
+        Form& form = lab.desk.form(name);
+        if (auto* data = dynamic_cast<MoonForm*>(&form)) data->Command6.press();
+        screen.messages.clear();
+        int yields = 0;
+        screen.atYield = [&](int) {
+            ++yields;
+            lab.desk.unload(name);
+        };
+        static_cast<CommandButton*>(form.find(command))->press();
+        screen.atYield = nullptr;
+        EXPECT_EQ(yields, 1) << name;
+        EXPECT_EQ(lab.s.kodStop, 0) << name;
+        EXPECT_TRUE(screen.messages.empty()) << name;
+    }
+}
+
+/// Numbers that overflow on the way to metres end in the message and leave the state finite.
+TEST_F(OrbitCheckForms, OverflowsReachNoState) {
+    const auto finiteState = [this] {
+        for (const Rows* rows : {&lab.s.R0sr, &lab.s.VX, &lab.s.VY, &lab.s.X0, &lab.s.VX0})
+            for (const double v : *rows)
+                if (!std::isfinite(v)) return false;
+        return std::isfinite(lab.s.Rcur);
+    };
+    first.Text30.setText("1e300");
+    first.Command13.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    EXPECT_TRUE(finiteState());
+
+    auto& form = lab.desk.get<MoonForm>();
+    form.Command6.press();
+    form.Option9.choose();
+    form.Text10.setText("1e305");
+    form.Command6.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_TRUE(finiteState());
+
+    // the Moon so far away that its moment has no number
+    first.Check3.set(true);
+    first.Command3.press();
+    lab.s.R0sr[10] = 1e290;
+    first.Command12.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_TRUE(finiteState());
+}
+
+TEST_F(OrbitCheckForms, Form20BadInput) {
+    auto& form = lab.desk.get<MoonForm>();
+    form.Option9.choose();
+    form.Text21.setText("0");
+    form.Command6.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    form.Text21.setText("81,3");
+    form.Text7.setText("1");
+    form.Command6.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    form.Text7.setText("0,05");
+    form.Command6.press();
+    form.Text22.setText("быстро");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
+    form.Text33.setText("13");
+    form.Command10.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+}
+
+}  // namespace tarvex

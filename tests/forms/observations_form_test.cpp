@@ -1,0 +1,314 @@
+#include "forms/observations_form.h"
+
+#include <signal.h>
+
+#include <cmath>
+
+#include "forms/observation_plan_form.h"
+#include "forms/planet_perturbations_form.h"
+#include "reduction/observation_file.h"
+#include "stats/series.h"
+#include "tests/forms/lab_fixture.h"
+#include "tests/support/test_workbook.h"
+
+namespace tarvex {
+
+namespace {
+
+using Message = test::RecordingScreen::Message;
+
+struct Form10Test : test::LabTest {
+    Form10Test() {
+        for (const char* name : {"Obs/Plan1", "Tab/Plan1", "Ser/Plan1"}) folder.makeFolder(name);
+        std::string zeros;
+        for (const char* name : {"Меркурий", "Венера", "Земля", "Марс"})
+            zeros += std::string(name) + "\r\n 0  0  0  0  0  0  0  0 \r\n 0  0  0  0  0  0  0  0 \r\n";
+        test::writeBytes(folder.path() / "Dat/dL1.dat", zeros);
+        lab.s.gamma = 6.67259e-11;
+    }
+    /// Three observations of the Sun near its place.
+    void writeSun(const std::string& tail = "") {
+        std::string text = "Заголовок 1\r\nвторая строка \r\nc\r\nd\r\n 2000  2001 \r\n";
+        text += observationRecord(2000, 1, 10, 12, 291.75, -21.95) + "\r\n";
+        text += observationRecord(2000, 1, 20, 12, 302.3, -20.2) + "\r\n";
+        text += observationRecord(2000, 1, 30, 12, 312.5, -17.8) + "\r\n";
+        test::writeBytes(folder.path() / "Obs/SUMM0_G_100.txt", text + tail);
+    }
+    ObservationsForm& sun() {
+        auto& form = lab.desk.get<ObservationsForm>();
+        form.Text1.setText("0");
+        form.Option2.choose();
+        form.Option9(6).choose();
+        return form;
+    }
+};
+
+}  // namespace
+
+TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
+    auto& form = lab.desk.get<ObservationsForm>();
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете имитатор", "Tarvex7.0"}));
+    form.Option4(8).choose();
+    EXPECT_EQ(screen.onlyMessage(),
+              (Message{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
+    form.Option4(8).choose();
+    EXPECT_EQ(screen.onlyMessage().title, "Tarvex6") << "a missing one can be tried again";
+
+    form.Option2.choose();
+    lab.s.kodStop = 0;
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете обсерваторию", "Tarvex7.0"}));
+    form.Text1.setText("0");
+    form.Option9(6).choose();
+    EXPECT_EQ(screen.onlyMessage(),
+              (Message{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
+    writeSun();
+    form.Option9(6).choose();
+    EXPECT_TRUE(screen.messages.empty());
+    form.Text1.setText("3");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Землю не наблюдали", "Tarvex7.0"}));
+    lab.s.kodStop = 0;
+    for (const char* bad : {"ж", "12", "-1"}) {
+        form.Text1.setText(bad);
+        form.Command1.press();
+        EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7.0"})) << bad;
+        lab.s.kodStop = 0;
+    }
+    test::writeBytes(folder.path() / "Obs/GREN0_G_100.txt", "a\r\nb\r\nc\r\nd\r\nyears\r\n");
+    form.Text1.setText("0");
+    form.Option9(1).choose();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7"}));
+}
+
+TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
+    writeSun();
+    auto& form = sun();
+    form.Text65.setText("2001");
+    screen.atYield = [&](int count) {
+        if (count == 1) form.Command4.press();
+    };
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
+    form.Command5.press();
+    EXPECT_EQ(form.Text23.text(), "3");
+    EXPECT_EQ(lab.s.JDut, 2451564);
+
+    screen.atYield = nullptr;
+    form.Option9(6).choose();
+    form.Command6.press();
+    EXPECT_EQ(form.Text23.text(), "4") << "one step more, from the first record again";
+}
+
+TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
+    writeSun("          2000 letters\r\n");
+    auto& form = sun();
+    form.Text65.setText("2001");
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text,
+              "Ошибка чтения данных из файла\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string());
+    EXPECT_EQ(form.Text23.text(), "3");
+    writeSun();
+    form.Option9(6).choose();
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "3");
+}
+
+/// A table without cells, so that no office is needed.
+TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
+    auto& form = lab.desk.get<ObservationsForm>();
+    form.Text1.setText("25");
+    form.Option4(5).choose();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
+    EXPECT_EQ(lab.s.IplSel, 11) << "a number that is no body reaches nothing";
+    form.Text1.setText("11");
+    form.Option4(0).choose();
+    form.Option4(5).choose();
+    form.Command6.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text2.text() + "." + form.Text3.text() + "." + form.Text4.text(), "1.1.2000")
+        << "a first step lands on the start, in the calendar of the table";
+    EXPECT_EQ(lab.s.kodKalend, 0) << "the calendar of the others";
+    EXPECT_EQ(lab.s.TimeZone, 0);
+    const double before = lab.s.JDepoha;
+    form.Text4.setText("99999");
+    for (CommandButton* command : {&form.Command1, &form.Command7}) {
+        command->press();
+        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату")
+            << "and no run from a date that is none";
+    }
+    EXPECT_EQ(lab.s.JDepoha, before);
+}
+
+TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
+    if (!SpreadsheetOffice::available()) GTEST_SKIP() << "built without LibreOffice";
+    test::writeWorkbook(
+        folder.path() / "Tab/Tycho.xls",
+        {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
+    auto& form = lab.desk.get<ObservationsForm>();
+    form.Text1.setText("0");
+    form.Option4(9).choose();
+    EXPECT_TRUE(screen.messages.empty());
+    form.Text65.setText("1580");
+    form.Text18.setText("100");
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.Text23.text(), "5") << "each 100 days; the first date behind the last year ends the run";
+    EXPECT_NEAR(form.Text63.number(), 158.1 + 4, 1e-6);
+
+    kill(lab.office.process(), 9);
+    form.Command1.press();
+    EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
+    EXPECT_EQ(lab.s.kodStop, 1);
+    form.Option4(9).choose();
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+
+    form.Text4.setText("1580");
+    screen.atYield = [&](int) { form.Command14.press(); };  // closed in the middle of its run
+    form.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_FALSE(lab.desk.isLoaded("Form10"));
+    EXPECT_EQ(lab.reduction.table.table, nullptr);
+}
+
+TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
+    writeSun();
+    auto& form = sun();
+    auto& plan = lab.desk.get<ObservationPlanForm>();
+    plan.Check1(4).set(false);
+    plan.Command4.press();
+    plan.Command1.press();
+    lab.plan.Yu.fill(0);
+    lab.plan.Yras.fill(0);
+    lab.plan.b.fill(0.5);
+    lab.s.Den0 = 1.5, lab.s.Mes0 = 1, lab.s.JDut = 2451560.25;
+    for (int i = 1; i <= 9; ++i) {
+        plan.Text1(i).setText(i == 1 ? "149598,5" : std::to_string(i) + ",25");
+        plan.Text3(i).setText("-0,5");
+        plan.Text4(i).setText(i == 1 ? "149597,5" : "1");
+    }
+    plan.Text5.setText("300,5");
+    plan.Text2(1).setText("1e308");  // in range, but not in metres
+    plan.Command2.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные для плана");
+    EXPECT_TRUE(std::isfinite(lab.plan.dXvar[1]));
+    plan.Text2(1).setText("10");
+    plan.Command2.press();
+    EXPECT_TRUE(screen.messages.empty());
+    const auto path = folder.path() / "Obs/Plan1/0_100_1.dat";
+    const std::string text = test::readBytes(path);
+    const auto date = text.find(" от ") + std::string(" от ").size();
+    EXPECT_EQ(text.substr(0, date), "план № 1 опыт № 1 по планете № 0 для SUMM в эпохе J2000 по R от ");
+    const std::string after = text.substr(text.find("\r\n") + 2);
+    EXPECT_EQ(after.substr(0, after.find("№ эксперимента")),
+              "Начальная дата оптимизации и год окончания\r\n"
+              " 1500000  1  2000  2020  2451560250000 \r\n"
+              "Нулевые уровни и интервалы варьирования параметров и оптимальные значения\r\n"
+              " 1  149598500  10000 -500000  149597500 \r\n"
+              " 2  2250000000  100 -500000  1000000 \r\n"
+              " 3  3250000000  10000 -500000  1000000 \r\n"
+              " 4  4250000000  100000 -500000  1000000 \r\n"
+              " 5  5250000000  100000 -500000  1000000 \r\n"
+              " 6  6250000000  1000 -500000  1000000 \r\n"
+              " 7  7250000  10000 -500000  1000000 \r\n"
+              " 8  8250000000  100000 -500000  1000000 \r\n"
+              " 9  9250000000  100000 -500000  1000000 \r\n"
+              "Скорость Солнечной системы по осям X Y Z и прецессия и вес \r\n"
+              " 300500  0  0  5029000000  1000000 \r\n");
+    EXPECT_NE(after.find("\r\n1    1000       1000        0  0 \r\n"), std::string::npos) << after;
+    EXPECT_NE(after.find("без поправок= 0\r\n 0  500000 \r\n"), std::string::npos);
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 0.00725) << "left divided until the fields are read again";
+
+    test::writeBytes(path, text.substr(0, text.find("№ эксперимента")) + "\xFF damaged");
+    lab.plan.Xnul.fill(0);
+    lab.s.VXsys = 0;
+    plan.Option1.choose();
+    plan.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
+    EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+    EXPECT_DOUBLE_EQ(lab.s.VXsys, 300.5);
+
+    std::string tooLarge = text;
+    tooLarge.replace(text.find("149598500 "), 9, "1.5E308");
+    for (const std::string& bad : {text.substr(0, 700), tooLarge}) {
+        test::writeBytes(path, bad);
+        plan.Command1.press();
+        EXPECT_EQ(screen.onlyMessage(),
+                  (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
+        EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
+        EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
+    }
+    plan.Option2.choose();
+    form.Text4.setText("2147483640");  // no year twenty years later
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете параметров для шаблона");
+    form.Text4.setText("2000");
+    plan.Option1.choose();
+    plan.Text27.setText("9");
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");
+    plan.Text27.setText("x");
+    plan.Command1.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно номер плана и опыта");
+    plan.Check1(2).set(false);
+    plan.Command4.press();
+    EXPECT_EQ(screen.onlyMessage().text, "К-во факторов должно быть от 2 до 6");
+}
+
+TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
+    writeSun();
+    sun();
+    auto& plan = lab.desk.get<ObservationPlanForm>();
+    const std::string name = "\\Ser\\Plan1\\Tarvex3Nab.txt";
+    plan.Command7.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n" + name);
+
+    SeriesData series;
+    series.FileData = name;
+    series.kodData = dataLong;
+    series.header = {"one", "two", "three", "four"};
+    series.JD0 = 2400000;
+    series.records.resize(2);
+    series.records[1].dTd = 60000;
+    writeSeries(lab.tree, series);
+    lab.s.JDepoha = 2450000;
+    lab.s.JDut = 2450100;
+    plan.Text1(2).setText("0,0167");
+    plan.Text1(1).setText("149600");
+    plan.Command7.press();
+    EXPECT_TRUE(screen.messages.empty());
+    SeriesData read;
+    readSeries(lab.tree, name, dataLong, read);
+    ASSERT_EQ(read.NP1max(), 3);
+    EXPECT_EQ(read.date(2), 2450000);
+    EXPECT_EQ(read.at(2).ddTd, 200);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.0167);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parRsr], 149.6);
+    EXPECT_TRUE(read.header[2].starts_with("по плану №  1   от "));
+
+    screen.answers = {true};
+    plan.Text1(2).setText("0,02");
+    plan.Command7.press();  // replaces
+    readSeries(lab.tree, name, dataLong, read);
+    EXPECT_EQ(read.NP1max(), 3);
+    EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.02);
+    EXPECT_EQ(screen.questions.back().text,
+              "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
+
+    plan.Command8.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Загрузите форму 22 (dLp)");
+    auto& terms = lab.desk.get<PlanetPerturbationsForm>();
+    plan.Option6.choose();
+    plan.Text1(9).setText("0,75");
+    plan.Command8.press();
+    EXPECT_EQ(terms.Text1(3 * 10 + 40 + 8).text(), "0,75");
+}
+
+}  // namespace tarvex

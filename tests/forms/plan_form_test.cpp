@@ -1,0 +1,362 @@
+#include "forms/plan_form.h"
+
+#include "forms/plan_workshop_form.h"
+#include "forms/statistics_form.h"
+#include "forms/weights_form.h"
+#include "stats/plan_file.h"
+#include "stats/stat.h"
+#include "stats/test_plan.h"
+#include "tests/forms/lab_fixture.h"
+
+namespace tarvex {
+
+namespace {
+
+using Message = test::RecordingScreen::Message;
+
+/// What an experiment starts from.
+struct Started {
+    int Nexp;
+    std::string number, speed;
+    double VX, VY, VZ, kPgr1, kPgr2, m5, m2;
+    std::int16_t kodDX, kodPgr, NPlan;
+};
+
+/// Stands in for the form of the experiment: it notes what each run starts from, measures the test criterion
+/// and reports the end of the run as the real form does.
+class StandInForm2 final : public Form {
+public:
+    explicit StandInForm2(Laboratory& lab_, std::vector<Started>& runs_)
+        : Form(lab_.desk, "Form2", "стенд"), lab(lab_), runs(runs_) {
+        Text53.onChange([this] { run(); }, orShow("прогон", "стенд"));
+    }
+    TextField Text8{this, {.name = "Text8"}}, Text35{this, {.name = "Text35"}},
+        Text53{this, {.name = "Text53"}};
+    OptionButton Option3{this, {.name = "Option3", .group = "kind"}},
+        Option4{this, {.name = "Option4", .group = "kind", .on = true}};
+    CheckBox Check2{this, {.name = "Check2", .on = true}}, Check3{this, {.name = "Check3", .on = true}},
+        Check4{this, {.name = "Check4"}}, Check12{this, {.name = "Check12", .on = true}},
+        Check13{this, {.name = "Check13", .on = true}}, Check14{this, {.name = "Check14"}},
+        Check17{this, {.name = "Check17"}}, Check20{this, {.name = "Check20"}},
+        Check22{this, {.name = "Check22"}};
+    int failAt = 0, stopAt = 0;
+
+private:
+    void run() {
+        PlanBlock& p = lab.plan;
+        ModelState& s = lab.s;
+        runs.push_back({p.Nexp, Text8.text(), Text35.text(), s.VXsys, s.VYsys, s.VZsys, lab.motion.kPgr1,
+                        lab.motion.kPgr2, s.m[5], s.m[2], lab.motion.kodDX, lab.motion.kodPgr, s.NPlan});
+        lab.run.kodTest = lab.desk.get<PlanForm>().Option5.on();
+        if (p.Nexp == failAt) throw Failure("no more");
+        if (p.Nexp == stopAt) {
+            s.NPlan = 0;
+            p.Nexp = p.Nplan;
+            return;
+        }
+        lab.desk.get<PlanForm>().Text3.setText("1234,5");
+        s.NPlan = 0;
+    }
+    Laboratory& lab;
+    std::vector<Started>& runs;
+};
+
+struct Form15Test : test::LabTest {
+    Form15Test() {
+        lab.desk.add("Form2", [this] { return std::make_unique<StandInForm2>(lab, runs); });
+        folder.makeFolder("Plan1");
+        lab.s.m[0] = 2e30;
+        form = &lab.desk.get<PlanForm>();
+        for (int i = 1; i <= 7; ++i) form->Text11(i).setText(i <= 5 ? "1" : "1000");
+    }
+    StandInForm2& form2() { return static_cast<StandInForm2&>(lab.desk.form("Form2")); }
+    void create(std::initializer_list<int> factors) {
+        for (int i = 1; i <= 7; ++i)
+            form->Check3(i).set(std::find(factors.begin(), factors.end(), i) != factors.end());
+        form->Command5.press();
+    }
+    void expectMessage(const std::string& text) {
+        EXPECT_EQ(screen.onlyMessage(), (Message{text, "Tarvex7m"}));
+    }
+
+    std::vector<Started> runs;
+    PlanForm* form = nullptr;
+};
+
+}  // namespace
+
+TEST_F(Form15Test, PlanNeedsTwoToSixFactors) {
+    create({5});
+    expectMessage("К-во факторов должно быть от 2 до 6");
+    create({1, 2, 3, 4, 5, 6, 7});
+    expectMessage("К-во факторов должно быть от 2 до 6");
+    form->Command1.press();  // seven factors are no plan
+    expectMessage("Ошибка при рассчете коэффициентов");
+    form->Command7.press();
+    expectMessage("Ошибка при решение системы линейных уравнений");
+}
+
+TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
+    create({2, 4});
+    form->Text11(4).setText("10");
+    form->Text12(4).setText("2");
+    form->Text11(5).setText("0");
+    form->Text4.setText("3");
+    form->Text5.setText("2");
+    form->Text6.setText("4");
+    form->Command8.press();
+    EXPECT_TRUE(screen.messages.empty());
+    ASSERT_EQ(runs.size(), 3u);
+    const double VY[] = {2, 0, 0}, Vgr[] = {8, 12, 8};  // points 2, 3, 4: (+,-) (-,+) (-,-)
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(runs[i].Nexp, 2 + i);
+        EXPECT_EQ(runs[i].number, std::to_string(2 + i));
+        EXPECT_EQ(runs[i].VX, 1);
+        EXPECT_EQ(runs[i].VY, VY[i]);
+        EXPECT_EQ(toNumber(runs[i].speed), Vgr[i]);
+        EXPECT_EQ(runs[i].kodDX, 2);
+        EXPECT_EQ(runs[i].kodPgr, 0);  // no factor 5 and its level 0
+        EXPECT_EQ(runs[i].NPlan, 3);
+        EXPECT_DOUBLE_EQ(runs[i].m5, 2e27);
+    }
+    EXPECT_EQ(lab.s.NPlan, 0);
+    EXPECT_EQ(form->Text5.text(), "5");
+    EXPECT_EQ(screen.notices.size(), 1u);
+
+    form->Command8.press();  // 5 is above 4: nothing starts
+    EXPECT_EQ(runs.size(), 3u);
+    EXPECT_EQ(screen.notices.size(), 2u);
+    EXPECT_EQ(lab.s.NPlan, 0);
+
+    form->Check6.set(true);  // with the speed of gravity, and with law 5
+    form->Text11(5).setText("0,5");
+    form->Text5.setText("4");
+    form->Command8.press();
+    EXPECT_TRUE(form2().Check13.on());
+    EXPECT_EQ(runs.back().kodPgr, 5);
+    EXPECT_EQ(runs.back().kPgr2, 0.5);
+    form->Check5.set(true);
+    form->Text5.setText("4");
+    form->Command8.press();
+    EXPECT_EQ(runs.back().kPgr1, 0.5);
+    EXPECT_EQ(runs.back().kPgr2, 0);
+}
+
+TEST_F(Form15Test, ElementsThatForm1HasNotHandedOverAreTakenAtTheRun) {
+    create({2, 4});
+    form->Text6.setText("1");
+    lab.s.AlfaP0[1] = 1.25;
+    form->Command8.press();
+    EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
+    EXPECT_EQ(form->Label3.caption(), "Элементы орбит для измерений взяты с формы 1");
+    lab.s.AlfaP0[1] = 2.5;  // of other data, not handed over: the run keeps what it was given
+    form->Command8.press();
+    EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
+}
+
+TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
+    create({1, 4});
+    form->Option5.choose();
+    form2().failAt = 3;
+    form->Command8.press();
+    EXPECT_EQ(runs.size(), 3u);
+    EXPECT_EQ(screen.onlyMessage().text, "прогон");
+    EXPECT_EQ(lab.s.NPlan, 0);
+    EXPECT_EQ(lab.run.kodTest, 0);
+    form2().failAt = 0;
+    form2().stopAt = 2;
+    form->Text5.setText("1");
+    form->Command8.press();
+    EXPECT_EQ(runs.size(), 5u);
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(lab.s.NPlan, 0);
+
+    for (const auto& [field, text] : {std::pair{&form->Text11(7), "0"},
+                                      {&form->Text12(1), "x"},
+                                      {&form->Text5, "0"},
+                                      {&form->Text6, "x"},
+                                      {&form->Text4, ""}}) {
+        const std::string old = field->text();
+        field->setText(text);
+        form->Command8.press();
+        expectMessage("Ошибка при выполнение плана");
+        EXPECT_EQ(lab.s.NPlan, 0);
+        field->setText(old);
+    }
+    form->Text5.setText("10");  // beyond the nine points of the plan
+    form->Text6.setText("12");
+    form->Command8.press();
+    expectMessage("Ошибка при выполнение плана");
+}
+
+TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
+    create({1, 4});
+    form->Command10.press();
+    expectMessage("Загрузите данные наблюдений");
+    form->Option12.choose();
+    form->Command4.press();
+    expectMessage("Не могу найти файл \\Ser\\TarvexNab.dat");
+    test::writeBytes(lab.tree.at("\\Ser\\TarvexNab.dat"), "а\r\nб\r\n 1  2 \r\n");
+    form->Command4.press();
+    expectMessage("Ошибка при чтении данных из файла \\Ser\\TarvexNab.dat");
+    form->Command10.press();
+    expectMessage("Загрузите данные наблюдений");
+    lab.shifts.dNab[1][1] = 500;
+    writeObservedShifts(lab.tree, "\\Ser", lab.shifts);
+    form->Command4.press();
+    lab.s.NPlan = 1;
+    form->Command10.press();
+    expectMessage("Ошибка чтения данных из файла \\Plan1\\Tarvex1Ras.dat");
+    writePlanShifts(lab.tree, 1, 1, lab.shifts, 8);
+    form->Command10.press();
+    expectMessage("К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
+
+    for (int u = 1; u <= 9; ++u) {  // 500 + 10 x1 + 20 x2 + 5 x1^2 + 4 x2^2
+        const double a = lab.plan.PlanX[1][u], b = lab.plan.PlanX[2][u];
+        lab.shifts.dRas[1][1][u] = 500 + 10 * a + 20 * b + 5 * a * a + 4 * b * b;
+    }
+    lab.shifts.Ves[1][1] = 100;
+    writePlanShifts(lab.tree, 1, 1, lab.shifts, 9);
+    form->Option18.choose();
+    form->Text12(4).setText("0,1");
+    form->Command8.press();  // takes the levels over; the stand-in runs at once
+    screen.notices.clear();
+    lab.s.NPlan = 1;
+    for (CommandButton* step : {&form->Command10, &form->Command1, &form->Command7, &form->Command13})
+        step->press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NEAR(lab.plan.b[0], 500, 1e-9);
+    EXPECT_EQ(form->Text15(4).text(), "0,75");
+    EXPECT_EQ(form->Label2.caption(), "Стационарная точка: минимум; точка вне области плана по X4");
+
+    lab.s.NPlan = 0;
+    form->Command10.press();
+    expectMessage("Ошибка чтения данных из файла \\Plan0\\Tarvex1Ras.dat");
+    EXPECT_EQ(form->Label3.caption(), "Критерий по файлам плана № 0 (в поле плана № 1)");
+    lab.s.NPlan = 1;
+    form->Check1(2).set(true);  // a planet with no observed shift
+    writePlanShifts(lab.tree, 1, 2, lab.shifts, 9);
+    form->Option19.choose();
+    form->Command10.press();
+    expectMessage("Ошибка при обработке данных");
+    lab.shifts.dNab[1][1] = 7;  // a fit on the form of the series meanwhile
+    lab.desk.show("Form6");
+    lab.desk.show("Form15");
+    EXPECT_NE(form->Label3.caption().find("изменились"), std::string::npos);
+}
+
+TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
+    create({1, 4});
+    form->Option5.choose();
+    form->Option20.choose();
+    lab.plan.Yras[1] = 77;
+    form->Command10.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(lab.plan.Yras[1], 77);  // of the last fit
+    EXPECT_EQ(lab.plan.Yu[1], 0);     // six terms of 1 at (1, 1), Yopt is 6
+    EXPECT_DOUBLE_EQ(lab.plan.Yu[9], 25 / 36.0);
+}
+
+TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
+    create({1, 4});
+    form->Text4.setText("7");
+    form->Command14.press();
+    expectMessage("Не могу найти файл \\Plan7\\TarvexPlan7.dat");
+    form->Command12.press();
+    expectMessage("Ошибка при записи данных в файл \\Plan7 \\TarvexPlan7.dat");
+    form->Text4.setText("x");
+    form->Command12.press();
+    expectMessage("Задайте правильно номер плана");
+    form->Text4.setText("1");
+    form->Text11(4).setText("9");
+    form->Text12(4).setText("0,5");
+    form->Text14(6).setText("-0,125");
+    lab.shifts.Ves[10][6] = 0.75;
+    form->Command12.press();
+    form->Text11(4).setText("0");
+    lab.shifts.Ves = {};
+    form->Command14.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form->Text11(4).text() + " " + form->Text13(4).text() + " " + form->Text14(6).text(),
+              "9 9,5 -0,125");
+    EXPECT_EQ(form->Text13(5).text(), "1");  // not in the plan: its zero level
+    EXPECT_EQ(lab.shifts.Ves[10][6], 0.75);
+    test::writeBytes(lab.tree.at("\\Plan1\\TarvexPlan1.dat"), "а\r\n");
+    form->Command14.press();
+    expectMessage("Ошибка при чтении данных из файла \\Plan1\\TarvexPlan1.dat");
+}
+
+TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
+    auto& weights = lab.desk.get<WeightsForm>();
+    EXPECT_EQ(lab.s.NPlan, 1);
+    weights.Command4.press();
+    expectMessage("Не могу найти файл \\Plan1\\TarvexPlan1.dat");
+    form->Command12.press();
+    weights.Text13(4).setText("0,5");
+    weights.Command5.press();
+    weights.Text13(4).setText("1");
+    weights.Command4.press();
+    EXPECT_EQ(weights.Text13(4).text(), "0,5");
+    weights.Text13(4).setText("x");
+    weights.Command5.press();
+    expectMessage("Задайте правильно данные");
+
+    weights.Option9(3).choose();
+    weights.Command1.press();
+    expectMessage("Не могу найти файл \\Plan1\\Tarvex3Ras.dat");
+    for (int u = 1; u <= 5; ++u) lab.shifts.dRas[3][2][u] = u;
+    writePlanShifts(lab.tree, 1, 3, lab.shifts, 5);
+    weights.Text8.setText("4");
+    weights.Command1.press();
+    EXPECT_EQ(weights.Text10.text() + " " + weights.Text2(3).text() + " " + weights.Text1(3).text(), "5 4 0");
+    weights.Text2(3).setText("42,5");
+    weights.Command2.press();
+    weights.Command1.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(weights.Text2(3).text(), "0,0000425");  // written without its scale: meant
+    const std::string bytes = test::readBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"));
+    test::writeBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"), bytes.substr(0, bytes.size() - 12));
+    weights.Command1.press();
+    expectMessage("Ошибка при чтении данных из файла \\Plan1\\Tarvex3Ras.dat");
+    EXPECT_EQ(weights.Text10.text(), "4");
+    weights.Text8.setText("92");
+    weights.Command2.press();
+    expectMessage("Задайте правильно данные");
+}
+
+// The real form of the experiment in the place of the stand-in.
+using PlanOnForm2Test = test::LabTest;
+TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
+    lab.desk.show("Form1");
+    auto& form = lab.desk.get<PlanForm>();
+    for (int i = 1; i <= 7; ++i) {
+        form.Check3(i).set(i <= 3);
+        form.Text11(i).setText(i <= 4 ? "120" : i == 5 ? "1" : "1000");
+        form.Text12(i).setText("10");
+    }
+    form.Option2.choose();
+    form.Command5.press();
+    form.Option5.choose();
+    form.Command8.press();
+    EXPECT_TRUE(screen.messages.empty()) << screen.messages.front().text;
+    EXPECT_EQ(form.Text5.text(), "17");  // 16 points of the rotatable plan are done
+    EXPECT_EQ(lab.s.NPlan, 0);
+    PlanBlock read = lab.plan;
+    read.Yu = {};
+    ASSERT_TRUE(readTestPlan(lab.tree, read));
+    for (int u = 1; u <= 16; ++u) {
+        EXPECT_GT(lab.plan.Yu[u], 0);
+        EXPECT_NEAR(read.Yu[u], lab.plan.Yu[u], 1e-6);
+        EXPECT_NEAR(lab.plan.Yu[u], testCriterion(lab.plan, u, lab.run.kmTest5, lab.run.kmTest2), 1e-12);
+    }
+    auto& bench = lab.desk.get<PlanWorkshopForm>();  // fitted where such files are fitted
+    for (int i = 1; i <= 3; ++i) bench.Check3(i).set(true);
+    bench.Option13.choose();
+    bench.Option7.choose();
+    for (CommandButton* step : {&bench.Command14, &bench.Command4, &bench.Command1, &bench.Command5})
+        step->press();
+    EXPECT_TRUE(screen.messages.empty());
+    for (int i = 1; i <= 3; ++i) EXPECT_NEAR(bench.Text4(i).number(), 50, 1e-2);
+}
+
+}  // namespace tarvex
