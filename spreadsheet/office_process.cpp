@@ -89,6 +89,9 @@ OfficeProcess::OfficeProcess(const fs::path& programFolder)
     : program_(programFolder / "soffice.bin"),
       profile_(freshProfile()),
       pipe_("tarvex" + profile_.filename().string().substr(std::string_view(profilePrefix).size())) {
+    // A message to a process that has died must come back as an error, here and at the end of the program,
+    // when the client libraries put back what they found.
+    signal(SIGPIPE, SIG_IGN);
     try {
         start();
     } catch (...) {
@@ -117,6 +120,7 @@ void OfficeProcess::start() {
         // Only calls that are safe after the fork of a program with threads.
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent) _exit(127);
+        signal(SIGPIPE, SIG_DFL);
         const int nothing = ::open("/dev/null", O_RDWR);
         for (int fd = 0; fd < 3; ++fd) dup2(nothing, fd);
         close_range(3, ~0U, 0);

@@ -1,7 +1,8 @@
 // The spreadsheet program through UNO.
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
-#include <com/sun/star/bridge/UnoUrlResolver.hpp>
+#include <com/sun/star/bridge/BridgeFactory.hpp>
+#include <com/sun/star/connection/Connector.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
@@ -215,10 +216,7 @@ struct SpreadsheetOffice::Running {
     Running() : process(TARVEX_OFFICE_PROGRAM) {
         const auto deadline = std::chrono::steady_clock::now() + longestStart;
         asFailure("the spreadsheet program cannot be reached", [&] {
-            const auto resolver = com::sun::star::bridge::UnoUrlResolver::create(localContext());
-            const rtl::OUString url =
-                toOffice("uno:pipe,name=" + process.pipe() + ";urp;StarOffice.ComponentContext");
-            while (!connect(resolver, url)) {
+            while (!connect()) {
                 if (!process.alive()) throw OfficeFailure("the spreadsheet program ended while it started");
                 if (std::chrono::steady_clock::now() > deadline)
                     throw OfficeFailure("the spreadsheet program does not start");
@@ -226,6 +224,21 @@ struct SpreadsheetOffice::Running {
             }
         });
     }
+
+    /// Gives back what is held there and waits until the threads of the connection have ended, so that no
+    /// message is on its way when the process is killed.
+    ~Running() {
+        try {
+            loader.clear();
+            const uno::Reference<com::sun::star::lang::XComponent> ending(bridge, uno::UNO_QUERY);
+            bridge.clear();
+            if (ending.is()) ending->dispose();
+        } catch (const uno::Exception&) {
+            // it has gone by itself
+        }
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
 
     /// The component context of this program; one serves every office it starts.
     static const uno::Reference<uno::XComponentContext>& localContext() {
@@ -237,17 +250,22 @@ struct SpreadsheetOffice::Running {
         return context;
     }
 
-    bool connect(const uno::Reference<com::sun::star::bridge::XUnoUrlResolver>& resolver,
-                 const rtl::OUString& url) {
+    /// False while the program does not listen yet.
+    bool connect() {
         try {
-            const uno::Reference<uno::XComponentContext> remote(resolver->resolve(url), uno::UNO_QUERY_THROW);
-            const auto desktop =
-                remote->getServiceManager()->createInstanceWithContext("com.sun.star.frame.Desktop", remote);
-            loader.set(desktop, uno::UNO_QUERY_THROW);
-            return true;
+            const auto connection = com::sun::star::connection::Connector::create(localContext())
+                                        ->connect(toOffice("pipe,name=" + process.pipe()));
+            bridge = com::sun::star::bridge::BridgeFactory::create(localContext())
+                         ->createBridge({}, "urp", connection, {});
         } catch (const com::sun::star::connection::NoConnectException&) {
             return false;
         }
+        const uno::Reference<uno::XComponentContext> remote(
+            bridge->getInstance("StarOffice.ComponentContext"), uno::UNO_QUERY_THROW);
+        const auto desktop =
+            remote->getServiceManager()->createInstanceWithContext("com.sun.star.frame.Desktop", remote);
+        loader.set(desktop, uno::UNO_QUERY_THROW);
+        return true;
     }
 
     std::unique_ptr<Workbook> open(const std::filesystem::path& path, int sheets) {
@@ -263,6 +281,7 @@ struct SpreadsheetOffice::Running {
     }
 
     OfficeProcess process;
+    uno::Reference<com::sun::star::bridge::XBridge> bridge;  ///< the connection and its threads
     uno::Reference<frame::XComponentLoader> loader;
 };
 
