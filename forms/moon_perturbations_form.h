@@ -1,27 +1,14 @@
 #pragma once
-// Form21: amplitudes of the periodic terms of the Moon.
+// Form21, the periodic terms of the Moon: their amplitudes in degrees, and which of them act.
 
 #include "forms/laboratory.h"
+#include "forms/moon_perturbations_controls.h"
 
 namespace tarvex {
 
-class MoonPerturbationsForm final : public Form {
+class MoonPerturbationsForm final : public MoonPerturbationsControls {
 public:
-    static constexpr const char* formName = "Form21";
     explicit MoonPerturbationsForm(Laboratory& lab);
-
-    CheckBoxes Check1;  ///< the term is taken: 1..16, 25..28
-    TextFields Text1;   ///< its amplitude
-    CommandButton Command1{this,
-                           {.name = "Command1",
-                            .caption = "Задать значения коэффициентов",
-                            .hint = "Перенести отмеченные амплитуды в kLl; у неотмеченных членов там будет 0",
-                            .isDefault = true}};
-    CommandButton Command2{this,
-                           {.name = "Command2",
-                            .caption = "Закрыть форму",
-                            .hint = "Закрыть эту форму; заданные коэффициенты остаются"}};
-
     void load() override;
 
 private:

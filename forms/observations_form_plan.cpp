@@ -1,4 +1,5 @@
-// Form10: the experiments of a plan on observations, their regression and what is printed of them.
+// Reduction of observations: the experiments of a plan on observations, their regression and what is printed
+// of them.
 #include <algorithm>
 
 #include "core/arithmetic.h"
@@ -20,12 +21,12 @@ std::string cutText(double value, double scale) { return toText(Fix(value * scal
 }  // namespace
 
 void ObservationsForm::printResponse(int k) {
-    Picture4.text(responseColumn, graphTop() - firstResponse - k / 2.0, toText(cut6(lab.plan.Yu.at(k))));
+    residualGraph.text(responseColumn, graphTop() - firstResponse - k / 2.0, toText(cut6(lab.plan.Yu.at(k))));
 }
 
 /// Brings the plan and its results into sight.
 void ObservationsForm::showExperiments() {
-    Picture4.lookAt(graphTop(), graphTop() - firstResponse - (lab.plan.Nplan + 1) / 2.0);
+    residualGraph.lookAt(graphTop(), graphTop() - firstResponse - (lab.plan.Nplan + 1) / 2.0);
 }
 
 void ObservationsForm::runExperiments() {
@@ -34,17 +35,17 @@ void ObservationsForm::runExperiments() {
     PlanBlock& plan = lab.plan;
     ReductionState& r = lab.reduction;
     const auto bounds = [this, &plan](int& first, int& last) {
-        first = Text26.int32();
-        last = Text27.int32();
+        first = firstExperiment.int32();
+        last = lastExperiment.int32();
         if (first < 1 || last > plan.Nplan) throw SubscriptFailure("no such experiment in the plan");
     };
     int first = 0, last = 0;
-    if (Check8.on()) {
+    if (testRegression.on()) {
         bounds(first, last);
         auto& form = desk().get<ObservationPlanForm>();
         for (int f = 1; f <= plan.Nf; ++f) {
-            form.Text1(plan.Nfact[f]).setText("0");
-            form.Text2(plan.Nfact[f]).setText("1");
+            form.zeroLevel(plan.Nfact[f]).setText("0");
+            form.interval(plan.Nfact[f]).setText("1");
         }
         runTestOfRegression(plan, first, last);
         for (int k = first; k <= last; ++k) printResponse(k);
@@ -54,7 +55,7 @@ void ObservationsForm::runExperiments() {
     bounds(first, last);
     layOutExperiments(plan, last);
     for (int k = first; k <= last; ++k) {
-        Text26.show(k);
+        firstExperiment.show(k);
         r.experiment = k;
         startPasses(reduction());
         pass();
@@ -63,7 +64,7 @@ void ObservationsForm::runExperiments() {
         if (!r.choices.tables) r.file.rewind();
     }
     restoreStart();
-    if (Check30.on()) desk().screen().notify("Эксперименты выполнены");
+    if (soundAtEnd.on()) desk().screen().notify("Эксперименты выполнены");
 }
 
 void ObservationsForm::findRegression() {
@@ -71,9 +72,9 @@ void ObservationsForm::findRegression() {
     fitResponses(plan);
     showExperiments();
     const double top = graphTop() - firstResponse;
-    printCoefficients(Picture4, plan, coefficientColumn, top);
+    printCoefficients(residualGraph, plan, coefficientColumn, top);
     for (int k = 1; k <= plan.Nplan; ++k)
-        Picture4.text(regressionColumn, top - k / 2.0, toText(cut6(plan.Yras[k])), regressionColor);
+        residualGraph.text(regressionColumn, top - k / 2.0, toText(cut6(plan.Yras[k])), regressionColor);
 }
 
 void ObservationsForm::plotFactors() {
@@ -83,9 +84,9 @@ void ObservationsForm::plotFactors() {
     plan.Ymin = *least;
     plan.Ymax = *most;
     plan.Mcrit = (plan.Ymax - plan.Ymin) / 10;
-    page_.showPlots(Picture4);
+    page_.showPlots(residualGraph);
     plotAlongFactors(
-        Picture4, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
+        residualGraph, plan, [&plan](int i) { return plan.Xopt[i]; }, regressionColor);
 }
 
 /// The plan as it stands: levels and optimum of the factors, speeds, the table of its points.
@@ -96,7 +97,7 @@ void ObservationsForm::ShowPlanSummary() {
     double y = graphTop();
     showExperiments();
     const auto print = [&](const std::string& text) {
-        Picture4.text(planLeft, y, text);
+        residualGraph.text(planLeft, y, text);
         y -= planLine;
     };
     std::string second = r.header;
@@ -117,9 +118,9 @@ void ObservationsForm::ShowPlanSummary() {
     print("Номер эксперимента, уровни и значение критерия (экспериментальное и расчетное)");
     for (int k = 1; k <= plan.Nplan; ++k) {
         const double line = graphTop() - firstResponse - k / 2.0;
-        Picture4.text(planLeft, line, std::to_string(k));
+        residualGraph.text(planLeft, line, std::to_string(k));
         for (int f = 1; f <= plan.Nf; ++f)
-            Picture4.text(planLeft + factorColumn * f, line, cutText(plan.PlanX[f][k], 100));
+            residualGraph.text(planLeft + factorColumn * f, line, cutText(plan.PlanX[f][k], 100));
     }
 }
 

@@ -1,4 +1,4 @@
-// Form10: choosing tables and files of observations.
+// Reduction of observations: choosing tables and files of observations.
 #include "core/calendar.h"
 #include "core/numbers.h"
 #include "forms/date_fields.h"
@@ -32,52 +32,42 @@ void ObservationsForm::closeSources() {
 }
 
 void ObservationsForm::chooseKind(bool tables) {
-    for (int i = 0; i <= 10; ++i) Option4(i).setEnabled(tables);
-    for (int i = 0; i <= 7; ++i) Option9(i).setEnabled(!tables);
+    for (int i = 0; i <= 10; ++i) tableChoice(i).setEnabled(tables);
+    for (int i = 0; i <= 7; ++i) observatoryChoice(i).setEnabled(!tables);
     closeSources();
     lab.s.TipData = tables ? "Tab" : "Obs";
-    Check1.setCaption(tables ? "Ras(ЭКЛ)" : "Ras(ЭКВ)");
-    Check9.setCaption(tables ? "Nab(ЭКЛ)" : "Nab(ЭКВ)");
-    (tables ? Option9 : Option4)(0).choose();
-    Check26.setEnabled(!tables);
+    plotTheory.setCaption(tables ? "Ras(ЭКЛ)" : "Ras(ЭКВ)");
+    plotObserved.setCaption(tables ? "Nab(ЭКЛ)" : "Nab(ЭКВ)");
+    (tables ? observatoryChoice : tableChoice)(0).choose();
+    weightByCount.setEnabled(!tables);
 }
 
-void ObservationsForm::setDate(const char* day, const char* month, const std::string& year) {
-    Text2.setText(day);
-    Text3.setText(month);
-    Text4.setText(year);
+void ObservationsForm::typeDate(const char* startDay, const char* startMonth, const std::string& startYear) {
+    day.setText(startDay);
+    month.setText(startMonth);
+    year.setText(startYear);
 }
 
-void ObservationsForm::chooseTable(int i) {
-    ModelState& s = lab.s;
-    ReductionState& r = lab.reduction;
-    if (i == 0 || !Option1.on()) return;
-    const AncientTable& table = ancientTable(i);
-    if (r.table.table == &table && s.NameData == table.name) return;
-    r.table.close();
-    s.NameData = table.name;
-    r.NomData = i;
-
-    (i == tycho ? Option15 : Option16).choose();
-    (i == almagest ? Option7 : Option6).choose();
-    setDate(i == almagest ? "23" : "1", i == almagest ? "3" : "1",
-            table.sheets > 0 ? std::to_string(table.startYear) : Text4.text());
-    Check15.set(true);
-    Check16.set(true);
-    Check17.set(false);
+/// The fields as they suit a table: calendar, start, corrections, place.
+void ObservationsForm::fieldsOfTable(int i, const AncientTable& table) {
+    (i == tycho ? dayFromMidnight : dayFromNoon).choose();
+    (i == almagest ? egyptian : julian).choose();
+    typeDate(i == almagest ? "23" : "1", i == almagest ? "3" : "1",
+             table.sheets > 0 ? std::to_string(table.startYear) : year.text());
+    sourceAberration.set(true);
+    receiverAberration.set(true);
+    nutation.set(false);
     if (table.sheets > 0) {
-        Text24.show(table.ObsL);
-        Text25.show(table.ObsB);
-        Text16.show(table.startYear);
-        Text14.show(table.startYear + yearsOfTable);
+        siteLongitude.show(table.ObsL);
+        siteLatitude.show(table.ObsB);
+        dataFirstYear.show(table.startYear);
+        dataLastYear.show(table.startYear + yearsOfTable);
     }
-    // all fields before the workbook: a table that is open needs no second choice
-    s.IplSel = bodyTyped();
-    s.ObsL = Text24.number();
-    s.ObsB = Text25.number();
-    readChoices();
+}
+
+void ObservationsForm::openWorkbook(int i, const AncientTable& table) {
     try {
-        openTable(r.table, i, lab.office, lab.tree);
+        openTable(lab.reduction.table, i, lab.office, lab.tree);
     } catch (const OfficeFailure&) {
         throw Refusal("Не найдена программа таблиц LibreOffice (пакет libreoffice-calc-nogui)\r\n" +
                           tableFileName(table),
@@ -85,6 +75,25 @@ void ObservationsForm::chooseTable(int i) {
     } catch (const std::exception&) {
         throw Refusal("Не найдена таблица\r\n" + lab.tree.at(tableFileName(table)).string(), "Tarvex6");
     }
+}
+
+void ObservationsForm::chooseTable(int i) {
+    ModelState& s = lab.s;
+    ReductionState& r = lab.reduction;
+    if (i == 0 || !fromTables.on()) return;
+    const AncientTable& table = ancientTable(i);
+    if (r.table.table == &table && s.NameData == table.name) return;
+    r.table.close();
+    s.NameData = table.name;
+    r.NomData = i;
+
+    fieldsOfTable(i, table);
+    // all fields before the workbook: a table that is open needs no second choice
+    s.IplSel = bodyTyped();
+    s.ObsL = siteLongitude.number();
+    s.ObsB = siteLatitude.number();
+    readChoices();
+    openWorkbook(i, table);
 
     convertDate();
     const CalendarKept kept(s);
@@ -94,7 +103,7 @@ void ObservationsForm::chooseTable(int i) {
     s.JDepoha = s.JDut0 = s.JD;
     NormalizeLocalDate(s, r.date);
     try {
-        ReadTableCells(s, r.table, r.date, almagestPrecReduction, Check19.on());
+        ReadTableCells(s, r.table, r.date, almagestPrecReduction, replacePrecession.on());
     } catch (const std::exception&) {
         s.kodStop = 1;
         r.table.close();  // so that the same choice tries again
@@ -102,30 +111,30 @@ void ObservationsForm::chooseTable(int i) {
     }
     r.table.PrecTab0 = s.Prec;
     startPasses(reduction());  // a step without "Начать" begins here
-    if (i == alKhwarizmi && Check19.on()) r.table.PrecTab0 -= r.choices.Precess * 15 / 100 / 3600;
+    if (i == alKhwarizmi && replacePrecession.on()) r.table.PrecTab0 -= r.choices.Precess * 15 / 100 / 3600;
 }
 
 void ObservationsForm::chooseObservatory(int i) {
     ModelState& s = lab.s;
     ReductionState& r = lab.reduction;
-    if (i == 0 || !Option2.on()) return;
-    const std::string chosen = i == otherObservatory ? Text59.text() : observatories[i].name;
+    if (i == 0 || !fromObservatories.on()) return;
+    const std::string chosen = i == otherObservatory ? observatoryName.text() : observatories[i].name;
     if (r.file.isOpen() && s.NameData == chosen) return;
     r.file.close();
     s.NameData = chosen;
     r.NomData = i;
-    Text24.setText(observatories[i].ObsL);
-    Text25.setText(observatories[i].ObsB);
-    Option15.choose();
-    Option5.choose();
-    Text2.setText("1,5");
-    Text3.setText("1");
-    for (CheckBox* correction : {&Check15, &Check16, &Check17}) correction->set(true);
+    siteLongitude.setText(observatories[i].ObsL);
+    siteLatitude.setText(observatories[i].ObsB);
+    dayFromMidnight.choose();
+    gregorian.choose();
+    day.setText("1,5");
+    month.setText("1");
+    for (CheckBox* correction : {&sourceAberration, &receiverAberration, &nutation}) correction->set(true);
 
     s.IplSel = bodyTyped();
-    const char* filtered = !Check3.on() ? "" : Option17.on() ? "LB" : "L";
-    const auto path = lab.tree.at(observationFileName(s.NameData, s.IplSel, Text56.text(), filtered));
-    Text57.setText(Text56.text());
+    const char* filtered = !openGoodFile.on() ? "" : judgeByDistance.on() ? "LB" : "L";
+    const auto path = lab.tree.at(observationFileName(s.NameData, s.IplSel, fileNumber.text(), filtered));
+    goodFileNumber.setText(fileNumber.text());
     ObservationFile::Header header;
     try {
         header = r.file.open(path, s.NameData);
@@ -135,9 +144,9 @@ void ObservationsForm::chooseObservatory(int i) {
     r.header = header.text;
     s.God0 = header.firstYear;
     r.GodK = header.lastYear;
-    Text4.show(s.God0);
-    Text16.show(s.God0);
-    Text14.show(r.GodK);
+    year.show(s.God0);
+    dataFirstYear.show(s.God0);
+    dataLastYear.show(r.GodK);
     s.kodStop = 0;
 }
 

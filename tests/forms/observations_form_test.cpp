@@ -36,9 +36,9 @@ struct Form10Test : test::LabTest {
     }
     ObservationsForm& sun() {
         auto& form = lab.desk.get<ObservationsForm>();
-        form.Text1.setText("0");
-        form.Option2.choose();
-        form.Option9(6).choose();
+        form.bodyNumber.setText("0");
+        form.fromObservatories.choose();
+        form.observatoryChoice(6).choose();
         return form;
     }
 };
@@ -47,97 +47,97 @@ struct Form10Test : test::LabTest {
 
 TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
     auto& form = lab.desk.get<ObservationsForm>();
-    form.Command1.press();
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете имитатор", "Tarvex7.0"}));
-    form.Option4(8).choose();
+    form.tableChoice(8).choose();
     EXPECT_EQ(screen.onlyMessage(),
               (Message{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
-    form.Option4(8).choose();
+    form.tableChoice(8).choose();
     EXPECT_EQ(screen.onlyMessage().title, "Tarvex6") << "a missing one can be tried again";
 
-    form.Option2.choose();
+    form.fromObservatories.choose();
     lab.s.kodStop = 0;
-    form.Command1.press();
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете обсерваторию", "Tarvex7.0"}));
-    form.Text1.setText("0");
-    form.Option9(6).choose();
+    form.bodyNumber.setText("0");
+    form.observatoryChoice(6).choose();
     EXPECT_EQ(screen.onlyMessage(),
               (Message{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
     writeSun();
-    form.Option9(6).choose();
+    form.observatoryChoice(6).choose();
     EXPECT_TRUE(screen.messages.empty());
-    form.Text1.setText("3");
-    form.Command1.press();
+    form.bodyNumber.setText("3");
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Землю не наблюдали", "Tarvex7.0"}));
     lab.s.kodStop = 0;
     for (const char* bad : {"ж", "12", "-1"}) {
-        form.Text1.setText(bad);
-        form.Command1.press();
+        form.bodyNumber.setText(bad);
+        form.startRun.press();
         EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7.0"})) << bad;
         lab.s.kodStop = 0;
     }
     test::writeBytes(folder.path() / "Obs/GREN0_G_100.txt", "a\r\nb\r\nc\r\nd\r\nyears\r\n");
-    form.Text1.setText("0");
-    form.Option9(1).choose();
+    form.bodyNumber.setText("0");
+    form.observatoryChoice(1).choose();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7"}));
 }
 
 TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     writeSun();
     auto& form = sun();
-    form.Text65.setText("2001");
+    form.lastYear.setText("2001");
     screen.atYield = [&](int count) {
-        if (count == 1) form.Command4.press();
+        if (count == 1) form.stopRun.press();
     };
-    form.Command1.press();
+    form.startRun.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text23.text(), "2") << "stopped at the second observation";
-    form.Command1.press();
+    EXPECT_EQ(form.acceptedCount.text(), "2") << "stopped at the second observation";
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
-    form.Command5.press();
-    EXPECT_EQ(form.Text23.text(), "3");
+    form.continueRun.press();
+    EXPECT_EQ(form.acceptedCount.text(), "3");
     EXPECT_EQ(lab.s.JDut, 2451564);
 
     screen.atYield = nullptr;
-    form.Option9(6).choose();
-    form.Command6.press();
-    EXPECT_EQ(form.Text23.text(), "4") << "one step more, from the first record again";
+    form.observatoryChoice(6).choose();
+    form.singleStep.press();
+    EXPECT_EQ(form.acceptedCount.text(), "4") << "one step more, from the first record again";
 }
 
 TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
     writeSun("          2000 letters\r\n");
     auto& form = sun();
-    form.Text65.setText("2001");
-    form.Command1.press();
+    form.lastYear.setText("2001");
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage().text,
               "Ошибка чтения данных из файла\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string());
-    EXPECT_EQ(form.Text23.text(), "3");
+    EXPECT_EQ(form.acceptedCount.text(), "3");
     writeSun();
-    form.Option9(6).choose();
-    form.Command1.press();
+    form.observatoryChoice(6).choose();
+    form.startRun.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text23.text(), "3");
+    EXPECT_EQ(form.acceptedCount.text(), "3");
 }
 
 /// A table without cells, so that no office is needed.
 TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
     auto& form = lab.desk.get<ObservationsForm>();
-    form.Text1.setText("25");
-    form.Option4(5).choose();
+    form.bodyNumber.setText("25");
+    form.tableChoice(5).choose();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
     EXPECT_EQ(lab.s.IplSel, 11) << "a number that is no body reaches nothing";
-    form.Text1.setText("11");
-    form.Option4(0).choose();
-    form.Option4(5).choose();
-    form.Command6.press();
+    form.bodyNumber.setText("11");
+    form.tableChoice(0).choose();
+    form.tableChoice(5).choose();
+    form.singleStep.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text2.text() + "." + form.Text3.text() + "." + form.Text4.text(), "1.1.2000")
+    EXPECT_EQ(form.day.text() + "." + form.month.text() + "." + form.year.text(), "1.1.2000")
         << "a first step lands on the start, in the calendar of the table";
     EXPECT_EQ(lab.s.kodKalend, 0) << "the calendar of the others";
     EXPECT_EQ(lab.s.TimeZone, 0);
     const double before = lab.s.JDepoha;
-    form.Text4.setText("99999");
-    for (CommandButton* command : {&form.Command1, &form.Command7}) {
+    form.year.setText("99999");
+    for (CommandButton* command : {&form.startRun, &form.performExperiments}) {
         command->press();
         EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату")
             << "and no run from a date that is none";
@@ -151,27 +151,28 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
         folder.path() / "Tab/Tycho.xls",
         {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
     auto& form = lab.desk.get<ObservationsForm>();
-    form.Text1.setText("0");
-    form.Option4(9).choose();
+    form.bodyNumber.setText("0");
+    form.tableChoice(9).choose();
     EXPECT_TRUE(screen.messages.empty());
-    form.Text65.setText("1580");
-    form.Text18.setText("100");
-    form.Command1.press();
+    form.lastYear.setText("1580");
+    form.tableStep.setText("100");
+    form.startRun.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.Text23.text(), "5") << "each 100 days; the first date behind the last year ends the run";
-    EXPECT_NEAR(form.Text63.number(), 158.1 + 4, 1e-6);
+    EXPECT_EQ(form.acceptedCount.text(), "5")
+        << "each 100 days; the first date behind the last year ends the run";
+    EXPECT_NEAR(form.observedLongitude.number(), 158.1 + 4, 1e-6);
 
     kill(lab.office.process(), 9);
-    form.Command1.press();
+    form.startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
     EXPECT_EQ(lab.s.kodStop, 1);
-    form.Option4(9).choose();
-    form.Command1.press();
+    form.tableChoice(9).choose();
+    form.startRun.press();
     EXPECT_TRUE(screen.messages.empty());
 
-    form.Text4.setText("1580");
-    screen.atYield = [&](int) { form.Command14.press(); };  // closed in the middle of its run
-    form.Command1.press();
+    form.year.setText("1580");
+    screen.atYield = [&](int) { form.closeForm.press(); };  // closed in the middle of its run
+    form.startRun.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_FALSE(lab.desk.isLoaded("Form10"));
     EXPECT_EQ(lab.reduction.table.table, nullptr);
@@ -181,25 +182,25 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     writeSun();
     auto& form = sun();
     auto& plan = lab.desk.get<ObservationPlanForm>();
-    plan.Check1(4).set(false);
-    plan.Command4.press();
-    plan.Command1.press();
+    plan.factorChosen(4).set(false);
+    plan.createPlan.press();
+    plan.loadPlan.press();
     lab.plan.Yu.fill(0);
     lab.plan.Yras.fill(0);
     lab.plan.b.fill(0.5);
     lab.s.Den0 = 1.5, lab.s.Mes0 = 1, lab.s.JDut = 2451560.25;
     for (int i = 1; i <= 9; ++i) {
-        plan.Text1(i).setText(i == 1 ? "149598,5" : std::to_string(i) + ",25");
-        plan.Text3(i).setText("-0,5");
-        plan.Text4(i).setText(i == 1 ? "149597,5" : "1");
+        plan.zeroLevel(i).setText(i == 1 ? "149598,5" : std::to_string(i) + ",25");
+        plan.codedOptimum(i).setText("-0,5");
+        plan.naturalOptimum(i).setText(i == 1 ? "149597,5" : "1");
     }
-    plan.Text5.setText("300,5");
-    plan.Text2(1).setText("1e308");  // in range, but not in metres
-    plan.Command2.press();
+    plan.systemVX.setText("300,5");
+    plan.interval(1).setText("1e308");  // in range, but not in metres
+    plan.savePlan.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные для плана");
     EXPECT_TRUE(std::isfinite(lab.plan.dXvar[1]));
-    plan.Text2(1).setText("10");
-    plan.Command2.press();
+    plan.interval(1).setText("10");
+    plan.savePlan.press();
     EXPECT_TRUE(screen.messages.empty());
     const auto path = folder.path() / "Obs/Plan1/0_100_1.dat";
     const std::string text = test::readBytes(path);
@@ -228,8 +229,8 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     test::writeBytes(path, text.substr(0, text.find("№ эксперимента")) + "\xFF damaged");
     lab.plan.Xnul.fill(0);
     lab.s.VXsys = 0;
-    plan.Option1.choose();
-    plan.Command1.press();
+    plan.fileSource.choose();
+    plan.loadPlan.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
@@ -239,26 +240,26 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     tooLarge.replace(text.find("149598500 "), 9, "1.5E308");
     for (const std::string& bad : {text.substr(0, 700), tooLarge}) {
         test::writeBytes(path, bad);
-        plan.Command1.press();
+        plan.loadPlan.press();
         EXPECT_EQ(screen.onlyMessage(),
                   (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
     }
-    plan.Option2.choose();
-    form.Text4.setText("2147483640");  // no year twenty years later
-    plan.Command1.press();
+    plan.templateSource.choose();
+    form.year.setText("2147483640");  // no year twenty years later
+    plan.loadPlan.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете параметров для шаблона");
-    form.Text4.setText("2000");
-    plan.Option1.choose();
-    plan.Text27.setText("9");
-    plan.Command1.press();
+    form.year.setText("2000");
+    plan.fileSource.choose();
+    plan.testNumber.setText("9");
+    plan.loadPlan.press();
     EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");
-    plan.Text27.setText("x");
-    plan.Command1.press();
+    plan.testNumber.setText("x");
+    plan.loadPlan.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно номер плана и опыта");
-    plan.Check1(2).set(false);
-    plan.Command4.press();
+    plan.factorChosen(2).set(false);
+    plan.createPlan.press();
     EXPECT_EQ(screen.onlyMessage().text, "К-во факторов должно быть от 2 до 6");
 }
 
@@ -267,7 +268,7 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     sun();
     auto& plan = lab.desk.get<ObservationPlanForm>();
     const std::string name = "\\Ser\\Plan1\\Tarvex3Nab.txt";
-    plan.Command7.press();
+    plan.addOptimum.press();
     EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n" + name);
 
     SeriesData series;
@@ -280,9 +281,9 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     writeSeries(lab.tree, series);
     lab.s.JDepoha = 2450000;
     lab.s.JDut = 2450100;
-    plan.Text1(2).setText("0,0167");
-    plan.Text1(1).setText("149600");
-    plan.Command7.press();
+    plan.zeroLevel(2).setText("0,0167");
+    plan.zeroLevel(1).setText("149600");
+    plan.addOptimum.press();
     EXPECT_TRUE(screen.messages.empty());
     SeriesData read;
     readSeries(lab.tree, name, dataLong, read);
@@ -294,21 +295,21 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     EXPECT_TRUE(read.header[2].starts_with("по плану №  1   от "));
 
     screen.answers = {true};
-    plan.Text1(2).setText("0,02");
-    plan.Command7.press();  // replaces
+    plan.zeroLevel(2).setText("0,02");
+    plan.addOptimum.press();  // replaces
     readSeries(lab.tree, name, dataLong, read);
     EXPECT_EQ(read.NP1max(), 3);
     EXPECT_DOUBLE_EQ(read.at(2).Par[parEks], 0.02);
     EXPECT_EQ(screen.questions.back().text,
               "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
 
-    plan.Command8.press();
+    plan.sendPerturbations.press();
     EXPECT_EQ(screen.onlyMessage().text, "Загрузите форму 22 (dLp)");
     auto& terms = lab.desk.get<PlanetPerturbationsForm>();
-    plan.Option6.choose();
-    plan.Text1(9).setText("0,75");
-    plan.Command8.press();
-    EXPECT_EQ(terms.Text1(3 * 10 + 40 + 8).text(), "0,75");
+    plan.secondPerturber.choose();
+    plan.zeroLevel(9).setText("0,75");
+    plan.sendPerturbations.press();
+    EXPECT_EQ(terms.amplitude(3 * 10 + 40 + 8).text(), "0,75");
 }
 
 }  // namespace tarvex

@@ -39,18 +39,18 @@ TEST_F(Form21Test, TicksDecideWhichTermsAct) {
     EXPECT_EQ(s.kLl[1], 0);  // the main inequality lies in the ellipse
     EXPECT_EQ(s.kLl[3], -1.2739);
     EXPECT_EQ(s.kLl[28], -0.0153);
-    form.Check1(1).set(true);
-    form.Check1(25).set(false);
-    form.Text1(16).setText("-0,5");
-    form.Text1(25).setText("слово");  // not ticked: not read
-    form.Command1.press();
+    form.termTaken(1).set(true);
+    form.termTaken(25).set(false);
+    form.amplitude(16).setText("-0,5");
+    form.amplitude(25).setText("слово");  // not ticked: not read
+    form.setCoefficients.press();
     EXPECT_EQ(s.kLl[1], 6.2889);
     EXPECT_EQ(s.kLl[25], 0);
     EXPECT_EQ(s.kLl[16], -0.5);
     EXPECT_TRUE(screen.messages.empty());
 
-    form.Text1(5).setText("");
-    form.Command1.press();
+    form.amplitude(5).setText("");
+    form.setCoefficients.press();
     EXPECT_EQ(screen.onlyMessage(),
               (test::RecordingScreen::Message{"Введите правильно номер объекта на форме 10", "Tarvex7"}));
     EXPECT_EQ(s.kLl[5], 0);
@@ -67,9 +67,9 @@ TEST_F(Form22Test, LoadTakesTheFileAndUnloadKeepsTheTable) {
     EXPECT_EQ(s.Ipert1, (std::array<std::int32_t, 5>{0, 2, 3, 2, 3}));
     EXPECT_EQ(s.Ipert2, (std::array<std::int32_t, 5>{0, 5, 5, 5, 5}));
     auto& form = lab.desk.get<PlanetPerturbationsForm>();
-    form.Text4.setText("6");
-    form.Text2.setText("7");
-    form.Command1.press();
+    form.mercuryPerturber1.setText("6");
+    form.venusPerturber1.setText("7");
+    form.setCoefficients.press();
     EXPECT_EQ(s.Ipert1[1], 6);
     EXPECT_EQ(s.Ipert1[2], 7);
 }
@@ -80,22 +80,22 @@ TEST_F(Form22Test, WithoutItsFileItShowsTheMessageAndStaysAtZero) {
     auto& form = lab.desk.get<PlanetPerturbationsForm>();
     EXPECT_EQ(screen.onlyMessage(), badData);
     EXPECT_EQ(s.kLp, (decltype(s.kLp){}));
-    EXPECT_EQ(form.Text1(11).text(), "0");
+    EXPECT_EQ(form.amplitude(11).text(), "0");
 }
 
 TEST_F(Form22Test, SavedAmplitudesComeBackCutToMillionths) {
     auto& form = lab.desk.get<PlanetPerturbationsForm>();
-    form.Text10.setText("7");
-    form.Text1(11).setText("0,0000019");
-    form.Text1(88).setText("-1,5");
-    form.Command4.press();
+    form.fileNumber.setText("7");
+    form.amplitude(11).setText("0,0000019");
+    form.amplitude(88).setText("-1,5");
+    form.saveAmplitudes.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(s.kLp[1][11], 0.0000019);  // the fields again, not what was written
     EXPECT_TRUE(test::readBytes(folder.path() / "Dat" / "dL7.dat")
                     .starts_with("Меркурий\r\n 1  1102  1103  1104  1105  1106  1107  1108 \r\n"));
-    form.Command3.press();
+    form.loadAmplitudes.press();
     EXPECT_EQ(s.kLp[1][11], 0.000001);
-    EXPECT_EQ(form.Text1(88).text(), "-1,5");
+    EXPECT_EQ(form.amplitude(88).text(), "-1,5");
     EXPECT_TRUE(screen.messages.empty());
 }
 
@@ -110,27 +110,27 @@ TEST_F(Form22Test, BadFilesAndFieldsLoseNothing) {
     for (const std::string& text : {std::string(), whole.substr(0, 40), whole.substr(0, whole.size() - 30),
                                     word, binary, "a\n1 2 3\n" + whole}) {
         write(text);
-        form.Command3.press();
+        form.loadAmplitudes.press();
         EXPECT_EQ(screen.onlyMessage(), badData) << text.substr(0, 30);
         EXPECT_EQ(s.kLp, kept);
     }
-    for (TextField* field : {&form.Text1(34), &form.Text3, &form.Text9}) {
+    for (TextField* field : {&form.amplitude(34), &form.venusPerturber2, &form.marsPerturber2}) {
         const std::string before = field->text();
         field->setText("2 3");
-        form.Command1.press();
+        form.setCoefficients.press();
         EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
         field->setText(before);
     }
-    form.Text10.setText("40000");
-    form.Command3.press();
+    form.fileNumber.setText("40000");
+    form.loadAmplitudes.press();
     EXPECT_EQ(screen.onlyMessage(), badData);
-    form.Text10.setText("2");
+    form.fileNumber.setText("2");
     std::filesystem::create_directory(folder.path() / "Dat" / "dL2.dat");
-    form.Command4.press();
+    form.saveAmplitudes.press();
     EXPECT_EQ(screen.onlyMessage(), badData);
     EXPECT_DOUBLE_EQ(s.kLp[2][48], kept[2][48] * 1e6);  // left scaled: meant
-    form.Text1(11).setText("1e305");
-    form.Command4.press();
+    form.amplitude(11).setText("1e305");
+    form.saveAmplitudes.press();
     EXPECT_EQ(screen.onlyMessage(), badData);
     for (const auto& row : s.kLp)
         for (const double v : row) EXPECT_TRUE(std::isfinite(v));
