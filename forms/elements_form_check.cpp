@@ -21,23 +21,23 @@ double strength(double z) { return z < 0 ? 0.5 : 1; }
 
 }  // namespace
 
-Form1Check::Form1Check(ElementsForm& form, Laboratory& lab_)
+ElementsFormCheck::ElementsFormCheck(ElementsForm& form, Laboratory& lab_)
     : form_(form), lab(lab_), check_(lab_.orbitCheck) {}
 
-void Form1Check::start() {
+void ElementsFormCheck::start() {
     ModelState& s = lab.s;
     OrbitCheck c;
     c.cosA = check_.cosA, c.sinA = check_.sinA;
     for (int i = 0; i <= NPlanetMax; ++i)
-        if (form_.Option1(i).on()) c.IplSel = i;
+        if (form_.checkedBody(i).on()) c.IplSel = i;
     const bool moon = c.IplSel == rowXena && s.kodMoon == 1;
     c.IplJ = moon ? rowMoon : c.IplSel;
     c.Icentr = moon ? rowEarth : rowSun;
-    c.Iobs = form_.Check5.on() ? rowCentre : rowSun;
+    c.Iobs = form_.relativeToCentre.on() ? rowCentre : rowSun;
     s.IplSel = c.IplSel;
     s.IplJ = c.IplJ;
     s.Icentr = c.Icentr;
-    form_.Label13.setCaption("(справочно T= " + toText(s.Tsid.at(c.IplJ)) + " дней)");
+    form_.referencePeriod.setCaption("(справочно T= " + toText(s.Tsid.at(c.IplJ)) + " дней)");
 
     const auto place = [&](int row, int from) {
         s.X[row] = s.X0[from], s.Y[row] = s.Y0[from], s.Z[row] = s.Z0[from];
@@ -48,42 +48,43 @@ void Form1Check::start() {
     place(rowSun, c.Icentr);
     place(c.IplSel, c.IplJ);
     orbitCheckCentre(s, c);
-    c.NC0 = s.NC0 = form_.Text29.int16();
-    c.Dt = s.Dt = form_.Text30.number();
-    c.kDt = s.kDt = form_.Text31.int16();
-    c.dAlfa = form_.Text10.number();
+    c.NC0 = s.NC0 = form_.stepsPerDisplay.int16();
+    c.Dt = s.Dt = form_.step.number();
+    c.kDt = s.kDt = form_.stepDivider.int16();
+    c.dAlfa = form_.windowDegrees.number();
     startOrbitCheck(s, c);
     check_ = c;
     s.kodStop = 0;
     for (const int row : {0, c.IplSel, 14})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
-    form_.Text8.show(0);
-    form_.Text12.show(0);
-    form_.Text14.show(cut6(s.Eks0[c.IplJ]));
-    form_.Text21.show(cut6(c.AlfaP1));
-    form_.Text35.show(cut6(c.AlfaU1));
-    form_.Text22.show(Fix(ratio(ratio((MK + MK) * Pi * s.R0sr[c.IplSel], s.V0sr[c.IplSel]), sekD)) / MK);
+    form_.perihelionShift.show(0);
+    form_.nodeShift.show(0);
+    form_.eccentricity.show(cut6(s.Eks0[c.IplJ]));
+    form_.perihelion.show(cut6(c.AlfaP1));
+    form_.node.show(cut6(c.AlfaU1));
+    form_.meanMotionPeriod.show(Fix(ratio(ratio((MK + MK) * Pi * s.R0sr[c.IplSel], s.V0sr[c.IplSel]), sekD)) /
+                                MK);
     stage("Ошибка решения уравнений", "Tarvex7m", [&] { OrbitCheckLoop(); });
 }
 
-void Form1Check::goOn() {
+void ElementsFormCheck::goOn() {
     lab.s.kodStop = 0;
     OrbitCheckLoop();
 }
 
-void Form1Check::batch() {
+void ElementsFormCheck::batch() {
     lab.s.kodStop = 1;
     requireOwn();
     check_.NC = 0;
-    check_.NC0 = lab.s.NC0 = form_.Text29.int16();
+    check_.NC0 = lab.s.NC0 = form_.stepsPerDisplay.int16();
     OrbitCheckLoop();
 }
 
-void Form1Check::requireOwn() const {
+void ElementsFormCheck::requireOwn() const {
     if (!check_.begun(false)) throw Failure("no check to go on with");
 }
 
-void Form1Check::OrbitCheckLoop() {
+void ElementsFormCheck::OrbitCheckLoop() {
     requireOwn();
     Desk& desk = form_.desk();
     Form::Running running(form_);
@@ -95,27 +96,27 @@ void Form1Check::OrbitCheckLoop() {
     } while (desk.anyLoaded() && !gone_ && check_.begun(false));
 }
 
-void Form1Check::nodePassed() {
-    form_.Text35.show(Fix(10000 * check_.AlfaUcur) / 10000);
-    form_.Text12.show(Fix((check_.AlfaUcur - check_.AlfaU1) * 36000000) / 10000);
+void ElementsFormCheck::nodePassed() {
+    form_.node.show(Fix(10000 * check_.AlfaUcur) / 10000);
+    form_.nodeShift.show(Fix((check_.AlfaUcur - check_.AlfaU1) * 36000000) / 10000);
 }
 
-void Form1Check::perihelionPassed() {
+void ElementsFormCheck::perihelionPassed() {
     const OrbitCheck& c = check_;
     const double Rr = lab.s.Rr[c.IplSel];
-    form_.Text13.show(cut6(c.Tper));
-    form_.Text14.show(cut6(c.EksM));
-    form_.Text15.show(Fix((c.Vmin + c.Vmax) * 100 / 2) / 100);
-    form_.Text16.show(thousandKm(Rr));
-    form_.Text21.show(cut6(c.AlfaPcur));
-    form_.Text27.show(Fix(MK * sekG * (c.Vmin + c.Vmax) / 2 / Rr) / MK);
-    form_.Text8.show(Fix((c.AlfaPcur - c.AlfaP1) * 36000000) / 10000);
+    form_.period.show(cut6(c.Tper));
+    form_.eccentricity.show(cut6(c.EksM));
+    form_.meanSpeed.show(Fix((c.Vmin + c.Vmax) * 100 / 2) / 100);
+    form_.meanRadius.show(thousandKm(Rr));
+    form_.perihelion.show(cut6(c.AlfaPcur));
+    form_.meanMotion.show(Fix(MK * sekG * (c.Vmin + c.Vmax) / 2 / Rr) / MK);
+    form_.perihelionShift.show(Fix((c.AlfaPcur - c.AlfaP1) * 36000000) / 10000);
 }
 
-void Form1Check::display() {
+void ElementsFormCheck::display() {
     ModelState& s = lab.s;
     const OrbitCheck& c = check_;
-    if (!form_.Check1.on()) {
+    if (!form_.keepTrajectory.on()) {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
         drawPair(black, black, black);
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
@@ -124,25 +125,25 @@ void Form1Check::display() {
     for (const int row : {0, c.IplSel, 14})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     drawPair(bodyColor(s, 0, strength(s.Z[0])), bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
-    if (form_.Option3.on())
+    if (form_.viewState.on())
         for (const int row : {0, c.IplSel}) form_.showStateRow(row);
-    form_.Text9.show(Fix(ratio(10000 * MK * MK * (c.Esys - c.Esys0), c.Esys0)) / MK / MK / 100);
-    form_.Text17.show(thousandKm(c.Lmax));
-    form_.Text18.show(thousandKm(c.Lmin));
-    form_.Text19.show(cut2(c.Vmax));
-    form_.Text20.show(cut2(c.Vmin));
-    form_.Text36.show(Fix(MK * c.BettaMax * kUgol) / MK);
-    form_.Text37.show(s.LonPl[c.IplSel]);
-    form_.Text40.show(Fix(100 * c.Tstage / sekG) / 100);
+    form_.energyShift.show(Fix(ratio(10000 * MK * MK * (c.Esys - c.Esys0), c.Esys0)) / MK / MK / 100);
+    form_.greatestDistance.show(thousandKm(c.Lmax));
+    form_.leastDistance.show(thousandKm(c.Lmin));
+    form_.greatestSpeed.show(cut2(c.Vmax));
+    form_.leastSpeed.show(cut2(c.Vmin));
+    form_.inclination.show(Fix(MK * c.BettaMax * kUgol) / MK);
+    form_.longitude.show(s.LonPl[c.IplSel]);
+    form_.checkTime.show(Fix(100 * c.Tstage / sekG) / 100);
 }
 
-void Form1Check::drawPair(Color centre, Color planet, Color cross) {
+void ElementsFormCheck::drawPair(Color centre, Color planet, Color cross) {
     const ModelState& s = lab.s;
     const int p = check_.IplSel;
     const double centreRadius = (check_.Icentr == rowEarth ? s.Diam[3] / 2 : s.RSol) / s.Mx;
-    drawBothViews(form_.Picture1, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, centreRadius, centre);
-    drawBothViews(form_.Picture1, s.X[p] / s.Mx, s.Y[p] / s.Mx, s.Z[p] / s.Mx, planetRadius, planet);
-    if (form_.Check7.on()) form_.Picture1.cross(s.X[14] / s.Mx, s.Y[14] / s.Mx, 1, cross);
+    drawBothViews(form_.orbitPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, centreRadius, centre);
+    drawBothViews(form_.orbitPicture, s.X[p] / s.Mx, s.Y[p] / s.Mx, s.Z[p] / s.Mx, planetRadius, planet);
+    if (form_.drawCentre.on()) form_.orbitPicture.cross(s.X[14] / s.Mx, s.Y[14] / s.Mx, 1, cross);
 }
 
 }  // namespace tarvex

@@ -1,5 +1,6 @@
 #pragma once
-// The orbit check of Form1: the chosen planet and its centre as two bodies, measured and shown.
+// The orbit check of the parameter screen: the chosen planet and its centre as two bodies, measured and
+// shown.
 
 #include "initial/orbit_check.h"
 #include "runtime/picture.h"
@@ -9,9 +10,9 @@ namespace tarvex {
 class ElementsForm;
 struct Laboratory;
 
-class Form1Check final : private OrbitCheckPort {
+class ElementsFormCheck final : private OrbitCheckPort {
 public:
-    Form1Check(ElementsForm& form, Laboratory& lab);
+    ElementsFormCheck(ElementsForm& form, Laboratory& lab);
 
     /// Takes the chosen body and the fields, and runs until it is stopped.
     void start();

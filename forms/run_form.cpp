@@ -22,7 +22,7 @@ bool optionOn(Desk& desk, const std::string& form, const std::string& option) {
            static_cast<OptionButton*>(found)->on();
 }
 
-/// Where the initial data come from, by the options of Form1.
+/// Where the initial data come from, by the options of the parameter screen.
 DataSource dataSource(Desk& desk) {
     constexpr DataSource sources[] = {DataSource::New0,   DataSource::JPL0, DataSource::File,
                                       DataSource::Screen, DataSource::Ser0, DataSource::JPL2};
@@ -33,21 +33,12 @@ DataSource dataSource(Desk& desk) {
 
 }  // namespace
 
-const RunSettings& RunForm::runDefaults() {
-    static const RunSettings defaults;
-    return defaults;
-}
-
 double RunForm::clockSeconds() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-TextField::Spec RunForm::result(const char* name, const char* label, const char* hint, int width) {
-    return {.name = name, .label = label, .hint = hint, .readOnly = true, .width = width};
-}
-
 RunForm::RunForm(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Моделирование и имитирование движения планет    Tarvex7m5 - форма 2"),
+    : RunControls(lab_.desk, formName, "Моделирование и имитирование движения планет    Tarvex7m5 - форма 2"),
       lab(lab_) {
     bindCommands();
     bindBoxes();
@@ -56,25 +47,25 @@ RunForm::RunForm(Laboratory& lab_)
 
 void RunForm::bindCommands() {
     const Shown bad = orShow("Задайте правильно данные", "Tarvex7");
-    Command1.onPress([this] { start(); }, bad);
-    Text53.onChange([this] { start(); }, bad);
-    Command4.onPress([this] { stop(); });
-    Command5.onPress([this] { resume(); }, bad);
-    Command2.onPress([this] { runBatch(); }, bad);
-    opens(Command9, "Form23");
-    leaveFor(Command7, "Form7");
-    leaveFor(Command3, "Form6");
-    leaveFor(Command10, "Form15");
-    Command8.onPress([this] {
+    startRun.onPress([this] { start(); }, bad);
+    startTrigger.onChange([this] { start(); }, bad);
+    stopRun.onPress([this] { stop(); });
+    continueRun.onPress([this] { resume(); }, bad);
+    runSteps.onPress([this] { runBatch(); }, bad);
+    opens(openLaws, "Form23");
+    leaveFor(openGravityBench, "Form7");
+    leaveFor(openStatistics, "Form6");
+    leaveFor(openPlan, "Form15");
+    closeForm.onPress([this] {
         closeEphemeris();
         close();
     });
-    Command6.onPress([this] {
+    exitProgram.onPress([this] {
         closeEphemeris();
         desk().unloadAll(formName);
     });
-    HScroll1.onChange([this] { rescale(); });
-    Picture2.onClick([this](double x, double y, Picture::Button button) {
+    orbitScale.onChange([this] { rescale(); });
+    systemView.onClick([this](double x, double y, Picture::Button button) {
         if (button != Picture::Button::Left) return;
         const double toX = finite(viewX_ + x), toY = finite(viewY_ + y);
         viewX_ = toX;
@@ -86,10 +77,10 @@ void RunForm::bindCommands() {
 
 /// A tick that a run reads in every pass acts at once.
 void RunForm::bindBoxes() {
-    for (CheckBox* box : {&Check2, &Check3, &Check4, &Check12, &Check14, &Check17, &Check18, &Check19,
-                          &Check20, &Check21, &Check22})
+    for (CheckBox* box : {&writeTrack, &animation, &measureOrbit, &watchEnergy, &endAtYear, &originSun,
+                          &originCentre, &originEarth, &writeRecords, &debugText, &renewBaselines})
         box->onChange([this] { lab.run.boxes = boxes(); });
-    for (OptionButton* option : {&Option5, &Option6, &Option9})
+    for (OptionButton* option : {&theoryNew0, &theoryJpl2, &theoryJpl0})
         option->onChoose([this] { lab.run.boxes = boxes(); });
 }
 
@@ -112,64 +103,67 @@ Layout RunForm::elementTable() {
     const auto line = [&cells](TextField& start, TextField& now, TextField& shift) {
         cells.insert(cells.end(), {Layout(start.caption()), start, now, shift});
     };
-    line(Text3, Text4, Text25);
-    line(Text7, Text24, Text23);
-    line(Text6, Text22, Text16);
-    line(Text20, Text18, Text29);
-    line(Text46, Text47, Text10);
-    line(Text48, Text49, Text15);
+    line(perihelionStart, perihelionNow, perihelionShift);
+    line(nodeStart, nodeNow, nodeShift);
+    line(inclinationStart, inclinationNow, inclinationShift);
+    line(eccentricityStart, eccentricityNow, eccentricityShift);
+    line(semiAxisStart, semiAxisNow, semiAxisShift);
+    line(periodStart, periodNow, periodShift);
     return frame("Параметры орбиты, сдвиги углов в секундах", table(4, std::move(cells)));
 }
 
 void RunForm::arrange() {
     const Layout kind = frame(
-        "Что решать", column({row({Option3, Option7, Option8}), row({Option4, Option5, Option6, Option9}),
-                              row({Option1, Option2, stretch(), fields(1, {Text8})}),
-                              row({Check13, Text35, stretch(), fields(1, {Text45})})}));
-    const Layout stepping =
-        frame("Шаг и начало координат",
-              column({table(3, {Layout(Text38.caption()), Text38, fields(1, {Text39}),
-                                Layout(Text37.caption()), Text37, "шагов", Check14, Text40, "году"}),
-                      row({Check17, Check19, Check18})}));
+        "Что решать",
+        column({row({model, classical, relativistic}), row({imitator, theoryNew0, theoryJpl2, theoryJpl0}),
+                row({forward, backward, stretch(), fields(1, {experimentNumber})}),
+                row({useGravitySpeed, gravitySpeed, stretch(), fields(1, {distanceExponent})})}));
+    const Layout stepping = frame("Шаг и начало координат",
+                                  column({table(3, {Layout(step.caption()), step, fields(1, {stepDivider}),
+                                                    Layout(stepsPerDisplay.caption()), stepsPerDisplay,
+                                                    "шагов", endAtYear, lastYear, "году"}),
+                                          row({originSun, originEarth, originCentre})}));
     const Layout measuring =
         frame("Измерение и записи",
-              column({table(3, {Check4, Text13, blank(), Layout(Text17.caption()), Text17, Check22}), Check20,
-                      row({Check2, Check21}), Check12}));
+              column({table(3, {measureOrbit, bodyNumber, blank(), Layout(windowDegrees.caption()),
+                                windowDegrees, renewBaselines}),
+                      writeRecords, row({writeTrack, debugText}), watchEnergy}));
     const Layout plots =
-        frame("Графики", column({table(3, {Check8, Check9, Check10, Check11, Check15, Check16, Check5, Check6,
-                                           Check7, Check3, Check1, blank()}),
-                                 fields(2, {Text5, Text9, Text21, Text36})}));
+        frame("Графики",
+              column({table(3, {drawPerihelion, drawNode, drawInclination, drawEccentricity, drawSemiAxis,
+                                drawPeriod, drawX, drawY, drawZ, animation, keepTrajectories, blank()}),
+                      fields(2, {angleScale, timeScale, plotScale, plotShift})}));
     const Layout commands =
-        frame("Команды", column({table(3, {Command1, Command4, Command5, Command2, Command3, Command10,
-                                           Command7, Command8, Command6}),
-                                 Command9}));
+        frame("Команды", column({table(3, {startRun, stopRun, continueRun, runSteps, openStatistics, openPlan,
+                                           openGravityBench, closeForm, exitProgram}),
+                                 openLaws}));
     const Layout clock =
-        frame("Время",
-              column({fields(2, {Text1, Text50, Text14}),
-                      table(4, {"", "год", "месяц", "день", "дата", Text44, Text43, Text42, "AlfaP пройден",
-                                Text28, Text27, Text26, "AlfaU пройден", Text33, Text32, Text31})}));
+        frame("Время", column({fields(2, {modelTime, realTime, julianDate}),
+                               table(4, {"", "год", "месяц", "день", "дата", year, month, day,
+                                         "AlfaP пройден", perihelionYear, perihelionMonth, perihelionDay,
+                                         "AlfaU пройден", nodeYear, nodeMonth, nodeDay})}));
     const Layout place =
-        frame("Положение", fields(1, {Text2, Text34, Text11, Text12, Text30, Text19, Text41}));
+        frame("Положение", fields(1, {longitude, turns, bodyX, bodyY, bodyZ, energyShift, momentumShift}));
     layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
-                   column({clock, elementTable(), row({place, Picture2})}),
-                   column({Picture1, row({Label1, HScroll1})})});
+                   column({clock, elementTable(), row({place, systemView})}),
+                   column({orbitPicture, row({orbitScaleLabel, orbitScale})})});
 }
 
 void RunForm::load() {
     ModelState& s = lab.s;
     Motion& motion = lab.motion;
-    s.Mx = 100000. * 1000 * HScroll1.value();
+    s.Mx = 100000. * 1000 * orbitScale.value();
     lab.run.MxView = 1.8 * MK * MK;
     for (int i = 0; i < bodies; ++i) {
         s.X[i] = s.XOld[i] = s.X0[i];
         s.Y[i] = s.YOld[i] = s.Y0[i];
         s.Z[i] = s.ZOld[i] = s.Z0[i];
     }
-    lab.run.dYplot = Text36.number();
-    Picture1.setTextHeight(noteHeight);
+    lab.run.dYplot = plotShift.number();
+    orbitPicture.setTextHeight(noteHeight);
     clearPictures();
     drawMarkers();
-    Text14.show(cut6(s.JDstart));
+    julianDate.show(cut6(s.JDstart));
     motion.kodPgr = motion.kodDX = motion.kodEpot = motion.kodXcm = motion.kodCMnow = 0;
     motion.kodSun = motion.kodDiffurV = 0;
     motion.kPgr1 = motion.kPgr2 = 0;
@@ -190,40 +184,40 @@ void RunForm::unload() { gone_ = true; }
 
 RunBoxes RunForm::boxes() const {
     RunBoxes set;
-    set.measure = Check4.on();
-    set.records = Check20.on();
-    set.track = Check2.on();
-    set.energy = Check12.on();
-    set.animation = Check3.on();
-    set.originSun = Check17.on();
-    set.originEarth = Check19.on();
-    set.originCentre = Check18.on();
-    set.endAtYear = Check14.on();
-    set.renewBaselines = Check22.on();
-    set.debugText = Check21.on();
-    set.theory = Option6.on() ? Imitator::JPL2 : Option9.on() ? Imitator::JPL0 : Imitator::New0;
+    set.measure = measureOrbit.on();
+    set.records = writeRecords.on();
+    set.track = writeTrack.on();
+    set.energy = watchEnergy.on();
+    set.animation = animation.on();
+    set.originSun = originSun.on();
+    set.originEarth = originEarth.on();
+    set.originCentre = originCentre.on();
+    set.endAtYear = endAtYear.on();
+    set.renewBaselines = renewBaselines.on();
+    set.debugText = debugText.on();
+    set.theory = theoryJpl2.on() ? Imitator::JPL2 : theoryJpl0.on() ? Imitator::JPL0 : Imitator::New0;
     return set;
 }
 
 RunSettings RunForm::settings() const {
     RunSettings set;
-    set.Text13 = Text13.text();
-    set.Text17 = Text17.text();
-    set.Text8 = Text8.text();
-    set.Text35 = Text35.text();
-    set.Text45 = Text45.text();
-    set.Text38 = Text38.text();
-    set.Text39 = Text39.text();
-    set.Text37 = Text37.text();
-    set.Text5 = Text5.text();
-    set.Text9 = Text9.text();
-    set.Text21 = Text21.text();
-    set.Text36 = Text36.text();
-    set.Text40 = Text40.text();
-    set.forward = Option1.on();
-    set.model = Option3.on();
-    set.relativistic = Option8.on();
-    set.gravitySpeed = Check13.on();
+    set.Text13 = bodyNumber.text();
+    set.Text17 = windowDegrees.text();
+    set.Text8 = experimentNumber.text();
+    set.Text35 = gravitySpeed.text();
+    set.Text45 = distanceExponent.text();
+    set.Text38 = step.text();
+    set.Text39 = stepDivider.text();
+    set.Text37 = stepsPerDisplay.text();
+    set.Text5 = angleScale.text();
+    set.Text9 = timeScale.text();
+    set.Text21 = plotScale.text();
+    set.Text36 = plotShift.text();
+    set.Text40 = lastYear.text();
+    set.forward = forward.on();
+    set.model = model.on();
+    set.relativistic = relativistic.on();
+    set.gravitySpeed = useGravitySpeed.on();
     set.test = optionOn(desk(), "Form15", "Option5");
     set.boxes = boxes();
     set.source = dataSource(desk());
@@ -233,7 +227,9 @@ RunSettings RunForm::settings() const {
 void RunForm::start() {
     const RunSettings set = settings();
     takeSettings(lab.experiment(), set);
-    for (TextField* shift : {&Text25, &Text23, &Text16, &Text29, &Text10, &Text15}) shift->setText("0");
+    for (TextField* shift :
+         {&perihelionShift, &nodeShift, &inclinationShift, &eccentricityShift, &semiAxisShift, &periodShift})
+        shift->setText("0");
     const StartNotes notes = prepareExperiment(lab.experiment(), set);
     ModelState& s = lab.s;
     if (s.NPlan > 0) clearPictures();
@@ -243,11 +239,11 @@ void RunForm::start() {
         s.YOld[i] = s.Y[i];
         s.ZOld[i] = s.Z[i];
     }
-    if (Check4.on()) showStartElements();
-    Text48.show(cut6(lab.run.Period));
-    Text49.setText("0");
+    if (measureOrbit.on()) showStartElements();
+    periodStart.show(cut6(lab.run.Period));
+    periodNow.setText("0");
     showNotes(notes);
-    if (Check20.on() && lab.run.kodTest == 1 && lab.plan.kodTestHead != headWritten) writeTestHead();
+    if (writeRecords.on() && lab.run.kodTest == 1 && lab.plan.kodTestHead != headWritten) writeTestHead();
     lab.run.TimerStart = clockSeconds();
     run();
 }
@@ -261,7 +257,7 @@ void RunForm::writeTestHead() {
 
 void RunForm::resume() {
     continueExperiment(lab.experiment(), settings());
-    setDirection(lab.experiment(), Option1.on() ? 1 : -1);
+    setDirection(lab.experiment(), forward.on() ? 1 : -1);
     run();
 }
 
@@ -291,7 +287,8 @@ void RunForm::run() {
                 static_cast<TextField*>(box)->setText(timeOfDay());
         lab.s.NPlan = 0;
     } else if (!gone_ && clockSeconds() - began > longRun) {
-        desk().screen().notify("Расчет эксперимента № " + Text8.text() + " закончен: " + lab.run.ModelName);
+        desk().screen().notify("Расчет эксперимента № " + experimentNumber.text() +
+                               " закончен: " + lab.run.ModelName);
     }
 }
 

@@ -1,4 +1,4 @@
-// Form2: what a run shows on its fields and pictures.
+// The experiment screen: what a run shows on its fields and pictures.
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr Color black{0, 0, 0}, red{255, 0, 0}, blue{0, 0, 255}, green{0, 250, 0}, pale{200, 200, 200};
 constexpr double markerRadius = 0.06, viewRadius = 0.05, pointRadius = 0.02;
-constexpr double viewHalf = 5;  ///< the second picture runs from -5 to 5
+constexpr double viewHalf = 5;  ///< the system view runs from -5 to 5
 
 /// Places of the lines printed on the plot.
 enum NotePlace : int { noteTrace = 0, noteTop = 10, noteFoot = 20, noteDebug = 30 };
@@ -33,63 +33,63 @@ void RunForm::showStartElements() {
         start.show(cut6(v));
         now.show(cut6(v));
     };
-    both(Text3, Text4, run.AlfaP);
-    both(Text7, Text24, run.AlfaU);
-    both(Text6, Text22, run.Betta * kUgol);
-    both(Text20, Text18, run.Eks);
-    both(Text46, Text47, lab.s.Rr[lab.s.IplSel] / MK);
+    both(perihelionStart, perihelionNow, run.AlfaP);
+    both(nodeStart, nodeNow, run.AlfaU);
+    both(inclinationStart, inclinationNow, run.Betta * kUgol);
+    both(eccentricityStart, eccentricityNow, run.Eks);
+    both(semiAxisStart, semiAxisNow, lab.s.Rr[lab.s.IplSel] / MK);
 }
 
 void RunForm::passed(const Passage& seen) {
     const RunState& run = lab.run;
-    if (seen.periodRenewed) Text48.show(cut6(run.PeriodNach));
+    if (seen.periodRenewed) periodStart.show(cut6(run.PeriodNach));
     if (seen.node) {
-        Text24.show(cut6(run.AlfaU));
-        Text23.show(cut6((run.AlfaU - run.AlfaUnach) * 3600));
-        if (seen.ascending) showDateIn(lab.s, Text33, Text32, Text31);
+        nodeNow.show(cut6(run.AlfaU));
+        nodeShift.show(cut6((run.AlfaU - run.AlfaUnach) * 3600));
+        if (seen.ascending) showDateIn(lab.s, nodeYear, nodeMonth, nodeDay);
     }
     if (!seen.apse) return;
     if (seen.first) {
-        Text3.show(cut6(run.AlfaP));
-        Text4.show(cut6(run.AlfaP));
+        perihelionStart.show(cut6(run.AlfaP));
+        perihelionNow.show(cut6(run.AlfaP));
     } else {
         if (seen.baselinesRenewed) {
-            Text7.show(cut6(run.AlfaUnach));
-            Text6.show(cut6(run.BettaNach * kUgol));
-            Text20.show(cut6(run.EksNach));
-            Text46.show(cut6(run.RsrNach / MK));
+            nodeStart.show(cut6(run.AlfaUnach));
+            inclinationStart.show(cut6(run.BettaNach * kUgol));
+            eccentricityStart.show(cut6(run.EksNach));
+            semiAxisStart.show(cut6(run.RsrNach / MK));
         }
         showShifts();
         plotShifts();
     }
     if (!seen.turnCounted) return;
-    Text34.show(run.NZamer);
-    showDateIn(lab.s, Text28, Text27, Text26);
+    turns.show(run.NZamer);
+    showDateIn(lab.s, perihelionYear, perihelionMonth, perihelionDay);
 }
 
 void RunForm::showShifts() {
     const RunState& run = lab.run;
     const double Rsr = lab.s.Rr[lab.s.IplSel];
-    Text4.show(cut6(run.AlfaP));
-    Text25.show(cut6((run.AlfaP - run.AlfaPnach) * 3600));
-    Text22.show(cut6(run.Betta * kUgol));
-    Text16.show(cut6(3600 * kUgol * (run.Betta - run.BettaNach)));
-    Text18.show(cut6(run.Eks));
-    Text29.show(cut6(run.Eks - run.EksNach));
-    Text47.show(cut6(Rsr / MK));
-    Text10.show(cut6((Rsr - run.RsrNach) / MK));
-    Text49.show(cut6(run.Period));
-    Text15.show(cut6(run.Period - run.PeriodNach));
+    perihelionNow.show(cut6(run.AlfaP));
+    perihelionShift.show(cut6((run.AlfaP - run.AlfaPnach) * 3600));
+    inclinationNow.show(cut6(run.Betta * kUgol));
+    inclinationShift.show(cut6(3600 * kUgol * (run.Betta - run.BettaNach)));
+    eccentricityNow.show(cut6(run.Eks));
+    eccentricityShift.show(cut6(run.Eks - run.EksNach));
+    semiAxisNow.show(cut6(Rsr / MK));
+    semiAxisShift.show(cut6((Rsr - run.RsrNach) / MK));
+    periodNow.show(cut6(run.Period));
+    periodShift.show(cut6(run.Period - run.PeriodNach));
 }
 
 void RunForm::showDate() {
     const ModelState& s = lab.s;
     const RunState& run = lab.run;
-    Text1.show(Fix((run.Tsec - s.DtCur) * 100 / sekG) / 100);
-    Text50.show(Fix((clockSeconds() - run.TimerStart) * 1000 / 3600) / 1000);
-    showDateIn(s, Text44, Text43, Text42);
-    Text14.show(cut6(s.JD));
-    Text2.show(Fix(1000 * s.LonPl[s.IplSel]) / 1000);
+    modelTime.show(Fix((run.Tsec - s.DtCur) * 100 / sekG) / 100);
+    realTime.show(Fix((clockSeconds() - run.TimerStart) * 1000 / 3600) / 1000);
+    showDateIn(s, year, month, day);
+    julianDate.show(cut6(s.JD));
+    longitude.show(Fix(1000 * s.LonPl[s.IplSel]) / 1000);
     progress(run.boxes.endAtYear ? shareDone() : endless);
 }
 
@@ -108,22 +108,22 @@ bool RunForm::giveWay() {
 
 // ------------------------------------------------------------------ plots
 
-double RunForm::plotX() const { return ratio(lab.run.Tsec / sekG, lab.run.MT) - 10; }
+double RunForm::timeOnPlot() const { return ratio(lab.run.Tsec / sekG, lab.run.MT) - 10; }
 
 void RunForm::point(bool on, double value, double scale, Color color) {
-    if (on) Picture1.disc(plotX(), ratio(value, scale) + lab.run.dYplot, pointRadius, color);
+    if (on) orbitPicture.disc(timeOnPlot(), ratio(value, scale) + lab.run.dYplot, pointRadius, color);
 }
 
 void RunForm::plotShifts() {
     const RunState& run = lab.run;
     const Color color = bodyColor(lab.s, lab.s.IplSel);
     const double Rsr = lab.s.Rr[lab.s.IplSel];
-    point(Check8.on(), (run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa, color);
-    point(Check9.on(), (run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa, color);
-    point(Check10.on(), 3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa, color);
-    point(Check11.on(), (run.Eks - run.EksNach) * run.MxPlot, 1, color);  // multiplied: meant
-    point(Check15.on(), (Rsr - run.RsrNach) / MK, run.MxPlot, color);
-    point(Check16.on(), run.Period - run.PeriodNach, 1, color);
+    point(drawPerihelion.on(), (run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa, color);
+    point(drawNode.on(), (run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa, color);
+    point(drawInclination.on(), 3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa, color);
+    point(drawEccentricity.on(), (run.Eks - run.EksNach) * run.MxPlot, 1, color);  // this scale multiplies
+    point(drawSemiAxis.on(), (Rsr - run.RsrNach) / MK, run.MxPlot, color);
+    point(drawPeriod.on(), run.Period - run.PeriodNach, 1, color);
 }
 
 void RunForm::showTrack() {
@@ -134,12 +134,12 @@ void RunForm::showTrack() {
         Y = s.Y[s.IplSel] - s.Y[s.Icentr];
         Z = s.Z[s.IplSel] - s.Z[s.Icentr];
     }
-    Text11.show(cut6(X / MK));
-    Text12.show(cut6(Y / MK));
-    Text30.show(cut6(Z / MK));
-    point(Check5.on(), X / MK, lab.run.MxPlot, red);
-    point(Check6.on(), Y / MK, lab.run.MxPlot, blue);
-    point(Check7.on(), Z / MK, lab.run.MxPlot, green);
+    bodyX.show(cut6(X / MK));
+    bodyY.show(cut6(Y / MK));
+    bodyZ.show(cut6(Z / MK));
+    point(drawX.on(), X / MK, lab.run.MxPlot, red);
+    point(drawY.on(), Y / MK, lab.run.MxPlot, blue);
+    point(drawZ.on(), Z / MK, lab.run.MxPlot, green);
     if (lab.run.boxes.debugText) showDebugText();
 }
 
@@ -147,10 +147,10 @@ void RunForm::showEnergy() {
     const RunState& run = lab.run;
     const double dE = ratio((run.Esys - run.E0sys) * 100, run.E0sys);
     const double dM = ratio((run.MKDsys - run.MKD0sys) * 100, run.MKD0sys);
-    Text19.show(cut6(dE));
-    Text41.show(cut6(dM));
-    Picture1.circle(plotX(), ratio(dE, run.MxPlot) + run.dYplot, pointRadius, red);
-    Picture1.circle(plotX(), ratio(dM, run.MxPlot) + run.dYplot, pointRadius, blue);
+    energyShift.show(cut6(dE));
+    momentumShift.show(cut6(dM));
+    orbitPicture.circle(timeOnPlot(), ratio(dE, run.MxPlot) + run.dYplot, pointRadius, red);
+    orbitPicture.circle(timeOnPlot(), ratio(dM, run.MxPlot) + run.dYplot, pointRadius, blue);
 }
 
 // ------------------------------------------------------------------ bodies
@@ -158,14 +158,14 @@ void RunForm::showEnergy() {
 void RunForm::clearPictures() {
     GridStyle style{.cell = {70, 70, 70}, .axis = {100, 100, 100}};
     style.axesY.push_back(lab.run.dYplot);
-    drawGrid(Picture1, style);
+    drawGrid(orbitPicture, style);
     notes_.clear();
     clearView();
 }
 
 void RunForm::clearView() {
-    Picture2.setScale(-viewHalf, viewHalf, viewHalf, -viewHalf);
-    Picture2.clear();
+    systemView.setScale(-viewHalf, viewHalf, viewHalf, -viewHalf);
+    systemView.clear();
 }
 
 /// Old markers in black, where the bodies were last drawn.
@@ -173,10 +173,10 @@ void RunForm::eraseBodies() {
     const ModelState& s = lab.s;
     for (int i = 0; i < bodies; ++i) {
         if (s.kodPl[i] == 0) continue;
-        drawBothViews(Picture1, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
+        drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
                       markerRadius, black);
-        Picture2.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
-                      (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, black);
+        systemView.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
+                        (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, black);
     }
 }
 
@@ -186,16 +186,16 @@ void RunForm::drawMarkers() {
     for (int i = 0; i < bodies; ++i) {
         if (s.kodPl[i] == 0) continue;
         const Color color = bodyColor(s, i, s.ZOld[i] < 0 ? 0.5 : 1);
-        drawBothViews(Picture1, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
+        drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
                       markerRadius, color);
-        Picture2.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
-                      (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, color);
+        systemView.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
+                        (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, color);
     }
 }
 
 void RunForm::drawBodies() {
     ModelState& s = lab.s;
-    if (!Check1.on()) eraseBodies();
+    if (!keepTrajectories.on()) eraseBodies();
     for (int i = 0; i < bodies; ++i) {
         s.XOld[i] = s.X[i];
         s.YOld[i] = s.Y[i];
@@ -206,8 +206,8 @@ void RunForm::drawBodies() {
 
 void RunForm::rescale() {
     eraseBodies();
-    lab.s.Mx = 100000. * 1000 * HScroll1.value();
-    Label1.setCaption("Масштаб = " + toText(HScroll1.value() / 10.) + " млн.км/см");
+    lab.s.Mx = 100000. * 1000 * orbitScale.value();
+    orbitScaleLabel.setCaption("Масштаб = " + toText(orbitScale.value() / 10.) + " млн.км/см");
     drawMarkers();
 }
 
@@ -215,9 +215,9 @@ void RunForm::rescale() {
 
 void RunForm::note(int place, double x, double y, const std::string& text) {
     std::string& shown = notes_[place];
-    if (!shown.empty()) Picture1.text(x, y, shown, black);
+    if (!shown.empty()) orbitPicture.text(x, y, shown, black);
     shown = text;
-    if (!shown.empty()) Picture1.text(x, y, shown, pale);
+    if (!shown.empty()) orbitPicture.text(x, y, shown, pale);
 }
 
 void RunForm::showNotes(const StartNotes& notes) {

@@ -146,8 +146,8 @@ void SystemVelocityForm::giveToSystem() {
     s.VYsys = Text2.number();
     s.VZsys = Text3.number();
     addSystemVelocity(s);
-    form1.Option3.choose();
-    form1.Text28.setText(presentTime());
+    form1.viewState.choose();
+    form1.showStateTrigger.setText(presentTime());
 }
 
 }  // namespace tarvex

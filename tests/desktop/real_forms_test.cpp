@@ -80,8 +80,8 @@ TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt
 
 TEST_F(RealForms, AStopReachesARunningExperiment) {
     auto& form = lab.desk.get<RunForm>();
-    form.Check14.set(true);
-    form.Text40.setText("2900");
+    form.endAtYear.set(true);
+    form.lastYear.setText("2900");
     bool running = false;
     QString during;
     QTimer::singleShot(700, [&] {
@@ -101,8 +101,8 @@ TEST_F(RealForms, AStopReachesARunningExperiment) {
 
 TEST_F(RealForms, TheEndOfARunIsToldInItsWindow) {
     auto& form = lab.desk.get<RunForm>();
-    form.Check14.set(true);
-    form.Text40.setText("1802");
+    form.endAtYear.set(true);
+    form.lastYear.setText("1802");
     lab.desk.show("Form1");  // the user works elsewhere meanwhile
     QPushButton* start = test::find<QPushButton>(windowOf("Form2"), "Command1");
     start->click();

@@ -75,8 +75,8 @@ struct RealKeys : test::WindowTest {
         hands(turnTo(*window1) + clickOn(year, year->rect().center()) +
               "xdotool key ctrl+a; xdotool type 1900; xdotool key Tab; xdotool type 2; "
               "xdotool key Tab Tab; sleep 0.1; xdotool key space");
-        EXPECT_EQ(first.Text33.text(), "2");
-        EXPECT_EQ(first.Text24.text(), "2415052");  // 1.5 February 1900
+        EXPECT_EQ(first.month.text(), "2");
+        EXPECT_EQ(first.julianDate.text(), "2415052");  // 1.5 February 1900
 
         test::find<QPushButton>(*window1, "Command1")->setFocus();
         hands("xdotool key Return; sleep 0.3");

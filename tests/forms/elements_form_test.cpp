@@ -15,7 +15,7 @@ using Message = RecordingScreen::Message;
 
 const Message badData{"Задайте правильно данные", "Tarvex7m"};
 
-struct Form1Test : test::LabTest {
+struct ElementsFormTest : test::LabTest {
     ElementsForm& open() {
         lab.desk.show("Form1");
         return lab.desk.get<ElementsForm>();
@@ -28,33 +28,34 @@ struct Form1Test : test::LabTest {
     }
     /// Types elements and a state of round numbers for every body, loads them, and chooses file 7.
     void fillTable(ElementsForm& form) {
-        form.Option7.choose();
-        form.Option2.choose();
-        form.Text34.setText("1900");
-        form.Text33.setText("12");
-        form.Text32.setText("31,9996");
-        form.Text25.setText("1e30");
-        form.Text26.setText("5e-11");
-        form.Text11.setText("150000000");
+        form.fromScreen.choose();
+        form.viewElements.choose();
+        form.year.setText("1900");
+        form.month.setText("12");
+        form.day.setText("31,9996");
+        form.sunMass.setText("1e30");
+        form.gravityConstant.setText("5e-11");
+        form.astronomicalUnit.setText("150000000");
         for (int i = 0; i <= 10; ++i) {
-            for (TextFields* column : {&form.Text1, &form.Text3, &form.Text5, &form.Text6, &form.Text7})
+            for (TextFields* column : {&form.longitudeOrX, &form.motionOrZ, &form.inclinationOrVy,
+                                       &form.perihelionOrVz, &form.nodeOrMass})
                 (*column)(i).show(i + 0.0000005);
-            form.Text2(i).show(i + 0.0015006);  // thousand km: 1500 m are rounded up to 2 km
-            form.Text4(i).show(i * 0.01 + 0.0000005);
+            form.semiAxisOrY(i).show(i + 0.0015006);  // thousand km: 1500 m are rounded up to 2 km
+            form.eccentricityOrVx(i).show(i * 0.01 + 0.0000005);
         }
-        form.Command3.press();
-        form.Option3.choose();
+        form.loadParameters.press();
+        form.viewState.choose();
         for (int i = 0; i <= 10; ++i) {
             const double sign = i % 2 ? -1 : 1;
-            for (TextFields* column : {&form.Text1, &form.Text2, &form.Text3})
+            for (TextFields* column : {&form.longitudeOrX, &form.semiAxisOrY, &form.motionOrZ})
                 (*column)(i).show(sign * (i + 0.0019996));  // X and Z are cut in km, Y is rounded
-            form.Text4(i).show(sign * i * 1000.5);
-            form.Text5(i).show(sign * 0.0000019);
-            form.Text6(i).setText("0");
-            form.Text7(i).show(i + 0.25);
+            form.eccentricityOrVx(i).show(sign * i * 1000.5);
+            form.inclinationOrVy(i).show(sign * 0.0000019);
+            form.perihelionOrVz(i).setText("0");
+            form.nodeOrMass(i).show(i + 0.25);
         }
-        form.Text23.setText("7");
-        form.Command3.press();
+        form.fileNumber.setText("7");
+        form.loadParameters.press();
         EXPECT_TRUE(screen.messages.empty());
     }
     ModelState& s = lab.s;
@@ -69,20 +70,20 @@ std::vector<std::string> linesOf(const std::string& bytes) {
 
 }  // namespace
 
-TEST_F(Form1Test, OpensWithSer0AndInitialDataOf1801) {
+TEST_F(ElementsFormTest, OpensWithSer0AndInitialDataOf1801) {
     ElementsForm& form = open();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(s.JD, 2378862);  // Ser0 runs on universal time
     EXPECT_EQ(s.JDstart, s.JDut);
     EXPECT_NEAR((s.JDet - s.JDut) * 86400, 24.35 + 72.32 * -0.9902 + 29.95 * 0.98, 0.1);
-    EXPECT_EQ(form.Text5(1).text(), "7,016032");  // inclination of Mercury, degrees, cut
+    EXPECT_EQ(form.inclinationOrVy(1).text(), "7,016032");  // inclination of Mercury, degrees, cut
     EXPECT_NEAR(std::hypot(s.X0[3], s.Y0[3]) / LaeTheory, 0.983, 0.002);  // the Earth near its perihelion
     EXPECT_EQ(s.m[10], s.m[11]);  // the Earth's mass by km(10), also for Xena
 }
 
-TEST_F(Form1Test, SourcesSetWhatGoesWithThem) {
+TEST_F(ElementsFormTest, SourcesSetWhatGoesWithThem) {
     ElementsForm& form = open();
-    form.Text34.setText("1990");
+    form.year.setText("1990");
     const struct {
         const char* option;
         double gamma, mSun;
@@ -97,8 +98,8 @@ TEST_F(Form1Test, SourcesSetWhatGoesWithThem) {
     };
     for (const auto& c : cases) {
         source(form, c.option).choose();
-        form.Check3.set(false);
-        form.Command3.press();
+        form.earthAndMoon.set(false);
+        form.loadParameters.press();
         EXPECT_TRUE(screen.messages.empty());
         EXPECT_NEAR(s.gamma / c.gamma, 1, 1e-15);
         EXPECT_EQ(s.mSol, c.mSun);
@@ -106,8 +107,8 @@ TEST_F(Form1Test, SourcesSetWhatGoesWithThem) {
         EXPECT_EQ(s.JDepoha, c.ofDate ? s.JD0 : JD2000);
         EXPECT_EQ(s.km[10], 9888777);
         EXPECT_EQ(s.R0sr[10], s.Lae * 50.01);
-        form.Check3.set(true);
-        form.Command3.press();
+        form.earthAndMoon.set(true);
+        form.loadParameters.press();
         EXPECT_EQ(s.R0sr[10], 384402000);
         if (*c.moonText) {
             EXPECT_EQ(screen.onlyMessage(), (Message{c.moonText, "Tarvex7"}));
@@ -115,40 +116,40 @@ TEST_F(Form1Test, SourcesSetWhatGoesWithThem) {
     }
 }
 
-TEST_F(Form1Test, EphemerisGivesCoordinatesNearTheTheory) {
+TEST_F(ElementsFormTest, EphemerisGivesCoordinatesNearTheTheory) {
     ElementsForm& form = open();
     test::linkEphemeris(folder);
-    form.Text34.setText("1999");
-    form.Option9.choose();
-    form.Command3.press();
+    form.year.setText("1999");
+    form.fromJpl2.choose();
+    form.loadParameters.press();
     ASSERT_TRUE(screen.messages.empty());
     EXPECT_EQ(s.X0[10], 7555444333222);
     EXPECT_EQ(s.VY0[10], 4333);
     // about the barycentre: the Sun stands off, the planets relative to it are where the elements put them
     EXPECT_GT(std::hypot(s.X0[0], s.Y0[0]), 1e8);
     const Rows X = s.X0, Y = s.Y0, Z = s.Z0;
-    form.Command12.press();
+    form.computeInitialData.press();
     for (int i = 1; i <= 8; ++i) {
         const double apart = std::hypot(X[i] - X[0] - s.X0[i], Y[i] - Y[0] - s.Y0[i], Z[i] - Z[0] - s.Z0[i]);
         EXPECT_LT(apart / s.R0sr[i], i < 5 ? 2e-3 : 2e-2) << i;
     }
 }
 
-TEST_F(Form1Test, EphemerisThatDoesNotServeTheDate) {
+TEST_F(ElementsFormTest, EphemerisThatDoesNotServeTheDate) {
     ElementsForm& form = open();
-    form.Option9.choose();
-    form.Command3.press();  // no files
+    form.fromJpl2.choose();
+    form.loadParameters.press();  // no files
     EXPECT_EQ(screen.onlyMessage(), badData);
-    form.Text34.setText("1500");
-    form.Command3.press();
+    form.year.setText("1500");
+    form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"В файлах DE405 нет такой даты", "Tarvex7m"}));
     EXPECT_EQ(s.kodStop, 1);
 }
 
-TEST_F(Form1Test, SavedFileIsExactByteForByte) {
+TEST_F(ElementsFormTest, SavedFileIsExactByteForByte) {
     ElementsForm& form = open();
     fillTable(form);
-    form.Command4.press();
+    form.saveParameters.press();
     ASSERT_TRUE(screen.messages.empty());
     std::string expected =
         " 31999  12  1900                MK=1 000 000         kUgol=180 град/pi       sekG = 31557600 сек\r\n"
@@ -181,10 +182,10 @@ TEST_F(Form1Test, SavedFileIsExactByteForByte) {
     EXPECT_EQ(test::readBytes(parameterFile(7)), expected);
 }
 
-TEST_F(Form1Test, SavedFileReadsBack) {
+TEST_F(ElementsFormTest, SavedFileReadsBack) {
     ElementsForm& form = open();
     fillTable(form);
-    form.Command4.press();
+    form.saveParameters.press();
     for (const int columns : {1, 2}) {
         if (columns == 2) {  // an old file: other line ends, commas between items, the code page of its time
             std::string text = test::readBytes(parameterFile(7));
@@ -192,14 +193,14 @@ TEST_F(Form1Test, SavedFileReadsBack) {
             std::erase(text, '\r');
             test::writeBytes(parameterFile(7), "31999,12,1900, \xEF\xF0\xE8\xE2\xE5\xF2\n" + text);
         }
-        form.Option8.choose();
-        form.Text34.setText("1801");
-        form.Command3.press();
+        form.fromSer0.choose();
+        form.year.setText("1801");
+        form.loadParameters.press();
         const double JDut = s.JDut;
-        form.Option6.choose();
-        form.Command3.press();
+        form.fromFile.choose();
+        form.loadParameters.press();
         ASSERT_TRUE(screen.messages.empty());
-        EXPECT_EQ(form.Text34.text() + " " + form.Text33.text() + " " + form.Text32.text(), "1900 12 31,999");
+        EXPECT_EQ(form.year.text() + " " + form.month.text() + " " + form.day.text(), "1900 12 31,999");
         EXPECT_NEAR(s.JD, 2415385.5 - 1 + 0.999, 1e-6);
         EXPECT_EQ(s.JDut, JDut);  // of the date that stood on the screen
         EXPECT_EQ(s.JDepoha, s.JD0);
@@ -212,10 +213,10 @@ TEST_F(Form1Test, SavedFileReadsBack) {
     }
 }
 
-TEST_F(Form1Test, DamagedFilesAreReadAsFarAsTheyGo) {
+TEST_F(ElementsFormTest, DamagedFilesAreReadAsFarAsTheyGo) {
     ElementsForm& form = open();
     fillTable(form);
-    form.Command4.press();
+    form.saveParameters.press();
     const std::string good = test::readBytes(parameterFile(7));
     const auto lines = linesOf(good);
     ASSERT_EQ(lines.size(), 15u);
@@ -235,94 +236,95 @@ TEST_F(Form1Test, DamagedFilesAreReadAsFarAsTheyGo) {
         {"binary", std::string("\0\xFF\x01\xFE\n\0", 6)},
         {"number too big", with(10, "06 1e400 " + row6)},
     };
-    form.Option6.choose();
+    form.fromFile.choose();
     for (const auto& [what, bytes] : damaged) {
         test::writeBytes(parameterFile(7), bytes);
-        form.Command3.press();
+        form.loadParameters.press();
         EXPECT_EQ(screen.onlyMessage(),
                   (Message{"Ошибка чтения данных из файла \\Dat\\Tarvex7.dat", "Tarvex7m"}))
             << what;
         EXPECT_TRUE(std::isfinite(s.m[6])) << what;
     }
     test::writeBytes(parameterFile(7), good);
-    form.Command3.press();
+    form.loadParameters.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(s.km[10], 10.25);
 }
 
-TEST_F(Form1Test, FilesThatCannotBeOpenedOrNumbersThatAreNone) {
+TEST_F(ElementsFormTest, FilesThatCannotBeOpenedOrNumbersThatAreNone) {
     ElementsForm& form = open();
-    form.Option6.choose();
+    form.fromFile.choose();
     const Message notFound{"Не могу найти файл \\Dat\\Tarvex5.dat", "Tarvex7m"};
-    form.Text23.setText("5");
-    form.Command3.press();
+    form.fileNumber.setText("5");
+    form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), notFound);
     folder.makeFolder("Dat/Tarvex5.dat");  // a folder in the way
-    form.Command3.press();
+    form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), notFound);
     std::filesystem::remove_all(folder.path() / "Dat");
-    form.Text23.setText("6,5");  // half to even
-    form.Command4.press();
+    form.fileNumber.setText("6,5");  // half to even
+    form.saveParameters.press();
     EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл \\Dat\\Tarvex6.dat");
 
-    form.Option8.choose();
-    for (TextField* field : {&form.Text34, &form.Text33, &form.Text32}) {
+    form.fromSer0.choose();
+    for (TextField* field : {&form.year, &form.month, &form.day}) {
         const std::string kept = field->text();
         field->setText("1e400");
-        form.Command3.press();
+        form.loadParameters.press();
         EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
         field->setText(kept);
     }
     for (const char* bad : {"", "x", "32768", "-40000"}) {
-        form.Text23.setText(bad);
-        form.Command4.press();
+        form.fileNumber.setText(bad);
+        form.saveParameters.press();
         EXPECT_EQ(screen.onlyMessage(), (Message{"Задайте номер файла", "Tarvex7m"})) << bad;
     }
 }
 
-TEST_F(Form1Test, TableRefusesWhatIsNoNumber) {
+TEST_F(ElementsFormTest, TableRefusesWhatIsNoNumber) {
     ElementsForm& form = open();
-    form.Option7.choose();
+    form.fromScreen.choose();
     for (const bool elements : {true, false}) {
-        (elements ? form.Option2 : form.Option3).choose();
+        (elements ? form.viewElements : form.viewState).choose();
         for (const TextFields* column :
-             {&form.Text1, &form.Text2, &form.Text3, &form.Text4, &form.Text5, &form.Text6, &form.Text7}) {
+             {&form.longitudeOrX, &form.semiAxisOrY, &form.motionOrZ, &form.eccentricityOrVx,
+              &form.inclinationOrVy, &form.perihelionOrVz, &form.nodeOrMass}) {
             TextField& cell = (*column)(4);
             const std::string kept = cell.text();
             cell.setText("abc");
-            form.Command3.press();
+            form.loadParameters.press();
             EXPECT_EQ(screen.onlyMessage(), badData) << cell.name();
             cell.setText(kept);
         }
     }
-    form.Text7(4).setText("0");  // no mass divisor
-    form.Command3.press();
+    form.nodeOrMass(4).setText("0");  // no mass divisor
+    form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), badData);
-    form.Command12.press();
+    form.computeInitialData.press();
     EXPECT_EQ(screen.onlyMessage(), badData);
     for (const Rows* rows : {&s.m, &s.X, &s.VX0})
         for (const double v : *rows) EXPECT_TRUE(std::isfinite(v));
-    for (TextField* field : {&form.Text25, &form.Text26, &form.Text11}) {
+    for (TextField* field : {&form.sunMass, &form.gravityConstant, &form.astronomicalUnit}) {
         field->setText("?");
-        form.Command3.press();
+        form.loadParameters.press();
         EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
         field->setText("1");
     }
 }
 
-TEST_F(Form1Test, EarthAndMoonPartInTheInitialData) {
+TEST_F(ElementsFormTest, EarthAndMoonPartInTheInitialData) {
     ElementsForm& form = open();
-    form.Check3.set(true);
+    form.earthAndMoon.set(true);
     EXPECT_EQ(s.kodMoon, 0);  // only a load changes the mode
     for (const bool bary : {false, true}) {
-        form.Check6.set(bary);
-        form.Command3.press();
-        form.Check3.set(false);
-        form.Command12.press();
+        form.bary.set(bary);
+        form.loadParameters.press();
+        form.earthAndMoon.set(false);
+        form.computeInitialData.press();
         const double X = s.X0[3], VY = s.VY0[3];  // the common centre
-        form.Check3.set(true);
-        form.Command3.press();
-        form.Command12.press();
+        form.earthAndMoon.set(true);
+        form.loadParameters.press();
+        form.computeInitialData.press();
         EXPECT_EQ(s.kodMoon, 1);
         EXPECT_EQ(s.kodBary, bary ? 2 : 1);
         EXPECT_EQ(s.m[3], s.m[13]);
@@ -335,10 +337,10 @@ TEST_F(Form1Test, EarthAndMoonPartInTheInitialData) {
     EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(Form1Test, CentreOfMassAndTheSunsVelocity) {
+TEST_F(ElementsFormTest, CentreOfMassAndTheSunsVelocity) {
     ElementsForm& form = open();
-    form.Check7.set(true);
-    form.Command15.press();
+    form.drawCentre.set(true);
+    form.findCentre.press();
     double M = 0, MX = 0;
     for (int i = 0; i <= 9; ++i) {
         M += s.m[i];
@@ -346,26 +348,26 @@ TEST_F(Form1Test, CentreOfMassAndTheSunsVelocity) {
     }
     EXPECT_NEAR(s.X[14], MX / M, 1e-3);
     const double before = s.X0[10], shift = s.X[14];
-    form.Command2.press();
+    form.moveCentreToOrigin.press();
     EXPECT_EQ(s.X0[10], before - shift);  // an unticked body moves as well
-    EXPECT_EQ(form.Text17.text(), "0");
-    form.Command15.press();
+    EXPECT_EQ(form.greatestDistance.text(), "0");
+    form.findCentre.press();
     EXPECT_NEAR(s.X[14], 0, 1);
 
-    form.Command16.press();
+    form.findSunVelocity.press();
     double P = 0;
     for (int i = 0; i <= 9; ++i) P += s.m[i] * s.VX0[i];
     EXPECT_NEAR(P / s.m[0], 0, 1e-9);
 
-    for (int i = 0; i <= 10; ++i) form.Check2(i).set(false);
+    for (int i = 0; i <= 10; ++i) form.inModel(i).set(false);
     EXPECT_EQ(s.NPlOn, 0);
-    for (CommandButton* command : {&form.Command15, &form.Command2}) {
+    for (CommandButton* command : {&form.findCentre, &form.moveCentreToOrigin}) {
         command->press();
         EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка", "Tarvex7m"}));
     }
 }
 
-TEST_F(Form1Test, ActivationResetsTheCalendar) {
+TEST_F(ElementsFormTest, ActivationResetsTheCalendar) {
     ElementsForm& form = open();
     s.kodKalend = 1;
     s.TimeZone = 3;
@@ -377,20 +379,20 @@ TEST_F(Form1Test, ActivationResetsTheCalendar) {
     EXPECT_EQ(s.NEqMax, 65);
 }
 
-TEST_F(Form1Test, DateCommands) {
+TEST_F(ElementsFormTest, DateCommands) {
     ElementsForm& form = open();
     for (const char* month : {"0", "13", "-1", "99999999999", ""}) {
-        form.Text33.setText(month);
-        form.Command17.press();
+        form.month.setText(month);
+        form.dateToJulian.press();
         EXPECT_EQ(screen.onlyMessage(), badData) << month;
     }
-    form.Text33.setText("1");
-    form.Text34.setText("40000");
-    form.Command17.press();
+    form.month.setText("1");
+    form.year.setText("40000");
+    form.dateToJulian.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно дату", "Tarvex7.0"}));
-    EXPECT_EQ(form.Text24.text(), "0");
-    form.Text24.setText("1e13");
-    form.Command18.press();
+    EXPECT_EQ(form.julianDate.text(), "0");
+    form.julianDate.setText("1e13");
+    form.julianToDate.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно юлианскую дату", "Tarvex7.0"}));
 }
 

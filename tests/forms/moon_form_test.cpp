@@ -19,20 +19,23 @@ protected:
 };
 
 TEST_F(OrbitCheckForms, BadFieldsOfTheCheck) {
-    for (const auto& [field, text] : std::initializer_list<std::pair<TextField*, const char*>>{
-             {&first.Text29, "40000"}, {&first.Text30, "шаг"}, {&first.Text31, "0"}, {&first.Text10, ""}}) {
+    for (const auto& [field, text] :
+         std::initializer_list<std::pair<TextField*, const char*>>{{&first.stepsPerDisplay, "40000"},
+                                                                   {&first.step, "шаг"},
+                                                                   {&first.stepDivider, "0"},
+                                                                   {&first.windowDegrees, ""}}) {
         const std::string good = field->text();
         field->setText(text);
-        first.Command13.press();
+        first.checkOrbit.press();
         EXPECT_EQ(screen.onlyMessage(),
                   (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7m"}))
             << field->name();
         field->setText(good);
     }
-    first.Command7.press();  // no check has been begun
+    first.checkSteps.press();  // no check has been begun
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     lab.s.X0[1] = lab.s.Y0[1] = lab.s.Z0[1] = 0;
-    first.Command13.press();
+    first.checkOrbit.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
 }
 
@@ -40,11 +43,11 @@ TEST_F(OrbitCheckForms, BadFieldsOfTheCheck) {
 TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
     auto& form = lab.desk.get<MoonForm>();
     for (const bool geocentric : {true, false}) {
-        first.Text34.setText("2000");
-        first.Check3.set(true);
-        first.Check6.set(!geocentric);
-        first.Command3.press();
-        first.Command12.press();
+        first.year.setText("2000");
+        first.earthAndMoon.set(true);
+        first.bary.set(!geocentric);
+        first.loadParameters.press();
+        first.computeInitialData.press();
         ModelState& s = lab.s;
         const double dx = s.X0[10] - s.X0[3], dvy = s.VY0[10] - s.VY0[3];
         (geocentric ? form.Option5 : form.Option6).choose();
@@ -58,13 +61,13 @@ TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
 
 /// A time is multiplied before it is divided: 58 hundredths of a year are 0,58 and not 0,57.
 TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
-    first.Option1(5).choose();
-    first.Text29.setText("29");
-    first.Text30.setText("315576");
-    first.Text31.setText("1");
-    stopAfter(1, first.Command5);
-    first.Command13.press();  // two batches: 58 hundredths of a year
-    EXPECT_EQ(first.Text40.text(), "0,58");
+    first.checkedBody(5).choose();
+    first.stepsPerDisplay.setText("29");
+    first.step.setText("315576");
+    first.stepDivider.setText("1");
+    stopAfter(1, first.stopCheck);
+    first.checkOrbit.press();  // two batches: 58 hundredths of a year
+    EXPECT_EQ(first.checkTime.text(), "0,58");
     auto& form = lab.desk.get<MoonForm>();
     form.Command6.press();
     form.Text36.setText("6");
@@ -77,37 +80,37 @@ TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
 
 /// While the table shows coordinates, the check writes its two rows and leaves what is typed into the others.
 TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
-    first.Option3.choose();
-    first.Text1(4).setText("7");
-    first.Text7(1).setText("8");
-    first.Text29.setText("10");
-    stopAfter(1, first.Command5);
-    first.Command13.press();
-    EXPECT_EQ(first.Text1(4).text(), "7");
-    EXPECT_EQ(first.Text7(1).text(), "8");
-    EXPECT_EQ(first.Text1(1).text(), toText(cut6(lab.s.X[1]) / MK));
+    first.viewState.choose();
+    first.longitudeOrX(4).setText("7");
+    first.nodeOrMass(1).setText("8");
+    first.stepsPerDisplay.setText("10");
+    stopAfter(1, first.stopCheck);
+    first.checkOrbit.press();
+    EXPECT_EQ(first.longitudeOrX(4).text(), "7");
+    EXPECT_EQ(first.nodeOrMass(1).text(), "8");
+    EXPECT_EQ(first.longitudeOrX(1).text(), toText(cut6(lab.s.X[1]) / MK));
 }
 
 /// There is one check at a time: the form whose check another has replaced has none to go on with.
 TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
     auto& form = lab.desk.get<MoonForm>();
-    first.Text29.setText("5000");
-    first.Text31.setText("10");
-    stopAfter(1, first.Command5);
-    first.Command13.press();
+    first.stepsPerDisplay.setText("5000");
+    first.stepDivider.setText("10");
+    stopAfter(1, first.stopCheck);
+    first.checkOrbit.press();
     form.Command6.press();
     form.Command3.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
-    const std::string time = first.Text40.text();
-    first.Command7.press();  // building the Moon's data has not touched the planet's check
-    EXPECT_NE(first.Text40.text(), time);
+    const std::string time = first.checkTime.text();
+    first.checkSteps.press();  // building the Moon's data has not touched the planet's check
+    EXPECT_NE(first.checkTime.text(), time);
     // a check begun while the other runs ends that one
     int yields = 0;
     screen.atYield = [&](int) {
         if (++yields == 1) form.Command1.press();
         if (yields == 4) form.Command2.press();
     };
-    first.Command6.press();
+    first.continueCheck.press();
     EXPECT_EQ(yields, 4);
     EXPECT_TRUE(screen.messages.empty());
 }
@@ -140,8 +143,8 @@ TEST_F(OrbitCheckForms, OverflowsReachNoState) {
                 if (!std::isfinite(v)) return false;
         return std::isfinite(lab.s.Rcur);
     };
-    first.Text30.setText("1e300");
-    first.Command13.press();
+    first.step.setText("1e300");
+    first.checkOrbit.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     EXPECT_TRUE(finiteState());
 
@@ -154,10 +157,10 @@ TEST_F(OrbitCheckForms, OverflowsReachNoState) {
     EXPECT_TRUE(finiteState());
 
     // the Moon so far away that its moment has no number
-    first.Check3.set(true);
-    first.Command3.press();
+    first.earthAndMoon.set(true);
+    first.loadParameters.press();
     lab.s.R0sr[10] = 1e290;
-    first.Command12.press();
+    first.computeInitialData.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
     EXPECT_TRUE(finiteState());
 }

@@ -33,22 +33,22 @@ public:
     std::function<void()> next;
 };
 
-class Form2Test : public test::LabTest {
+class RunFormTest : public test::LabTest {
 protected:
-    Form2Test() {
+    RunFormTest() {
         for (const char* name : {"Plan0/Txt1", "Plan4/Txt1"}) folder.makeFolder(name);
         lab.desk.show("Form1");
-        lab.desk.get<ElementsForm>().Command1.press();
+        lab.desk.get<ElementsForm>().openRun.press();
         form = &lab.desk.get<RunForm>();
-        form->Check14.set(true);
-        form->Text40.setText("1801");
-        form->Text39.setText("100");
+        form->endAtYear.set(true);
+        form->lastYear.setText("1801");
+        form->stepDivider.setText("100");
         screen.shown.clear();
     }
     /// A run of a known number of steps without measurement.
     void plainRun(const char* steps) {
-        form->Check14.set(false);
-        form->Text37.setText(steps);
+        form->endAtYear.set(false);
+        form->stepsPerDisplay.setText(steps);
     }
     FakePlan& plan() {
         if (!lab.desk.isLoaded("Form15"))
@@ -64,195 +64,196 @@ protected:
 
 }  // namespace
 
-TEST_F(Form2Test, AYearOfMercuryFillsFieldsPlotAndFile) {
-    form->Check4.set(true);
-    form->Check20.set(true);
-    form->Check22.set(true);
-    form->Check8.set(true);
-    form->Command1.press();
+TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
+    form->measureOrbit.set(true);
+    form->writeRecords.set(true);
+    form->renewBaselines.set(true);
+    form->drawPerihelion.set(true);
+    form->startRun.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form->Text44.text(), "1802");
-    EXPECT_NEAR(form->Text4.number(), 77.14, 0.01);
-    EXPECT_NEAR(form->Text6.number(), 7.016, 0.001);  // taken again: not the 7.018 of the elements
-    EXPECT_NEAR(form->Text48.number(), 87.969, 0.001);
+    EXPECT_EQ(form->year.text(), "1802");
+    EXPECT_NEAR(form->perihelionNow.number(), 77.14, 0.01);
+    EXPECT_NEAR(form->inclinationStart.number(), 7.016, 0.001);  // taken again: not the 7.018 of the elements
+    EXPECT_NEAR(form->periodStart.number(), 87.969, 0.001);
     const std::string file = readBytes(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
     EXPECT_NE(file.find("Классика  Ser0    VXsys=  0"), std::string::npos);
     EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 3);  // records after the second perihelion
 }
 
-TEST_F(Form2Test, StopAndContinueByTheButtons) {
+TEST_F(RunFormTest, StopAndContinueByTheButtons) {
     plainRun("50");
     screen.atYield = [this](int n) {
-        if (n == 2) form->Command4.press();
+        if (n == 2) form->stopRun.press();
     };
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.yields, 2);
     EXPECT_DOUBLE_EQ(lab.run.Tsec, 150 * 3600.);  // the press is read at the next display
-    form->Command2.press();
+    form->runSteps.press();
     EXPECT_DOUBLE_EQ(lab.run.Tsec, 200 * 3600.);
-    form->Option2.choose();
+    form->backward.choose();
     const double V = lab.motion.U[45];
-    form->Text37.setText("20");
-    screen.atYield = [this](int) { form->Command4.press(); };
-    form->Command5.press();
+    form->stepsPerDisplay.setText("20");
+    screen.atYield = [this](int) { form->stopRun.press(); };
+    form->continueRun.press();
     EXPECT_LT(lab.motion.U[45] * V, 0);
     EXPECT_DOUBLE_EQ(lab.run.Tmod, (200 - 40) * 3600.);
 }
 
-TEST_F(Form2Test, ASecondStartRunsInsideTheFirst) {
+TEST_F(RunFormTest, ASecondStartRunsInsideTheFirst) {
     plainRun("10");
     screen.atYield = [this](int n) {
-        if (n == 1) form->Command1.press();
-        if (n == 3) form->Command4.press();
+        if (n == 1) form->startRun.press();
+        if (n == 3) form->stopRun.press();
     };
-    form->Command1.press();
+    form->startRun.press();
     // the inner run makes 30 steps and stops; the outer one goes on with its state until the next display
     EXPECT_DOUBLE_EQ(lab.run.Tsec, 40 * 3600.);
     EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(Form2Test, ClosingTheFormOrLeavingTheProgramEndsTheRun) {
+TEST_F(RunFormTest, ClosingTheFormOrLeavingTheProgramEndsTheRun) {
     plainRun("10");
     screen.atYield = [this](int n) {
-        if (n == 2) form->Command8.press();
+        if (n == 2) form->closeForm.press();
     };
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.yields, 2);
     EXPECT_FALSE(lab.desk.isLoaded("Form2"));
     form = &lab.desk.get<RunForm>();
     plainRun("10");
     screen.atYield = [this](int n) {
-        if (n == 4) lab.desk.get<ElementsForm>().Command9.press();
+        if (n == 4) lab.desk.get<ElementsForm>().exitProgram.press();
     };
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.yields, 4);
     EXPECT_FALSE(lab.desk.anyLoaded());
 }
 
-TEST_F(Form2Test, BadFieldsAreRefusedAndNothingRuns) {
+TEST_F(RunFormTest, BadFieldsAreRefusedAndNothingRuns) {
     struct Case {
         TextField& field;
         std::vector<const char*> texts;
     };
     const std::vector<const char*> anyNumber{"", "abc", "1e999", "1 000"}, whole{"", "abc", "1e999", "40000"};
-    const Case cases[] = {{form->Text13, {"", "abc", "1e999"}},
-                          {form->Text17, anyNumber},
-                          {form->Text8, whole},
-                          {form->Text35, anyNumber},
-                          {form->Text45, anyNumber},
-                          {form->Text38, anyNumber},
-                          {form->Text39, whole},
-                          {form->Text37, whole},
-                          {form->Text5, anyNumber},
-                          {form->Text9, anyNumber},
-                          {form->Text21, anyNumber},
-                          {form->Text36, anyNumber},
-                          {form->Text40, {"", "abc", "3e9"}}};
-    form->Check4.set(true);
+    const Case cases[] = {{form->bodyNumber, {"", "abc", "1e999"}},
+                          {form->windowDegrees, anyNumber},
+                          {form->experimentNumber, whole},
+                          {form->gravitySpeed, anyNumber},
+                          {form->distanceExponent, anyNumber},
+                          {form->step, anyNumber},
+                          {form->stepDivider, whole},
+                          {form->stepsPerDisplay, whole},
+                          {form->angleScale, anyNumber},
+                          {form->timeScale, anyNumber},
+                          {form->plotScale, anyNumber},
+                          {form->plotShift, anyNumber},
+                          {form->lastYear, {"", "abc", "3e9"}}};
+    form->measureOrbit.set(true);
     for (const Case& c : cases) {
         const std::string good = c.field.text();
         for (const char* text : c.texts) {
             c.field.setText(text);
-            form->Command1.press();
+            form->startRun.press();
             EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}))
                 << c.field.name() << " " << text;
         }
         c.field.setText(good);
     }
     EXPECT_EQ(screen.yields, 0);
-    form->Text13.setText("11");
-    form->Command1.press();
+    form->bodyNumber.setText("11");
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage(),
               (RecordingScreen::Message{"номер объекта должен быть от 0 до 10", "Tarvex7.0"}));
-    form->Text13.setText("1");
+    form->bodyNumber.setText("1");
     lab.s.X0[2] = lab.s.X0[1], lab.s.Y0[2] = lab.s.Y0[1], lab.s.Z0[2] = lab.s.Z0[1];
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
     EXPECT_EQ(screen.lastProgress, -1);
     EXPECT_TRUE(std::isfinite(lab.s.X[1]));
 }
 
-TEST_F(Form2Test, ARefusedFieldLeavesWhatComesAfterIt) {
-    const std::vector<TextField*> shifts = {&form->Text25, &form->Text23, &form->Text16,
-                                            &form->Text29, &form->Text10, &form->Text15};
+TEST_F(RunFormTest, ARefusedFieldLeavesWhatComesAfterIt) {
+    const std::vector<TextField*> shifts = {&form->perihelionShift,  &form->nodeShift,
+                                            &form->inclinationShift, &form->eccentricityShift,
+                                            &form->semiAxisShift,    &form->periodShift};
     for (TextField* shift : shifts) shift->show(7);
-    form->Text13.setText("11");
-    form->Command1.press();
+    form->bodyNumber.setText("11");
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage().text, "номер объекта должен быть от 0 до 10");
     for (TextField* shift : shifts) EXPECT_EQ(shift->text(), "7");
-    form->Text13.setText("0");
-    form->Check4.set(true);  // refused after the clock has been set
-    form->Command1.press();
+    form->bodyNumber.setText("0");
+    form->measureOrbit.set(true);  // refused after the clock has been set
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage().title, "Tarvex7");
     for (TextField* shift : shifts) EXPECT_EQ(shift->text(), "0");
 
-    form->Text13.setText("1");
+    form->bodyNumber.setText("1");
     plainRun("10");
     screen.atYield = [this](int n) {
-        if (n == 2) return form->Command4.press();
-        for (const auto& [field, bad] : {std::pair{&form->Text38, "0"}, std::pair{&form->Text39, "-1"}}) {
+        if (n == 2) return form->stopRun.press();
+        for (const auto& [field, bad] : {std::pair{&form->step, "0"}, std::pair{&form->stepDivider, "-1"}}) {
             const std::string good = field->text();
             field->setText(bad);
-            form->Command1.press();
+            form->startRun.press();
             EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
             field->setText(good);
         }
         EXPECT_EQ(lab.s.Dt, 3600);  // the run that goes on keeps its step
         EXPECT_EQ(lab.s.kDt, 100);
     };
-    form->Command1.press();
+    form->startRun.press();
 }
 
-TEST_F(Form2Test, AScaleIsReadByItsPlotAlone) {
-    form->Check4.set(true);
-    form->Text5.setText("0");
-    form->Text21.setText("0");
-    form->Command1.press();
+TEST_F(RunFormTest, AScaleIsReadByItsPlotAlone) {
+    form->measureOrbit.set(true);
+    form->angleScale.setText("0");
+    form->plotScale.setText("0");
+    form->startRun.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form->Text44.text(), "1802");
-    for (CheckBox* plot : {&form->Check8, &form->Check15, &form->Check5}) {
+    EXPECT_EQ(form->year.text(), "1802");
+    for (CheckBox* plot : {&form->drawPerihelion, &form->drawSemiAxis, &form->drawX}) {
         plot->set(true);
-        form->Command1.press();
+        form->startRun.press();
         EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений") << plot->name();
         plot->set(false);
     }
 }
 
-TEST_F(Form2Test, TheJulianDateIsCutToMillionths) {
+TEST_F(RunFormTest, TheJulianDateIsCutToMillionths) {
     lab.s.JDstart = 2378862.1234567;
-    form->Text38.setText("0,7");
+    form->step.setText("0,7");
     plainRun("1");
-    screen.atYield = [this](int) { form->Command4.press(); };
-    form->Command1.press();
-    EXPECT_EQ(form->Text14.text(), "2378862,123472");  // two steps, of 0.0000081 days each
+    screen.atYield = [this](int) { form->stopRun.press(); };
+    form->startRun.press();
+    EXPECT_EQ(form->julianDate.text(), "2378862,123472");  // two steps, of 0.0000081 days each
 }
 
-TEST_F(Form2Test, AMissingFolderIsToldAtStart) {
-    form->Check20.set(true);
+TEST_F(RunFormTest, AMissingFolderIsToldAtStart) {
+    form->writeRecords.set(true);
     lab.s.NPlan = 7;
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}));
     EXPECT_EQ(screen.yields, 0);
-    form->Check20.set(false);
-    form->Check2.set(true);
+    form->writeRecords.set(false);
+    form->writeTrack.set(true);
     std::filesystem::remove_all(folder.path() / "Dat");
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
 }
 
-TEST_F(Form2Test, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
+TEST_F(RunFormTest, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
     FakePlan& owner = plan();
-    form->Check4.set(true);
-    form->Check20.set(true);
-    form->Text40.setText("1800");  // ends at its first step
+    form->measureOrbit.set(true);
+    form->writeRecords.set(true);
+    form->lastYear.setText("1800");  // ends at its first step
     lab.s.NPlan = 4;
     owner.next = [&] {
         EXPECT_EQ(lab.s.NPlan, 4);
         if (owner.told > 2) return;
-        form->Text8.setText(std::to_string(owner.told + 1));
-        form->Text53.setText("1");
+        form->experimentNumber.setText(std::to_string(owner.told + 1));
+        form->startTrigger.setText("1");
     };
-    form->Text53.setText("1");
+    form->startTrigger.setText("1");
     EXPECT_EQ(owner.told, 3);
     EXPECT_EQ(lab.s.NPlan, 0);
     for (int e = 1; e <= 3; ++e)
@@ -260,36 +261,36 @@ TEST_F(Form2Test, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
             std::filesystem::exists(folder.path() / ("Plan4/Txt1/Tarvex1Ras" + std::to_string(e) + ".txt")));
 
     lab.s.NPlan = 4;  // an error tells the plan nothing
-    form->Check14.set(false);
-    form->Text39.setText("0");
-    form->Command1.press();
+    form->endAtYear.set(false);
+    form->stepDivider.setText("0");
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     EXPECT_EQ(owner.told, 3);
     EXPECT_EQ(lab.s.NPlan, 4);
 
-    form->Text39.setText("1");  // a stop ends the batch
+    form->stepDivider.setText("1");  // a stop ends the batch
     lab.plan.Nplan = 15;
-    form->Text37.setText("10");
-    screen.atYield = [this](int) { form->Command4.press(); };
-    form->Command1.press();
+    form->stepsPerDisplay.setText("10");
+    screen.atYield = [this](int) { form->stopRun.press(); };
+    form->startRun.press();
     EXPECT_EQ(lab.s.NPlan, 0);
     EXPECT_EQ(lab.plan.Nexp, 15);
     EXPECT_EQ(owner.told, 3);
 }
 
-TEST_F(Form2Test, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
+TEST_F(RunFormTest, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     FakePlan& owner = plan();
     owner.Option5.choose();
-    form->Check20.set(true);
+    form->writeRecords.set(true);
     lab.plan.Nf = 2, lab.plan.Nplan = 9;
     lab.plan.Xnul[1] = 100, lab.plan.dXvar[1] = 2.5, lab.plan.Xnul[2] = 100, lab.plan.dXvar[2] = 1;
     const double target[] = {0, 110, 100, 100, 100, 1, lab.s.km[5], lab.s.km[2]};
     for (int i = 1; i <= 7; ++i) lab.plan.XU[i][1] = lab.plan.XU[i][2] = target[i];
     lab.plan.XU[1][2] = 100;
     lab.plan.Nexp = 1;
-    form->Command1.press();
+    form->startRun.press();
     lab.plan.Nexp = 2;
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(
         readBytes(folder.path() / "Dat/NabPlan2.txt"),
         "эксперименты выполненные на форме 2 по тесту для  2 факторного   Roto   плана \r\n"
@@ -299,7 +300,7 @@ TEST_F(Form2Test, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     EXPECT_EQ(lab.run.Tsec, 0);  // nothing was integrated
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt"));
     std::filesystem::remove_all(folder.path() / "Dat");
-    form->Command1.press();
+    form->startRun.press();
     EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
 }
 

@@ -55,8 +55,8 @@ TEST_F(Form4Test, GivesTheVelocityToTheSystemAndShowsItOnForm1) {
     EXPECT_EQ(s.VXsys, 300);
     EXPECT_EQ(s.VX[3], 300000 + VX0);
     auto& form1 = lab.desk.get<ElementsForm>();
-    EXPECT_TRUE(form1.Option3.on());
-    EXPECT_EQ(form1.Text5(0).text(), "-20500");
+    EXPECT_TRUE(form1.viewState.on());
+    EXPECT_EQ(form1.inclinationOrVy(0).text(), "-20500");
 }
 
 TEST_F(Form4Test, TheVelocityStaysWhenForm1IsOpenedAnew) {
