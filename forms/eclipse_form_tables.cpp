@@ -17,42 +17,42 @@ constexpr std::array startYears = {0, 900, 1252, 800, 884, 0, 0, 1600, 1620, 0, 
 /// The labels and choices that go with tables or theories.
 void EclipseForm::chooseData(bool tables) {
     if (!tables) table_.close();
-    (tables ? Option9 : Option4)(0).choose();
+    (tables ? theoryChoice : tableChoice)(0).choose();
     if (tables) {
-        Option16.choose();
+        dayFromNoon.choose();
         for (int i = 0; i < 6; ++i) {
-            StagesSun(i).setText("");
-            StagesBody(i).setText("");
+            sunStages(i).setText("");
+            bodyStages(i).setText("");
         }
     }
-    Label16.setCaption("день от 1.1.1 г. н.э.");
+    dayCountLabel.setCaption("день от 1.1.1 г. н.э.");
 }
 
 void EclipseForm::chooseTable(int i) {
     ModelState& s = lab.s;
-    if (i == 0 || i == tycho || !Option1.on())
+    if (i == 0 || i == tycho || !fromTables.on())
         return;  // the table of Tycho is offered here and does nothing: meant
     const AncientTable& table = ancientTable(i);
     if (table_.table == &table) return;
     table_.close();
     s.NameData = table.name;
     if (startYears[i] > 0) {
-        Option16.choose();
-        (i == almagest ? Option7 : Option6).choose();
-        Text2.setText(i == almagest ? "16" : "1");
-        Text3.setText(i == almagest ? "6" : "1");
-        Text4.show(startYears[i]);
+        dayFromNoon.choose();
+        (i == almagest ? egyptianCalendar : julianCalendar).choose();
+        day.setText(i == almagest ? "16" : "1");
+        month.setText(i == almagest ? "6" : "1");
+        year.show(startYears[i]);
     }
     // all fields before the workbook: a table that is open needs no second choice
     s.IplSel = bodyTyped();
-    s.ObsL = Text24.number();
-    s.ObsB = Text25.number();
+    s.ObsL = placeLongitude.number();
+    s.ObsB = placeLatitude.number();
     const std::string path = lab.tree.at(tableFileName(table)).string();
     stage("Не найден файл\r\n" + path, "Tarvex6", [&] { openTable(table_, i, lab.office, lab.tree); });
 
     s.kodKalend = i == almagest ? 2 : 1;
     s.TimeZone = 12;
-    NormalizeDate(s, Text2.number(), Text3.int32(), Text4.int32());
+    NormalizeDate(s, day.number(), month.int32(), year.int32());
     s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
     s.JDepoha = s.JDut0 = s.JDet = s.JD;
     kalend_ = s.kodKalend;
@@ -91,8 +91,8 @@ void EclipseForm::readTable(bool correct) {
         if (dynamic_cast<const OfficeFailure*>(&failure) != nullptr) table_.close();
         throw Refusal("Ошибка вычислений в таблицах", "Tarvex6");
     }
-    Text31.show(cut6(s.Prec));
-    Text41.show(cut6(corrected));
+    precessionFromBase.show(cut6(s.Prec));
+    precessionFromJ2000.show(cut6(corrected));
 }
 
 }  // namespace tarvex

@@ -27,26 +27,18 @@ void turnToEcliptic(double& y, double& z) {
 }  // namespace
 
 EphemerisForm::EphemerisForm(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Тест эфемерид JPL DE405      Tarvex7m - форма 24"), lab(lab_) {
-    const DateFields date{Text9, Text8, Text7, Text10};
-    Command2.onPress([this, date] {
+    : EphemerisControls(lab_.desk, formName, "Тест эфемерид JPL DE405      Tarvex7m - форма 24"), lab(lab_) {
+    const DateFields date{year, month, day, julianDate};
+    toJulianDate.onPress([this, date] {
         ownCalendar();
         gregorianToJulian(lab, date);
     });
-    Command3.onPress([this, date] {
+    toCalendarDate.onPress([this, date] {
         ownCalendar();
         julianToGregorian(lab, date);
     });
-    Command1.onPress([this] { calculate(); });
-
-    layout_ = column({
-        frame("Дата", row({fields(4, {Text9, Text8, Text7, Text10}), Command2, Command3, Label8, stretch()})),
-        row({frame("размерность", column({Option1, Option2})),
-             frame("координаты", column({Option3, Option4})), frame("эпоха", column({Option5, Option6})),
-             frame("плоскость", column({Option7, Option8}))}),
-        row({Command1, Text11, stretch()}),
-        frame("Результат", fields(2, {Text1, Text4, Text2, Text5, Text3, Text6})),
-    });
+    calculatePlace.onPress([this] { calculate(); });
+    layOut();
 }
 
 /// The dates of this form are Gregorian and without a time zone.
@@ -59,12 +51,12 @@ void EphemerisForm::calculate() {
     ModelState& s = lab.s;
     Ephemeris& e = lab.ephemeris;
     ownCalendar();
-    s.God0 = Text9.int32();
-    s.Mes0 = Text8.int32();
-    s.Den0 = Text7.number();
+    s.God0 = year.int32();
+    s.Mes0 = month.int32();
+    s.Den0 = day.number();
     s.JD = JDfromDate(s, s.Den0, s.Mes0, s.God0);
-    Text10.show(s.JD);
-    const std::int32_t body = Text11.int32();
+    julianDate.show(s.JD);
+    const std::int32_t body = bodyNumber.int32();
     {
         const Closing closing{e};
         DEOpen(s, e);
@@ -73,33 +65,33 @@ void EphemerisForm::calculate() {
     }
     s.IplSel = body;  // only a body that the ephemeris knows
     const int i = body;
-    if (Option4.on()) {
+    if (heliocentric.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[i] -= (*row)[rowSun];
     }
     const double T0 = 0, T = (s.JD - JD2000) / 36525;
     PrecessMatrixEqu(s, T0, T);
-    if (Option8.on()) {
+    if (eclipticPlane.on()) {
         PrecessMatrixEcl(s, T0, T);
         turnToEcliptic(s.Y[i], s.Z[i]);
         turnToEcliptic(s.VY[i], s.VZ[i]);
     }
-    if (Option6.on()) {
+    if (equinoxOfDate.on()) {
         s.Ipl = static_cast<std::int16_t>(i);
         ApplyPrecessXYZ(s);
         ApplyPrecessVXYZ(s);
     }
-    if (Option1.on()) {
+    if (inMetres.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z}) (*row)[i] = finite((*row)[i] * s.Lae);
         s.VX[i] = finite(s.Lae * s.VX.at(s.Ipl) / sekD);  // the row of Ipl, whatever it was: meant
         s.VY[i] = finite(s.Lae * s.VY[i] / sekD);
         s.VZ[i] = finite(s.Lae * s.VZ[i] / sekD);
     }
-    Text1.show(s.X[i]);
-    Text2.show(s.Y[i]);
-    Text3.show(s.Z[i]);
-    Text4.show(s.VX[i]);
-    Text5.show(s.VY[i]);
-    Text6.show(s.VZ[i]);
+    positionX.show(s.X[i]);
+    positionY.show(s.Y[i]);
+    positionZ.show(s.Z[i]);
+    velocityX.show(s.VX[i]);
+    velocityY.show(s.VY[i]);
+    velocityZ.show(s.VZ[i]);
 }
 
 }  // namespace tarvex

@@ -254,10 +254,10 @@ void ObservationPlanForm::AddOptimumRecord() {
 
     lab.desk.show("Form6");
     auto& form = lab.desk.get<StatisticsForm>();
-    form.Option7.choose();
-    form.Option17.choose();
-    form.Text28.show(s.NPlan);
-    form.Option3(planet).choose();
+    form.fromImitator.choose();
+    form.ownImitator.choose();
+    form.planNumber.show(s.NPlan);
+    form.planet(planet).choose();
 
     SeriesData changed = lab.series;
     changed.Npl = planet;
@@ -320,7 +320,7 @@ void ObservationPlanForm::printSeries(const std::string& asRead, int marked) {
     form.drawEmpty(rows, 52, false);
     double y = rows - 0.3;
     const auto print = [&](const std::string& text) {
-        form.Picture1.text(0.3, y, text);
+        form.picture.text(0.3, y, text);
         y -= 0.5;
     };
     for (const std::string& line : d.header) print(line);

@@ -32,10 +32,10 @@ double timer() {
 
 void PlanForm::RunExperiments() {
     PlanBlock& p = lab.plan;
-    p.NexpKon = Text6.int16();
+    p.NexpKon = lastExperiment.int16();
     readLevels();
     setNaturalLevels(p);
-    for (int i = 1; i <= p.Nf; ++i) Text13(p.Nfact[i]).show(p.XU[p.Nfact[i]][p.Nplan]);
+    for (int i = 1; i <= p.Nf; ++i) currentLevel(p.Nfact[i]).show(p.XU[p.Nfact[i]][p.Nplan]);
     // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
     if (!elementsHandedOver(lab.s)) {
         handOverElements(lab.s);
@@ -46,8 +46,8 @@ void PlanForm::RunExperiments() {
     lab.motion.kodVgr = 1;
     lab.motion.kodDX = 2;
     lab.motion.kodPgr = 5;
-    if (!Check3(5).on() && p.Xnul[5] == 0) lab.motion.kodPgr = 0;
-    lab.s.NPlan = Text4.int16();
+    if (!useFactor(5).on() && p.Xnul[5] == 0) lab.motion.kodPgr = 0;
+    lab.s.NPlan = planNumber.int16();
     p.kodTestHead = 0;
     try {
         NextExperiment();  // the end of each run starts the next inside this call
@@ -75,16 +75,22 @@ void PlanForm::prepareForm2() {
     };
     // Start reads kodVgr back from Check13: without the tick of this form the plan runs with no speed of
     // gravity
-    const Tick ticks[] = {{"Check3", false}, {"Check4", true},         {"Check20", true},
-                          {"Check22", true}, {"Check13", Check6.on()}, {"Check14", true},
-                          {"Check17", true}, {"Check12", false},       {"Check2", false}};
+    const Tick ticks[] = {{"Check3", false},
+                          {"Check4", true},
+                          {"Check20", true},
+                          {"Check22", true},
+                          {"Check13", finiteGravitySpeed.on()},
+                          {"Check14", true},
+                          {"Check17", true},
+                          {"Check12", false},
+                          {"Check2", false}};
     for (const Tick& tick : ticks) controlOf<CheckBox>(form, tick.name).set(tick.on);
 }
 
 void PlanForm::NextExperiment() {
     PlanBlock& p = lab.plan;
     ModelState& s = lab.s;
-    p.Nexp = Text5.int16();
+    p.Nexp = firstExperiment.int16();
     if (p.Nexp > p.NexpKon) {
         desk().screen().notify("Эксперименты плана выполнены   (\\Arhiv\\Zvuk_end1.wav)");
         return;
@@ -96,10 +102,10 @@ void PlanForm::NextExperiment() {
     s.VZsys = factor(3);
     lab.motion.Vgr = finite(factor(4) * Vsv);
     lab.motion.kPgr1 = factor(5);
-    lab.motion.kPgr2 = Check5.on() ? 0 : factor(5);
+    lab.motion.kPgr2 = secondCoefficientZero.on() ? 0 : factor(5);
     s.m[5] = ratio(s.m[0], factor(6));
     s.m[2] = ratio(s.m[0], factor(7));
-    for (int i = 1; i <= gravityFactors; ++i) Text13(i).show(factor(i));
+    for (int i = 1; i <= gravityFactors; ++i) currentLevel(i).show(factor(i));
     progress((p.Nexp - 1.0) / p.NexpKon);
     desk().show(driven);
     Form& form = desk().form(driven);

@@ -16,82 +16,72 @@ std::string cut2(double v) { return toText(Fix(100 * v) / 100); }
 }  // namespace
 
 PlanWorkshopForm::PlanWorkshopForm(Laboratory& lab_)
-    : Form(lab_.desk, formName, "Планы многофакторного планирования      Tarvex7m - форма 18"), lab(lab_) {
-    Command14.onPress([this] { CreatePlan18(); }, orShow("Ошибка при составление плана", box));
-    Command4.onPress([this] { RunPlan18(); }, orShow("Ошибка при расчетах", box));
-    Command1.onPress([this] { FitPlan18(); }, orShow("Ошибка при обработке данных", box));
-    Command5.onPress([this] { OptimizePlan18(); },
-                     orShow("Ошибка при решение системы линейных уравнений", box));
-    Command13.onPress([this] { PlotPlan18(); }, orShow("Ошибка при построение графиков", box));
-    Command9.onPress([this] { EvalPoint18(); }, orShow("Введите правильно нулевые уровни и интервалы", box));
-    Command6.onPress(
+    : PlanWorkshopControls(lab_.desk, formName,
+                           "Планы многофакторного планирования      Tarvex7m - форма 18"),
+      lab(lab_) {
+    createPlan.onPress([this] { CreatePlan18(); }, orShow("Ошибка при составление плана", box));
+    runExperiments.onPress([this] { RunPlan18(); }, orShow("Ошибка при расчетах", box));
+    fitCoefficients.onPress([this] { FitPlan18(); }, orShow("Ошибка при обработке данных", box));
+    optimizeFactors.onPress([this] { OptimizePlan18(); },
+                            orShow("Ошибка при решение системы линейных уравнений", box));
+    drawPlots.onPress([this] { PlotPlan18(); }, orShow("Ошибка при построение графиков", box));
+    evaluatePoint.onPress([this] { EvalPoint18(); },
+                          orShow("Введите правильно нулевые уровни и интервалы", box));
+    zeroOptimum.onPress(
         [this] {
             for (int i = 1; i <= lab.plan.Nf; ++i) {
-                Text3(lab.plan.Nfact[i]).setText("0");
-                Text4(lab.plan.Nfact[i]).setText("0");
+                codedOptimum(lab.plan.Nfact[i]).setText("0");
+                optimum(lab.plan.Nfact[i]).setText("0");
             }
         },
         orShow("Введите правильно нулевые уровни и интервалы", box));
-    Command7.onPress([this] { page.drawEmpty(Picture1, false); });
-    Command3.onPress([this] {
+    clearDrawing.onPress([this] { page.drawEmpty(picture, false); });
+    closeForm.onPress([this] {
         close();
         desk().unload(PlanTestsHelpForm::formName);
     });
-    Option8.setLeadsTo(PlanTestsHelpForm::formName);
-    Option8.onChoose([this] { desk().show(PlanTestsHelpForm::formName); });
-
-    std::vector<Layout> factorCells = {"", "нулевой уровень", "", "интервал", "", "Xiopt", "в единицах"};
-    for (int i = 1; i <= 6; ++i)
-        factorCells.insert(factorCells.end(), {Check3(i), Text1(i), " +/-", Text2(i),
-                                               "X" + std::to_string(i) + "opt=", Text3(i), Text4(i)});
-    const Layout kinds = frame(
-        "План", column({Option12, Option13, Option14, Option15, Option16, row({Check1, Text5}), Text8}));
-    const Layout criterion = frame(
-        "Критерий", column({row({Option6, Option7, Option8}), row({Option18, Option19, Option20, Option21}),
-                            Check4, fields(1, {Text6, Text7, Text20})}));
-    layout_ = row({column({row({kinds, criterion}), frame("Факторы", table(7, factorCells)), Command14,
-                           Command4, Command1, Command5, Command13, row({Command6, Command9, Text9}),
-                           row({Command7, Command3}), Label1, Label2, stretch()}),
-                   scrolled(Picture1)});
+    additionalTests.setLeadsTo(PlanTestsHelpForm::formName);
+    additionalTests.onChoose([this] { desk().show(PlanTestsHelpForm::formName); });
+    layOut();
 }
 
-void PlanWorkshopForm::load() { page.drawEmpty(Picture1, false); }
+void PlanWorkshopForm::load() { page.drawEmpty(picture, false); }
 
 CriterionForm PlanWorkshopForm::criterionForm() const {
-    if (Option19.on()) return CriterionForm::dY;
-    if (Option20.on()) return CriterionForm::dY2;
-    return Option21.on() ? CriterionForm::AbsDY : CriterionForm::Y;
+    if (criterionIsDifference.on()) return CriterionForm::dY;
+    if (criterionIsSquare.on()) return CriterionForm::dY2;
+    return criterionIsModulus.on() ? CriterionForm::AbsDY : CriterionForm::Y;
 }
 
 void PlanWorkshopForm::CreatePlan18() {
     PlanBlock& p = lab.plan;
-    p.kodPlan = Option13.on()   ? planRoto
-                : Option14.on() ? planUniform
-                : Option15.on() ? planDBox
-                : Option16.on() ? planComposite
-                                : planOrtho;
+    p.kodPlan = rotatablePlan.on()          ? planRoto
+                : uniformRotatablePlan.on() ? planUniform
+                : dOptimalPlan.on()         ? planDBox
+                : compositePlan.on()        ? planComposite
+                                            : planOrtho;
     p.Nf = 0;
     bool gap = false, inOrder = true;
     for (int i = 1; i <= 6; ++i) {
-        if (!Check3(i).on()) {
+        if (!useFactor(i).on()) {
             gap = true;
             continue;
         }
         p.Nfact[++p.Nf] = static_cast<std::int16_t>(i);
         inOrder = inOrder && !gap;
     }
-    Text8.show(p.Nf);
+    factorCount.show(p.Nf);
     if (p.Nf < 2 || p.Nf > maxFactors) throw Refusal("К-во факторов должно быть от 2 до 6", box);
     page = PlanPage::of(p.Nf, 38);
-    page.drawEmpty(Picture1, false);
+    page.drawEmpty(picture, false);
     if (!inOrder) throw Refusal("Факторы должны быть отмечены по порядку", box);
 
     p.k = {};
-    p.N0 = Text5.int16();
-    if (!Check1.on()) PlanCenterCount(p);
+    p.N0 = centrePoints.int16();
+    if (!givenCentrePoints.on()) PlanCenterCount(p);
     if (p.kodPlan == planDBox) p.N0 = 0;
     BuildPlan(p);
-    Text5.show(p.N0);
+    centrePoints.show(p.N0);
     printPlan();
 }
 
@@ -99,7 +89,7 @@ void PlanWorkshopForm::CreatePlan18() {
 double PlanWorkshopForm::matrixEnd() const { return 0.3 + 2 * 1.2 * lab.plan.Nf + 0.5 * lab.plan.Npar; }
 
 /// Brings the matrix of the plan and what stands beside it into sight.
-void PlanWorkshopForm::showPlan() { Picture1.lookAt(page.rows, page.rows - lab.plan.Nplan / 2.0); }
+void PlanWorkshopForm::showPlan() { picture.lookAt(page.rows, page.rows - lab.plan.Nplan / 2.0); }
 
 void PlanWorkshopForm::printPlan() {
     PlanBlock& p = lab.plan;
@@ -107,28 +97,28 @@ void PlanWorkshopForm::printPlan() {
     const double sumsY = page.rows - p.Nplan / 2.0 - 0.5;
     double x = 0.3;
     for (int c = 1; c <= lastColumn(p.Nf); ++c) {
-        for (int u = 1; u <= p.Nplan; ++u) Picture1.text(x, page.rows - (u - 1) / 2.0, cut2(p.PlanX[c][u]));
-        Picture1.text(x, sumsY, cut2(p.EXi[c]));
-        Picture1.text(x, sumsY - planLine, cut2(p.EXi2[c]));
-        Picture1.text(x, sumsY - 2 * planLine, cut2(p.EXi4[c]));
+        for (int u = 1; u <= p.Nplan; ++u) picture.text(x, page.rows - (u - 1) / 2.0, cut2(p.PlanX[c][u]));
+        picture.text(x, sumsY, cut2(p.EXi[c]));
+        picture.text(x, sumsY - planLine, cut2(p.EXi2[c]));
+        picture.text(x, sumsY - 2 * planLine, cut2(p.EXi4[c]));
         x += c <= p.Nf || c >= squareColumn(p.Nf, 1) ? 1.2 : 0.5;
     }
-    Picture1.text(x, sumsY, "   EXi");
-    Picture1.text(x, sumsY - planLine, "   EXi2");
-    Picture1.text(x, sumsY - 2 * planLine, "   EXi4");
+    picture.text(x, sumsY, "   EXi");
+    picture.text(x, sumsY - planLine, "   EXi2");
+    picture.text(x, sumsY - 2 * planLine, "   EXi4");
     const double y = sumsY - 3 * planLine - 0.2;
-    Picture1.text(0.3, y, p.Stroka);
+    picture.text(0.3, y, p.Stroka);
     PlanCoefficients(p);
-    Picture1.text(0.3, y - planLine, coefficientText(p, "расчетные коэффициенты  ", [](double v) {
-                      return Fix(10000 * v) / 10000;
-                  }));
+    picture.text(0.3, y - planLine, coefficientText(p, "расчетные коэффициенты  ", [](double v) {
+                     return Fix(10000 * v) / 10000;
+                 }));
     printSizes(y - 2 * planLine);
 }
 
 void PlanWorkshopForm::printSizes(double y) {
     const PlanBlock& p = lab.plan;
     const auto print = [&](const char* label, double value) {
-        Picture1.text(0.3, y, label + toText(value));
+        picture.text(0.3, y, label + toText(value));
         y -= planLine;
     };
     print("к-во точек ядра=          ", p.Nyadro);
@@ -146,31 +136,31 @@ void PlanWorkshopForm::printSizes(double y) {
 
 void PlanWorkshopForm::RunPlan18() {
     PlanBlock& p = lab.plan;
-    if (Option7.on()) {
+    if (criterionFromFile.on()) {
         readCriterionFile();
     } else {
         stage("Введите правильно нулевые уровни и интервалы", box, [&] {
             for (int i = 1; i <= 6; ++i) {
-                p.Xnul[i] = Text1(i).number();
-                p.dXvar[i] = Text2(i).number();
+                p.Xnul[i] = zeroLevel(i).number();
+                p.dXvar[i] = interval(i).number();
             }
-            if (Option8.on())
+            if (additionalTests.on())
                 runAdditionalTest(p, desk().get<PlanTestsHelpForm>().test());
             else
                 runStandardTest(p);
         });
     }
-    Text6.show(p.Yopt);
-    takeCriterion(p, criterionForm(), Check4.on());
+    referenceValue.show(p.Yopt);
+    takeCriterion(p, criterionForm(), divideByReference.on());
     showPlan();
     const double x = matrixEnd();
     for (int u = 1; u <= p.Nplan; ++u) {
-        Picture1.text(x, page.rows - (u - 1) / 2.0, std::to_string(u));
-        Picture1.text(x + 0.9, page.rows - (u - 1) / 2.0, toText(cut6(p.Yu[u])));
+        picture.text(x, page.rows - (u - 1) / 2.0, std::to_string(u));
+        picture.text(x + 0.9, page.rows - (u - 1) / 2.0, toText(cut6(p.Yu[u])));
     }
-    Text20.show(cut6(p.Mcrit));
-    Text7.show(cut6(p.Ymin));
-    plotExperiments(Picture1, p, p.Yu, 0.1, experimentColor);
+    criterionScale.show(cut6(p.Mcrit));
+    criterionMinimum.show(cut6(p.Ymin));
+    plotExperiments(picture, p, p.Yu, 0.1, experimentColor);
 }
 
 void PlanWorkshopForm::readCriterionFile() {
@@ -185,25 +175,26 @@ void PlanWorkshopForm::readCriterionFile() {
         throw Refusal("Ошибка чтения данных из файла\r\n" + name, box);
     }
     for (int i = 1; i <= 6; ++i) {
-        Check3(i).set(i <= p.Nf);
+        useFactor(i).set(i <= p.Nf);
         if (i > p.Nf) continue;
-        Text1(i).show(p.Xnul[i]);
-        Text2(i).show(p.dXvar[i]);
+        zeroLevel(i).show(p.Xnul[i]);
+        interval(i).show(p.dXvar[i]);
     }
 }
 
 void PlanWorkshopForm::FitPlan18() {
     PlanBlock& p = lab.plan;
-    if (Option15.on() && p.Nf != 4 && p.Nf != 5) throw Refusal("D план только для 4-х или 5-и факторов", box);
+    if (dOptimalPlan.on() && p.Nf != 4 && p.Nf != 5)
+        throw Refusal("D план только для 4-х или 5-и факторов", box);
     FitRegression(p);
     showPlan();
-    printCoefficients(Picture1, p, coefficientsX, page.rows - 0.5);
+    printCoefficients(picture, p, coefficientsX, page.rows - 0.5);
     evaluatePlan(p);
-    Label1.setCaption(fitQualityText(p));
-    drawLegend(Picture1);
-    plotExperiments(Picture1, p, p.Yras, 0.2, regressionColor);
+    fitQuality.setCaption(fitQualityText(p));
+    drawLegend(picture);
+    plotExperiments(picture, p, p.Yras, 0.2, regressionColor);
     const double x = p.Nf > 5 ? coefficientsX + 5 : matrixEnd() + 4;  // right of the criterion
-    for (int u = 1; u <= p.Nplan; ++u) Picture1.text(x, page.rows - (u - 1) / 2.0, toText(cut6(p.Yras[u])));
+    for (int u = 1; u <= p.Nplan; ++u) picture.text(x, page.rows - (u - 1) / 2.0, toText(cut6(p.Yras[u])));
 }
 
 double PlanWorkshopForm::pointValue(bool outside) {
@@ -211,23 +202,23 @@ double PlanWorkshopForm::pointValue(bool outside) {
     p.Nexp = 1;
     EvalRegression(p);
     // the evaluation has just set Yopt to the number of terms: that is the reference here
-    return p.Yu[1] = pointCriterion(p, p.Z[1], criterionForm(), Check4.on(), outside);
+    return p.Yu[1] = pointCriterion(p, p.Z[1], criterionForm(), divideByReference.on(), outside);
 }
 
 void PlanWorkshopForm::OptimizePlan18() {
     PlanBlock& p = lab.plan;
     const double top = page.rows - p.Nplan / 2.0 - 8;
-    Picture1.lookAt(top, top - (p.Nf + 3) * 2 * planLine);
-    printOptimum(Picture1, p, 0.3, top);
+    picture.lookAt(top, top - (p.Nf + 3) * 2 * planLine);
+    printOptimum(picture, p, 0.3, top);
     for (int i = 1; i <= p.Nf; ++i) {
         const int factor = p.Nfact[i];
-        Text3(factor).show(p.Xopt[i]);
-        Text4(factor).show(cut6(p.Xopt[i] * p.dXvar[factor] + p.Xnul[factor]));
+        codedOptimum(factor).show(p.Xopt[i]);
+        optimum(factor).show(cut6(p.Xopt[i] * p.dXvar[factor] + p.Xnul[factor]));
     }
-    Label2.setCaption(stationaryText(p));
-    for (int i = 1; i <= p.Nf; ++i) p.X[i] = Text3(p.Nfact[i]).number();
+    stationaryPoint.setCaption(stationaryText(p));
+    for (int i = 1; i <= p.Nf; ++i) p.X[i] = codedOptimum(p.Nfact[i]).number();
     const double y = pointValue(false);
-    Picture1.text(
+    picture.text(
         0, -1.1,
         "       X0        X1        X2        X3        X4        X5        X6                   Yopt= " +
             toText(cut6(y)));
@@ -235,18 +226,18 @@ void PlanWorkshopForm::OptimizePlan18() {
 
 void PlanWorkshopForm::PlotPlan18() {
     PlanBlock& p = lab.plan;
-    p.Mcrit = Text20.number();
-    p.Ymin = Text7.number();
+    p.Mcrit = criterionScale.number();
+    p.Ymin = criterionMinimum.number();
     const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
-    page.showPlots(Picture1);
+    page.showPlots(picture);
     plotAlongFactors(
-        Picture1, p, [&](int i) { return Text3(p.Nfact[i]).number(); }, color);
+        picture, p, [&](int i) { return codedOptimum(p.Nfact[i]).number(); }, color);
 }
 
 void PlanWorkshopForm::EvalPoint18() {
     PlanBlock& p = lab.plan;
-    for (int i = 1; i <= p.Nf; ++i) p.X[i] = Text1(p.Nfact[i]).number();  // taken as coded here
-    Text9.show(pointValue(true));
+    for (int i = 1; i <= p.Nf; ++i) p.X[i] = zeroLevel(p.Nfact[i]).number();  // taken as coded here
+    pointResult.show(pointValue(true));
 }
 
 }  // namespace tarvex

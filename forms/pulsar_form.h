@@ -1,92 +1,15 @@
 #pragma once
-// Form26: additional parameters of a pulsar for the two-body run.
+// The pulsar screen, Form26: additional parameters of a pulsar for the two-body run.
 
 #include "forms/laboratory.h"
+#include "forms/pulsar_controls.h"
 
 namespace tarvex {
 
-class PulsarForm final : public Form {
+class PulsarForm final : public PulsarControls {
 public:
     static constexpr const char* formName = "Form26";
     explicit PulsarForm(Laboratory& lab);
-
-    CheckBox Check1{this,
-                    {.name = "Check1",
-                     .caption = "Кол-во импульсов, шт/с  /",
-                     .hint = "Чертить отличие числа принятых импульсов в секунду от среднего"}};
-    TextField Text3{this,
-                    {.name = "Text3", .text = "0,01", .hint = "Масштаб числа импульсов, шт/с в клетке"}};
-    CheckBox Check2{this,
-                    {.name = "Check2",
-                     .caption = "Лучевая скорость (VY), км/с  /",
-                     .hint = "Чертить скорость m1 вдоль луча зрения"}};
-    TextField Text6{this,
-                    {.name = "Text6", .text = "100", .hint = "Масштаб лучевой скорости, км/с в клетке"}};
-    CheckBox Check3{this,
-                    {.name = "Check3",
-                     .caption = "Запаздывание по Ремеру, с  / ",
-                     .hint = "Чертить время хода света поперек орбиты"}};
-    TextField Text7{this,
-                    {.name = "Text7", .text = "1", .hint = "Масштаб запаздывания по Ремеру, с в клетке"}};
-    CheckBox Check6{this,
-                    {.name = "Check6",
-                     .caption = "Запаздывание от скорости по СТО, с /",
-                     .hint = "Чертить накопленное замедление часов от скорости m1"}};
-    TextField Text2{
-        this, {.name = "Text2", .text = "0,001", .hint = "Масштаб запаздывания от скорости, с в клетке"}};
-    TextField Text9{
-        this,
-        {.name = "Text9", .text = "0", .hint = "Среднее запаздывание от скорости dTvSr, вычитается, с / с"}};
-    CheckBox Check7{this,
-                    {.name = "Check7",
-                     .caption = "Запаздывание от массы по ОТО, с /",
-                     .hint = "Чертить накопленное замедление часов от массы m2"}};
-    TextField Text5{this,
-                    {.name = "Text5", .text = "0,001", .hint = "Масштаб запаздывания от массы, с в клетке"}};
-    TextField Text10{
-        this,
-        {.name = "Text10", .text = "0", .hint = "Среднее запаздывание от массы dTmSr, вычитается, с / с"}};
-    TextField Text4{this,
-                    {.name = "Text4",
-                     .label = "от среднего значения 1/P0=",
-                     .hint = "Среднее число импульсов в секунду: один импульс на шаг решения",
-                     .readOnly = true}};
-    TextField Text8{this,
-                    {.name = "Text8",
-                     .label = "градусов от периастра",
-                     .text = "60",
-                     .hint = "Полуширина участка орбиты с сопротивлением, градусы"}};
-    TextField Text1{this,
-                    {.name = "Text1",
-                     .label = "Сила сопротивления / V^2=",
-                     .text = "0",
-                     .hint = "Коэффициент силы сопротивления у периастра, Н с^2/м^2"}};
-    CheckBox Check5{this,
-                    {.name = "Check5",
-                     .caption = "на графике VY = - VY",
-                     .hint = "Лучевую скорость чертить с обратным знаком"}};
-    CheckBox Check4{this,
-                    {.name = "Check4",
-                     .caption = "Задать обратное движение m1",
-                     .hint = "Ставит kodTime = -1; на решение этой задачи не влияет"}};
-    OptionButton Option1{this,
-                         {.name = "Option1",
-                          .caption = "от периастра",
-                          .group = "start",
-                          .on = true,
-                          .hint = "Запаздывания считать от прохождения периастра"}};
-    OptionButton Option2{this,
-                         {.name = "Option2",
-                          .caption = "от картинной плоскости, т.е. от восходящего узла",
-                          .group = "start",
-                          .hint = "Запаздывания считать от восходящего узла"}};
-    CommandButton Command1{this,
-                           {.name = "Command1",
-                            .caption = "Задать дополнительные параметры",
-                            .hint = "Передать все поля в расчет формы 25",
-                            .isDefault = true}};
-    CommandButton Command2{this,
-                           {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
 
     void load() override;
 

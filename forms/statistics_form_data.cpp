@@ -33,23 +33,23 @@ void writing(const std::string& name, Body&& body) {
 
 int StatisticsForm::chosenPlanet() const {
     for (int i = 1; i <= 11; ++i)
-        if (Option3(i).on()) return i;
+        if (planet(i).on()) return i;
     return 1;
 }
 
 std::int16_t StatisticsForm::chosenParam() const {
     for (int i = 1; i <= 8; ++i)
-        if (Option4(i).on()) return static_cast<std::int16_t>(i == 8 ? static_cast<int>(parVes) : i);
+        if (parameter(i).on()) return static_cast<std::int16_t>(i == 8 ? static_cast<int>(parVes) : i);
     return parAlfaP;
 }
 
 void StatisticsForm::chooseImitator() {
-    lab.series.DirImit = Option13.on() ? "\\NEW" : Option14.on() ? "\\JPL" : "\\Ser";
+    lab.series.DirImit = newcombImitator.on() ? "\\NEW" : jplImitator.on() ? "\\JPL" : "\\Ser";
 }
 
 DataKind StatisticsForm::chosenKind() const {
-    if (Option8.on()) return dataModel;
-    return Option13.on() || Option14.on() ? dataImitator : dataLong;
+    if (fromModel.on()) return dataModel;
+    return newcombImitator.on() || jplImitator.on() ? dataImitator : dataLong;
 }
 
 void StatisticsForm::chooseFile() {
@@ -57,7 +57,7 @@ void StatisticsForm::chooseFile() {
     d.Npl = chosenPlanet();
     d.Nparam = chosenParam();
     chooseImitator();
-    const std::int32_t experiment = Text10.int32();
+    const std::int32_t experiment = experimentNumber.int32();
     switch (chosenKind()) {
         case dataModel:
             d.FileData = files::runRecord(lab.s.NPlan, d.Npl, experiment);
@@ -74,24 +74,24 @@ void StatisticsForm::LoadSeries() {
     SeriesData& d = lab.series;
     d.kodData = dataNone;
     d.records.clear();  // what is not loaded whole must not be fitted as if it were
-    lab.s.NPlan = Text28.int16();
-    MT = Text1.number();
-    Mpar = Text2.number();
+    lab.s.NPlan = planNumber.int16();
+    MT = timeScale.number();
+    Mpar = parameterScale.number();
     chosenColor();
     chooseFile();
     const DataKind kind = chosenKind();
     reading(d.FileData, [&] { readSeries(lab.tree, d.FileData, kind, d); });
     try {
-        if (Check1.on() && (d.Nparam < 3 || d.Nparam == parAlfaL0)) foldAngles(d, d.Nparam);
+        if (anglesWithinTurn.on() && (d.Nparam < 3 || d.Nparam == parAlfaL0)) foldAngles(d, d.Nparam);
         // the text tells intervals and W* as the file has them, before the parameter changes them in memory
-        const std::vector<std::string> lines = Check2.on() ? seriesText() : std::vector<std::string>{};
+        const std::vector<std::string> lines = showAsText.on() ? seriesText() : std::vector<std::string>{};
         prepareForParam();
-        if (!Check3.on() && !sizePicture()) {
+        if (!overlay.on() && !sizePicture()) {
             d.records.clear();
             return;
         }
         showSample();
-        if (Check2.on())
+        if (showAsText.on())
             printLines(lines);
         else
             drawSeries();
@@ -100,19 +100,19 @@ void StatisticsForm::LoadSeries() {
         throw;
     }
     d.kodData = kind;
-    if (Option17.on()) Text4.setText("1");
+    if (ownImitator.on()) groupSize.setText("1");
 }
 
 void StatisticsForm::prepareForParam() {
     SeriesData& d = lab.series;
     loadedParam = d.Nparam;
-    loadedRates = d.Nparam == parW && d.Npl == rowMoon && (Check10.on() || Check11.on());
+    loadedRates = d.Nparam == parW && d.Npl == rowMoon && (moonPerigeeRate.on() || moonNodeRate.on());
     // such a value is taken at the moment of the record, not across an interval
     const bool instant = d.Nparam == parAlfaL0 || (d.Npl == rowMoon && d.Nparam <= parAlfaU);
     Ymin = MK * MK;
     Ymax = -MK;
     for (Record& r : d.records) {
-        if (loadedRates) r.Par[parW] = r.Par[Check11.on() ? parDU11 : parDP11];
+        if (loadedRates) r.Par[parW] = r.Par[moonNodeRate.on() ? parDU11 : parDP11];
         Ymin = std::min(Ymin, r.Par[d.Nparam]);
         Ymax = std::max(Ymax, r.Par[d.Nparam]);
         if (instant) r.ddTd = 0;
@@ -123,7 +123,7 @@ bool StatisticsForm::sizePicture() {
     const Record& last = lab.series.records.back();
     double rows = Fix(ratio(Ymax, Mpar) - ratio(Ymin, Mpar)) + 3;
     double columns = ratio((last.dTd + last.ddTd) / 365.25, MT) + 2;
-    if (Check2.on()) {
+    if (showAsText.on()) {
         rows = lab.series.NP1max() / 2.0 + 20;
         columns = 52;
     }
@@ -131,7 +131,7 @@ bool StatisticsForm::sizePicture() {
         !desk().screen().ask(
             "Вы действительно хотите\r\nтакой большой график.\r\nЕсли Да, то придется подождать", box))
         return false;
-    drawEmpty(rows, columns, !Check2.on());
+    drawEmpty(rows, columns, !showAsText.on());
     return true;
 }
 
@@ -145,32 +145,32 @@ void StatisticsForm::showDate(double date, TextField& year, TextField& month, Te
 void StatisticsForm::showSample() {
     const SeriesData& d = lab.series;
     const int n = d.NP1max();
-    Text3.show(n);
-    Text15.setText("1");
-    Text16.show(n);
-    Text17.show(cut6(d.at(1).Par[d.Nparam]));
-    Text18.show(cut6(d.at(n).Par[d.Nparam]));
-    showDate(d.date(1), Text9, Text8, Text6);
-    showDate(d.date(n), Text22, Text21, Text20);
+    recordCount.show(n);
+    firstRecord.setText("1");
+    lastRecord.show(n);
+    firstValue.show(cut6(d.at(1).Par[d.Nparam]));
+    lastValue.show(cut6(d.at(n).Par[d.Nparam]));
+    showDate(d.date(1), firstYear, firstMonth, firstDay);
+    showDate(d.date(n), lastYear, lastMonth, lastDay);
 }
 
 void StatisticsForm::drawSeries() {
     constexpr Color border{255, 0, 0};
     const SeriesData& d = lab.series;
     const Record& last = d.records.back();
-    const double top = Picture1.toUserY(0);
-    Picture1.text(2, top - 0.1, "Plan" + toText(lab.s.NPlan));
-    Picture1.text(1, 1.6, Text9.text());
-    Picture1.text(placeX(last.dTd) - 1, 1.6, Text22.text());
-    Picture1.text(5, top - 0.1, "Ymax=  " + toText(cut6(Ymax)));
-    Picture1.text(5, top - 0.7, "Ymin=  " + toText(cut6(Ymin)));
+    const double top = picture.toUserY(0);
+    picture.text(2, top - 0.1, "Plan" + toText(lab.s.NPlan));
+    picture.text(1, 1.6, firstYear.text());
+    picture.text(placeX(last.dTd) - 1, 1.6, lastYear.text());
+    picture.text(5, top - 0.1, "Ymax=  " + toText(cut6(Ymax)));
+    picture.text(5, top - 0.7, "Ymin=  " + toText(cut6(Ymin)));
     for (const Record* r : {&d.records.front(), &last}) {
         const double x = placeX(r->ddTd / 2 + r->dTd);
-        Picture1.line(x, 0, x, top, border);
+        picture.line(x, 0, x, top, border);
     }
     const Color color = chosenColor();
     for (const Record& r : d.records)
-        Picture1.circle(placeX(r.ddTd / 2 + r.dTd), placeY(r.Par[d.Nparam]), 0.06, color);
+        picture.circle(placeX(r.ddTd / 2 + r.dTd), placeY(r.Par[d.Nparam]), 0.06, color);
 }
 
 std::vector<std::string> StatisticsForm::seriesText() {
@@ -186,7 +186,7 @@ std::vector<std::string> StatisticsForm::seriesText() {
         {"    W0  = ", parW, "0000.00000"},       {"    AlfaL0  = ", parAlfaL0, "0000000.000"},
         {"    dP11  = ", parDP11, "00.000000"},   {"    dU11  = ", parDU11, "00.000000"}};
     const SeriesData& d = lab.series;
-    const int marked = Text5.int32();
+    const int marked = markedRecord.int32();
     std::vector<std::string> lines;
     for (int i = 1; i <= d.NP1max(); ++i) {
         double date = d.date(i);
@@ -205,7 +205,7 @@ std::vector<std::string> StatisticsForm::seriesText() {
 
 void StatisticsForm::printLines(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) {
-        Picture1.text(0.3, lineY, line);
+        picture.text(0.3, lineY, line);
         lineY -= 0.5;
     }
 }
@@ -215,20 +215,20 @@ void StatisticsForm::pick(double x, Picture::Button button) {
     const int i = recordNear(d, (x - 1) * MT * 365.25);
     const Record& r = d.at(i);
     const double place = placeX(r.ddTd / 2 + r.dTd);
-    Picture1.line(place, 0, place, Picture1.toUserY(0), {255, 0, 0});
+    picture.line(place, 0, place, picture.toUserY(0), {255, 0, 0});
     if (button == Picture::Button::Right) {
-        Text16.show(i);
-        Text18.show(cut6(r.Par[d.Nparam]));
-        showDate(d.date(i), Text22, Text21, Text20);
+        lastRecord.show(i);
+        lastValue.show(cut6(r.Par[d.Nparam]));
+        showDate(d.date(i), lastYear, lastMonth, lastDay);
         return;
     }
-    Text15.show(i);
-    Text17.show(cut6(r.Par[d.Nparam]));
-    showDate(d.date(i), Text9, Text8, Text6);
-    showDate(d.date(i), Text34, Text33, Text32);
+    firstRecord.show(i);
+    firstValue.show(cut6(r.Par[d.Nparam]));
+    showDate(d.date(i), firstYear, firstMonth, firstDay);
+    showDate(d.date(i), newYear, newMonth, newDay);
     double end = d.date(i) + r.ddTd;
     DateFromJD(lab.s, end);
-    Text38.show(lab.s.GodR);
+    newEndYear.show(lab.s.GodR);
 }
 
 void StatisticsForm::needEditable(const char* action) {
@@ -238,7 +238,7 @@ void StatisticsForm::needEditable(const char* action) {
     if (d.kodData != dataLong) return;
     // a load of these parameters has replaced intervals or W* in memory: a rewrite would spoil the file
     const bool spoilt = loadedParam == parAlfaL0 || (d.Npl == rowMoon && loadedParam <= parAlfaU) ||
-                        loadedRates || (loadedParam == parW && (Check10.on() || Check11.on()));
+                        loadedRates || (loadedParam == parW && (moonPerigeeRate.on() || moonNodeRate.on()));
     if (spoilt)
         throw Refusal(std::string(action) + " можно только если при загрузке\r\n" +
                           "          не был отмечен параметр AlfaL0\r\n" +
@@ -251,26 +251,26 @@ void StatisticsForm::needEditable(const char* action) {
 void StatisticsForm::rewrite(SeriesData changed) {
     writing(changed.FileData, [&] { writeSeries(lab.tree, changed); });
     lab.series = std::move(changed);
-    Text3.show(lab.series.NP1max());
+    recordCount.show(lab.series.NP1max());
 }
 
 void StatisticsForm::DeleteRecord() {
     needEditable("УДАЛИТЬ ТОЧКУ");
     SeriesData changed = lab.series;
-    removeRecord(changed, Text5.int32());
+    removeRecord(changed, markedRecord.int32());
     rewrite(std::move(changed));
-    if (Text16.int32() > lab.series.NP1max()) Text16.show(lab.series.NP1max());
+    if (lastRecord.int32() > lab.series.NP1max()) lastRecord.show(lab.series.NP1max());
 }
 
 void StatisticsForm::AddRecord() {
     needEditable("ДОБАВИТЬ ТОЧКУ");
     SeriesData changed = lab.series;
-    const double value = Text30.number();
-    const std::int32_t year = Text34.int32();
+    const double value = newValue.number();
+    const std::int32_t year = newYear.int32();
     lab.s.kodErrDate = 0;
-    const double date = JDfromDate(lab.s, Text32.number(), Text33.int32(), year);
+    const double date = JDfromDate(lab.s, newDay.number(), newMonth.int32(), year);
     if (lab.s.kodErrDate != 0) return;  // the date has been complained of
-    const double interval = (Text38.number() - year) * 365.25;
+    const double interval = (newEndYear.number() - year) * 365.25;
     changed.Nparam = chosenParam();
     Record record;
     record.ddTd = interval;
@@ -292,11 +292,11 @@ void StatisticsForm::AddRecord() {
 
 void StatisticsForm::printShifts(double y, int number, const ShiftRow& row, const char* betta,
                                  const char* w) {
-    Picture1.text(0.3, y,
-                  " " + toText(number) + "    dAlfaP  = " + Format(row[1], "00000.0000") + "     dAlfaU  = " +
-                      Format(row[2], "00000.0000") + "     dBetta  = " + Format(row[3], betta) +
-                      "     dEks  = " + Format(row[4], "000.0000") +
-                      "     dRsr  = " + Format(row[5], "0000.0000") + "     dW  = " + Format(row[6], w));
+    picture.text(0.3, y,
+                 " " + toText(number) + "    dAlfaP  = " + Format(row[1], "00000.0000") + "     dAlfaU  = " +
+                     Format(row[2], "00000.0000") + "     dBetta  = " + Format(row[3], betta) +
+                     "     dEks  = " + Format(row[4], "000.0000") +
+                     "     dRsr  = " + Format(row[5], "0000.0000") + "     dW  = " + Format(row[6], w));
 }
 
 void StatisticsForm::LoadShifts() {
@@ -304,11 +304,11 @@ void StatisticsForm::LoadShifts() {
     ShiftTables& t = lab.shifts;
     shiftsLoaded = false;
     d.kodData = dataNone;
-    lab.s.NPlan = Text28.int16();
+    lab.s.NPlan = planNumber.int16();
     d.Npl = chosenPlanet();
     d.Nparam = chosenParam();
     ShiftFileHead head;
-    const bool fromPlan = Option8.on();
+    const bool fromPlan = fromModel.on();
     if (fromPlan) {
         const std::string name = files::planShifts(lab.s.NPlan, d.Npl);
         reading(name, [&] { head = readPlanShifts(lab.tree, lab.s.NPlan, d.Npl, t, lab.plan.Nplan); });
@@ -321,9 +321,9 @@ void StatisticsForm::LoadShifts() {
     }
     d.kodData = fromPlan ? dataPlanShifts : dataImitatorShifts;
     shiftsLoaded = true;
-    double y = Picture1.toUserY(0) - 0.5;
-    Picture1.text(0.3, y, head.title);
-    Picture1.text(0.3, y - 0.6, head.columns);
+    double y = picture.toUserY(0) - 0.5;
+    picture.text(0.3, y, head.title);
+    picture.text(0.3, y - 0.6, head.columns);
     y -= 1.4;
     for (int i = 1; i <= (fromPlan ? lab.plan.Nplan : shiftPlanets); ++i, y -= 0.5) {
         ShiftRow row = t.dNab[fromPlan ? 0 : i];
@@ -331,27 +331,28 @@ void StatisticsForm::LoadShifts() {
             for (int c = 1; c <= shiftParams; ++c) row[c] = t.dRas[d.Npl][c][i];
         printShifts(y, i, row, fromPlan ? "0000.0000" : "0000.00000", fromPlan ? "0000.0000" : "000.0000");
     }
-    Text25.show(fromPlan ? t.calculated(d.Npl, d.Nparam, Text10.int32()) : t.observed(d.Npl, d.Nparam));
+    shiftInFile.show(fromPlan ? t.calculated(d.Npl, d.Nparam, experimentNumber.int32())
+                              : t.observed(d.Npl, d.Nparam));
 }
 
 void StatisticsForm::SaveShifts() {
     if (!shiftsLoaded) throw Refusal("У Вас не были загружены данные из файла", box);
     SeriesData& d = lab.series;
-    if (Option8.on() && Check12.on())
+    if (fromModel.on() && wholePlan.on())
         for (int u = 1, last = experiments(lab.plan); u <= last; ++u) {
-            Text10.show(u);
+            experimentNumber.show(u);
             LoadSeries();
             if (d.kodData == dataNone) return;  // the user declined the picture
             stage("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm", [this] { FitSample(); });
             desk().yield();
         }
-    if (Option7.on()) {
-        lab.shifts.observed(d.Npl, d.Nparam) = Text24.number();
+    if (fromImitator.on()) {
+        lab.shifts.observed(d.Npl, d.Nparam) = secularShift.number();
         chooseImitator();
         writing(files::shifts(d.DirImit), [&] { writeObservedShifts(lab.tree, d.DirImit, lab.shifts); });
         return;
     }
-    lab.shifts.calculated(d.Npl, d.Nparam, Text10.int32()) = Text24.number();
+    lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = secularShift.number();
     writing(files::planShifts(lab.s.NPlan, d.Npl),
             [&] { writePlanShifts(lab.tree, lab.s.NPlan, d.Npl, lab.shifts, experiments(lab.plan)); });
 }

@@ -13,36 +13,36 @@ constexpr double mostCurvePoints = 1e6;  ///< more is no span of a series
 }  // namespace
 
 void StatisticsForm::readSettings() {
-    settings.equation = Option9.on()    ? Equation::Constant
-                        : Option11.on() ? Equation::Parabola
-                                        : Equation::Line;
-    settings.first = Text15.int32();
-    settings.last = Text16.int32();
-    settings.unitWeights = Check4.on();
-    yearIG = Text19.number();
+    settings.equation = fitConstant.on()   ? Equation::Constant
+                        : fitParabola.on() ? Equation::Parabola
+                                           : Equation::Line;
+    settings.first = firstRecord.int32();
+    settings.last = lastRecord.int32();
+    settings.unitWeights = equalWeights.on();
+    yearIG = targetYear.number();
 }
 
 void StatisticsForm::FitSample() {
     SeriesData& d = lab.series;
-    for (TextField* field : {&Text11, &Text12, &Text13}) field->setText("0");
-    originYear = Text23.number();
+    for (TextField* field : {&coefficient0, &coefficient1, &coefficient2}) field->setText("0");
+    originYear = epochYear.number();
     lab.s.kodErrDate = 0;
     settings.T0 = JDfromDate(lab.s, 1.5, 1, toInt32(originYear));
     if (lab.s.kodErrDate != 0) return;
-    if (Check8.on()) makeTestSeries();
-    if (const char* unit = shiftUnit(d.Nparam).caption) Label20.setCaption(unit);
+    if (useTestSeries.on()) makeTestSeries();
+    if (const char* unit = shiftUnit(d.Nparam).caption) secularShiftUnit.setCaption(unit);
     readSettings();
-    count = Text3.int32();
+    count = recordCount.int32();
     d.at(count);
-    MT = Text1.number();
-    Mpar = Text2.number();
-    searchX = Text29.number();
-    searchY = Text7.number();
+    MT = timeScale.number();
+    Mpar = parameterScale.number();
+    searchX = searchSizeScale.number();
+    searchY = searchShiftScale.number();
     chosenColor();
 
-    const bool search = Check6.on();
-    if (search) Text4.setText("1");
-    const int NCP0 = Text4.int16(), n = settings.size(), NgrMin = settings.leastGroups();
+    const bool search = searchGroupSizes.on();
+    if (search) groupSize.setText("1");
+    const int NCP0 = groupSize.int16(), n = settings.size(), NgrMin = settings.leastGroups();
     if (NCP0 < 1) throw SubscriptFailure("size of a group");
     const int NCPmax = search ? n / NgrMin : NCP0;
     if (n / NCP0 < NgrMin)
@@ -57,13 +57,13 @@ void StatisticsForm::FitSample() {
 
 void StatisticsForm::makeTestSeries() {
     SeriesData& d = lab.series;
-    const int n = Text3.int32();
+    const int n = recordCount.int32();
     if (n < 1 || n > maxRecords) throw SubscriptFailure("count of records");
-    const double k0 = Text37.number(), k1 = Text36.number(), k2 = Text35.number(), k3 = Text14.number();
+    const double k0 = testK0.number(), k1 = testK1.number(), k2 = testK2.number(), k3 = testK3.number();
     d.Nparam = parAlfaL0;
     d.JD0 = settings.T0 = 1721058;
     originYear = 0;
-    Text23.setText("0");
+    epochYear.setText("0");
     d.kodData = dataTest;
     d.records.assign(n, {});
     std::uniform_real_distribution<double> uniform(0, 1);
@@ -80,14 +80,14 @@ void StatisticsForm::makeTestSeries() {
     }
     MT = 100;
     Mpar = (Ymax - Ymin) / 10;
-    Text1.setText("100");
-    Text2.show(Mpar);
+    timeScale.setText("100");
+    parameterScale.show(Mpar);
     drawEmpty(13, 29.5, true);
-    Picture1.text(5, 12.9, "Ymax=  " + toText(cut6(Ymax)));
-    Picture1.text(5, 12.3, "Ymin=  " + toText(cut6(Ymin)));
-    Text17.show(cut6(d.at(1).Par[parAlfaL0]));
-    Text18.show(cut6(d.at(n).Par[parAlfaL0]));
-    for (const Record& r : d.records) Picture1.circle(placeX(r.dTd), placeY(r.Par[parAlfaL0]), 0.08, red);
+    picture.text(5, 12.9, "Ymax=  " + toText(cut6(Ymax)));
+    picture.text(5, 12.3, "Ymin=  " + toText(cut6(Ymin)));
+    firstValue.show(cut6(d.at(1).Par[parAlfaL0]));
+    lastValue.show(cut6(d.at(n).Par[parAlfaL0]));
+    for (const Record& r : d.records) picture.circle(placeX(r.dTd), placeY(r.Par[parAlfaL0]), 0.08, red);
 }
 
 void StatisticsForm::passOfSize(int NCP, bool single) {
@@ -97,39 +97,39 @@ void StatisticsForm::passOfSize(int NCP, bool single) {
     fitGroups(settings.equation, fit);
     const double D = (yearIG - originYear) / 100;
     if (const ShiftUnit unit = shiftUnit(d.Nparam); unit.caption != nullptr) {
-        if (settings.equation != Equation::Constant) Text39.show(cut6(fit.at(D)));
+        if (settings.equation != Equation::Constant) targetValue.show(cut6(fit.at(D)));
         shift = unit.scale * shiftAt(settings.equation, fit, D);
         limit = limitFactor * unit.scale * fit.Sigma;
         if (single) {
-            Text24.show(cut6(shift));
-            Text27.show(cut6(limit));
+            secularShift.show(cut6(shift));
+            secularShiftError.show(cut6(limit));
         }
     }
     if (single) {
         drawCurves();
-        Text11.show(cut6(fit.b[0]));
-        Text12.show(cut6(fit.b[1]));
-        Text13.show(cut6(fit.b[2]));
-        if (Check9.on()) printResults();
+        coefficient0.show(cut6(fit.b[0]));
+        coefficient1.show(cut6(fit.b[1]));
+        coefficient2.show(cut6(fit.b[2]));
+        if (resultsAsText.on()) printResults();
     }
-    Text4.show(NCP);
+    groupSize.show(NCP);
     dYgr[NCP] = shift;
     Sigma2gr[NCP] = limit;
 }
 
 void StatisticsForm::drawGroups() {
     const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
-    double y = Picture1.toUserY(0) - 0.5;
-    if (Check7.on()) {
-        Picture1.text(18, y, "VesMax=  " + toText(cut6(fit.VesMax)));
-        Picture1.text(18, y - 0.6, "VesSum=  " + toText(cut6(fit.VesSum)));
+    double y = picture.toUserY(0) - 0.5;
+    if (weightsAsText.on()) {
+        picture.text(18, y, "VesMax=  " + toText(cut6(fit.VesMax)));
+        picture.text(18, y - 0.6, "VesSum=  " + toText(cut6(fit.VesSum)));
     }
     int i = 0;
     for (const Group& g : fit.groups) {
         const double days = g.T * 36525 + settings.T0 - lab.series.JD0;
-        Picture1.circle(placeX(days), placeY(g.Y), 0.5 * g.W, color);
-        if (!Check7.on()) continue;
-        Picture1.text(22, y, "i=  " + toText(++i) + "   Ves=  " + toText(cut6(g.W)));
+        picture.circle(placeX(days), placeY(g.Y), 0.5 * g.W, color);
+        if (!weightsAsText.on()) continue;
+        picture.text(22, y, "i=  " + toText(++i) + "   Ves=  " + toText(cut6(g.W)));
         y -= 0.5;
     }
 }
@@ -144,39 +144,39 @@ void StatisticsForm::drawCurves() {
     for (double t = from; t <= to; t += curveStep) {
         const double value = fit.at((d.JD0 + t - settings.T0) / 36525);
         for (const double one : {value + away, value, value - away})
-            Picture1.disc(placeX(t), placeY(one), 0.015, color);
+            picture.disc(placeX(t), placeY(one), 0.015, color);
     }
 }
 
 void StatisticsForm::printResults() {
-    const double y = settings.equation == Equation::Parabola ? 2.3 : Picture1.toUserY(0) - 1.2;
-    Picture1.text(1.2, y, "dY=  " + toText(cut6(shift)) + "    2*Sigma=  " + toText(cut6(limit)));
-    Picture1.text(1.2, y - 0.6,
-                  "Y=  " + toText(cut6(fit.b[0])) + "  +  " + toText(cut6(fit.b[1])) + " *  X  +  " +
-                      toText(cut6(fit.b[2])) + " *  X^2");
+    const double y = settings.equation == Equation::Parabola ? 2.3 : picture.toUserY(0) - 1.2;
+    picture.text(1.2, y, "dY=  " + toText(cut6(shift)) + "    2*Sigma=  " + toText(cut6(limit)));
+    picture.text(1.2, y - 0.6,
+                 "Y=  " + toText(cut6(fit.b[0])) + "  +  " + toText(cut6(fit.b[1])) + " *  X  +  " +
+                     toText(cut6(fit.b[2])) + " *  X^2");
 }
 
 void StatisticsForm::GroupSearchReport(int last) {
     constexpr int first = 1;  // the search always starts with groups of one
     const GroupSearch found = searchGroups(dYgr, Sigma2gr, first, last);
     const auto show = [&](const GroupSearch::Value& v) {
-        Text24.show(cut6(v.shift));
-        Text27.show(cut6(v.limit));
+        secularShift.show(cut6(v.shift));
+        secularShiftError.show(cut6(v.limit));
     };
-    double y0 = Picture1.toUserY(0) - 1.2;
+    double y0 = picture.toUserY(0) - 1.2;
     const auto report = [&](const std::string& head, const GroupSearch::Value& v) {
-        if (Check9.on())
-            Picture1.text(1.2, y0, head + toText(cut6(v.shift)) + "   dAlfaP100S = " + toText(cut6(v.limit)));
+        if (resultsAsText.on())
+            picture.text(1.2, y0, head + toText(cut6(v.shift)) + "   dAlfaP100S = " + toText(cut6(v.limit)));
         y0 -= 0.6;
     };
-    if (Option12.on()) show(found.min);
+    if (searchMinimum.on()) show(found.min);
     report("минимальное при NCP0 = " + toText(found.best) + "   dAlfaP100M = ", found.min);
-    if (!Check3.on()) searchReference = found.min.shift;
+    if (!overlay.on()) searchReference = found.min.shift;
 
     const auto x = [&](int s) { return ratio(s - first + 1, searchX) + 1; };
     const auto y = [&](double value) { return ratio(value - searchReference, searchY) + 5; };
     const auto segment = [&](int s, double from, double to, Color color) {
-        Picture1.line(x(s - 1), y(from), x(s), y(to), color);
+        picture.line(x(s - 1), y(from), x(s), y(to), color);
     };
     for (int s = first; s <= last; ++s) {  // the first segments start from the zero cells of size 0: meant
         segment(s, dYgr[s - 1] - Sigma2gr[s - 1], dYgr[s] - Sigma2gr[s], green);
@@ -186,12 +186,12 @@ void StatisticsForm::GroupSearchReport(int last) {
     for (std::size_t i = 0; i < found.band.size(); ++i) {
         const GroupSearch::Step& step = found.band[i];
         for (const double value : {step.Hi, step.Lo})
-            Picture1.line(x(step.from), y(value), x(step.to), y(value), black);
-        if (i + 1 < found.band.size()) Picture1.text(x(step.to), step.raised ? 12 : 11, toText(step.to));
+            picture.line(x(step.from), y(value), x(step.to), y(value), black);
+        if (i + 1 < found.band.size()) picture.text(x(step.to), step.raised ? 12 : 11, toText(step.to));
     }
-    if (Option15.on()) show(found.maxmin);
+    if (searchMaximin.on()) show(found.maxmin);
     report("максимин    dAlfaP100M = ", found.maxmin);
-    if (Option16.on()) show(found.mean);
+    if (searchMean.on()) show(found.mean);
     report("средние       dAlfaP100M = ", found.mean);
 }
 
@@ -199,8 +199,8 @@ void StatisticsForm::keepShift() {
     const SeriesData& d = lab.series;
     if (d.Nparam >= parAlfaL0) return;
     // kept whatever the data are: a fit of the model too goes into the observed shifts
-    const double value = lab.shifts.observed(d.Npl, d.Nparam) = Text24.number();
-    if (lab.s.NPlan > 0) lab.shifts.calculated(d.Npl, d.Nparam, Text10.int32()) = value;
+    const double value = lab.shifts.observed(d.Npl, d.Nparam) = secularShift.number();
+    if (lab.s.NPlan > 0) lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = value;
 }
 
 }  // namespace tarvex

@@ -57,22 +57,22 @@ TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt
     QScrollBar* bar = area->verticalScrollBar();
     const auto seen = [&](double y) {
         const double share =
-            (y - form.Picture1.toUserY(0)) / (form.Picture1.toUserY(1) - form.Picture1.toUserY(0));
+            (y - form.picture.toUserY(0)) / (form.picture.toUserY(1) - form.picture.toUserY(0));
         const int at = view->mapTo(area->viewport(), QPoint(0, static_cast<int>(share * view->height()))).y();
         return at >= 0 && at <= area->viewport()->height();
     };
-    const double title = form.Picture1.toUserY(0) - 19.1, lastLine = title - 12.9;
+    const double title = form.picture.toUserY(0) - 19.1, lastLine = title - 12.9;
     ASSERT_GT(bar->maximum(), 0);
     EXPECT_TRUE(seen(title));
     EXPECT_TRUE(seen(lastLine));
 
     bar->setValue(0);
     ASSERT_FALSE(seen(lastLine));
-    form.Picture1.text(1, 1, "далеко внизу");
+    form.picture.text(1, 1, "далеко внизу");
     QTest::qWait(50);
     EXPECT_EQ(bar->value(), 0);
 
-    form.Picture1.lookAt(12, -2);
+    form.picture.lookAt(12, -2);
     QTest::qWait(50);
     EXPECT_TRUE(seen(11.9));
     EXPECT_TRUE(seen(-1.9));
@@ -131,8 +131,8 @@ TEST_F(RealForms, AMessageBringsTheFieldThatHoldsNoNumberIntoSight) {
     FormWindow& window = windowOf("Form6");
     auto* field = test::find<QLineEdit>(window, "Text23");
     ASSERT_FALSE(field->isVisible());  // on a tab that is not in front
-    lab.desk.get<StatisticsForm>().Text23.setText("две");
-    lab.desk.get<StatisticsForm>().Command9.press();
+    lab.desk.get<StatisticsForm>().epochYear.setText("две");
+    lab.desk.get<StatisticsForm>().fitData.press();
     EXPECT_EQ(said.size(), 1);
     EXPECT_TRUE(field->isVisible());
     EXPECT_EQ(window.focusWidget(), field);

@@ -50,8 +50,8 @@ TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
         first.computeInitialData.press();
         ModelState& s = lab.s;
         const double dx = s.X0[10] - s.X0[3], dvy = s.VY0[10] - s.VY0[3];
-        (geocentric ? form.Option5 : form.Option6).choose();
-        form.Command6.press();
+        (geocentric ? form.geocentricElements : form.barycentricElements).choose();
+        form.setInitialData.press();
         EXPECT_NEAR(s.X0[11] - s.X0[0], dx, 2e3) << geocentric;  // the file rows were reduced by whole turns
         EXPECT_NEAR(s.VY0[11] - s.VY0[0], dvy, 0.02) << geocentric;
         EXPECT_EQ(s.kodBary, geocentric ? 1 : 2);
@@ -69,13 +69,13 @@ TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
     first.checkOrbit.press();  // two batches: 58 hundredths of a year
     EXPECT_EQ(first.checkTime.text(), "0,58");
     auto& form = lab.desk.get<MoonForm>();
-    form.Command6.press();
-    form.Text36.setText("6");
-    form.Text22.setText("63,1152");
-    form.Text23.setText("1");
-    stopAfter(1, form.Command2);
-    form.Command1.press();
-    EXPECT_EQ(form.Text25.text(), "0,000024");
+    form.setInitialData.press();
+    form.stepsPerDisplay.setText("6");
+    form.step.setText("63,1152");
+    form.stepDivider.setText("1");
+    stopAfter(1, form.stopCheck);
+    form.startCheck.press();
+    EXPECT_EQ(form.elapsedYears.text(), "0,000024");
 }
 
 /// While the table shows coordinates, the check writes its two rows and leaves what is typed into the others.
@@ -98,8 +98,8 @@ TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
     first.stepDivider.setText("10");
     stopAfter(1, first.stopCheck);
     first.checkOrbit.press();
-    form.Command6.press();
-    form.Command3.press();
+    form.setInitialData.press();
+    form.continueCheck.press();
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     const std::string time = first.checkTime.text();
     first.checkSteps.press();  // building the Moon's data has not touched the planet's check
@@ -107,8 +107,8 @@ TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
     // a check begun while the other runs ends that one
     int yields = 0;
     screen.atYield = [&](int) {
-        if (++yields == 1) form.Command1.press();
-        if (yields == 4) form.Command2.press();
+        if (++yields == 1) form.startCheck.press();
+        if (yields == 4) form.stopCheck.press();
     };
     first.continueCheck.press();
     EXPECT_EQ(yields, 4);
@@ -120,7 +120,7 @@ TEST_F(OrbitCheckForms, ClosingAFormStopsNothingElse) {
     for (const char* name : {"Form1", "Form20"}) {
         const std::string command = name == std::string("Form1") ? "Command13" : "Command1";
         Form& form = lab.desk.form(name);
-        if (auto* data = dynamic_cast<MoonForm*>(&form)) data->Command6.press();
+        if (auto* data = dynamic_cast<MoonForm*>(&form)) data->setInitialData.press();
         screen.messages.clear();
         int yields = 0;
         screen.atYield = [&](int) {
@@ -149,10 +149,10 @@ TEST_F(OrbitCheckForms, OverflowsReachNoState) {
     EXPECT_TRUE(finiteState());
 
     auto& form = lab.desk.get<MoonForm>();
-    form.Command6.press();
-    form.Option9.choose();
-    form.Text10.setText("1e305");
-    form.Command6.press();
+    form.setInitialData.press();
+    form.fromScreen.choose();
+    form.semiMajorAxis.setText("1e305");
+    form.setInitialData.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
     EXPECT_TRUE(finiteState());
 
@@ -167,21 +167,21 @@ TEST_F(OrbitCheckForms, OverflowsReachNoState) {
 
 TEST_F(OrbitCheckForms, Form20BadInput) {
     auto& form = lab.desk.get<MoonForm>();
-    form.Option9.choose();
-    form.Text21.setText("0");
-    form.Command6.press();
+    form.fromScreen.choose();
+    form.massRatio.setText("0");
+    form.setInitialData.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
-    form.Text21.setText("81,3");
-    form.Text7.setText("1");
-    form.Command6.press();
+    form.massRatio.setText("81,3");
+    form.eccentricity.setText("1");
+    form.setInitialData.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
-    form.Text7.setText("0,05");
-    form.Command6.press();
-    form.Text22.setText("быстро");
-    form.Command1.press();
+    form.eccentricity.setText("0,05");
+    form.setInitialData.press();
+    form.step.setText("быстро");
+    form.startCheck.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
-    form.Text33.setText("13");
-    form.Command10.press();
+    form.month.setText("13");
+    form.toJulianDate.press();
     EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
 }
 

@@ -47,14 +47,14 @@ private:
         ModelState& s = lab.s;
         runs.push_back({p.Nexp, Text8.text(), Text35.text(), s.VXsys, s.VYsys, s.VZsys, lab.motion.kPgr1,
                         lab.motion.kPgr2, s.m[5], s.m[2], lab.motion.kodDX, lab.motion.kodPgr, s.NPlan});
-        lab.run.kodTest = lab.desk.get<PlanForm>().Option5.on();
+        lab.run.kodTest = lab.desk.get<PlanForm>().testExperiments.on();
         if (p.Nexp == failAt) throw Failure("no more");
         if (p.Nexp == stopAt) {
             s.NPlan = 0;
             p.Nexp = p.Nplan;
             return;
         }
-        lab.desk.get<PlanForm>().Text3.setText("1234,5");
+        lab.desk.get<PlanForm>().experimentEnd.setText("1234,5");
         s.NPlan = 0;
     }
     Laboratory& lab;
@@ -67,13 +67,13 @@ struct Form15Test : test::LabTest {
         folder.makeFolder("Plan1");
         lab.s.m[0] = 2e30;
         form = &lab.desk.get<PlanForm>();
-        for (int i = 1; i <= 7; ++i) form->Text11(i).setText(i <= 5 ? "1" : "1000");
+        for (int i = 1; i <= 7; ++i) form->zeroLevel(i).setText(i <= 5 ? "1" : "1000");
     }
     StandInForm2& form2() { return static_cast<StandInForm2&>(lab.desk.form("Form2")); }
     void create(std::initializer_list<int> factors) {
         for (int i = 1; i <= 7; ++i)
-            form->Check3(i).set(std::find(factors.begin(), factors.end(), i) != factors.end());
-        form->Command5.press();
+            form->useFactor(i).set(std::find(factors.begin(), factors.end(), i) != factors.end());
+        form->createPlan.press();
     }
     void expectMessage(const std::string& text) {
         EXPECT_EQ(screen.onlyMessage(), (Message{text, "Tarvex7m"}));
@@ -90,21 +90,21 @@ TEST_F(Form15Test, PlanNeedsTwoToSixFactors) {
     expectMessage("К-во факторов должно быть от 2 до 6");
     create({1, 2, 3, 4, 5, 6, 7});
     expectMessage("К-во факторов должно быть от 2 до 6");
-    form->Command1.press();  // seven factors are no plan
+    form->fitCoefficients.press();  // seven factors are no plan
     expectMessage("Ошибка при рассчете коэффициентов");
-    form->Command7.press();
+    form->optimizeFactors.press();
     expectMessage("Ошибка при решение системы линейных уравнений");
 }
 
 TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     create({2, 4});
-    form->Text11(4).setText("10");
-    form->Text12(4).setText("2");
-    form->Text11(5).setText("0");
-    form->Text4.setText("3");
-    form->Text5.setText("2");
-    form->Text6.setText("4");
-    form->Command8.press();
+    form->zeroLevel(4).setText("10");
+    form->interval(4).setText("2");
+    form->zeroLevel(5).setText("0");
+    form->planNumber.setText("3");
+    form->firstExperiment.setText("2");
+    form->lastExperiment.setText("4");
+    form->runExperiments.press();
     EXPECT_TRUE(screen.messages.empty());
     ASSERT_EQ(runs.size(), 3u);
     const double VY[] = {2, 0, 0}, Vgr[] = {8, 12, 8};  // points 2, 3, 4: (+,-) (-,+) (-,-)
@@ -120,95 +120,95 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
         EXPECT_DOUBLE_EQ(runs[i].m5, 2e27);
     }
     EXPECT_EQ(lab.s.NPlan, 0);
-    EXPECT_EQ(form->Text5.text(), "5");
+    EXPECT_EQ(form->firstExperiment.text(), "5");
     EXPECT_EQ(screen.notices.size(), 1u);
 
-    form->Command8.press();  // 5 is above 4: nothing starts
+    form->runExperiments.press();  // 5 is above 4: nothing starts
     EXPECT_EQ(runs.size(), 3u);
     EXPECT_EQ(screen.notices.size(), 2u);
     EXPECT_EQ(lab.s.NPlan, 0);
 
-    form->Check6.set(true);  // with the speed of gravity, and with law 5
-    form->Text11(5).setText("0,5");
-    form->Text5.setText("4");
-    form->Command8.press();
+    form->finiteGravitySpeed.set(true);  // with the speed of gravity, and with law 5
+    form->zeroLevel(5).setText("0,5");
+    form->firstExperiment.setText("4");
+    form->runExperiments.press();
     EXPECT_TRUE(form2().Check13.on());
     EXPECT_EQ(runs.back().kodPgr, 5);
     EXPECT_EQ(runs.back().kPgr2, 0.5);
-    form->Check5.set(true);
-    form->Text5.setText("4");
-    form->Command8.press();
+    form->secondCoefficientZero.set(true);
+    form->firstExperiment.setText("4");
+    form->runExperiments.press();
     EXPECT_EQ(runs.back().kPgr1, 0.5);
     EXPECT_EQ(runs.back().kPgr2, 0);
 }
 
 TEST_F(Form15Test, ElementsThatForm1HasNotHandedOverAreTakenAtTheRun) {
     create({2, 4});
-    form->Text6.setText("1");
+    form->lastExperiment.setText("1");
     lab.s.AlfaP0[1] = 1.25;
-    form->Command8.press();
+    form->runExperiments.press();
     EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
-    EXPECT_EQ(form->Label3.caption(), "Элементы орбит для измерений взяты с формы 1");
+    EXPECT_EQ(form->planStatus.caption(), "Элементы орбит для измерений взяты с формы 1");
     lab.s.AlfaP0[1] = 2.5;  // of other data, not handed over: the run keeps what it was given
-    form->Command8.press();
+    form->runExperiments.press();
     EXPECT_EQ(lab.s.ElemStart[1][1], 1.25);
 }
 
 TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
     create({1, 4});
-    form->Option5.choose();
+    form->testExperiments.choose();
     form2().failAt = 3;
-    form->Command8.press();
+    form->runExperiments.press();
     EXPECT_EQ(runs.size(), 3u);
     EXPECT_EQ(screen.onlyMessage().text, "прогон");
     EXPECT_EQ(lab.s.NPlan, 0);
     EXPECT_EQ(lab.run.kodTest, 0);
     form2().failAt = 0;
     form2().stopAt = 2;
-    form->Text5.setText("1");
-    form->Command8.press();
+    form->firstExperiment.setText("1");
+    form->runExperiments.press();
     EXPECT_EQ(runs.size(), 5u);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(lab.s.NPlan, 0);
 
-    for (const auto& [field, text] : {std::pair{&form->Text11(7), "0"},
-                                      {&form->Text12(1), "x"},
-                                      {&form->Text5, "0"},
-                                      {&form->Text6, "x"},
-                                      {&form->Text4, ""}}) {
+    for (const auto& [field, text] : {std::pair{&form->zeroLevel(7), "0"},
+                                      {&form->interval(1), "x"},
+                                      {&form->firstExperiment, "0"},
+                                      {&form->lastExperiment, "x"},
+                                      {&form->planNumber, ""}}) {
         const std::string old = field->text();
         field->setText(text);
-        form->Command8.press();
+        form->runExperiments.press();
         expectMessage("Ошибка при выполнение плана");
         EXPECT_EQ(lab.s.NPlan, 0);
         field->setText(old);
     }
-    form->Text5.setText("10");  // beyond the nine points of the plan
-    form->Text6.setText("12");
-    form->Command8.press();
+    form->firstExperiment.setText("10");  // beyond the nine points of the plan
+    form->lastExperiment.setText("12");
+    form->runExperiments.press();
     expectMessage("Ошибка при выполнение плана");
 }
 
 TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     create({1, 4});
-    form->Command10.press();
+    form->findCriterion.press();
     expectMessage("Загрузите данные наблюдений");
-    form->Option12.choose();
-    form->Command4.press();
+    form->ownImitator.choose();
+    form->loadObservedShifts.press();
     expectMessage("Не могу найти файл \\Ser\\TarvexNab.dat");
     test::writeBytes(lab.tree.at("\\Ser\\TarvexNab.dat"), "а\r\nб\r\n 1  2 \r\n");
-    form->Command4.press();
+    form->loadObservedShifts.press();
     expectMessage("Ошибка при чтении данных из файла \\Ser\\TarvexNab.dat");
-    form->Command10.press();
+    form->findCriterion.press();
     expectMessage("Загрузите данные наблюдений");
     lab.shifts.dNab[1][1] = 500;
     writeObservedShifts(lab.tree, "\\Ser", lab.shifts);
-    form->Command4.press();
+    form->loadObservedShifts.press();
     lab.s.NPlan = 1;
-    form->Command10.press();
+    form->findCriterion.press();
     expectMessage("Ошибка чтения данных из файла \\Plan1\\Tarvex1Ras.dat");
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 8);
-    form->Command10.press();
+    form->findCriterion.press();
     expectMessage("К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
 
     for (int u = 1; u <= 9; ++u) {  // 500 + 10 x1 + 20 x2 + 5 x1^2 + 4 x2^2
@@ -217,40 +217,41 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     }
     lab.shifts.Ves[1][1] = 100;
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 9);
-    form->Option18.choose();
-    form->Text12(4).setText("0,1");
-    form->Command8.press();  // takes the levels over; the stand-in runs at once
+    form->criterionIsShift.choose();
+    form->interval(4).setText("0,1");
+    form->runExperiments.press();  // takes the levels over; the stand-in runs at once
     screen.notices.clear();
     lab.s.NPlan = 1;
-    for (CommandButton* step : {&form->Command10, &form->Command1, &form->Command7, &form->Command13})
+    for (CommandButton* step :
+         {&form->findCriterion, &form->fitCoefficients, &form->optimizeFactors, &form->drawPlots})
         step->press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_NEAR(lab.plan.b[0], 500, 1e-9);
-    EXPECT_EQ(form->Text15(4).text(), "0,75");
-    EXPECT_EQ(form->Label2.caption(), "Стационарная точка: минимум; точка вне области плана по X4");
+    EXPECT_EQ(form->optimum(4).text(), "0,75");
+    EXPECT_EQ(form->stationaryPoint.caption(), "Стационарная точка: минимум; точка вне области плана по X4");
 
     lab.s.NPlan = 0;
-    form->Command10.press();
+    form->findCriterion.press();
     expectMessage("Ошибка чтения данных из файла \\Plan0\\Tarvex1Ras.dat");
-    EXPECT_EQ(form->Label3.caption(), "Критерий по файлам плана № 0 (в поле плана № 1)");
+    EXPECT_EQ(form->planStatus.caption(), "Критерий по файлам плана № 0 (в поле плана № 1)");
     lab.s.NPlan = 1;
-    form->Check1(2).set(true);  // a planet with no observed shift
+    form->usePlanet(2).set(true);  // a planet with no observed shift
     writePlanShifts(lab.tree, 1, 2, lab.shifts, 9);
-    form->Option19.choose();
-    form->Command10.press();
+    form->criterionIsDifference.choose();
+    form->findCriterion.press();
     expectMessage("Ошибка при обработке данных");
     lab.shifts.dNab[1][1] = 7;  // a fit on the form of the series meanwhile
     lab.desk.show("Form6");
     lab.desk.show("Form15");
-    EXPECT_NE(form->Label3.caption().find("изменились"), std::string::npos);
+    EXPECT_NE(form->planStatus.caption().find("изменились"), std::string::npos);
 }
 
 TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
     create({1, 4});
-    form->Option5.choose();
-    form->Option20.choose();
+    form->testExperiments.choose();
+    form->criterionIsSquare.choose();
     lab.plan.Yras[1] = 77;
-    form->Command10.press();
+    form->findCriterion.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(lab.plan.Yras[1], 77);  // of the last fit
     EXPECT_EQ(lab.plan.Yu[1], 0);     // six terms of 1 at (1, 1), Yopt is 6
@@ -259,68 +260,71 @@ TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
 
 TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
     create({1, 4});
-    form->Text4.setText("7");
-    form->Command14.press();
+    form->planNumber.setText("7");
+    form->loadPlan.press();
     expectMessage("Не могу найти файл \\Plan7\\TarvexPlan7.dat");
-    form->Command12.press();
+    form->savePlan.press();
     expectMessage("Ошибка при записи данных в файл \\Plan7 \\TarvexPlan7.dat");
-    form->Text4.setText("x");
-    form->Command12.press();
+    form->planNumber.setText("x");
+    form->savePlan.press();
     expectMessage("Задайте правильно номер плана");
-    form->Text4.setText("1");
-    form->Text11(4).setText("9");
-    form->Text12(4).setText("0,5");
-    form->Text14(6).setText("-0,125");
+    form->planNumber.setText("1");
+    form->zeroLevel(4).setText("9");
+    form->interval(4).setText("0,5");
+    form->codedOptimum(6).setText("-0,125");
     lab.shifts.Ves[10][6] = 0.75;
-    form->Command12.press();
-    form->Text11(4).setText("0");
+    form->savePlan.press();
+    form->zeroLevel(4).setText("0");
     lab.shifts.Ves = {};
-    form->Command14.press();
+    form->loadPlan.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form->Text11(4).text() + " " + form->Text13(4).text() + " " + form->Text14(6).text(),
-              "9 9,5 -0,125");
-    EXPECT_EQ(form->Text13(5).text(), "1");  // not in the plan: its zero level
+    EXPECT_EQ(
+        form->zeroLevel(4).text() + " " + form->currentLevel(4).text() + " " + form->codedOptimum(6).text(),
+        "9 9,5 -0,125");
+    EXPECT_EQ(form->currentLevel(5).text(), "1");  // not in the plan: its zero level
     EXPECT_EQ(lab.shifts.Ves[10][6], 0.75);
     test::writeBytes(lab.tree.at("\\Plan1\\TarvexPlan1.dat"), "а\r\n");
-    form->Command14.press();
+    form->loadPlan.press();
     expectMessage("Ошибка при чтении данных из файла \\Plan1\\TarvexPlan1.dat");
 }
 
 TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
     auto& weights = lab.desk.get<WeightsForm>();
     EXPECT_EQ(lab.s.NPlan, 1);
-    weights.Command4.press();
+    weights.loadWeightFile.press();
     expectMessage("Не могу найти файл \\Plan1\\TarvexPlan1.dat");
-    form->Command12.press();
-    weights.Text13(4).setText("0,5");
-    weights.Command5.press();
-    weights.Text13(4).setText("1");
-    weights.Command4.press();
-    EXPECT_EQ(weights.Text13(4).text(), "0,5");
-    weights.Text13(4).setText("x");
-    weights.Command5.press();
+    form->savePlan.press();
+    weights.inclinationWeight(4).setText("0,5");
+    weights.saveWeightFile.press();
+    weights.inclinationWeight(4).setText("1");
+    weights.loadWeightFile.press();
+    EXPECT_EQ(weights.inclinationWeight(4).text(), "0,5");
+    weights.inclinationWeight(4).setText("x");
+    weights.saveWeightFile.press();
     expectMessage("Задайте правильно данные");
 
-    weights.Option9(3).choose();
-    weights.Command1.press();
+    weights.viewedPlanet(3).choose();
+    weights.loadShiftFile.press();
     expectMessage("Не могу найти файл \\Plan1\\Tarvex3Ras.dat");
     for (int u = 1; u <= 5; ++u) lab.shifts.dRas[3][2][u] = u;
     writePlanShifts(lab.tree, 1, 3, lab.shifts, 5);
-    weights.Text8.setText("4");
-    weights.Command1.press();
-    EXPECT_EQ(weights.Text10.text() + " " + weights.Text2(3).text() + " " + weights.Text1(3).text(), "5 4 0");
-    weights.Text2(3).setText("42,5");
-    weights.Command2.press();
-    weights.Command1.press();
+    weights.experimentNumber.setText("4");
+    weights.loadShiftFile.press();
+    EXPECT_EQ(weights.recordsRead.text() + " " + weights.nodeShift(3).text() + " " +
+                  weights.perihelionShift(3).text(),
+              "5 4 0");
+    weights.nodeShift(3).setText("42,5");
+    weights.saveShiftFile.press();
+    weights.loadShiftFile.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(weights.Text2(3).text(), "0,0000425");  // written without its scale: meant
+    EXPECT_EQ(weights.nodeShift(3).text(), "0,0000425");  // written without its scale: meant
     const std::string bytes = test::readBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"));
     test::writeBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"), bytes.substr(0, bytes.size() - 12));
-    weights.Command1.press();
+    weights.loadShiftFile.press();
     expectMessage("Ошибка при чтении данных из файла \\Plan1\\Tarvex3Ras.dat");
-    EXPECT_EQ(weights.Text10.text(), "4");
-    weights.Text8.setText("92");
-    weights.Command2.press();
+    EXPECT_EQ(weights.recordsRead.text(), "4");
+    weights.experimentNumber.setText("92");
+    weights.saveShiftFile.press();
     expectMessage("Задайте правильно данные");
 }
 
@@ -330,16 +334,16 @@ TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
     lab.desk.show("Form1");
     auto& form = lab.desk.get<PlanForm>();
     for (int i = 1; i <= 7; ++i) {
-        form.Check3(i).set(i <= 3);
-        form.Text11(i).setText(i <= 4 ? "120" : i == 5 ? "1" : "1000");
-        form.Text12(i).setText("10");
+        form.useFactor(i).set(i <= 3);
+        form.zeroLevel(i).setText(i <= 4 ? "120" : i == 5 ? "1" : "1000");
+        form.interval(i).setText("10");
     }
-    form.Option2.choose();
-    form.Command5.press();
-    form.Option5.choose();
-    form.Command8.press();
+    form.rotatablePlan.choose();
+    form.createPlan.press();
+    form.testExperiments.choose();
+    form.runExperiments.press();
     EXPECT_TRUE(screen.messages.empty()) << screen.messages.front().text;
-    EXPECT_EQ(form.Text5.text(), "17");  // 16 points of the rotatable plan are done
+    EXPECT_EQ(form.firstExperiment.text(), "17");  // 16 points of the rotatable plan are done
     EXPECT_EQ(lab.s.NPlan, 0);
     PlanBlock read = lab.plan;
     read.Yu = {};
@@ -350,13 +354,14 @@ TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
         EXPECT_NEAR(lab.plan.Yu[u], testCriterion(lab.plan, u, lab.run.kmTest5, lab.run.kmTest2), 1e-12);
     }
     auto& bench = lab.desk.get<PlanWorkshopForm>();  // fitted where such files are fitted
-    for (int i = 1; i <= 3; ++i) bench.Check3(i).set(true);
-    bench.Option13.choose();
-    bench.Option7.choose();
-    for (CommandButton* step : {&bench.Command14, &bench.Command4, &bench.Command1, &bench.Command5})
+    for (int i = 1; i <= 3; ++i) bench.useFactor(i).set(true);
+    bench.rotatablePlan.choose();
+    bench.criterionFromFile.choose();
+    for (CommandButton* step :
+         {&bench.createPlan, &bench.runExperiments, &bench.fitCoefficients, &bench.optimizeFactors})
         step->press();
     EXPECT_TRUE(screen.messages.empty());
-    for (int i = 1; i <= 3; ++i) EXPECT_NEAR(bench.Text4(i).number(), 50, 1e-2);
+    for (int i = 1; i <= 3; ++i) EXPECT_NEAR(bench.optimum(i).number(), 50, 1e-2);
 }
 
 }  // namespace tarvex

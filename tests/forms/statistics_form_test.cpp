@@ -37,15 +37,15 @@ struct Form6Test : test::LabTest {
     }
     void loadModel(const std::string& text = shortSeries()) {
         put(model, text);
-        form.Option8.choose();
-        form.Command6.press();
+        form.fromModel.choose();
+        form.loadData.press();
         EXPECT_TRUE(screen.messages.empty());
     }
     void loadLong() {
         put(observed, longSeries());
-        form.Option7.choose();
-        form.Text2.setText("1");
-        form.Command6.press();
+        form.fromImitator.choose();
+        form.parameterScale.setText("1");
+        form.loadData.press();
         EXPECT_TRUE(screen.messages.empty());
     }
 
@@ -60,29 +60,29 @@ TEST_F(Form6Test, FileFollowsTheOptions) {
         OptionButton *on, *imitator;
         const char* file;
     };
-    for (const Case& c : {Case{&form.Option7, &form.Option17, "\\Ser\\Plan2\\Tarvex11Nab.txt"},
-                          {&form.Option7, &form.Option14, "\\JPL\\Tarvex11Nab.txt"},
-                          {&form.Option7, &form.Option13, "\\NEW\\Tarvex11Nab.txt"},
-                          {&form.Option8, &form.Option13, "\\Plan2\\Txt11\\Tarvex11Ras5.txt"}}) {
+    for (const Case& c : {Case{&form.fromImitator, &form.ownImitator, "\\Ser\\Plan2\\Tarvex11Nab.txt"},
+                          {&form.fromImitator, &form.jplImitator, "\\JPL\\Tarvex11Nab.txt"},
+                          {&form.fromImitator, &form.newcombImitator, "\\NEW\\Tarvex11Nab.txt"},
+                          {&form.fromModel, &form.newcombImitator, "\\Plan2\\Txt11\\Tarvex11Ras5.txt"}}) {
         c.on->choose();
         c.imitator->choose();
-        form.Option3(11).choose();
-        form.Text28.setText("2");
-        form.Text10.setText("5");
-        form.Command6.press();
+        form.planet(11).choose();
+        form.planNumber.setText("2");
+        form.experimentNumber.setText("5");
+        form.loadData.press();
         expectMessage(std::string("Не могу найти файл\r\n") + c.file);
         EXPECT_EQ(lab.series.kodData, 0);
     }
     put("\\JPL\\Tarvex1Nab.txt", "мусор");
-    form.Option7.choose();
-    form.Option14.choose();
-    form.Option3(1).choose();
-    form.Command6.press();
+    form.fromImitator.choose();
+    form.jplImitator.choose();
+    form.planet(1).choose();
+    form.loadData.press();
     expectMessage("Ошибка чтения данных из файла\r\n\\JPL\\Tarvex1Nab.txt");
     for (TextField* field :
-         {&form.Text10, &form.Text28}) {  // the experiment too, though an imitator has none
+         {&form.experimentNumber, &form.planNumber}) {  // the experiment too, though an imitator has none
         field->setText("два");
-        form.Command6.press();
+        form.loadData.press();
         expectMessage("Задайте правильно данные");
         field->setText("1");
     }
@@ -93,15 +93,16 @@ TEST_F(Form6Test, LoadedSeriesIsShownAndDrawn) {
     loadModel();
     EXPECT_EQ(lab.series.kodData, 4);
     EXPECT_EQ(lab.s.JD0, originOfRun);  // a series has an origin of its own
-    EXPECT_EQ(form.Text3.text() + form.Text15.text() + form.Text16.text(), "12112");
-    EXPECT_EQ(form.Text17.text() + " " + form.Text18.text(), "1 1,11");
-    EXPECT_EQ(form.Text9.text() + " " + form.Text8.text() + " " + form.Text6.text(), "2000 1 1");
-    EXPECT_EQ(form.Text22.text() + " " + form.Text21.text() + " " + form.Text20.text(), "2010 12 31,75");
+    EXPECT_EQ(form.recordCount.text() + form.firstRecord.text() + form.lastRecord.text(), "12112");
+    EXPECT_EQ(form.firstValue.text() + " " + form.lastValue.text(), "1 1,11");
+    EXPECT_EQ(form.firstYear.text() + " " + form.firstMonth.text() + " " + form.firstDay.text(), "2000 1 1");
+    EXPECT_EQ(form.lastYear.text() + " " + form.lastMonth.text() + " " + form.lastDay.text(),
+              "2010 12 31,75");
 }
 
 TEST_F(Form6Test, TextTellsTheRecordsAsTheFileHasThem) {
-    form.Check2.set(true);
-    form.Check10.set(true);
+    form.showAsText.set(true);
+    form.moonPerigeeRate.set(true);
     const std::string moon =
         "а\r\nб\r\nв\r\nг\r\n 1  237849650 \r\n"
         " 1  0  3652500  100000000  0  0  0  0  0  300000000  0  700000000  0 \r\n";
@@ -114,12 +115,12 @@ TEST_F(Form6Test, TextTellsTheRecordsAsTheFileHasThem) {
                           {11, 1, moon, "    ddT= 036525,00    Ves= "},
                           {11, 6, moon, "    W0  = 0003,00000    AlfaL0"}}) {
         put("\\Ser\\Plan1\\Tarvex" + std::to_string(c.planet) + "Nab.txt", c.series);
-        form.Option3(c.planet).choose();
-        form.Option4(c.param).choose();
-        form.Command6.press();
+        form.planet(c.planet).choose();
+        form.parameter(c.param).choose();
+        form.loadData.press();
         EXPECT_TRUE(screen.messages.empty());
         bool told = false;
-        for (const auto& item : test::drawnOn(form.Picture1))
+        for (const auto& item : test::drawnOn(form.picture))
             told = told || item.text.find(c.told) != std::string::npos;
         EXPECT_TRUE(told) << c.planet << " " << c.param;
     }
@@ -127,133 +128,133 @@ TEST_F(Form6Test, TextTellsTheRecordsAsTheFileHasThem) {
 }
 
 TEST_F(Form6Test, LargePictureIsAskedForAndNoStopsTheLoad) {
-    form.Text2.setText("0,00001");
+    form.parameterScale.setText("0,00001");
     put(model, shortSeries());
-    form.Option8.choose();
-    form.Command6.press();
+    form.fromModel.choose();
+    form.loadData.press();
     ASSERT_EQ(screen.questions.size(), 1u);
     EXPECT_EQ(screen.questions[0].text,
               "Вы действительно хотите\r\nтакой большой график.\r\nЕсли Да, то придется подождать");
     EXPECT_EQ(lab.series.kodData, 0);
     screen.answers = {true};
-    form.Command6.press();
+    form.loadData.press();
     EXPECT_EQ(lab.series.kodData, 4);
 }
 
 TEST_F(Form6Test, MousePicksTheSample) {
-    form.Command6.press();
+    form.loadData.press();
     screen.messages.clear();
-    form.Picture1.release(3, 3, Picture::Button::Left);
+    form.picture.release(3, 3, Picture::Button::Left);
     expectMessage("Не могу найти эту точку");
-    form.Text1.setText("1");
+    form.timeScale.setText("1");
     loadModel();
-    form.Picture1.release(4.4, 3, Picture::Button::Left);  // 3.4 years: record 4
-    EXPECT_EQ(form.Text15.text(), "4");
-    EXPECT_EQ(form.Text17.text(), "1,03");
-    EXPECT_EQ(form.Text9.text() + form.Text34.text() + form.Text38.text(), "200220022002");
-    form.Picture1.release(99, 3, Picture::Button::Right);
-    EXPECT_EQ(form.Text16.text(), "12");
-    form.Picture1.release(8.6, 3, Picture::Button::Right);
-    EXPECT_EQ(form.Text16.text(), "9");
-    EXPECT_EQ(form.Text22.text(), "2008");
+    form.picture.release(4.4, 3, Picture::Button::Left);  // 3.4 years: record 4
+    EXPECT_EQ(form.firstRecord.text(), "4");
+    EXPECT_EQ(form.firstValue.text(), "1,03");
+    EXPECT_EQ(form.firstYear.text() + form.newYear.text() + form.newEndYear.text(), "200220022002");
+    form.picture.release(99, 3, Picture::Button::Right);
+    EXPECT_EQ(form.lastRecord.text(), "12");
+    form.picture.release(8.6, 3, Picture::Button::Right);
+    EXPECT_EQ(form.lastRecord.text(), "9");
+    EXPECT_EQ(form.lastYear.text(), "2008");
 }
 
 TEST_F(Form6Test, FitFindsTheShiftAndFillsTheTables) {
     loadModel();
     lab.plan.Nf = 5;
     lab.plan.Xopt[1] = 0.25;
-    for (OptionButton* equation : {&form.Option10, &form.Option11}) {
+    for (OptionButton* equation : {&form.fitLine, &form.fitParabola}) {
         equation->choose();
-        form.Command9.press();
+        form.fitData.press();
         EXPECT_TRUE(screen.messages.empty());
-        EXPECT_NEAR(form.Text24.number(), 3600, 0.01);  // a degree a century
-        EXPECT_NEAR(form.Text27.number(), 0, 0.01);
-        EXPECT_NEAR(form.Text39.number(), 1, 2e-5);
+        EXPECT_NEAR(form.secularShift.number(), 3600, 0.01);  // a degree a century
+        EXPECT_NEAR(form.secularShiftError.number(), 0, 0.01);
+        EXPECT_NEAR(form.targetValue.number(), 1, 2e-5);
     }
     EXPECT_EQ(lab.plan.Nf, 5);  // the parabola leaves the plan alone
     EXPECT_EQ(lab.plan.Xopt[1], 0.25);
-    EXPECT_EQ(lab.shifts.dNab[1][1], form.Text24.number());
-    EXPECT_EQ(lab.shifts.dRas[1][1][1], form.Text24.number());
+    EXPECT_EQ(lab.shifts.dNab[1][1], form.secularShift.number());
+    EXPECT_EQ(lab.shifts.dRas[1][1][1], form.secularShift.number());
 
-    form.Text39.setText("прежний");
-    form.Option9.choose();
-    form.Command9.press();
-    EXPECT_EQ(form.Text24.text(), "0");
-    EXPECT_EQ(form.Text39.text(), "прежний");
-    form.Text4.setText("7");
-    form.Command9.press();
+    form.targetValue.setText("прежний");
+    form.fitConstant.choose();
+    form.fitData.press();
+    EXPECT_EQ(form.secularShift.text(), "0");
+    EXPECT_EQ(form.targetValue.text(), "прежний");
+    form.groupSize.setText("7");
+    form.fitData.press();
     expectMessage("Первичные данные должны быть\r\nразбиты минимум на 2 группы");
-    for (auto [field, text] : {std::pair{&form.Text16, "13"},
-                               {&form.Text15, "-2147483647"},
-                               {&form.Text4, "0"},
-                               {&form.Text23, "x"},
-                               {&form.Text7, "x"}}) {
+    for (auto [field, text] : {std::pair{&form.lastRecord, "13"},
+                               {&form.firstRecord, "-2147483647"},
+                               {&form.groupSize, "0"},
+                               {&form.epochYear, "x"},
+                               {&form.searchShiftScale, "x"}}) {
         const std::string old = field->text();
-        form.Text4.setText("2");
+        form.groupSize.setText("2");
         field->setText(text);
-        form.Command9.press();
+        form.fitData.press();
         expectMessage("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm");
         field->setText(old);
     }
 }
 
 TEST_F(Form6Test, RecordsAreDeletedFromTheFile) {
-    form.Command1.press();
+    form.deletePoint.press();
     expectMessage("У Вас не загружены первичные данные");
     loadModel();
     lab.plan.TestText[3] = "строка исключения";  // an optimum found meanwhile
-    form.Text5.setText("1");
-    form.Command1.press();
+    form.markedRecord.setText("1");
+    form.deletePoint.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_TRUE(bytes(model).starts_with("а\r\nб\r\nв\r\nг\r\n 11  245190975 \r\n 1  0  10")) << bytes(model);
-    EXPECT_EQ(form.Text3.text() + " " + form.Text16.text(), "11 11");
+    EXPECT_EQ(form.recordCount.text() + " " + form.lastRecord.text(), "11 11");
     const std::string before = bytes(model);
     for (const char* number : {"0", "12", "-3"}) {
-        form.Text5.setText(number);
-        form.Command1.press();
+        form.markedRecord.setText(number);
+        form.deletePoint.press();
         expectMessage("Ошибка вычислений");
     }
     EXPECT_EQ(bytes(model), before);
-    form.Text5.setText("2");
+    form.markedRecord.setText("2");
     std::filesystem::remove(at(model));  // the folder goes with it: the write must fail
     std::filesystem::remove(at("\\Plan1\\Txt1"));
-    form.Command1.press();
+    form.deletePoint.press();
     expectMessage("Ошибка записи данных в файл\r\n" + model);
     EXPECT_EQ(lab.series.NP1max(), 11);
     std::filesystem::create_directory(at("\\Plan1\\Txt1"));
-    form.Command6.press();
+    form.loadData.press();
     expectMessage("Не могу найти файл\r\n" + model);
-    form.Command1.press();  // after a failed load nothing is rewritten
+    form.deletePoint.press();  // after a failed load nothing is rewritten
     expectMessage("У Вас не загружены первичные данные");
 }
 
 TEST_F(Form6Test, RecordsAreAddedOneParameterAtATime) {
     loadLong();
-    form.Option4(1).choose();
-    form.Text34.setText("1770");
-    form.Text38.setText("1790");
-    form.Text30.setText("0,5");
-    form.Command2.press();
+    form.parameter(1).choose();
+    form.newYear.setText("1770");
+    form.newEndYear.setText("1790");
+    form.newValue.setText("0,5");
+    form.addPoint.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_TRUE(bytes(observed).starts_with(
         "а\r\nб\r\nв\r\nг\r\n 7  236754000 \r\n 1  0  730500  100000000  50000000  0  0 "))
         << bytes(observed);
-    form.Option4(7).choose();
-    form.Text30.setText("250");
-    form.Command2.press();  // no: a second record of the date
+    form.parameter(7).choose();
+    form.newValue.setText("250");
+    form.addPoint.press();  // no: a second record of the date
     ASSERT_EQ(screen.questions.size(), 1u);
     EXPECT_EQ(screen.questions[0].text,
               "Точка № 1 с такой датой уже есть\r\nЗаменить отмеченный параметр в этой точке?");
     EXPECT_EQ(lab.series.NP1max(), 8);
     screen.answers = {true};
-    form.Option4(4).choose();
-    form.Text30.setText("0,25");
-    form.Command2.press();
+    form.parameter(4).choose();
+    form.newValue.setText("0,25");
+    form.addPoint.press();
     EXPECT_EQ(lab.series.NP1max(), 8);
     EXPECT_EQ(lab.series.at(1).Par[parEks], 0.25);
-    form.Text33.setText("13");
-    form.Text34.setText("99999");
-    form.Command2.press();
+    form.newMonth.setText("13");
+    form.newYear.setText("99999");
+    form.addPoint.press();
     expectMessage("Введите правильно дату", "Tarvex7.0");
 }
 
@@ -266,42 +267,42 @@ TEST_F(Form6Test, SpoiltLoadsRefuseToRewrite) {
         bool rate;
     };
     for (const Case& c : {Case{1, 7, false}, {11, 1, false}, {11, 2, false}, {11, 6, true}}) {
-        form.Option3(c.planet).choose();
-        form.Option4(c.param).choose();
-        form.Check10.set(c.rate);
-        form.Text2.setText("1000");
+        form.planet(c.planet).choose();
+        form.parameter(c.param).choose();
+        form.moonPerigeeRate.set(c.rate);
+        form.parameterScale.setText("1000");
         put("\\Ser\\Plan1\\Tarvex" + std::to_string(c.planet) + "Nab.txt", longSeries());
-        form.Command6.press();
+        form.loadData.press();
         ASSERT_TRUE(screen.messages.empty());
-        form.Option4(3).choose();  // what counts is the parameter of the load
-        form.Command1.press();
+        form.parameter(3).choose();  // what counts is the parameter of the load
+        form.deletePoint.press();
         expectMessage("УДАЛИТЬ ТОЧКУ" + rest);
-        form.Command2.press();
+        form.addPoint.press();
         expectMessage("ДОБАВИТЬ ТОЧКУ" + rest);
     }
     EXPECT_EQ(lab.series.at(1).Par[parW], lab.series.at(1).Par[parDP11]);
 }
 
 TEST_F(Form6Test, ShiftFilesAreReadAndRewritten) {
-    form.Command5.press();
+    form.saveShiftFile.press();
     expectMessage("У Вас не были загружены данные из файла");
-    form.Command4.press();
+    form.loadShiftFile.press();
     expectMessage("Не могу найти файл\r\n\\Ser\\TarvexNab.dat");
     ShiftTables t;
     t.dNab[2][4] = 12.5;
     writeObservedShifts(lab.tree, "\\Ser", t);
-    form.Option3(2).choose();
-    form.Option4(4).choose();
-    form.Command4.press();
-    EXPECT_EQ(form.Text25.text(), "12,5");
-    form.Text24.setText("-3,25");
-    form.Command5.press();
-    form.Command4.press();
-    EXPECT_EQ(form.Text25.text(), "-3,25");
+    form.planet(2).choose();
+    form.parameter(4).choose();
+    form.loadShiftFile.press();
+    EXPECT_EQ(form.shiftInFile.text(), "12,5");
+    form.secularShift.setText("-3,25");
+    form.saveShiftFile.press();
+    form.loadShiftFile.press();
+    EXPECT_EQ(form.shiftInFile.text(), "-3,25");
     put("\\Ser\\TarvexNab.dat", "мусор");
-    form.Command4.press();
+    form.loadShiftFile.press();
     expectMessage("Ошибка чтения данных из файла\r\n\\Ser\\TarvexNab.dat");
-    form.Command5.press();  // and the bad file is not rewritten
+    form.saveShiftFile.press();  // and the bad file is not rewritten
     expectMessage("У Вас не были загружены данные из файла");
     EXPECT_EQ(bytes("\\Ser\\TarvexNab.dat"), "мусор");
 }
@@ -309,11 +310,11 @@ TEST_F(Form6Test, ShiftFilesAreReadAndRewritten) {
 TEST_F(Form6Test, AllExperimentsOfAPlanAreFittedIntoItsFile) {
     for (int u = 1; u <= 3; ++u) put(files::runRecord(1, 1, u), shortSeries(1000000 * u));
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 3);
-    form.Option8.choose();
-    form.Command4.press();
+    form.fromModel.choose();
+    form.loadShiftFile.press();
     EXPECT_EQ(lab.plan.Nplan, 3);
-    form.Check12.set(true);
-    form.Command5.press();
+    form.wholePlan.set(true);
+    form.saveShiftFile.press();
     EXPECT_TRUE(screen.messages.empty());
     ShiftTables read;
     std::int16_t count = 0;
@@ -321,8 +322,8 @@ TEST_F(Form6Test, AllExperimentsOfAPlanAreFittedIntoItsFile) {
     for (int u = 1; u <= 3; ++u) EXPECT_NEAR(read.dRas[1][1][u], 3600 * u, 0.01);
     const std::string before = bytes(files::planShifts(1, 1));
     std::filesystem::remove(at(files::runRecord(1, 1, 2)));
-    form.Text10.setText("1");
-    form.Command5.press();
+    form.experimentNumber.setText("1");
+    form.saveShiftFile.press();
     expectMessage("Не могу найти файл\r\n\\Plan1\\Txt1\\Tarvex1Ras2.txt");
     EXPECT_EQ(bytes(files::planShifts(1, 1)), before);
 }
