@@ -1,0 +1,116 @@
+#include "stats/autoregression.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarvex {
+
+namespace {
+
+constexpr double steadiest = 0.995;  ///< largest first-order coefficient after correction
+
+double energy(const std::vector<double>& x) {
+    double sum = 0;
+    for (const double v : x) sum += v * v;
+    return sum;
+}
+
+/// Models of all orders up to `most` by Burg's recursion, and the variance of their innovations.
+struct Burg {
+    std::vector<Autoregression> models;
+    std::vector<double> variance;
+
+    Burg(const std::vector<double>& x, int most) {
+        const std::size_t n = x.size();
+        std::vector<double> forward = x, backward = x, a;
+        variance.push_back(energy(x) / static_cast<double>(n));
+        models.emplace_back();
+        for (int order = 1; order <= most && variance.back() > 0; ++order) {
+            const auto m = static_cast<std::size_t>(order);
+            double product = 0, sizes = 0;
+            for (std::size_t i = m; i < n; ++i) {
+                product += forward[i] * backward[i - 1];
+                sizes += forward[i] * forward[i] + backward[i - 1] * backward[i - 1];
+            }
+            if (!(sizes > 0)) break;
+            const double k = 2 * product / sizes;
+            for (std::size_t i = n - 1; i >= m; --i) {
+                const double f = forward[i], b = backward[i - 1];
+                forward[i] = f - k * b;
+                backward[i] = b - k * f;
+            }
+            std::vector<double> next = a;
+            for (std::size_t j = 0; j < a.size(); ++j) next[j] -= k * a[a.size() - 1 - j];
+            next.push_back(k);
+            a = std::move(next);
+            variance.push_back(variance.back() * (1 - k * k));
+            models.push_back({a});
+        }
+    }
+};
+
+/// A first-order coefficient lies below the true one by about this when coefficients of a trend were fitted.
+void correctBias(Autoregression& model, std::size_t n, int fitted) {
+    if (model.order() != 1) return;
+    double& phi = model.phi[0];
+    phi = std::clamp(phi + (fitted + (fitted + 2) * phi) / static_cast<double>(n), -steadiest, steadiest);
+}
+
+/// Energy of w filtered backwards by the model, the tail before the first weight included.
+double filteredEnergy(const Autoregression& model, const std::vector<double>& w) {
+    const std::size_t p = model.phi.size(), longest = 20 * w.size() + 20000;
+    std::vector<double> last(std::max<std::size_t>(p, 1), 0.0);  // the p newest outputs, a ring
+    double sum = 0, recent = 0;
+    for (std::size_t step = 0; step < w.size() + longest; ++step) {
+        double u = step < w.size() ? w[w.size() - 1 - step] : 0;
+        for (std::size_t k = 1; k <= std::min(p, step); ++k) u += model.phi[k - 1] * last[(step - k) % p];
+        if (p > 0) last[step % p] = u;
+        sum += u * u;
+        recent = std::max(recent * 0.9, u * u);
+        if (step >= w.size() && (p == 0 || recent < 1e-16 * sum)) break;
+    }
+    return sum;
+}
+
+}  // namespace
+
+int largestOrder(int n) {
+    return std::max(0, std::min(static_cast<int>(12 * std::pow(n / 100.0, 0.25)), n / 4));
+}
+
+Autoregression chooseAutoregression(const std::vector<double>& x, int most, int fitted) {
+    const Burg all(x, most);
+    const auto n = static_cast<double>(x.size());
+    std::size_t best = 0;
+    double least = 0;
+    for (std::size_t p = 0; p < all.models.size(); ++p) {
+        if (!(all.variance[p] > 0)) break;
+        const double criterion = n * std::log(all.variance[p]) + std::log(n) * static_cast<double>(p);
+        if (p == 0 || criterion < least) {
+            least = criterion;
+            best = p;
+        }
+    }
+    Autoregression model = all.models[best];
+    correctBias(model, x.size(), fitted);
+    return model;
+}
+
+Autoregression fitAutoregression(const std::vector<double>& x, int order, int fitted) {
+    Autoregression model = Burg(x, order).models.back();
+    correctBias(model, x.size(), fitted);
+    return model;
+}
+
+double varianceOfSum(const Autoregression& model, const std::vector<double>& w) {
+    return filteredEnergy(model, w) / filteredEnergy(model, {1.0});
+}
+
+double lagOne(const std::vector<double>& x) {
+    double product = 0;
+    for (std::size_t i = 1; i < x.size(); ++i) product += x[i] * x[i - 1];
+    const double size = energy(x);
+    return size > 0 ? product / size : 0;
+}
+
+}  // namespace tarvex
