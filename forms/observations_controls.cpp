@@ -54,16 +54,11 @@ ObservationsControls::ObservationsControls(Desk& desk)
     layOut();
 }
 
-void ObservationsControls::layOut() {
-    std::vector<Layout> stages = {"", "L (RA), град", "B (Dec), град"};
-    for (int i = 0; i < chainStages; ++i)
-        if (stageLongitude[i])
-            stages.insert(stages.end(), {stageFields[i].caption, *stageLongitude[i], *stageLatitude[i]});
+Layout ObservationsControls::dataPage() {
     std::vector<Layout> observatories;
     for (int i = 0; i <= 7; ++i)
         observatories.push_back(i == 0 ? row({observatoryChoice(0), "(нет)"}) : Layout(observatoryChoice(i)));
-
-    const Layout data = column({
+    return column({
         row({fromTables, fromObservatories, officeState}),
         frame("Tab", column({table(3, tableCells(tableChoice)), replacePrecession})),
         frame("Obs",
@@ -74,7 +69,10 @@ void ObservationsControls::layOut() {
                       row({toJulianDate, toCalendarDate, toStartDate})})),
         frame("Календарь", column({row({gregorian, julian, egyptian}), row({dayFromMidnight, dayFromNoon})})),
     });
-    const Layout theory = column({
+}
+
+Layout ObservationsControls::theoryPage() {
+    return column({
         frame("когда Земля (z) и Луна (l) по", row({earthByJpl0, earthBySer0, earthBySer0Plus})),
         frame("параметры орбит планет (p)", row({planetByPlan, planetByJpl0, planetBySer0})),
         frame("параметры в эпохе", row({planEpochJ2000, planEpochOfDate, precessionRate})),
@@ -87,7 +85,14 @@ void ObservationsControls::layOut() {
               column({row({collectStatistics, writeDebugFile}), row({writeGoodBadFiles, goodFileNumber}),
                       row({weightByCount, pointWeight})})),
     });
-    const Layout results = column({
+}
+
+Layout ObservationsControls::resultsPage() {
+    std::vector<Layout> stages = {"", "L (RA), град", "B (Dec), град"};
+    for (int i = 0; i < chainStages; ++i)
+        if (stageLongitude[i])
+            stages.insert(stages.end(), {stageFields[i].caption, *stageLongitude[i], *stageLatitude[i]});
+    return column({
         frame("Дата шага", fields(1, {worldDate, julianDateET})),
         frame("Теория по ступеням", table(3, stages)),
         frame("Данные и отклонения теории от них",
@@ -96,7 +101,10 @@ void ObservationsControls::layOut() {
                          distanceResidual, distanceCriterion, azimuth, altitude})),
         frame("Принято наблюдений", fields(3, {acceptedCount, positiveCount, negativeCount})),
     });
-    const Layout drawing = column({
+}
+
+Layout ObservationsControls::drawingPage() {
+    return column({
         frame("наблюденя", row({geocentricView, horizonView})),
         frame("Рисунки тел", row({systemScaleCaption, systemScale})),
         frame("Нижний график", table(3, {plotTheory, plotObserved, plotAberration, plotLongitudes,
@@ -106,15 +114,22 @@ void ObservationsControls::layOut() {
                                                      distanceResidualScale, graphShift, graphWidth})),
         frame("Ход расчета", row({pauseAfterStep, pauseLength, withoutAnimation, soundAtEnd})),
     });
-    const Layout plan = column({
+}
+
+Layout ObservationsControls::planPage() {
+    return column({
         frame("Эксперименты",
               column({row({performExperiments, firstExperiment, lastExperiment}), testRegression})),
         frame("Регрессия", column({findCoefficients, drawFactorCurves})),
         row({openPlan, openStatistics}),
     });
+}
+
+void ObservationsControls::layOut() {
     layout_ = column({
-        row({pages({frame("Данные", data), frame("Теория и отбор", theory), frame("Результаты", results),
-                    frame("Рисунки", drawing), frame("План", plan)}),
+        row({pages({frame("Данные", dataPage()), frame("Теория и отбор", theoryPage()),
+                    frame("Результаты", resultsPage()), frame("Рисунки", drawingPage()),
+                    frame("План", planPage())}),
              pages({frame("Отклонения", scrolled(residualGraph)),
                     frame("Тела", row({systemPicture, skyPicture}))})}),
         row({startRun, stopRun, continueRun, singleStep, drawHistograms, openMoonTerms, openPlanetTerms,

@@ -535,6 +535,11 @@ protected:
 
 private:
     void layOut();
+    Layout dataPage();
+    Layout theoryPage();
+    Layout resultsPage();
+    Layout drawingPage();
+    Layout planPage();
 };
 
 }  // namespace tarvex

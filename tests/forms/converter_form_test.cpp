@@ -12,93 +12,93 @@ protected:
 };
 
 TEST_F(Form12Test, TypedPolarCoordinatesComeBackAsTyped) {
-    form.Option1(11).choose();
-    form.Text11.setText("200");
-    form.Text12.setText("-7,5");
-    form.Option9.choose();
-    form.Option19.choose();
-    form.Option17.choose();
-    form.Command6.press();
-    form.Command7.press();
-    EXPECT_NEAR(toNumber(form.Text14.text()), 200, 1e-6);
-    EXPECT_NEAR(toNumber(form.Text15.text()), -7.5, 1e-6);
-    EXPECT_NEAR(toNumber(form.Text16.text()), 300000, 1e-3);
+    form.bodyChoice(11).choose();
+    form.sourceLongitude.setText("200");
+    form.sourceLatitude.setText("-7,5");
+    form.planeEquator.choose();
+    form.geocentric.choose();
+    form.equinoxJ2000.choose();
+    form.takeCoordinates.press();
+    form.convertCoordinates.press();
+    EXPECT_NEAR(toNumber(form.resultLongitude.text()), 200, 1e-6);
+    EXPECT_NEAR(toNumber(form.resultLatitude.text()), -7.5, 1e-6);
+    EXPECT_NEAR(toNumber(form.resultDistance.text()), 300000, 1e-3);
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Form12Test, AnglesInEveryUnitAndSign) {
-    form.Option5.choose();
-    form.Option21.choose();
-    form.Text17.setText("10");
-    form.Text18.setText("30");
-    form.Text19.setText("36");
-    form.Command4.press();
-    form.Option6.choose();
-    form.Command5.press();
-    EXPECT_EQ(form.Text10.text(), "-10,51");
-    form.Option4.choose();
-    form.Command5.press();
-    EXPECT_EQ(form.Text7.text(), "0");
-    EXPECT_EQ(form.Text8.text(), "42");
-    EXPECT_NEAR(toNumber(form.Text9.text()), 2.4, 2e-6);
-    EXPECT_TRUE(form.Option21.on());  // although no whole hour is left to carry the sign
+    form.unitDegreesMinutes.choose();
+    form.signMinus.choose();
+    form.angleWholeDegrees.setText("10");
+    form.angleArcMinutes.setText("30");
+    form.angleArcSeconds.setText("36");
+    form.readAngle.press();
+    form.unitDegrees.choose();
+    form.convertAngle.press();
+    EXPECT_EQ(form.angleDegrees.text(), "-10,51");
+    form.unitHours.choose();
+    form.convertAngle.press();
+    EXPECT_EQ(form.angleHours.text(), "0");
+    EXPECT_EQ(form.angleTimeMinutes.text(), "42");
+    EXPECT_NEAR(toNumber(form.angleTimeSeconds.text()), 2.4, 2e-6);
+    EXPECT_TRUE(form.signMinus.on());  // although no whole hour is left to carry the sign
 }
 
 TEST_F(Form12Test, DatesAndTheirLocalTimes) {
     lab.s.kodKalend = 2;
     lab.s.TimeZone = 12;
-    form.Command10.press();
-    EXPECT_EQ(form.Text31.text(), "2451545");
-    EXPECT_EQ(form.Text27.text(), "LT =15:00:00");
-    EXPECT_EQ(form.Text30.text(), "LTut  =14:58:00");
-    form.Command6.press();
-    form.Command2.press();
-    EXPECT_EQ(form.Text31.text(), "2451545,25");
-    EXPECT_EQ(form.Text32.text(), "1,75");
+    form.toJulianDate.press();
+    EXPECT_EQ(form.julianDate.text(), "2451545");
+    EXPECT_EQ(form.zoneTime.text(), "LT =15:00:00");
+    EXPECT_EQ(form.localMeanTime.text(), "LTut  =14:58:00");
+    form.takeCoordinates.press();
+    form.takeAtNextDate.press();
+    EXPECT_EQ(form.julianDate.text(), "2451545,25");
+    EXPECT_EQ(form.day.text(), "1,75");
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Form12Test, RefusalsAndBadInput) {
-    form.Option10.choose();
-    form.Command6.press();
+    form.planeHorizon.choose();
+    form.takeCoordinates.press();
     EXPECT_EQ(screen.onlyMessage().text, "ГОРизонтальные координаты\r\nзадаются только ТОПОцентрические");
-    form.Command7.press();
+    form.convertCoordinates.press();
     EXPECT_EQ(screen.onlyMessage().text,
               "Преобразование в ГОРизонтальные координаты\r\nпроизводится только в ТОПОцентрические");
-    form.Option8.choose();
-    form.Option1(3).choose();
-    form.Option19.choose();
-    form.Command6.press();  // the Earth from the Earth
+    form.planeEcliptic.choose();
+    form.bodyChoice(3).choose();
+    form.geocentric.choose();
+    form.takeCoordinates.press();  // the Earth from the Earth
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
-    form.Option18.choose();
-    form.Text33.setText("13");
-    form.Command6.press();
+    form.heliocentric.choose();
+    form.month.setText("13");
+    form.takeCoordinates.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
-    form.Command10.press();
+    form.toJulianDate.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
-    form.Text33.setText("1");
-    form.Text31.setText("");
-    form.Command11.press();
+    form.month.setText("1");
+    form.julianDate.setText("");
+    form.toCalendarDate.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно юлианскую дату");
-    form.Text29.setText("дня");
-    form.Command2.press();
+    form.dateStep.setText("дня");
+    form.takeAtNextDate.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно к-во дней");
-    form.Option1(11).choose();
-    form.Text13.setText("далеко");
-    form.Text31.setText("2451545");
-    form.Command6.press();
+    form.bodyChoice(11).choose();
+    form.sourceDistance.setText("далеко");
+    form.julianDate.setText("2451545");
+    form.takeCoordinates.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно исходные координаты");
-    form.Text13.setText("1e304");  // beyond double precision in metres
-    form.Text1.setText("1e304");
-    for (OptionButton* kind : {&form.Option2, &form.Option3}) {
+    form.sourceDistance.setText("1e304");  // beyond double precision in metres
+    form.sourceX.setText("1e304");
+    for (OptionButton* kind : {&form.typedPolar, &form.typedCartesian}) {
         kind->choose();
-        form.Command6.press();
+        form.takeCoordinates.press();
         EXPECT_EQ(screen.onlyMessage().text, "Введите правильно исходные координаты");
         EXPECT_TRUE(std::isfinite(lab.s.X[11]) && std::isfinite(lab.s.Rcur)) << kind->name();
     }
-    form.Text8.setText("x");
-    form.Option4.choose();
-    form.Command4.press();
+    form.angleTimeMinutes.setText("x");
+    form.unitHours.choose();
+    form.readAngle.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
 }
 
