@@ -17,6 +17,7 @@
 #include "core/data_home.h"
 #include "core/data_tree.h"
 #include "core/failure.h"
+#include "core/leftovers.h"
 #include "core/numbers.h"
 #include "core/text_files.h"
 #include "forms/laboratory.h"
@@ -227,8 +228,7 @@ private:
     void handOver(const Worker& worker, const fs::path& goal) const {
         const std::string records =
             files::runRecord(options_.plan, worker.task.planet, worker.task.experiment);
-        fs::path passing = goal;
-        passing += "." + std::to_string(getpid()) + ".tmp~";
+        const fs::path passing = passingName(goal);
         try {
             fs::copy_file(DataTree(worker.tree).at(records), passing, fs::copy_options::overwrite_existing);
             putInPlace(passing, goal);

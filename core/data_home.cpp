@@ -1,11 +1,10 @@
 #include "core/data_home.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <string>
 
 #include "core/failure.h"
+#include "core/leftovers.h"
 
 namespace tarvex {
 
@@ -24,9 +23,12 @@ bool isTree(const fs::path& folder) {
 /// Copies the tree under a passing name and renames it, so that an interrupted copy is never taken for a
 /// tree.
 void copyTree(const fs::path& from, const fs::path& to) {
-    const fs::path passing = to.string() + "." + std::to_string(getpid()) + ".tmp~";
+    const fs::path passing = passingName(to);
     std::error_code error;
     fs::create_directories(to.parent_path(), error);
+    for (const auto& entry : fs::directory_iterator(to.parent_path(), error))
+        if (entry.path().filename().string().starts_with(to.filename().string()) && abandoned(entry))
+            fs::remove_all(entry.path(), error);
     fs::copy(from, passing, fs::copy_options::recursive, error);
     if (!error) fs::rename(passing, to, error);
     if (error) {

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "core/failure.h"
+#include "core/leftovers.h"
 
 namespace tarvex {
 
@@ -161,8 +162,7 @@ TextWriter::TextWriter(fs::path target) : target_(std::move(target)) {
     if (fs::exists(target_, error) &&
         (!fs::is_regular_file(target_, error) || access(target_.c_str(), W_OK) != 0))
         throw OpenFailure("cannot write " + target_.string());
-    temporary_ = target_;
-    temporary_ += "." + std::to_string(getpid()) + ".tmp~";
+    temporary_ = passingName(target_);
     file_.open(temporary_, std::ios::binary | std::ios::trunc);
     if (!file_) throw OpenFailure("cannot create " + target_.string());
 }

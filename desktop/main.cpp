@@ -11,6 +11,7 @@
 
 #include "core/data_home.h"
 #include "core/failure.h"
+#include "core/leftovers.h"
 #include "desktop/desktop_screen.h"
 #include "desktop/look.h"
 #include "desktop/toolkit.h"
@@ -44,6 +45,7 @@ void setLanguage(QApplication& application) {
 }
 
 int runLaboratory(const fs::path& data) {
+    tarvex::sweepLeftovers(data);
     tarvex::DesktopScreen screen;
     tarvex::Laboratory lab(screen, data);
     screen.onHelp([&lab](const tarvex::Form& asking) { tarvex::openHelp(lab.desk, asking); });

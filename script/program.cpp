@@ -7,6 +7,7 @@
 
 #include "core/data_home.h"
 #include "core/failure.h"
+#include "core/leftovers.h"
 #include "desktop/canvas_image.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
@@ -52,6 +53,7 @@ int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in
     } catch (const OpenFailure&) {
         return fail("нет каталога данных" + (options.data ? " " + options.data->string() : ""));
     }
+    sweepLeftovers(data);
     try {
         const auto lines =
             options.script == "-" ? readScript(in) : readScript(std::filesystem::path(options.script));

@@ -13,7 +13,6 @@
 #include <sstream>
 #include <vector>
 
-#include "core/numbers.h"
 #include "spreadsheet/spreadsheet.h"
 
 namespace tarvex {
@@ -22,31 +21,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* profilePrefix = "tarvex-office-";
 constexpr int askedForRestart = 81;  ///< exit status of the program when a fresh profile has been set up
-
-/// Removes the profile folders of programs that crashed: those whose process is gone.
-void sweepProfiles(const fs::path& folder) {
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const std::string name = entry.path().filename().string();
-        if (!name.starts_with(profilePrefix)) continue;
-        const long owner = std::strtol(name.c_str() + std::string_view(profilePrefix).size(), nullptr, 10);
-        if (owner > 0 && kill(static_cast<pid_t>(owner), 0) != 0 && errno == ESRCH)
-            fs::remove_all(entry.path(), error);
-    }
-}
-
-fs::path freshProfile() {
-    std::error_code error;
-    fs::path folder = fs::temp_directory_path(error);
-    if (error) folder = "/tmp";
-    sweepProfiles(folder);
-    std::string path = (folder / (profilePrefix + std::to_string(getpid()) + "-XXXXXX")).string();
-    if (mkdtemp(path.data()) == nullptr)
-        throw OfficeFailure("no profile folder can be made in " + folder.string());
-    return path;
-}
 
 /// Where the process listens in the file system.
 std::vector<fs::path> socketsOf(pid_t process) {
@@ -66,12 +41,19 @@ std::vector<fs::path> socketsOf(pid_t process) {
     return paths;
 }
 
-/// The environment of the child: ours, with the drawing that needs no screen.
-std::vector<std::string> childEnvironment() {
-    std::vector<std::string> all;
-    for (char** entry = environ; *entry != nullptr; ++entry)
-        if (!std::string_view(*entry).starts_with("SAL_USE_VCLPLUGIN=")) all.emplace_back(*entry);
-    all.emplace_back("SAL_USE_VCLPLUGIN=svp");
+/// The environment of the child: ours, with the drawing that needs no screen and the folder for all that it
+/// leaves about.
+std::vector<std::string> childEnvironment(const fs::path& folder) {
+    std::vector<std::string> all = {"SAL_USE_VCLPLUGIN=svp"};
+    for (const char* name : {"TMPDIR", "TEMP", "TMP"})
+        all.push_back(std::string(name) + "=" + folder.string());
+    const auto replaced = all;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string_view given = *entry;
+        const std::string_view name = given.substr(0, given.find('=') + 1);
+        if (std::none_of(replaced.begin(), replaced.end(), [&](auto& own) { return own.starts_with(name); }))
+            all.emplace_back(given);
+    }
     return all;
 }
 
@@ -86,32 +68,26 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
 }  // namespace
 
 OfficeProcess::OfficeProcess(const fs::path& programFolder)
-    : program_(programFolder / "soffice.bin"),
-      profile_(freshProfile()),
-      pipe_("tarvex" + profile_.filename().string().substr(std::string_view(profilePrefix).size())) {
+    : program_(programFolder / "soffice.bin"), folder_("office"), pipe_(folder_.path().filename().string()) {
+    sweepPrivateFolders();
     // A message to a process that has died must come back as an error, here and at the end of the program,
     // when the client libraries put back what they found.
     signal(SIGPIPE, SIG_IGN);
-    try {
-        start();
-    } catch (...) {
-        std::error_code error;
-        fs::remove_all(profile_, error);
-        throw;
-    }
+    start();
 }
 
 void OfficeProcess::start() {
-    std::vector<std::string> arguments = {program_.string(),
-                                          "--headless",
-                                          "--invisible",
-                                          "--nologo",
-                                          "--norestore",
-                                          "--nodefault",
-                                          "--nolockcheck",
-                                          "--accept=pipe,name=" + pipe_ + ";urp",
-                                          "-env:UserInstallation=file://" + profile_.string()};
-    std::vector<std::string> environment = childEnvironment();
+    std::vector<std::string> arguments = {
+        program_.string(),
+        "--headless",
+        "--invisible",
+        "--nologo",
+        "--norestore",
+        "--nodefault",
+        "--nolockcheck",
+        "--accept=pipe,name=" + pipe_ + ";urp",
+        "-env:UserInstallation=file://" + (folder_.path() / "profile").string()};
+    std::vector<std::string> environment = childEnvironment(folder_.path());
     const std::vector<char*> argv = pointers(arguments), envp = pointers(environment);
     const pid_t parent = getpid();
     const pid_t child = fork();
@@ -142,16 +118,17 @@ bool OfficeProcess::alive() {
     return true;
 }
 
+void OfficeProcess::connected() { sockets_ = socketsOf(id_); }
+
 OfficeProcess::~OfficeProcess() {
-    std::error_code error;
     if (id_ != 0) {
-        const std::vector<fs::path> sockets = socketsOf(id_);  // a killed office leaves them
+        if (sockets_.empty()) connected();
         kill(id_, SIGKILL);
         while (waitpid(id_, nullptr, 0) < 0 && errno == EINTR) {
         }
-        for (const fs::path& socket : sockets) fs::remove(socket, error);
     }
-    fs::remove_all(profile_, error);
+    std::error_code error;
+    for (const fs::path& socket : sockets_) fs::remove(socket, error);  // a killed process leaves them
 }
 
 }  // namespace tarvex

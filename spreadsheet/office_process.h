@@ -1,11 +1,14 @@
 #pragma once
-// The process of the spreadsheet program: hidden, with a profile folder of its own, ended with this object
-// and, by the kernel, with this program, however that ends.
+// The process of the spreadsheet program: hidden, ended with this object and, by the kernel, with this
+// program, however that ends.  Its profile and passing files lie in a private folder.
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include <sys/types.h>
+
+#include "core/private_folder.h"
 
 namespace tarvex {
 
@@ -23,12 +26,16 @@ public:
     pid_t id() const { return id_; }
     /// Name of the pipe on which it listens.
     const std::string& pipe() const { return pipe_; }
+    /// To be told when it listens there.
+    void connected();
 
 private:
     void start();
 
-    std::filesystem::path program_, profile_;
+    std::filesystem::path program_;
+    PrivateFolder folder_;
     std::string pipe_;
+    std::vector<std::filesystem::path> sockets_;  ///< where it listens
     pid_t id_ = 0;
     int restarts_ = 0;
 };

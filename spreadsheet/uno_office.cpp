@@ -265,6 +265,7 @@ struct SpreadsheetOffice::Running {
         const auto desktop =
             remote->getServiceManager()->createInstanceWithContext("com.sun.star.frame.Desktop", remote);
         loader.set(desktop, uno::UNO_QUERY_THROW);
+        process.connected();
         return true;
     }
 

@@ -47,19 +47,22 @@ bool endsSoon(int pid) {
     return !processLives(pid);
 }
 
-int profilesOf(int pid) {
-    int count = 0;
+/// The private folders of a program's offices.
+std::vector<fs::path> foldersOf(int pid) {
+    std::vector<fs::path> all;
     for (const auto& entry : fs::directory_iterator(fs::temp_directory_path()))
-        count += entry.path().filename().string().starts_with("tarvex-office-" + std::to_string(pid) + "-");
-    return count;
+        if (entry.path().filename().string().starts_with("tarvex-office-" + std::to_string(pid) + "-"))
+            all.push_back(entry.path());
+    return all;
 }
 
-/// The office makes its sockets in this folder, whatever the folder for passing files.
-int socketsOf(int pid) {
+/// Entries whose names begin and end so.
+int countIn(const fs::path& folder, const std::string& begin, const std::string& end) {
     int count = 0;
-    for (const auto& entry : fs::directory_iterator("/tmp"))
-        count +=
-            entry.path().filename().string().find("_tarvex" + std::to_string(pid) + "-") != std::string::npos;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        count += name.starts_with(begin) && name.ends_with(end);
+    }
     return count;
 }
 
@@ -150,20 +153,21 @@ TEST_F(Office, TheOfficeEndsWithTheProgramAlsoAfterACrash) {
     close(ends[1]);
     waitpid(program, nullptr, 0);
     EXPECT_TRUE(endsSoon(pid));
-    EXPECT_EQ(profilesOf(program), 1);
+    ASSERT_EQ(foldersOf(program).size(), 1U);
 
     int own = 0;
     {
         SpreadsheetOffice office;
         const auto book = office.open(table, 1);
         own = office.process();
-        EXPECT_EQ(profilesOf(program), 0) << "what the crash left is swept";
-        EXPECT_EQ(profilesOf(getpid()), 1);
-        EXPECT_EQ(socketsOf(getpid()), 1);
+        EXPECT_TRUE(foldersOf(program).empty()) << "what the crash left is swept";
+        ASSERT_EQ(foldersOf(getpid()).size(), 1U);
+        const fs::path place = foldersOf(getpid())[0];
+        EXPECT_EQ(fs::status(place).permissions(), fs::perms::owner_all);
+        EXPECT_GE(countIn(place, "lu", ".tmp"), 1) << "its passing files lie there";
     }
     EXPECT_FALSE(processLives(own));
-    EXPECT_EQ(profilesOf(getpid()), 0);
-    EXPECT_EQ(socketsOf(getpid()), 0);
+    EXPECT_TRUE(foldersOf(getpid()).empty());
 }
 
 }  // namespace tarvex
