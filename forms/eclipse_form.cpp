@@ -118,6 +118,41 @@ std::int32_t EclipseForm::bodyTyped() const {
     return body;
 }
 
+/// The date fields in the chosen calendar and day start into the Julian date JD, days.
+/// @return  false when they are no date: that has been complained of
+bool EclipseForm::takeMoment() {
+    ModelState& s = lab.s;
+    kalend_ = julianCalendar.on() ? 1 : egyptianCalendar.on() ? 2 : 0;
+    zone_ = dayFromNoon.on() ? 12 : 0;
+    s.kodKalend = kalend_;
+    s.TimeZone = zone_;
+    s.kodErrDate = 0;
+    NormalizeDate(s, day.number(), month.int32(), year.int32());
+    s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
+    s.kodKalend = 0;
+    s.TimeZone = 0;
+    return s.kodErrDate == 0;
+}
+
+/// Heads of the log files that are ticked.
+void EclipseForm::beginLogs() {
+    const ModelState& s = lab.s;
+    if (logPlaces.on()) {
+        appendLine(lab.tree.at(paramFile), "планета  № " + toText(s.IplSel) + "   обсерватория " +
+                                               s.NameData + "   данные умножены на 1000 ");
+        appendLine(lab.tree.at(paramFile),
+                   "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
+    }
+    if (logSolstices.on()) {
+        appendLine(lab.tree.at(timeFile),
+                   "равноденствия и солнцестояния по " + s.NameData +
+                       "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
+        appendLine(lab.tree.at(timeFile),
+                   "LTet2  дата  JDut  L геоцентрическая J2000, L и B даты, L и B обратно из горизонта, A "
+                   "азимут, H высота");
+    }
+}
+
 void EclipseForm::start() {
     ModelState& s = lab.s;
     if (fromTables.on() && table_.table == nullptr) throw Refusal("Выберете имитатор", "Tarvex7");
@@ -133,17 +168,8 @@ void EclipseForm::start() {
     s.ObsB = placeLatitude.number();
     ratio(1, diskScale.number());
     ratio(1, stepDivider.number());
-    stepDays.number();
-    kalend_ = julianCalendar.on() ? 1 : egyptianCalendar.on() ? 2 : 0;
-    zone_ = dayFromNoon.on() ? 12 : 0;
-    s.kodKalend = kalend_;
-    s.TimeZone = zone_;
-    s.kodErrDate = 0;
-    NormalizeDate(s, day.number(), month.int32(), year.int32());
-    s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
-    s.kodKalend = 0;
-    s.TimeZone = 0;
-    if (s.kodErrDate != 0) return;  // the date has been complained of
+    stepDays.number();  // read only to refuse what is no number before the run
+    if (!takeMoment()) return;
     startDay_ = day.text();
     startMonth_ = month.text();
     startYear_ = year.text();
@@ -151,20 +177,7 @@ void EclipseForm::start() {
         DEClose(lab.ephemeris);
         DEOpen(s, lab.ephemeris);
     }
-    if (logPlaces.on()) {
-        appendLine(lab.tree.at(paramFile), "планета  № " + toText(body) + "   обсерватория " + s.NameData +
-                                               "   данные умножены на 1000 ");
-        appendLine(lab.tree.at(paramFile),
-                   "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
-    }
-    if (logSolstices.on()) {
-        appendLine(lab.tree.at(timeFile),
-                   "равноденствия и солнцестояния по " + s.NameData +
-                       "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
-        appendLine(lab.tree.at(timeFile),
-                   "LTet2  дата  JDut  L геоцентрическая J2000, L и B даты, L и B обратно из горизонта, A "
-                   "азимут, H высота");
-    }
+    beginLogs();
     contacts_.clear();
     for (int i = 1; i <= 4; ++i) contactTimes(i).setText("");
     sunrise.setText("");

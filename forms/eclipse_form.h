@@ -31,6 +31,8 @@ private:
     void chooseTable(int i);
     void readTable(bool correct);
     void start();
+    bool takeMoment();
+    void beginLogs();
     void EclipseRun();
     void oneStep();
     void setClocks();
@@ -53,13 +55,13 @@ private:
     Contacts contacts_;
     TableInUse table_;  ///< the workbook of this form
     std::string startDay_, startMonth_, startYear_;
-    std::int16_t kalend_ = 0;  ///< calendar of the date fields
+    std::int16_t kalend_ = 0;  ///< calendar of the date fields: 0 Gregorian, 1 Julian, 2 Egyptian
     double zone_ = 0;          ///< and their day start, hours
-    int kodTimeDir = 1;
-    int kodRefresh = 0;  ///< 1: the disk plot is to be cleared, 2: it has been
+    int kodTimeDir = 1;        ///< 1: on in time, -1: back
+    int kodRefresh = 0;        ///< 1: the disk plot is to be cleared, 2: it has been
     bool started_ = false, gone_ = false, altitudeKnown_ = false;
     double lastAltitude_ = 0;  ///< of the Sun's upper limb at the last step, degrees
-    double greatest_ = 0;
+    double greatest_ = 0;      ///< greatest magnitude since the start
     Mark oldSun_, oldBody_, oldShadow_;
     std::deque<Mark> path_;  ///< of the body over the disk
 };

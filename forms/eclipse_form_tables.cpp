@@ -30,8 +30,8 @@ void EclipseForm::chooseData(bool tables) {
 
 void EclipseForm::chooseTable(int i) {
     ModelState& s = lab.s;
-    if (i == 0 || i == tycho || !fromTables.on())
-        return;  // the table of Tycho is offered here and does nothing: meant
+    // the table of Tycho is offered here but read on the observations screen only
+    if (i == 0 || i == tycho || !fromTables.on()) return;
     const AncientTable& table = ancientTable(i);
     if (table_.table == &table) return;
     table_.close();

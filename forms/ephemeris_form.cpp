@@ -82,7 +82,8 @@ void EphemerisForm::calculate() {
     }
     if (inMetres.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z}) (*row)[i] = finite((*row)[i] * s.Lae);
-        s.VX[i] = finite(s.Lae * s.VX.at(s.Ipl) / sekD);  // the row of Ipl, whatever it was: meant
+        // the speed along X is of row Ipl, which the epoch of date or an earlier calculation has set
+        s.VX[i] = finite(s.Lae * s.VX.at(s.Ipl) / sekD);
         s.VY[i] = finite(s.Lae * s.VY[i] / sekD);
         s.VZ[i] = finite(s.Lae * s.VZ[i] / sekD);
     }

@@ -2,6 +2,40 @@
 
 namespace tarvex {
 
+/// What the check has measured, beside what was given.
+Layout MoonControls::resultsLayout() {
+    return frame("Измерено", column({fields(3, {elapsedYears, perigeesPassed, longitude}),
+                                     table(4, {"",
+                                               "задано/начало",
+                                               "измерено",
+                                               "отличие",
+                                               "период, дни",
+                                               firstPeriod,
+                                               period,
+                                               periodChange,
+                                               "Rsr, тыс.км",
+                                               "",
+                                               axisMeasured,
+                                               axisChange,
+                                               "Eks, %",
+                                               "",
+                                               eccentricityMeasured,
+                                               eccentricityChange,
+                                               "AlfaP, град",
+                                               "",
+                                               perigeeMeasured,
+                                               perigeeChange,
+                                               "AlfaU, град",
+                                               "",
+                                               nodeMeasured,
+                                               nodeChange,
+                                               "Betta, град",
+                                               "",
+                                               inclinationMeasured,
+                                               inclinationChange}),
+                                     fields(3, {energyChange, angularMomentumChange, momentumYChange})}));
+}
+
 void MoonControls::layOut() {
     const Layout date = frame("Дата", column({fields(3, {year, month, day}),
                                               row({fields(1, {julianDate}), toJulianDate, toCalendarDate})}));
@@ -10,37 +44,6 @@ void MoonControls::layOut() {
         frame("Проверка орбиты",
               column({fields(1, {systemSpeedY, stepsPerDisplay, step, stepDivider, windowDegrees}),
                       anglesFromBarycentre, startCheck, row({stopCheck, continueCheck})}));
-    const Layout measured =
-        frame("Измерено", column({fields(3, {elapsedYears, perigeesPassed, longitude}),
-                                  table(4, {"",
-                                            "задано/начало",
-                                            "измерено",
-                                            "отличие",
-                                            "период, дни",
-                                            firstPeriod,
-                                            period,
-                                            periodChange,
-                                            "Rsr, тыс.км",
-                                            "",
-                                            axisMeasured,
-                                            axisChange,
-                                            "Eks, %",
-                                            "",
-                                            eccentricityMeasured,
-                                            eccentricityChange,
-                                            "AlfaP, град",
-                                            "",
-                                            perigeeMeasured,
-                                            perigeeChange,
-                                            "AlfaU, град",
-                                            "",
-                                            nodeMeasured,
-                                            nodeChange,
-                                            "Betta, град",
-                                            "",
-                                            inclinationMeasured,
-                                            inclinationChange}),
-                                  fields(3, {energyChange, angularMomentumChange, momentumYChange})}));
     layout_ = row({
         column({
             row({column({date, source}),
@@ -54,7 +57,7 @@ void MoonControls::layOut() {
                  frame("Скорости",
                        column({scaleMoonSpeed, earthSpeedByRatio, earthSpeedByShare, shiftMoonSpeed}))}),
             setInitialData,
-            row({check, measured}),
+            row({check, resultsLayout()}),
         }),
         column({orbitPicture, row({scaleLabel, scaleBar}),
                 row({keepTracks, showBarycentre, clearDrawing, closeForm})}),

@@ -285,6 +285,9 @@ public:
 protected:
     using Form::Form;
     void layOut();
+
+private:
+    Layout resultsLayout();
 };
 
 }  // namespace tarvex

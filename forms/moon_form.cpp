@@ -284,7 +284,7 @@ void MoonForm::display() {
     elapsedYears.show(Fix(MK * check_.Tsec / sekG) / MK);
     perigeesPassed.show(check_.NObs);
     longitude.show(Fix(100 * s.LonPl[11]) / 100);
-    s.RSol = s.Rcur;  // the distance of the pair stays where the Sun's radius was, as meant
+    s.RSol = s.Rcur;  // distance of the pair, m, in the cell of the Sun's radius, which is lost by it
     energyChange.show(percent(check_.Esys, check_.Esys0));
     angularMomentumChange.show(percent(angularMomentum(), check_.M0sys));
     if (std::abs(check_.KD0sysY) > leastMomentum) momentumYChange.show(percent(momentumY(), check_.KD0sysY));

@@ -242,7 +242,7 @@ void PlanForm::testCriterionOfPlan() {
         p.dXvar[factor] = 1;
     }
     codedTest(p, criterionForm());
-    planNumber.show(p.Z[1]);  // over the plan number: meant
+    planNumber.show(p.Z[1]);  // the test tells its value in the field of the plan number
 }
 
 void PlanForm::modelCriterion() {

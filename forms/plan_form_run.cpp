@@ -73,8 +73,8 @@ void PlanForm::prepareForm2() {
         const char* name;
         bool on;
     };
-    // Start reads kodVgr back from Check13: without the tick of this form the plan runs with no speed of
-    // gravity
+    // the start of a run reads kodVgr back from its tick "Vgr": without the tick of this form the plan runs
+    // with no speed of gravity
     const Tick ticks[] = {{"Check3", false},
                           {"Check4", true},
                           {"Check20", true},

@@ -178,7 +178,8 @@ void StatisticsForm::GroupSearchReport(int last) {
     const auto segment = [&](int s, double from, double to, Color color) {
         picture.line(x(s - 1), y(from), x(s), y(to), color);
     };
-    for (int s = first; s <= last; ++s) {  // the first segments start from the zero cells of size 0: meant
+    // the first segments come from size 0, which has no fit: its cells are 0
+    for (int s = first; s <= last; ++s) {
         segment(s, dYgr[s - 1] - Sigma2gr[s - 1], dYgr[s] - Sigma2gr[s], green);
         segment(s, dYgr[s - 1], dYgr[s], blue);
         segment(s, dYgr[s - 1] + Sigma2gr[s - 1], dYgr[s] + Sigma2gr[s], red);

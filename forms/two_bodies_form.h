@@ -49,7 +49,7 @@ private:
     double effectStart_ = 0;   ///< when the speed of gravity began to act, s
     double lastReceived_ = 0;  ///< time at which the last pulse shown was received, s
     bool anyPerStep_ = false;  ///< some plot of every step is on
-    double noteLine_ = 0;      ///< height of the next printed line on Picture2
+    double noteLine_ = 0;      ///< height of the next printed line on the plots, cells
 };
 
 }  // namespace tarvex

@@ -317,7 +317,7 @@ TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
     weights.saveShiftFile.press();
     weights.loadShiftFile.press();
     EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(weights.nodeShift(3).text(), "0,0000425");  // written without its scale: meant
+    EXPECT_EQ(weights.nodeShift(3).text(), "0,0000425");  // written as it stands, without its scale
     const std::string bytes = test::readBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"));
     test::writeBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"), bytes.substr(0, bytes.size() - 12));
     weights.loadShiftFile.press();
