@@ -68,7 +68,7 @@ void EclipseForm::chooseTable(int i) {
     }
     table_.PrecTab0 = s.Prec;
     // Form17 takes its fields anew, with the laws that stand there
-    if (desk().isLoaded("Form17")) desk().get<EtUtForm>().Text5.setText(timeOfDay());
+    if (desk().isLoaded("Form17")) desk().get<EtUtForm>().setTrigger.setText(timeOfDay());
 }
 
 /// The Sun and the body from the workbook for this moment, at the local time of the place.

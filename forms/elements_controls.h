@@ -2,6 +2,9 @@
 // The controls of the parameter screen, Form1, in tab order: date and source, the table of bodies, initial
 // data, the orbit check, the commands that open other forms and the picture.
 
+#include <array>
+#include <string>
+
 #include "core/model_state.h"
 #include "runtime/form.h"
 

@@ -11,9 +11,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int firstFolder = 2, mostFilesShown = 24;
-constexpr std::array<const char*, 11> folders{"Dat",   "JPL",   "NEW",        "Ser",         "Obs",  "Tab",
-                                              "Plan0", "Plan1", "Plan0/Txt1", "Plan0/Txt11", "Arhiv"};
+constexpr int mostFilesShown = 24;
 
 /// What a file is by its folder and name.
 struct FileKind {
@@ -95,25 +93,19 @@ void tell(const FolderListing& folder, int depth, std::string& text) {
 }  // namespace
 
 FileTreeForm::FileTreeForm(Laboratory& lab)
-    : Form(lab.desk, formName, "Файловая система программы      Tarvex7m   -  форма 9"),
-      Text1(this, firstFolder, firstFolder + static_cast<int>(folders.size()) - 1,
-            [](int i) {
-                TextField::Spec spec{.name = "Text1", .readOnly = true, .width = 12};
-                spec.hint = fmt::format("Сколько файлов в папке {} и ниже", folders[i - firstFolder]);
-                return spec;
-            }),
+    : FileTreeControls(lab.desk, formName, "Файловая система программы      Tarvex7m   -  форма 9"),
       tree_(lab.tree) {
-    Command1.onPress([this] { close(); });
-    Command2.onPress([this] { refresh(); });
+    closeForm.onPress([this] { close(); });
+    readAgain.onPress([this] { refresh(); });
     std::vector<Layout> cells;
     int i = firstFolder;
-    for (Label* caption : {&Label2, &Label3, &Label4, &Label5, &Label6, &Label7, &Label8, &Label9, &Label10,
-                           &Label11, &Label12}) {
+    for (Label* caption : {&dat, &jpl, &newcomb, &ser, &observatories, &tables, &unplanned, &plan1, &mercury,
+                           &moon, &archive}) {
         cells.push_back(*caption);
-        cells.push_back(Text1(i++));
+        cells.push_back(fileCounts(i++));
     }
-    layout_ = row({column({frame("Папки", column({Label1, table(2, std::move(cells))})), stretch()}),
-                   column({frame("На диске", Text2), row({stretch(), Command2, Command1})})});
+    layout_ = row({column({frame("Папки", column({program, table(2, std::move(cells))})), stretch()}),
+                   column({frame("На диске", listing), row({stretch(), readAgain, closeForm})})});
 }
 
 void FileTreeForm::load() { refresh(); }
@@ -122,15 +114,15 @@ void FileTreeForm::activate() { refresh(); }
 
 void FileTreeForm::refresh() {
     for (std::size_t i = 0; i < folders.size(); ++i) {
-        const FolderListing listing = listFolder(tree_.root() / folders[i]);
-        Text1(firstFolder + static_cast<int>(i))
-            .setText(listing.readable ? filesInWords(listing.count()) : "нет папки");
+        const FolderListing found = listFolder(tree_.root() / folders[i]);
+        fileCounts(firstFolder + static_cast<int>(i))
+            .setText(found.readable ? filesInWords(found.count()) : "нет папки");
     }
     FolderListing all = listFolder(tree_.root());
     std::string text = fmt::format("{}   {}, {}\n", tree_.root().string(), filesInWords(all.count()),
                                    sizeInWords(all.bytes()));
     for (const FolderListing& folder : all.folders) tell(folder, 0, text);
-    Text2.setText(text);
+    listing.setText(text);
 }
 
 }  // namespace tarvex

@@ -74,58 +74,58 @@ sr - среднее, sys - вся система, pl - планета.
 }  // namespace
 
 NotationForm::NotationForm(Laboratory& lab)
-    : Form(lab.desk, formName, "Обозначения      Tarvex7m - форма 5") {
-    Text1.setText(notation);
-    Command1.onPress([this] { close(); });
-    layout_ = row({Picture1, column({Text1, row({stretch(), Command1})})});
+    : NotationControls(lab.desk, formName, "Обозначения      Tarvex7m - форма 5") {
+    quantities.setText(notation);
+    closeForm.onPress([this] { close(); });
+    layout_ = row({orbitPicture, column({quantities, row({stretch(), closeForm})})});
 }
 
 void NotationForm::load() {
-    Picture1.setScale(-9, 7.5, 9, -7.5);
-    Picture1.clear();
+    orbitPicture.setScale(-9, 7.5, 9, -7.5);
+    orbitPicture.clear();
     drawAxes();
     drawOrbit();
 }
 
 void NotationForm::drawAxes() {
-    drawRay(Picture1, seen(8.5, 0, 0), "X (точка весны)", black, {0.3, 0.1});
-    drawRay(Picture1, seen(0, 8, 0), "Y", black);
-    drawRay(Picture1, seen(0, 0, 6.5), "Z (полюс эклиптики)", black);
+    drawRay(orbitPicture, seen(8.5, 0, 0), "X (точка весны)", black, {0.3, 0.1});
+    drawRay(orbitPicture, seen(0, 8, 0), "Y", black);
+    drawRay(orbitPicture, seen(0, 0, 6.5), "Z (полюс эклиптики)", black);
     drawCurve(
-        Picture1, [](double a) { return onEcliptic(orbit, a); }, 0, 2 * Pi, grey);
-    Picture1.text(3.9, -2, "плоскость эклиптики", grey);
-    Picture1.disc(0, 0, 0.3, {240, 200, 0});
-    Picture1.text(-1.9, 0.9, "Солнце", black);
+        orbitPicture, [](double a) { return onEcliptic(orbit, a); }, 0, 2 * Pi, grey);
+    orbitPicture.text(3.9, -2, "плоскость эклиптики", grey);
+    orbitPicture.disc(0, 0, 0.3, {240, 200, 0});
+    orbitPicture.text(-1.9, 0.9, "Солнце", black);
 }
 
 void NotationForm::drawOrbit() {
     drawCurve(
-        Picture1, [](double u) { return onOrbit(orbit, u); }, 0, 2 * Pi, blue);
-    drawRay(Picture1, onOrbit(orbit, 0), "узел", green);
-    drawRay(Picture1, onOrbit(orbit, perihelion), "перигелий", red);
+        orbitPicture, [](double u) { return onOrbit(orbit, u); }, 0, 2 * Pi, blue);
+    drawRay(orbitPicture, onOrbit(orbit, 0), "узел", green);
+    drawRay(orbitPicture, onOrbit(orbit, perihelion), "перигелий", red);
     const Point planet = onOrbit(orbit, planetAngle);
-    drawRay(Picture1, planet, "планета", blue, {0.4, 0.5});
-    Picture1.disc(planet.x, planet.y, 0.2, blue);
+    drawRay(orbitPicture, planet, "планета", blue, {0.4, 0.5});
+    orbitPicture.disc(planet.x, planet.y, 0.2, blue);
 
     drawCurve(
-        Picture1, [](double a) { return onEcliptic(2.6, a); }, 0, nodeAngle, green);
+        orbitPicture, [](double a) { return onEcliptic(2.6, a); }, 0, nodeAngle, green);
     const Point atU = onEcliptic(3, nodeAngle / 2), atP = onOrbit(2.9, perihelion / 2),
                 atA = onOrbit(3.6, 1.5);
-    Picture1.text(atU.x - 0.6, atU.y - 0.2, "AlfaU", green);
+    orbitPicture.text(atU.x - 0.6, atU.y - 0.2, "AlfaU", green);
     drawCurve(
-        Picture1, [](double u) { return onOrbit(2.6, u); }, 0, perihelion, red);
-    Picture1.text(atP.x - 0.25, atP.y - 0.45, "AlfaP - AlfaU", red);
+        orbitPicture, [](double u) { return onOrbit(2.6, u); }, 0, perihelion, red);
+    orbitPicture.text(atP.x - 0.25, atP.y - 0.45, "AlfaP - AlfaU", red);
     drawCurve(
-        Picture1, [](double u) { return onOrbit(3.4, u); }, perihelion, planetAngle, blue);
-    Picture1.text(atA.x, atA.y + 0.6, "Anom", blue);
+        orbitPicture, [](double u) { return onOrbit(3.4, u); }, perihelion, planetAngle, blue);
+    orbitPicture.text(atA.x, atA.y + 0.6, "Anom", blue);
     // the angle of the planes, at a right angle from the node
     const auto tilt = [](double b) {
         return seen(-4.5 * std::sin(nodeAngle) * std::cos(b), 4.5 * std::cos(nodeAngle) * std::cos(b),
                     4.5 * std::sin(b));
     };
-    drawCurve(Picture1, tilt, 0, inclination, black);
+    drawCurve(orbitPicture, tilt, 0, inclination, black);
     const Point atB = tilt(inclination / 2);
-    Picture1.text(atB.x + 0.25, atB.y - 0.4, "Betta", black);
+    orbitPicture.text(atB.x + 0.25, atB.y - 0.4, "Betta", black);
 }
 
 }  // namespace tarvex

@@ -1,25 +1,18 @@
 #pragma once
-// Form8: the additional tests of the bench of plans.  Options only.
+// The screen of additional plan tests, Form8: options only, read by the bench of plans.
 
 #include "forms/laboratory.h"
-#include "runtime/form.h"
+#include "forms/plan_tests_help_controls.h"
 
 namespace tarvex {
 
-class PlanTestsHelpForm final : public Form {
+class PlanTestsHelpForm final : public PlanTestsHelpControls {
 public:
     static constexpr const char* formName = "Form8";
     explicit PlanTestsHelpForm(Laboratory& lab);
 
     /// Number of the chosen test, 1..9.
     int test() const;
-
-    OptionButton Option1{this, spec(1)}, Option2{this, spec(2)}, Option3{this, spec(3)},
-        Option4{this, spec(4)}, Option5{this, spec(5)}, Option6{this, spec(6)}, Option7{this, spec(7)},
-        Option8{this, spec(8)}, Option9{this, spec(9)};
-
-private:
-    static OptionButton::Spec spec(int n);
 };
 
 }  // namespace tarvex

@@ -121,7 +121,7 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     EXPECT_EQ(lab.s.IplSel, 11);
     form.bodyNumber.setText("11");
     lab.s.Diam[0] = 1;
-    lab.desk.get<EtUtForm>().Text6.setText("1400");
+    lab.desk.get<EtUtForm>().sunDiameter.setText("1400");
     form.tableChoice(10).choose();
     EXPECT_EQ(lab.s.Diam[0], 1400e6);  // Form17 takes its fields again
     kill(lab.office.process(), 9);

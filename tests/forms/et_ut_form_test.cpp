@@ -9,14 +9,14 @@ namespace tarvex {
 
 namespace {
 
-struct Form17Test : test::LabTest {
+struct EtUtFormTest : test::LabTest {
     EtUtForm& form = lab.desk.get<EtUtForm>();
     ModelState& s = lab.s;
 };
 
 }  // namespace
 
-TEST_F(Form17Test, LoadGivesTheDefaultsAndUnloadKeepsThem) {
+TEST_F(EtUtFormTest, LoadGivesTheDefaultsAndUnloadKeepsThem) {
     lab.desk.loadAndUnload("Form17");
     EXPECT_EQ(s.JDt01, JD1900 + 1);  // 1 January, day 1,5
     EXPECT_EQ(s.JDt02, 2378497);
@@ -26,7 +26,7 @@ TEST_F(Form17Test, LoadGivesTheDefaultsAndUnloadKeepsThem) {
     EXPECT_TRUE(screen.messages.empty());
 }
 
-TEST_F(Form17Test, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
+TEST_F(EtUtFormTest, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
     struct Case {
         int item;
         const char *a, *b, *c, *T0;
@@ -35,50 +35,50 @@ TEST_F(Form17Test, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
     for (const Case& c : {Case{1, "24,35", "72,32", "29,95", "1900", 1},
                           {4, "0", "0", "31,5", "1800", 1},
                           {5, "0", "0", "0", "1900", 2}}) {
-        form.Text1.setText("77");
-        form.Option8(c.item).choose();
-        form.Option9(c.item).choose();
-        form.Option2.choose();
-        form.Option3.choose();
-        EXPECT_EQ(form.Text1.text(), "77");  // nothing is taken before the command
-        form.Text5.setText("12:00");
-        EXPECT_EQ(form.Text1.text(), c.a) << c.item;
-        EXPECT_EQ(form.Text12.text(), c.b) << c.item;
-        EXPECT_EQ(form.Text3.text(), c.c) << c.item;
-        EXPECT_EQ(form.Text20.text(), c.T0) << c.item;
+        form.planetsA.setText("77");
+        form.planetsFormula(c.item).choose();
+        form.earthFormula(c.item).choose();
+        form.planetsMinus.choose();
+        form.earthPlus.choose();
+        EXPECT_EQ(form.planetsA.text(), "77");  // nothing is taken before the command
+        form.setTrigger.setText("12:00");
+        EXPECT_EQ(form.planetsA.text(), c.a) << c.item;
+        EXPECT_EQ(form.earthB.text(), c.b) << c.item;
+        EXPECT_EQ(form.planetsC.text(), c.c) << c.item;
+        EXPECT_EQ(form.earthYear.text(), c.T0) << c.item;
         EXPECT_EQ(s.kET[1][4], -c.kind) << c.item;
         EXPECT_EQ(s.kET[2][4], c.kind) << c.item;
     }
 }
 
-TEST_F(Form17Test, TypedRowsStayAndBadFieldsEndInTheMessage) {
-    form.Option8(0).choose();
-    form.Text1.setText("1,5");
-    form.Text10.setText("1600,5");  // half to even
-    form.Command1.press();
+TEST_F(EtUtFormTest, TypedRowsStayAndBadFieldsEndInTheMessage) {
+    form.planetsFormula(0).choose();
+    form.planetsA.setText("1,5");
+    form.planetsYear.setText("1600,5");  // half to even
+    form.setModel.press();
     EXPECT_EQ(s.kET[1][0], 1.5);
-    EXPECT_EQ(form.Text1.text(), "1,5");
+    EXPECT_EQ(form.planetsA.text(), "1,5");
     EXPECT_EQ(s.JDt01, 2305448);
-    form.Option9(0).choose();
-    TextField* const typed[] = {&form.Text1,  &form.Text2,  &form.Text3,  &form.Text10,
-                                &form.Text11, &form.Text12, &form.Text13, &form.Text20,
-                                &form.Text6,  &form.Text7,  &form.Text8};
+    form.earthFormula(0).choose();
+    TextField* const typed[] = {&form.planetsA,    &form.planetsB,      &form.planetsC,    &form.planetsYear,
+                                &form.earthA,      &form.earthB,        &form.earthC,      &form.earthYear,
+                                &form.sunDiameter, &form.earthDiameter, &form.moonDiameter};
     for (TextField* field : typed) {
         const std::string before = field->text();
         field->setText("1e999");
-        form.Command1.press();
+        form.setModel.press();
         EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << field->name();
         field->setText(before);
     }
-    for (TextField* diameter : {&form.Text6, &form.Text7, &form.Text8}) {
+    for (TextField* diameter : {&form.sunDiameter, &form.earthDiameter, &form.moonDiameter}) {
         diameter->setText("1e305");  // thousands of km that overflow in metres
-        form.Command1.press();
+        form.setModel.press();
         EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << diameter->name();
         for (const double v : s.Diam) EXPECT_TRUE(std::isfinite(v));
         diameter->setText("1");
     }
-    form.Text20.setText("40000");  // a year outside 16 bits
-    form.Command1.press();
+    form.earthYear.setText("40000");  // a year outside 16 bits
+    form.setModel.press();
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
 }
 

@@ -24,8 +24,8 @@ TEST_F(HelpForms, EveryVisibleControlHasAHintOfOneLine) {
 
 TEST_F(HelpForms, EachFormHasItsPurposeItsPageAndIsFoundInTheList) {
     auto& help = lab.desk.get<HelpForm>();
-    help.Option3.choose();
-    const std::string list = help.Text1.text();
+    help.formList.choose();
+    const std::string list = help.pageText.text();
     for (const std::string& name : lab.desk.names()) {
         const int number = formNumber(name);
         EXPECT_TRUE(std::any_of(
@@ -33,11 +33,11 @@ TEST_F(HelpForms, EachFormHasItsPurposeItsPageAndIsFoundInTheList) {
             [&](const help::FormText& text) { return text.number == number && !text.purpose.empty(); }))
             << name;
         EXPECT_NE(list.find("Форма " + std::to_string(number) + ". "), std::string::npos) << name;
-        help.Option4(number).choose();
+        help.formPage(number).choose();
         const auto form = lab.desk.describe(name);
         for (const Control* control : form->controls())
             if (control->visible()) {
-                EXPECT_NE(help.Text1.text().find(control->hint()), std::string::npos)
+                EXPECT_NE(help.pageText.text().find(control->hint()), std::string::npos)
                     << name << "." << control->name();
             }
     }
@@ -46,11 +46,11 @@ TEST_F(HelpForms, EachFormHasItsPurposeItsPageAndIsFoundInTheList) {
 
 TEST_F(HelpForms, SearchShowsOnlyWhatMatches) {
     auto& help = lab.desk.get<HelpForm>();
-    const std::string road = help.Text1.text();
+    const std::string road = help.pageText.text();
     const auto search = [&](const char* words) {
-        help.Text2.setText(words);
-        help.Command2.press();
-        return help.Text1.text();
+        help.searchWords.setText(words);
+        help.search.press();
+        return help.pageText.text();
     };
     const std::string found = search("НАЧАЛЬНЫЕ рассчитать command12");  // in whatever case, all words
     EXPECT_NE(found.find("[Command12]"), std::string::npos);
@@ -67,16 +67,16 @@ TEST_F(HelpForms, MapCountsWhatLiesOnTheDisk) {
     test::writeBytes(folder.path() / "Dat/Tarvex10.dat", "12");
     test::writeBytes(folder.path() / "Dat/.gitkeep", "");
     auto& form = lab.desk.get<FileTreeForm>();
-    EXPECT_EQ(form.Text1(2).text(), "2 файла");
-    EXPECT_EQ(form.Text1(12).text(), "нет папки");  // Arhiv is not there
-    const std::string text = form.Text2.text();
+    EXPECT_EQ(form.fileCounts(2).text(), "2 файла");
+    EXPECT_EQ(form.fileCounts(12).text(), "нет папки");  // Arhiv is not there
+    const std::string text = form.listing.text();
     EXPECT_LT(text.find("Tarvex2.dat"), text.find("Tarvex10.dat"));
     EXPECT_NE(text.find("Tarvex10.dat   1 кБ - элементы и начальные данные"), std::string::npos) << text;
     EXPECT_EQ(text.find(".gitkeep"), std::string::npos);
 
     test::writeBytes(folder.path() / "JPL/ascp1960.405", "x");
-    form.Command2.press();
-    EXPECT_EQ(form.Text1(3).text(), "1 файл");
+    form.readAgain.press();
+    EXPECT_EQ(form.fileCounts(3).text(), "1 файл");
 }
 
 }  // namespace tarvex

@@ -74,7 +74,7 @@ TEST_F(Form18Test, CriterionFormsAndTheirDivisor) {
     create(form.orthogonalPlan, 2);
     form.additionalTests.choose();
     EXPECT_TRUE(lab.desk.isLoaded("Form8"));
-    lab.desk.get<PlanTestsHelpForm>().Option2.choose();
+    lab.desk.get<PlanTestsHelpForm>().parabola.choose();
     const Case cases[] = {{&form.criterionIsValue, false, 0, 0},      {&form.criterionIsValue, true, 0, 0},
                           {&form.criterionIsDifference, true, -1, 0}, {&form.criterionIsSquare, true, 2, 0},
                           {&form.criterionIsModulus, true, 1, 0},     {&form.criterionIsSquare, false, 4, 0}};
@@ -104,7 +104,7 @@ TEST_F(Form18Test, RefusedStepsSayWhy) {
 
     create(form.orthogonalPlan, 4);
     form.additionalTests.choose();
-    lab.desk.get<PlanTestsHelpForm>().Option5.choose();
+    lab.desk.get<PlanTestsHelpForm>().quotient.choose();
     form.runExperiments.press();
     expectMessage("Деление на ноль в эксперименте  17");
     EXPECT_NE(lab.plan.Yu[16], 0);  // earlier experiments keep their criterion

@@ -1,0 +1,25 @@
+#pragma once
+// The controls of the screen of notation, Form5.
+
+#include "runtime/form.h"
+
+namespace tarvex {
+
+class NotationControls : public Form {
+public:
+    using Form::Form;
+
+    Picture orbitPicture{
+        this,
+        {.name = "Picture1",
+         .width = 640,
+         .height = 560,
+         .hint = "Орбита планеты над плоскостью эклиптики; X направлена в точку весеннего равноденствия"}};
+    TextField quantities{
+        this,
+        {.name = "Text1", .hint = "Имена величин и их единицы", .readOnly = true, .lines = 25, .width = 62}};
+    CommandButton closeForm{this,
+                            {.name = "Command1", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+};
+
+}  // namespace tarvex
