@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 #include <utility>
@@ -15,7 +16,8 @@ namespace {
 
 constexpr int mostExperiments = 32767;
 const std::string usage =
-    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume] "
+    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume "
+    "[--again]] "
     "[ИМЯ=ЗНАЧЕНИЕ ...]";
 
 int wholeNumber(const std::string& text) {
@@ -55,6 +57,8 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
         };
         if (word == "--resume") {
             options.resume = true;
+        } else if (word == "--again") {
+            options.again = true;
         } else if (word == "--data") {
             options.data = value();
         } else if (word == "--plan") {
@@ -80,6 +84,8 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
                    sign != std::string::npos && sign > 0 && word.front() != '-') {
             std::string control = word.substr(0, sign);
             if (!control.starts_with("Form")) control.insert(0, "Form2.");
+            if (std::any_of(word.begin(), word.end(), [](unsigned char c) { return c < ' '; }))
+                throw Failure("не печатный знак: " + control);
             options.settings.push_back({control, word.substr(sign + 1)});
         } else {
             throw Failure(fmt::format("{}\n{}", word, usage));

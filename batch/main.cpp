@@ -1,5 +1,7 @@
 // tarvex-plan: the experiments of a plan without windows, on all cores.
 
+#include <unistd.h>
+
 #include <iostream>
 
 #include "batch/batch_options.h"
@@ -8,8 +10,8 @@
 
 int main(int argc, char** argv) {
     try {
-        const int status =
-            tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout, std::cerr);
+        const int status = tarvex::runBatch(tarvex::parseBatchOptions({argv + 1, argv + argc}), std::cout,
+                                            std::cerr, isatty(STDERR_FILENO) != 0);
         if (!std::cout.flush()) throw tarvex::Failure("не удалось записать вывод");
         return status;
     } catch (const std::exception& failure) {

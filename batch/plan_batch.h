@@ -15,8 +15,10 @@ std::vector<std::string> experimentScript(const BatchOptions& options, int plane
 
 /// Runs the experiments and tells their progress and expected end on `err`, the written files on `out`.
 /// SIGINT and SIGTERM end the batch; what is finished stays, and --resume goes on from there.
+/// @param terminal  somebody looks at `err`
 /// @return 0 when every experiment has its file, 2 otherwise
-/// Throws Failure when the data tree or the plan is missing.
-int runBatch(const BatchOptions& options, std::ostream& out, std::ostream& err);
+/// Throws Failure when the data tree or the plan is missing, and when --resume finds experiments finished
+/// with other settings.
+int runBatch(const BatchOptions& options, std::ostream& out, std::ostream& err, bool terminal = false);
 
 }  // namespace tarvex

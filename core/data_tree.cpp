@@ -27,6 +27,7 @@ std::string runRecord(int k, int i, int e) {
 std::string series(std::string_view folder, int i) { return fmt::format("{}\\Tarvex{}Nab.txt", folder, i); }
 std::string shifts(std::string_view folder) { return fmt::format("{}\\TarvexNab.dat", folder); }
 std::string plan(int k) { return fmt::format("\\Plan{0}\\TarvexPlan{0}.dat", k); }
+std::string planJournal(int k) { return fmt::format("\\Plan{0}\\TarvexJournal{0}.txt", k); }
 std::string planShifts(int k, int i) { return fmt::format("\\Plan{}\\Tarvex{}Ras.dat", k, i); }
 
 }  // namespace files

@@ -34,6 +34,7 @@ std::string runRecord(int k, int i, int e);          ///< \Plan<k>\Txt<i>\Tarvex
 std::string series(std::string_view folder, int i);  ///< <folder>\Tarvex<i>Nab.txt, folder like "\NEW"
 std::string shifts(std::string_view folder);         ///< <folder>\TarvexNab.dat
 std::string plan(int k);                             ///< \Plan<k>\TarvexPlan<k>.dat
+std::string planJournal(int k);                      ///< \Plan<k>\TarvexJournal<k>.txt
 std::string planShifts(int k, int i);                ///< \Plan<k>\Tarvex<i>Ras.dat
 
 }  // namespace files

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <functional>
 #include <sstream>
 
+#include "batch/batch_progress.h"
 #include "core/data_tree.h"
+#include "core/failure.h"
+#include "core/file_lock.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
 #include "tests/support/temp_folder.h"
@@ -82,30 +88,129 @@ TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
     }
     EXPECT_NE(readBytes(recordOf(batch.path(), 1, 1)), readBytes(recordOf(batch.path(), 1, 2)));
     EXPECT_NE(err.str().find("готово 2 из 2"), std::string::npos);
-    // nothing else was left in the plan's folder
+    // nothing else was left in the plan's folder, nor in that of passing files
     EXPECT_EQ(std::distance(fs::directory_iterator(recordOf(batch.path(), 1, 1).parent_path()), {}), 2);
+    for (const auto& entry : fs::directory_iterator(fs::temp_directory_path()))
+        EXPECT_FALSE(entry.path().filename().string().starts_with("tarvex-plan-" + std::to_string(getpid())));
 }
 
-TEST(PlanBatch, ResumeKeepsWhatIsFinishedAndFailuresAreTold) {
+namespace {
+
+struct Told {
+    int status = 0;
+    std::string ran;  ///< the experiments that were run, in order of number: "12"
+    std::string err;
+};
+
+Told runTold(const BatchOptions& options) {
+    std::ostringstream out, err;
+    Told told;
+    told.status = runBatch(options, out, err);
+    told.err = err.str();
+    for (const int e : {1, 2})
+        if (out.str().find("Ras" + std::to_string(e) + ".txt") != std::string::npos)
+            told.ran += std::to_string(e);
+    return told;
+}
+
+void replaceIn(const fs::path& path, const std::string& what, const std::string& by) {
+    std::string bytes = readBytes(path);
+    ASSERT_NE(bytes.find(what), std::string::npos) << what;
+    test::writeBytes(path, bytes.replace(bytes.find(what), what.size(), by));
+}
+
+}  // namespace
+
+/// What the journal knows and the record still is stays; all else runs again, to the same bytes.
+TEST(PlanBatch, ResumeRunsWhatTheJournalDoesNotKnowAsFinished) {
     const TempFolder tree;
     makeTree(tree);
     play(tree.path(), makePlan);
-    test::writeBytes(recordOf(tree.path(), 1, 1), "finished before");
+    const fs::path first = recordOf(tree.path(), 1, 1), journal = tree.path() / "Plan1/TarvexJournal1.txt";
     BatchOptions o = optionsFor(tree.path());
     o.resume = true;
-    std::ostringstream out, err;
-    EXPECT_EQ(runBatch(o, out, err), 0) << err.str();
-    EXPECT_EQ(readBytes(recordOf(tree.path(), 1, 1)), "finished before");
-    EXPECT_TRUE(readBytes(recordOf(tree.path(), 1, 2)).starts_with("эксперимент № 2"));
+    test::writeBytes(first, "a record of unknown origin");
+    ASSERT_EQ(runTold(o).ran, "12");
+    const std::string whole = readBytes(first);
+    ASSERT_TRUE(whole.starts_with("эксперимент № 1"));
 
-    o.resume = false;
+    struct Case {
+        const char* what;
+        std::function<void()> damage;
+        const char* ran;
+    };
+    const Case cases[] = {
+        {"nothing", [] {}, ""},
+        {"a record cut short", [&] { fs::resize_file(first, 300); }, "1"},
+        {"a record of the same size", [&] { replaceIn(first, "№ 1", "№ 9"); }, "1"},
+        {"no record", [&] { fs::remove(first); }, "1"},
+        {"a line of the journal lost", [&] { replaceIn(journal, "1 2 ", "1 - "); }, "2"},
+        {"no journal", [&] { fs::remove(journal); }, "12"},
+        {"an empty journal", [&] { test::writeBytes(journal, ""); }, "12"},
+        {"no text", [&] { test::writeBytes(journal, std::string(3 << 20, '\0')); }, "12"},
+    };
+    for (const Case& c : cases) {
+        c.damage();
+        EXPECT_EQ(runTold(o).ran, c.ran) << c.what;
+        EXPECT_EQ(readBytes(first), whole) << c.what;
+    }
+    o.settings[0].value = "1801";
+    try {
+        runTold(o);
+        ADD_FAILURE() << "records of other settings were taken";
+    } catch (const Failure& failure) {
+        const std::string text = failure.what();
+        EXPECT_TRUE(text.find("Text40=1801") < text.size() && text.find("Text40=1802") < text.size()) << text;
+    }
+    EXPECT_EQ(readBytes(first), whole);
+    o.again = true;
+    EXPECT_EQ(runTold(o).ran, "12");
+    EXPECT_EQ(runTold(o).ran, "");
+    o.again = false;
+    play(tree.path(), {"Form15.Text4 = 1", "Form15.Option6 = on", "Form15.Command5", "Form15.Command12"});
+    EXPECT_THROW(runTold(o), Failure) << "another plan";
+}
+
+TEST(PlanBatch, FailuresAreToldAndLeaveTheOldFile) {
+    const TempFolder tree;
+    makeTree(tree);
+    play(tree.path(), makePlan);
+    const fs::path first = recordOf(tree.path(), 1, 1);
+    test::writeBytes(first, "finished before");
+    BatchOptions o = optionsFor(tree.path());
+    {
+        const auto other = FileLock::tryLock(first);  // as if the laboratory was writing it
+        const Told told = runTold(o);
+        EXPECT_EQ(told.status, 2);
+        EXPECT_EQ(told.ran, "2");
+        EXPECT_NE(told.err.find("пишет другая программа"), std::string::npos) << told.err;
+    }
     o.settings.push_back({"Form2.Text38", "0"});  // a zero step ends every run with its message
-    std::ostringstream trouble;
-    EXPECT_EQ(runBatch(o, out, trouble), 2);
-    EXPECT_NE(trouble.str().find("эксперимент 1: "), std::string::npos);
-    EXPECT_EQ(readBytes(recordOf(tree.path(), 1, 1)), "finished before");  // the old file stands
-    o.planets = {5};                                                       // no folder for it
-    EXPECT_THROW(runBatch(o, out, err), Failure);
+    const Told told = runTold(o);
+    EXPECT_EQ(told.status, 2);
+    EXPECT_NE(told.err.find("эксперимент 1: "), std::string::npos);
+    EXPECT_EQ(readBytes(first), "finished before");
+    o.planets = {5};  // no folder for it
+    EXPECT_THROW(runTold(o), Failure);
+}
+
+/// In a log a line at each begin and end, and else one a minute; on a terminal one in two seconds.
+TEST(BatchProgress, ALogIsToldLittle) {
+    using namespace std::chrono_literals;
+    for (const bool terminal : {false, true}) {
+        std::ostringstream err;
+        BatchProgress progress(err, terminal, 7);
+        BatchProgress::Clock::time_point now{};
+        progress.begin(4, 1, now);
+        progress.began({2, 3});
+        for (int i = 0; i < 5 * 60 * 5; ++i) progress.tell(1, 0.5, now += 200ms);
+        progress.finished({2, 3});
+        const std::string text = err.str();
+        const auto lines = std::count(text.begin(), text.end(), '\n');
+        EXPECT_TRUE(terminal ? lines > 100 && lines <= 150 : lines >= 6 && lines <= 7) << text;
+        EXPECT_NE(text.find("план 7: готово 1 из 4, в работе 1, осталось 0:0"), std::string::npos) << text;
+        EXPECT_EQ(text.find("планета 2, эксперимент 3: ") < text.size(), !terminal);
+    }
 }
 
 }  // namespace tarvex
