@@ -20,7 +20,8 @@ enum PlanKind : std::int16_t {
     planRoto = 2,
     planUniform = 3,
     planDBox = 4,
-    planComposite = 5
+    planComposite = 5,
+    planAugmented = 6  ///< any of them with points added; fitted by least squares
 };
 
 /// A linear system under elimination of its last unknown, level by level.

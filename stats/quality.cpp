@@ -1,5 +1,6 @@
 #include "stats/quality.h"
 
+#include <Eigen/Dense>
 #include <algorithm>
 #include <cmath>
 
@@ -33,47 +34,16 @@ std::string fitQualityText(const PlanBlock& p) {
     return text + (q.R2 ? Format(*q.R2, "0.000000") : "не определен, критерий постоянный");
 }
 
-std::vector<double> eigenvalues(std::vector<std::vector<double>> a) {
-    const std::size_t n = a.size();
-    constexpr int sweeps = 50;  // each sweep at least squares the smallness of what is left; 10 are plenty
-    for (int sweep = 0; sweep < sweeps; ++sweep) {
-        double off = 0, all = 0;
-        for (std::size_t i = 0; i < n; ++i)
-            for (std::size_t j = 0; j < n; ++j) (i == j ? all : off) += a[i][j] * a[i][j];
-        if (off <= 1e-30 * all || off == 0) break;
-        for (std::size_t p = 0; p < n; ++p)
-            for (std::size_t q = p + 1; q < n; ++q) {
-                if (a[p][q] == 0) continue;
-                const double theta = (a[q][q] - a[p][p]) / (2 * a[p][q]);
-                const double t = (theta >= 0 ? 1 : -1) / (std::abs(theta) + std::hypot(theta, 1));
-                const double c = 1 / std::hypot(t, 1), s = t * c;
-                for (std::size_t k = 0; k < n; ++k) {
-                    const double x = a[k][p], y = a[k][q];
-                    a[k][p] = c * x - s * y;
-                    a[k][q] = s * x + c * y;
-                }
-                for (std::size_t k = 0; k < n; ++k) {
-                    const double x = a[p][k], y = a[q][k];
-                    a[p][k] = c * x - s * y;
-                    a[q][k] = s * x + c * y;
-                }
-            }
-    }
-    std::vector<double> values;
-    for (std::size_t i = 0; i < n; ++i) values.push_back(a[i][i]);
-    return values;
-}
-
 StationaryKind stationaryKind(const PlanBlock& p) {
     const int n = p.Nf;
-    std::vector<std::vector<double>> form(n, std::vector<double>(n));
+    Eigen::MatrixXd form(n, n);
     for (int i = 1; i <= n; ++i) {
-        form[i - 1][i - 1] = 2 * p.b[squareColumn(n, i)];
-        for (int j = i + 1; j <= n; ++j) form[i - 1][j - 1] = form[j - 1][i - 1] = p.b[pairColumn(n, i, j)];
+        form(i - 1, i - 1) = 2 * p.b[squareColumn(n, i)];
+        for (int j = i + 1; j <= n; ++j) form(i - 1, j - 1) = form(j - 1, i - 1) = p.b[pairColumn(n, i, j)];
     }
-    const auto values = eigenvalues(form);
-    double largest = 0;
-    for (const double v : values) largest = std::max(largest, std::abs(v));
+    const Eigen::VectorXd values =
+        Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd>(form, Eigen::EigenvaluesOnly).eigenvalues();
+    const double largest = values.cwiseAbs().maxCoeff();
     bool up = false, down = false, flat = false;
     for (const double v : values) {
         if (std::abs(v) <= 1e-9 * largest)

@@ -27,8 +27,4 @@ std::vector<int> factorsOutside(const PlanBlock& p);
 /// Kind and place of the optimum in words.
 std::string stationaryText(const PlanBlock& p);
 
-/// Eigenvalues of a symmetric matrix, unordered.
-/// Source: Jacobi's rotations, Numerische Mathematik 9, 1 (1966), Rutishauser.
-std::vector<double> eigenvalues(std::vector<std::vector<double>> a);
-
 }  // namespace tarvex

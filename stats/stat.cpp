@@ -1,10 +1,12 @@
 #include "stats/stat.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/arithmetic.h"
 #include "core/failure.h"
 #include "core/numbers.h"
+#include "stats/regression_report.h"
 
 namespace tarvex {
 
@@ -87,6 +89,10 @@ void BuildPlan(PlanBlock& p) {
     p.Stroka = coefficientText(p, "табличные коэффициенты  ", [](double v) { return v; });
 
     fillFactorColumns(p);
+    FillColumns(p);
+}
+
+void FillColumns(PlanBlock& p) {
     const int last = lastColumn(p.Nf);
     for (int i = 1; i <= p.Nf; ++i)
         for (int u = 1; u <= p.Nplan; ++u) {
@@ -191,6 +197,11 @@ void FitRegression(PlanBlock& p) {
             for (int c = p.Nf + 1; c < firstSquare; ++c) b[c] = sum.column[c] / corners;
             for (int c = firstSquare; c <= last; ++c) b[c] = sum.columnOuter[c] / 2 - b[0];
             break;
+        case planAugmented: {
+            const std::vector<double> fitted = leastSquaresCoefficients(p);
+            std::copy(fitted.begin(), fitted.end(), b.begin());
+            break;
+        }
         default:
             throw SubscriptFailure("unknown kind of plan");
     }

@@ -20,6 +20,9 @@ void PlanCenterCount(PlanBlock& p);
 /// kinds that have a table, and a text with k1..k7 in the buffer Stroka.
 void BuildPlan(PlanBlock& p);
 
+/// The columns of products and squares from those of the factors, their sums and moments.
+void FillColumns(PlanBlock& p);
+
 /// k1..k7 of kinds 2 and 3 from the moments; other kinds keep what they have.
 void PlanCoefficients(PlanBlock& p);
 
