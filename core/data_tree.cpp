@@ -30,6 +30,10 @@ std::string plan(int k) { return fmt::format("\\Plan{0}\\TarvexPlan{0}.dat", k);
 std::string planJournal(int k) { return fmt::format("\\Plan{0}\\TarvexJournal{0}.txt", k); }
 std::string planShifts(int k, int i) { return fmt::format("\\Plan{}\\Tarvex{}Ras.dat", k, i); }
 
+std::string shiftErrors(std::string_view folder) { return fmt::format("{}\\TarvexNabErr.dat", folder); }
+
+std::string planShiftErrors(int k, int i) { return fmt::format("\\Plan{}\\Tarvex{}RasErr.dat", k, i); }
+
 }  // namespace files
 
 }  // namespace tarvex

@@ -36,6 +36,8 @@ std::string shifts(std::string_view folder);         ///< <folder>\TarvexNab.dat
 std::string plan(int k);                             ///< \Plan<k>\TarvexPlan<k>.dat
 std::string planJournal(int k);                      ///< \Plan<k>\TarvexJournal<k>.txt
 std::string planShifts(int k, int i);                ///< \Plan<k>\Tarvex<i>Ras.dat
+std::string shiftErrors(std::string_view folder);    ///< <folder>\TarvexNabErr.dat
+std::string planShiftErrors(int k, int i);           ///< \Plan<k>\Tarvex<i>RasErr.dat
 
 }  // namespace files
 

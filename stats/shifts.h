@@ -18,11 +18,16 @@ inline constexpr int shiftParams = 6;
 using ShiftRow = std::array<double, shiftParams + 1>;
 using ShiftTable = std::array<ShiftRow, shiftPlanets + 1>;
 
+/// Planet by parameter by experiment.
+using PlanShiftTable =
+    std::array<std::array<std::array<double, maxPoints + 1>, shiftParams + 1>, shiftPlanets + 1>;
+
 struct ShiftTables {
-    ShiftTable dNab{};  ///< observed shifts, planet by parameter
-    /// Calculated shifts, planet by parameter by experiment.
-    std::array<std::array<std::array<double, maxPoints + 1>, shiftParams + 1>, shiftPlanets + 1> dRas{};
-    ShiftTable Ves{};  ///< weight of each shift in the criterion
+    ShiftTable dNab{};         ///< observed shifts, planet by parameter
+    PlanShiftTable dRas{};     ///< calculated shifts
+    ShiftTable Ves{};          ///< weight of each shift in the criterion
+    ShiftTable dNabErr{};      ///< one standard error of the observed shifts, 0 where it is not known
+    PlanShiftTable dRasErr{};  ///< and of the calculated ones
 
     /// A cell; throws SubscriptFailure outside the table.
     double& observed(int planet, int param);
@@ -52,5 +57,12 @@ void writePlanShifts(const DataTree& tree, int plan, int planet, const ShiftTabl
 /// The same with a given head and the values as they stand, without their scale.
 void writePlanShiftsUnscaled(const DataTree& tree, int plan, int planet, const ShiftFileHead& head,
                              const ShiftTables& t, int count, std::int16_t& reached);
+
+/// The errors of the same tables, in files beside theirs with the same layout.  Where there is no such file
+/// the errors become 0, not known; a damaged one throws FileFailure and changes nothing.
+void readObservedErrors(const DataTree& tree, const std::string& dir, ShiftTables& t);
+void writeObservedErrors(const DataTree& tree, const std::string& dir, const ShiftTables& t);
+void readPlanErrors(const DataTree& tree, int plan, int planet, ShiftTables& t);
+void writePlanErrors(const DataTree& tree, int plan, int planet, const ShiftTables& t, int count);
 
 }  // namespace tarvex
