@@ -10,7 +10,13 @@ if(NOT CMAKE_BUILD_TYPE)
 endif()
 
 # Sums are compared at the level of arc seconds a century: no contraction, no reordering.  errno is not used.
-add_compile_options(-Wall -Wextra -Wshadow -Werror -ffp-contract=off -fno-math-errno)
+add_compile_options(-Wall -Wextra -Wshadow -ffp-contract=off -fno-math-errno)
+
+# The checks before a change lands refuse warnings; whoever builds with another compiler is not stopped by them.
+option(TARVEX_WERROR "Warnings are errors" OFF)
+if(TARVEX_WERROR)
+    add_compile_options(-Werror)
+endif()
 
 option(TARVEX_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 if(TARVEX_SANITIZE)
@@ -26,11 +32,24 @@ if(CCACHE)
         CCACHE_NOHASHDIR=1 ${CCACHE})
 endif()
 
+# A library sees its own folder and those it is linked with, none else: every folder stands in an include directory of
+# its own, and the directories follow the link lists.
+set(TARVEX_INCLUDE_TREE ${CMAKE_BINARY_DIR}/include CACHE PATH "Where the include directories of the folders are made")
+function(tarvex_include_directory name visibility folder)
+    set(home ${TARVEX_INCLUDE_TREE}/${folder})
+    file(MAKE_DIRECTORY ${home})
+    if(NOT EXISTS ${home}/${folder})
+        file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${home}/${folder} SYMBOLIC)
+    endif()
+    target_include_directories(${name} ${visibility} ${home})
+endfunction()
+
 # tarvex_library(NAME SOURCES... [LINK targets...]): the library of this folder.
 function(tarvex_library name)
     cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_UNPARSED_ARGUMENTS})
-    target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+    get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+    tarvex_include_directory(${name} PUBLIC ${folder})
     target_link_libraries(${name} PUBLIC ${ARG_LINK})
 endfunction()
 
@@ -38,7 +57,7 @@ endfunction()
 function(tarvex_tests name)
     cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
     add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
-    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+    tarvex_include_directory(${name} PRIVATE tests)
     target_compile_definitions(${name} PRIVATE TARVEX_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
