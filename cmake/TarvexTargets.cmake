@@ -26,6 +26,11 @@ if(TARVEX_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(TARVEX_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Wno-psabi)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
 find_program(CCACHE ccache)
 if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}
