@@ -93,11 +93,10 @@ std::optional<std::string> PlanJournal::finishedWith(const Task& task) const {
 void PlanJournal::handOver(const Task& task, const fs::path& finished, const std::string& settings) {
     const FileLock own = FileLock::wait(path_);
     const fs::path goal = record(task);
-    const auto writing = FileLock::tryLock(goal);
-    if (!writing) throw FileFailure("файл " + goal.string() + " пишет другая программа");
     const auto mark = markOf(finished);
     if (!mark) throw FileFailure("не читается файл " + finished.string());
-    copyInPlace(finished, goal);
+    FileClaim claim;
+    claim.take(goal, [&] { copyInPlace(finished, goal); });
     read();
     entries_[task] = {*mark, settings};
     write();

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "core/failure.h"
+
 namespace tarvex {
 
 namespace fs = std::filesystem;
@@ -64,8 +66,26 @@ FileLock FileLock::wait(const fs::path& path) {
     }
 }
 
+bool FileLock::holds(const fs::path& path) const { return held() && names(path, file_); }
+
 void FileLock::release() {
     if (file_ >= 0) ::close(std::exchange(file_, -1));
+}
+
+void FileClaim::take(const fs::path& path, const std::function<void()>& replace) {
+    if (!replace && lock_.holds(path)) return;
+    std::error_code error;
+    FileLock folder;
+    if (fs::is_directory(path.parent_path(), error)) folder = FileLock::wait(path.parent_path());
+    const auto lock = [&] {
+        auto taken = FileLock::tryLock(path);
+        if (!taken) throw FileFailure("файл " + path.string() + " пишет другая программа");
+        lock_ = std::move(*taken);
+    };
+    if (!lock_.holds(path)) lock();
+    if (!replace) return;
+    replace();
+    lock();
 }
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 // An advisory lock between the programs of this laboratory that write the same file.
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 namespace tarvex {
@@ -24,11 +25,26 @@ public:
     static FileLock wait(const std::filesystem::path& path);
 
     bool held() const { return file_ >= 0; }
+    /// True when the path names the locked file.
+    bool holds(const std::filesystem::path& path) const;
     void release();
 
 private:
     explicit FileLock(int file) : file_(file) {}
     int file_ = -1;
+};
+
+/// The right to write a file, which one program has at a time.  It is taken under the lock of the folder, so
+/// that of two programs that begin at once only one finds the file free.
+class FileClaim {
+public:
+    /// @param replace  puts a new file in the place of the claimed one
+    /// Throws FileFailure when another program is writing the file, and what replace() throws.
+    void take(const std::filesystem::path& path, const std::function<void()>& replace = {});
+    void drop() { lock_.release(); }
+
+private:
+    FileLock lock_;
 };
 
 }  // namespace tarvex

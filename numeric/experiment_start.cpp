@@ -233,6 +233,8 @@ StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
     takeFirstPosition(e);
     run.FileRas = recordFile(s, run);
     run.FileXYZ = trackFile(s);
+    dropRecords(run);
+    claimRecords(e.tree, run);
     if (run.boxes.records && run.kodTest == 0) {
         writeRasHead(e.tree, s, e.motion, run, set.today);
         notes.top = experimentNotes(e);
@@ -251,6 +253,7 @@ void continueExperiment(const Experiment& e, const RunSettings& set) {
     takeScales(e, set);
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
     e.run.boxes = set.boxes;
+    if (!e.run.FileRas.empty()) claimRecords(e.tree, e.run);
     e.s.kodStop = 0;
 }
 

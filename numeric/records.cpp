@@ -37,7 +37,17 @@ std::int32_t recordCount(const ModelState& s, const RunState& run) {
     return toInt32(Fix(ratio(years * 3 * 365.25, run.Period)));
 }
 
-void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motion, const RunState& run,
+void claimRecords(const DataTree& tree, RunState& run) {
+    if (run.boxes.records && run.kodTest == 0) run.claimRas.take(tree.at(run.FileRas));
+    if (run.boxes.track) run.claimXYZ.take(tree.at(run.FileXYZ));
+}
+
+void dropRecords(RunState& run) {
+    run.claimRas.drop();
+    run.claimXYZ.drop();
+}
+
+void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motion, RunState& run,
                   const std::string& today) {
     std::string first = "эксперимент № " + whole(s.NFile) + " для объекта № " + whole(fileBody(s)) + " из " +
                         whole(s.NPlOn) + " от " + today + " плоскость эклиптики в эпоху J2000 начало " +
@@ -60,10 +70,10 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
                   : " № замера     прошло дней   перигелий     восхождение     наклон   эксцентриситет    "
                     "полуось     угл.скорость");
     file.items(run.NP1max, Fix(100 * s.JD0));
-    file.commit();
+    run.claimRas.take(tree.at(run.FileRas), [&] { file.commit(); });
 }
 
-void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motion, const RunState& run,
+void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motion, RunState& run,
                   const std::string& today) {
     TextWriter file(tree.at(run.FileXYZ));
     file.line("эксперимент № " + whole(s.NFile) + " для объекта № " + whole(fileBody(s)) + " из " +
@@ -78,7 +88,7 @@ void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motio
     file.line(
         "время в секундах/1000000     X, Y, Z и Rpl в тыс. км     VX, VY, VZ и Vpl в м/с    "
         "энергия системы в Дж /10^30   момент количества движения в кг*м^2/с /10^30");
-    file.commit();
+    run.claimXYZ.take(tree.at(run.FileXYZ), [&] { file.commit(); });
 }
 
 double continuousAngle(double theory, double measured) {
@@ -114,6 +124,7 @@ void WriteRasRecord(const DataTree& tree, ModelState& s, RunState& run) {
         s.Rr[s.IplSel] = 0;
         run.Period = MK * MK * MK * MK * MK;
     }
+    run.claimRas.take(tree.at(run.FileRas));
     appendLine(tree.at(run.FileRas),
                fileItem(run.NZamer) + fileItem(Fix(100 * run.Tmod / sekD)) +
                    fileItem(Fix(perihelion * 100 * MK)) + fileItem(Fix(node * 100 * MK)) +
@@ -122,10 +133,11 @@ void WriteRasRecord(const DataTree& tree, ModelState& s, RunState& run) {
                    fileItem(Fix(ratio((100 * MK + 100 * MK) * Pi * 36525, run.Period))));
 }
 
-void WriteXYZRecord(const DataTree& tree, const ModelState& s, const RunState& run) {
+void WriteXYZRecord(const DataTree& tree, const ModelState& s, RunState& run) {
     constexpr std::string_view wide = "000000000.000", narrow = "0000000.000";
     const int i = s.IplSel;
     const double scale = MK * MK * MK * MK * MK;
+    run.claimXYZ.take(tree.at(run.FileXYZ));
     appendLine(tree.at(run.FileXYZ),
                Format(s.DenR, "00.000") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000") +
                    "____T= " + Format(run.Tmod / MK, wide) + "____X= " + Format(s.X[i] / MK, wide) +

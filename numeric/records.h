@@ -1,6 +1,7 @@
 #pragma once
 // The files of an experiment: element records at each apse (FileRas) and the track of the body (FileXYZ).
-// Both stay closed between records; a record is one append.
+// Both stay closed between records; a record is one append.  From its head to its last record a file is
+// claimed: two programs would mix their records in it.
 
 #include <string>
 
@@ -22,12 +23,17 @@ std::string trackFile(const ModelState& s);
 /// @throws OverflowFailure, and ArithmeticFailure for a zero step, NC0 or period
 std::int32_t recordCount(const ModelState& s, const RunState& run);
 
+/// Claims the files that the boxes ask for.  Throws FileFailure when another program is writing one of them.
+void claimRecords(const DataTree& tree, RunState& run);
+/// The run is done with its files.
+void dropRecords(RunState& run);
+
 /// Replaces FileRas by its five head lines.
 /// @param today  the date of the day as the head shows it, "21.11.2026"
-void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motion, const RunState& run,
+void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motion, RunState& run,
                   const std::string& today);
 /// Replaces FileXYZ by its four head lines.
-void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motion, const RunState& run,
+void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motion, RunState& run,
                   const std::string& today);
 
 /// Appends one element record, or with the energy box one energy record, to FileRas.  Leaves JD, Ipl, Lae and
@@ -35,7 +41,7 @@ void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motio
 /// meant.
 void WriteRasRecord(const DataTree& tree, ModelState& s, RunState& run);
 /// Appends one line of date, coordinates, velocities and energies of IplSel to FileXYZ.
-void WriteXYZRecord(const DataTree& tree, const ModelState& s, const RunState& run);
+void WriteXYZRecord(const DataTree& tree, const ModelState& s, RunState& run);
 
 /// A measured angle continued over whole turns.
 /// @param theory    the angle of a theory at the same date, radians, not reduced: it counts the turns

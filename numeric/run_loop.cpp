@@ -291,6 +291,7 @@ void runPasses(const Experiment& e, RunPort& port) {
         keepTrace(e.motion);
         if (reachedEnd(e)) {
             port.showDate();  // the fields tell the pass that ended the run
+            dropRecords(e.run);
             return;
         }
         if (e.s.NC < e.s.NC0) continue;

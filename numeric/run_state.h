@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/constants.h"
+#include "core/file_lock.h"
 #include "core/model_state.h"
 #include "numeric/energy.h"
 #include "numeric/motion.h"
@@ -81,6 +82,7 @@ struct RunState : Energy {
     // --- records
     std::string ModelName;         ///< as heads of files name the model
     std::string FileRas, FileXYZ;  ///< record files, named from the root of the data tree
+    FileClaim claimRas, claimXYZ;  ///< theirs, from the start of the run until its file is done with
     std::int32_t NP1max = 0;       ///< number of records a reader must be ready for
 
     RunBoxes boxes;

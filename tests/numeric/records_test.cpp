@@ -135,6 +135,51 @@ TEST(Records, AFolderThatVanishesEndsTheRun) {
     EXPECT_EQ(t.run.NZamer, 3);  // the first perihelion that has a record
 }
 
+/// From Start to the end of its run a file belongs to one program, also while the run is stopped.
+TEST(Records, AFileThatAnotherProgramWritesIsRefusedAtStart) {
+    struct Case {
+        void (*choose)(TestRun&);
+        const char* file;
+    };
+    for (const Case c :
+         {Case{[](TestRun& t) { t.settings.boxes.records = true; }, "Plan0/Txt1/Tarvex1Ras1.txt"},
+          Case{[](TestRun& t) { t.settings.boxes.track = true; }, "Dat/Tarvex1XYZ1.txt"},
+          Case{[](TestRun& t) {
+                   t.settings.boxes.records = true;
+                   t.settings.model = false;
+               },
+               "NEW/Tarvex1Nab.txt"}}) {
+        TestRun first, second;
+        for (TestRun* t : {&first, &second}) {
+            t->tree = first.tree;
+            c.choose(*t);
+            t->settings.Text39 = "50";
+            t->settings.Text40 = "1801";
+        }
+        second.settings.Text38 = "1800";
+        const auto file = first.folder.path() / c.file;
+        struct Stopper : RunPort {
+            bool giveWay() override { return false; }
+        } stopper;
+        first.start();
+        RunLoop(first.experiment(), stopper);
+        const std::string before = readBytes(file);
+        for (int i = 0; i < 2; ++i) try {
+                second.start();
+                ADD_FAILURE() << c.file << " was taken";
+            } catch (const FileFailure& failure) {
+                EXPECT_EQ(std::string(failure.what()), "файл " + file.string() + " пишет другая программа");
+            }
+        EXPECT_EQ(readBytes(file), before);
+        continueExperiment(first.experiment(), first.settings);
+        first.go();
+        EXPECT_GT(readBytes(file).size(), before.size());
+        second.start();
+        EXPECT_NE(readBytes(file).find("1800 сек"), std::string::npos);
+        EXPECT_THROW(continueExperiment(first.experiment(), first.settings), FileFailure);
+    }
+}
+
 TEST(Records, PathsAndCountsOfModelsAndImitators) {
     TestRun t;
     t.run.kodModel = 1;
