@@ -28,6 +28,15 @@ void takeCodes(const Experiment& e, const RunSettings& set) {
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
     run.kodTest = set.test ? 1 : 0;
     run.boxes = set.boxes;
+    run.stepper = set.model ? set.stepper : Stepper::RungeKutta4;
+    run.measuring = run.stepper == Stepper::Order8 ? Measuring::ExactPassages : set.measuring;
+    run.watch = {};
+}
+
+/// The step of order 8 knows only laws whose accelerations follow from the state of the moment.
+void checkStepper(const RunState& run, const Motion& motion) {
+    if (run.stepper == Stepper::Order8 && motion.kodVgr == 1 && motion.kodOTO == 0)
+        throw Refusal("Высокий порядок - для Классики без Vgr и для ОТО", "Tarvex7");
 }
 
 void takeGravitySpeed(const Experiment& e, const RunSettings& set) {
@@ -198,6 +207,7 @@ void takeSettings(const Experiment& e, const RunSettings& set) {
     if (body < 0 || body > NPlanetMax) throw Refusal("номер объекта должен быть от 0 до 10", "Tarvex7.0");
     e.s.IplSel = body;
     takeCodes(e, set);
+    checkStepper(e.run, e.motion);
     takeGravitySpeed(e, set);
     takeScales(e, set);
     takeClock(e, set);
@@ -252,6 +262,7 @@ void continueExperiment(const Experiment& e, const RunSettings& set) {
     if (e.s.IplSel < 0 || e.s.IplSel > rowMoon) throw SubscriptFailure("no such body to follow");
     takeScales(e, set);
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
+    checkStepper(e.run, e.motion);
     e.run.boxes = set.boxes;
     if (!e.run.FileRas.empty()) claimRecords(e.tree, e.run);
     e.s.kodStop = 0;
@@ -262,6 +273,7 @@ void setDirection(const Experiment& e, std::int16_t kodTime) {
     for (int k = 3 * bodies; k < equations; ++k) e.motion.U[k] = -e.motion.U[k];
     e.run.MKD0sys = -e.run.MKD0sys;
     e.run.kodTime = kodTime;
+    e.run.watch.interrupt(e.run.NZamer > 0);
 }
 
 }  // namespace tarvex

@@ -33,6 +33,8 @@ struct RunSettings {
     bool relativistic = false;     ///< Option8
     bool gravitySpeed = false;     ///< Check13
     bool test = false;             ///< the plan computes test experiments
+    Measuring measuring = Measuring::Windows;
+    Stepper stepper = Stepper::RungeKutta4;  ///< of the model; order 8 goes with exact passages
     RunBoxes boxes;
     DataSource source = DataSource::Ser0;
     std::string today = todayText();  ///< date in the heads of files

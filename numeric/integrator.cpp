@@ -1,6 +1,7 @@
 #include "numeric/integrator.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "numeric/lane_kernels.h"
 
@@ -68,6 +69,21 @@ void rungeKuttaStep(ModelState& s, Motion& motion, RunState& run) {
     motion.dTstage = h;
     rightHandSide(s, motion);
     endStep(h, run, run.K4.data(), run.A4.data(), dU, U);
+}
+
+std::array<double, equations> slopeAtEnd(ModelState& s, Motion& motion) {
+    const auto dU = motion.dU;
+    const auto [NDiffur, dTstage, fullQuadrant] =
+        std::tuple(motion.NDiffur, motion.dTstage, motion.fullQuadrant);
+    motion.NDiffur = 0;
+    motion.dTstage = 0;
+    rightHandSide(s, motion);
+    const auto slope = motion.dU;
+    motion.dU = dU;
+    motion.NDiffur = NDiffur;
+    motion.dTstage = dTstage;
+    motion.fullQuadrant = fullQuadrant;
+    return slope;
 }
 
 namespace {

@@ -13,6 +13,12 @@ namespace tarvex {
 /// @throws ArithmeticFailure where the right-hand side does
 void rungeKuttaStep(ModelState& s, Motion& motion, RunState& run);
 
+/// The derivatives at the end of the step just made, as the first stage of the next step will have them: the
+/// speeds along the lines have been updated, the trace has been pushed.  That stage finds everything as it
+/// would without this call.
+/// @throws ArithmeticFailure where the right-hand side does
+std::array<double, equations> slopeAtEnd(ModelState& s, Motion& motion);
+
 /// Copies U into X..VZ of bodies 0..10.
 void unpackState(ModelState& s, const Motion& motion);
 /// Copies X..VZ of bodies 0..10 into U.

@@ -20,34 +20,12 @@ double lessTurnAbove360(double a) { return a > 360 ? a - 360 : a; }
 
 void followPeriod(ModelState& s, RunState& run, Passage& seen) {
     if (s.LonPl[s.IplSel] > run.LonOld) return;
-    if (run.NZamer > 0) {
-        run.Period = (run.Tsec - run.Tper0) / sekD;
-        if (run.boxes.renewBaselines && run.NZamer == 2) {
-            run.PeriodNach = run.Period;
-            seen.periodRenewed = true;
-        }
-    }
-    run.Tper0 = run.Tsec;
+    takeWrap(run, run.NZamer, seen);
 }
 
 void followNode(ModelState& s, RunState& run, Passage& seen) {
     const double now = s.Z[s.IplSel] - s.Z[s.Icentr];
-    if (Sgn(run.ZOldSel) != Sgn(now)) {
-        run.AlfaU = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
-        const double upper = lessTurnAbove360(run.AlfaU + run.dAlfa);
-        const double lower = run.AlfaU - run.dAlfa < 0 ? run.AlfaU - run.dAlfa + 360 : run.AlfaU - run.dAlfa;
-        seen.node = true;
-        seen.ascending = Sgn(run.ZOldSel) <= 0;
-        if (seen.ascending) {
-            run.UzelHi = upper;
-            run.UzelLo = lower;
-        } else {
-            run.Uzel2Hi = upper;
-            run.Uzel2Lo = lower;
-            run.AlfaU = lessTurnAbove360(run.AlfaU + 180);  // always told as the ascending node
-        }
-        run.kodUzel = 1;
-    }
+    if (Sgn(run.ZOldSel) != Sgn(now)) takeNode(s, run, Sgn(run.ZOldSel) <= 0, seen);
     run.ZOldSel = now;
 }
 
@@ -86,39 +64,6 @@ void perihelionInOrbit(ModelState& s, RunState& run) {
     }
 }
 
-void takeApse(ModelState& s, RunState& run, Passage& seen) {
-    run.kodApsis = 2;
-    seen.apse = true;
-    perihelionInOrbit(s, run);
-    if (run.NZamer <= 0) {
-        seen.first = true;
-        run.AlfaPnach = run.AlfaP;
-    } else {
-        double& Rsr = s.Rr[s.IplSel];
-        Rsr = (run.Rmin + run.Rmax) / 2;
-        run.Eks = 1 - ratio(run.Rmin, Rsr);
-        if (run.boxes.renewBaselines && run.NZamer == 1) {
-            seen.baselinesRenewed = true;
-            run.AlfaUnach = run.AlfaU;
-            run.BettaNach = run.Betta;
-            run.EksNach = run.Eks;
-            run.RsrNach = Rsr;
-        }
-    }
-    // The bounds lose a turn only above 360; a negative lower bound stays: meant.
-    const double upper = lessTurnAbove360(run.dAlfa + s.LonPl[rowLongitude]);
-    const double lower = lessTurnAbove360(s.LonPl[rowLongitude] - run.dAlfa);
-    if (!seen.first && run.kodPeri == 0) {
-        run.AfelHi = upper;
-        run.AfelLo = lower;
-        return;
-    }
-    seen.turnCounted = true;
-    ++run.NZamer;
-    run.PeriHi = upper;
-    run.PeriLo = lower;
-}
-
 }  // namespace
 
 int originRow(const RunBoxes& boxes) {
@@ -155,11 +100,76 @@ void startMeasurement(ModelState& s, RunState& run) {
     run.Uzel2Lo = lessTurnAbove360(run.AlfaU + 180 - run.dAlfa);
 }
 
+void look(ModelState& s) {
+    PairGeometry(s, s.Icentr, s.IplSel);
+    s.LatPl = std::abs(s.LatPl / kUgol);
+}
+
+void takeWrap(RunState& run, std::int32_t turns, Passage& seen) {
+    if (turns > 0) {
+        run.Period = (run.Tsec - run.Tper0) / sekD;
+        if (run.boxes.renewBaselines && turns == 2) {
+            run.PeriodNach = run.Period;
+            seen.periodRenewed = true;
+        }
+    }
+    run.Tper0 = run.Tsec;
+}
+
+void takeNode(const ModelState& s, RunState& run, bool ascending, Passage& seen) {
+    run.AlfaU = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
+    const double upper = lessTurnAbove360(run.AlfaU + run.dAlfa);
+    const double lower = run.AlfaU - run.dAlfa < 0 ? run.AlfaU - run.dAlfa + 360 : run.AlfaU - run.dAlfa;
+    seen.node = true;
+    seen.ascending = ascending;
+    if (seen.ascending) {
+        run.UzelHi = upper;
+        run.UzelLo = lower;
+    } else {
+        run.Uzel2Hi = upper;
+        run.Uzel2Lo = lower;
+        run.AlfaU = lessTurnAbove360(run.AlfaU + 180);  // always told as the ascending node
+    }
+    run.kodUzel = 1;
+}
+
+void takeApse(ModelState& s, RunState& run, Passage& seen) {
+    run.kodApsis = 2;
+    seen.apse = true;
+    perihelionInOrbit(s, run);
+    if (run.NZamer <= 0) {
+        seen.first = true;
+        run.AlfaPnach = run.AlfaP;
+    } else {
+        double& Rsr = s.Rr[s.IplSel];
+        Rsr = (run.Rmin + run.Rmax) / 2;
+        run.Eks = 1 - ratio(run.Rmin, Rsr);
+        if (run.boxes.renewBaselines && run.NZamer == 1) {
+            seen.baselinesRenewed = true;
+            run.AlfaUnach = run.AlfaU;
+            run.BettaNach = run.Betta;
+            run.EksNach = run.Eks;
+            run.RsrNach = Rsr;
+        }
+    }
+    // The bounds lose a turn only above 360; a negative lower bound stays: meant.
+    const double upper = lessTurnAbove360(run.dAlfa + s.LonPl[rowLongitude]);
+    const double lower = lessTurnAbove360(s.LonPl[rowLongitude] - run.dAlfa);
+    if (!seen.first && run.kodPeri == 0) {
+        run.AfelHi = upper;
+        run.AfelLo = lower;
+        return;
+    }
+    seen.turnCounted = true;
+    ++run.NZamer;
+    run.PeriHi = upper;
+    run.PeriLo = lower;
+}
+
 Passage measurePass(ModelState& s, RunState& run) {
     Passage seen;
     run.LonOld = s.LonPl[s.IplSel];
-    PairGeometry(s, s.Icentr, s.IplSel);
-    s.LatPl = std::abs(s.LatPl / kUgol);
+    look(s);
     if (run.Betta < s.LatPl) run.Betta = s.LatPl;
     followPeriod(s, run, seen);
     followNode(s, run, seen);

@@ -24,6 +24,20 @@ int originRow(const RunBoxes& boxes);
 /// Elements at Start from ElemStart of IplSel, all baselines, and the first windows of dAlfa.
 void startMeasurement(ModelState& s, RunState& run);
 
+// --- what a passage brings, in windows and exact alike; LonOld and LonPl enclose its longitude, Tsec is its
+// time
+
+/// LonPl of IplSel, the size of its latitude LatPl, rad, and Rcur, as seen from Icentr.
+/// @throws ArithmeticFailure for a body at the place of the origin or on its Z axis
+void look(ModelState& s);
+/// The longitude has wrapped: period since the last wrap.
+/// @param turns  turns counted by then; before the first one there is no period
+void takeWrap(RunState& run, std::int32_t turns, Passage& seen);
+/// A node has been crossed: AlfaU and its window.
+void takeNode(const ModelState& s, RunState& run, bool ascending, Passage& seen);
+/// The apse of kodPeri has been passed, its distance is in Rmin or Rmax: elements, baselines, windows.
+void takeApse(ModelState& s, RunState& run, Passage& seen);
+
 /// One pass: compares the new position of IplSel, seen from Icentr, with that of the step before, follows the
 /// windows and sets the next step DtCur to Dt or Dt/kDt.
 /// @return  what has been passed; the caller appends the record and then calls endApse()

@@ -32,7 +32,9 @@ std::string trackFile(const ModelState& s) { return files::trackXYZ(fileBody(s),
 
 std::int32_t recordCount(const ModelState& s, const RunState& run) {
     if (fileBody(s) == rowEarthMoon) return 32000;
-    const double years = static_cast<double>(run.GodEnd) - s.God0;
+    double years = static_cast<double>(run.GodEnd) - s.God0;
+    if (run.measuring == Measuring::ExactPassages)
+        years = std::abs(years) + 1;  // back in time and the last year too
     if (run.boxes.energy) return toInt32(Fix(ratio(ratio(1.1 * years * 365.25 * 24 * 3600, s.Dt), s.NC0)));
     return toInt32(Fix(ratio(years * 3 * 365.25, run.Period)));
 }
@@ -59,7 +61,9 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
     file.line("шаг решения " + toText(s.Dt) + " сек  уменьшен у перигелия в " + whole(s.kDt) + " раз  " +
               "   dAlfa= " + toText(run.dAlfa) + "   kodBary= " + whole(s.kodBary) + "   kodMoon= " +
               whole(s.kodMoon) + "   kodDX= " + whole(motion.kodDX) + "   kodPgr= " + whole(motion.kodPgr) +
-              "   kodOTO=  " + whole(motion.kodOTO) + "   kodSun=  " + whole(motion.kodSun));
+              "   kodOTO=  " + whole(motion.kodOTO) + "   kodSun=  " + whole(motion.kodSun) +
+              (run.measuring == Measuring::ExactPassages ? "   точные прохождения" : "") +
+              (run.stepper == Stepper::Order8 ? "   высокий порядок" : ""));
     file.line(run.ModelName + "    VXsys=  " + toText(s.VXsys) + "   VYsys= " + toText(s.VYsys) +
               "   VZsys= " + toText(s.VZsys) + "   Vgr= " + gravitySpeedText(motion) + " Vsv " +
               "  k1= " + toText(motion.kPgr1) + "  k2= " + toText(motion.kPgr2) +

@@ -11,11 +11,19 @@
 #include "core/model_state.h"
 #include "numeric/energy.h"
 #include "numeric/motion.h"
+#include "numeric/order8.h"
+#include "numeric/passage_watch.h"
 
 namespace tarvex {
 
 /// Theory that an imitator moves the bodies by.
 enum class Imitator { New0, JPL0, JPL2 };
+
+/// How apses and nodes are measured: noticed step by step in windows of smaller steps, or found inside steps.
+enum class Measuring { Windows, ExactPassages };
+
+/// What advances the model.
+enum class Stepper { RungeKutta4, Order8 };
 
 /// The boxes of the experiment's screen.  A running loop reads them in every pass, so a tick acts at once.
 struct RunBoxes {
@@ -38,6 +46,12 @@ struct RunState : Energy {
     std::array<double, equations> U0{}, K1{}, K2{}, K3{}, K4{};
     std::array<double, equations> A1{}, A2{}, A3{}, A4{};
     double Tstage = 0;  ///< time of the current stage, s
+
+    // --- the ways of this run, chosen at Start
+    Measuring measuring = Measuring::Windows;
+    Stepper stepper = Stepper::RungeKutta4;
+    Order8Stages stages;  ///< of the step of order 8
+    PassageWatch watch;   ///< of the exact passages
 
     // --- clock
     double Tsec = 0;                  ///< model time since Start, always growing, s

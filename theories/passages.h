@@ -1,0 +1,48 @@
+#pragma once
+// What a body passes on its orbit, found inside a step: apses, nodes, the zero of longitude and the latitude
+// at its greatest.
+
+#include <array>
+
+#include "theories/arc.h"
+
+namespace tarvex {
+
+enum class Passing {
+    Latitude,  ///< the latitude turns
+    Node,      ///< Z = 0
+    Wrap,      ///< the longitude passes 0
+    Apse,      ///< r.v = 0
+};
+
+/// A passage inside a step.
+struct FoundPassage {
+    Passing what = Passing::Apse;
+    double share = 0;      ///< of the step that had passed, 0..1
+    bool upwards = false;  ///< the function grew through its zero: perihelion, node towards positive Z
+    OrbitPoint point;
+};
+
+/// The passages of one step in order of time; one of a kind, for a step is short against a revolution.
+struct FoundPassages {
+    std::array<FoundPassage, 4> found{};
+    int count = 0;
+    const FoundPassage* begin() const { return found.data(); }
+    const FoundPassage* end() const { return found.data() + count; }
+};
+
+/// The function whose zeros are the passages of a kind.
+double passingFunction(Passing what, const OrbitPoint& point);
+
+/// True when something may have been passed between the ends of a step.  A zero at its start counts, one at
+/// its end is left to the next step.
+bool maybePassed(const OrbitPoint& before, const OrbitPoint& after);
+
+/// Finds the passages between the ends of a step to the last bits of the share.
+/// @param track  motion inside the step, asked only where something has been passed
+FoundPassages findPassages(const OrbitPoint& before, const OrbitPoint& after, Track& track);
+
+/// Latitude of a point, rad.
+double latitudeOf(const Vec3& r);
+
+}  // namespace tarvex
