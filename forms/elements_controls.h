@@ -198,6 +198,11 @@ public:
                              .text = "1",
                              .hint = "Половина окна, в котором ищут перигелий и узел, градусы",
                              .width = 7}};
+    CheckBox exactPassages{this,
+                           {.name = "ExactPassages",
+                            .caption = "точные прохождения",
+                            .hint = "Находить перигелий и узел внутри шага до последнего знака: шаг "
+                                    "постоянен, окна и делитель не нужны"}};
     CheckBox keepTrajectory{
         this, {.name = "Check1", .caption = "траектории", .hint = "Не стирать пройденный путь на рисунке"}};
     CheckBox relativeToCentre{

@@ -76,6 +76,10 @@ void ElementsForm::bindCommands() {
 
     const Shown badRun = orShow("Ошибка решения уравнений", boxTitle);
     checkOrbit.onPress([this] { check_.start(); });
+    exactPassages.onChange([this] {
+        stepDivider.setEnabled(!exactPassages.on());
+        windowDegrees.setEnabled(!exactPassages.on());
+    });
     stopCheck.onPress([this] { lab.s.kodStop = 1; });
     continueCheck.onPress([this] { check_.goOn(); }, badRun);
     checkSteps.onPress([this] { check_.batch(); }, badRun);
@@ -122,7 +126,7 @@ void ElementsForm::arrange() {
     const Layout check = frame(
         "Проверка орбиты",
         column({fields(2, {stepsPerDisplay, step, windowDegrees, stepDivider}),
-                row({keepTrajectory, relativeToCentre, referencePeriod}), checkOrbit,
+                row({exactPassages, keepTrajectory, relativeToCentre}), referencePeriod, checkOrbit,
                 row({stopCheck, continueCheck, checkSteps}),
                 fields(2, {period, checkTime, meanSpeed, meanRadius, perihelion, perihelionShift, node,
                            nodeShift, meanMotion, meanMotionPeriod, eccentricity, energyShift, longitude,

@@ -52,6 +52,7 @@ void ElementsFormCheck::start() {
     c.Dt = s.Dt = form_.step.number();
     c.kDt = s.kDt = form_.stepDivider.int16();
     c.dAlfa = form_.windowDegrees.number();
+    c.exact = form_.exactPassages.on();
     startOrbitCheck(s, c);
     check_ = c;
     s.kodStop = 0;

@@ -40,10 +40,10 @@ void MoonControls::layOut() {
     const Layout date = frame("Дата", column({fields(3, {year, month, day}),
                                               row({fields(1, {julianDate}), toJulianDate, toCalendarDate})}));
     const Layout source = frame("по выбранной теории или с экрана", row({fromNew0, fromSer0, fromScreen}));
-    const Layout check =
-        frame("Проверка орбиты",
-              column({fields(1, {systemSpeedY, stepsPerDisplay, step, stepDivider, windowDegrees}),
-                      anglesFromBarycentre, startCheck, row({stopCheck, continueCheck})}));
+    const Layout check = frame(
+        "Проверка орбиты",
+        column({fields(1, {systemSpeedY, stepsPerDisplay, step, stepDivider, windowDegrees}),
+                row({exactPassages, anglesFromBarycentre}), startCheck, row({stopCheck, continueCheck})}));
     layout_ = row({
         column({
             row({column({date, source}),

@@ -178,6 +178,11 @@ public:
                              .text = "1",
                              .hint = "Полуширина окон перигея и узла dAlfa, градусы",
                              .width = 8}};
+    CheckBox exactPassages{this,
+                           {.name = "ExactPassages",
+                            .caption = "точные прохождения",
+                            .hint = "Находить перигей и узел внутри шага до последнего знака: шаг постоянен, "
+                                    "окна и делитель не нужны"}};
 
     TextField elapsedYears{this,
                            {.name = "Text25",

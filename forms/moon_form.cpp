@@ -41,6 +41,10 @@ MoonForm::MoonForm(Laboratory& lab_)
             stage("Ошибка решения уравнений", "Tarvex7m", [&] { OrbitCheckLoop(); });
         },
         orShow("Введите правильно данные", "Tarvex7m"));
+    exactPassages.onChange([this] {
+        stepDivider.setEnabled(!exactPassages.on());
+        windowDegrees.setEnabled(!exactPassages.on());
+    });
     stopCheck.onPress([this] { lab.s.kodStop = 1; });
     continueCheck.onPress(
         [this] {
@@ -200,6 +204,7 @@ void MoonForm::start() {
     c.Dt = s.Dt = step.number();
     c.kDt = s.kDt = stepDivider.int16();
     c.dAlfa = windowDegrees.number();
+    c.exact = exactPassages.on();
     s.VYsys = systemSpeedY.number();
     for (const int i : {0, 11}) {
         s.X[i] = s.X0[i];

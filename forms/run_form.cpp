@@ -82,6 +82,15 @@ void RunForm::bindBoxes() {
         box->onChange([this] { lab.run.boxes = boxes(); });
     for (OptionButton* option : {&theoryNew0, &theoryJpl2, &theoryJpl0})
         option->onChoose([this] { lab.run.boxes = boxes(); });
+    // without windows nobody asks for their width and for the divider
+    exactPassages.onChange([this] {
+        stepDivider.setEnabled(!exactPassages.on());
+        windowDegrees.setEnabled(!exactPassages.on());
+        if (!exactPassages.on()) highOrder.set(false);
+    });
+    highOrder.onChange([this] {
+        if (highOrder.on()) exactPassages.set(true);
+    });
 }
 
 /// A command that opens another form after closing the ephemeris file.
@@ -123,11 +132,11 @@ void RunForm::arrange() {
                                                     Layout(stepsPerDisplay.caption()), stepsPerDisplay,
                                                     "шагов", endAtYear, lastYear, "году"}),
                                           row({originSun, originEarth, originCentre})}));
-    const Layout measuring =
-        frame("Измерение и записи",
-              column({table(3, {measureOrbit, bodyNumber, blank(), Layout(windowDegrees.caption()),
-                                windowDegrees, renewBaselines}),
-                      writeRecords, row({writeTrack, debugText}), watchEnergy}));
+    const Layout measuring = frame(
+        "Измерение и записи",
+        column({table(3, {measureOrbit, bodyNumber, blank(), Layout(windowDegrees.caption()), windowDegrees,
+                          renewBaselines}),
+                row({exactPassages, highOrder}), writeRecords, row({writeTrack, debugText}), watchEnergy}));
     const Layout plots =
         frame("Графики",
               column({table(3, {drawPerihelion, drawNode, drawInclination, drawEccentricity, drawSemiAxis,
@@ -219,6 +228,8 @@ RunSettings RunForm::settings() const {
     set.relativistic = relativistic.on();
     set.gravitySpeed = useGravitySpeed.on();
     set.test = optionOn(desk(), "Form15", "Option5");
+    set.measuring = exactPassages.on() ? Measuring::ExactPassages : Measuring::Windows;
+    set.stepper = highOrder.on() ? Stepper::Order8 : Stepper::RungeKutta4;
     set.boxes = boxes();
     set.source = dataSource(desk());
     return set;

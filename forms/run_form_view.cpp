@@ -97,7 +97,8 @@ void RunForm::showDate() {
 double RunForm::shareDone() const {
     const RunState& run = lab.run;
     const double begun = lab.s.God0 + (lab.s.Mes0 - 1) / 12.;
-    const double all = (run.GodEnd + 1 - begun) * sekG;
+    const bool back = run.measuring == Measuring::ExactPassages && run.kodTime == -1;
+    const double all = (back ? begun - run.GodEnd : run.GodEnd + 1 - begun) * sekG;
     return all > 0 ? std::clamp(run.Tsec / all, 0., 1.) : 0;
 }
 

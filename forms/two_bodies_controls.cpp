@@ -51,7 +51,7 @@ void TwoBodiesControls::layOut() {
     const Layout solution =
         row({frame("Решение", column({fields(1, {step, stepDivider, stepsPerDisplay, windowDegrees,
                                                  gravitySpeed, systemSpeedX, systemSpeedY}),
-                                      longitudesFromBarycentre})),
+                                      row({exactPassages, longitudesFromBarycentre})})),
              column({force, frame("расчет с учетом Vgr", row({effectOn, effectOff, restartBaselines})),
                      row({startRun, stopRun, continueRun})})});
     const Layout show =

@@ -103,6 +103,11 @@ public:
                              .text = "1",
                              .hint = "Полуширина окон периастра и узла, градусы",
                              .width = 10}};
+    CheckBox exactPassages{this,
+                           {.name = "ExactPassages",
+                            .caption = "точные прохождения",
+                            .hint = "Находить периастр и узел внутри шага до последнего знака: шаг "
+                                    "постоянен, окна и делитель не нужны"}};
     TextField gravitySpeed{this,
                            {.name = "Text21",
                             .label = "Vgr = Vsv * ",

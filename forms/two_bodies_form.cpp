@@ -66,6 +66,10 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
     clearDrawings.onPress([this] { clearPictures(); });
     opens(openPulsar, "Form26");
     closeForm.onPress([this] { close(); });
+    exactPassages.onChange([this] {
+        stepDivider.setEnabled(!exactPassages.on());
+        windowDegrees.setEnabled(!exactPassages.on());
+    });
     effectOn.onChoose([this] { beginEffect(); }, badRun);
     effectOff.onChoose([this] { endEffect(); }, badRun);
     scaleBar.onChange([this] { showScale(); });
@@ -217,6 +221,7 @@ void TwoBodiesForm::start() {
     b.Dt = step.number();
     b.kDt = stepDivider.int16();
     b.dAlfa = windowDegrees.number();
+    b.exact = exactPassages.on();
     b.origin = longitudesFromBarycentre.on() ? 14 : 0;
     scales_ = {.time = timeScale.number() * sekD,
                .Eks = eccentricityScale.number(),

@@ -8,6 +8,7 @@
 #include "core/numbers.h"
 #include "theories/geometry.h"
 #include "theories/longitudes.h"
+#include "theories/passages.h"
 
 namespace tarvex {
 
@@ -122,18 +123,30 @@ void passPerihelion(ModelState& s, OrbitCheck& c, double latitude, OrbitCheckPor
     c.BettaMax = 0;
 }
 
-void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
-    const int p = c.IplSel;
-    if (c.moonBench) orbitCheckCentre(s, c);
-    c.LonPrev = s.LonPl[p];
-    PairGeometry(s, c.Iobs, p);
+/// Latitude, distance and speed may be the greatest or smallest since the last perihelion.
+/// @param Vp2  square of the speed of the planet
+/// @return     size of the latitude, rad
+double followExtremes(const ModelState& s, OrbitCheck& c, double Vp2) {
     const double latitude = std::abs(s.LatPl / kUgol);
     c.BettaMax = std::max(c.BettaMax, latitude);
     c.Lmin = std::min(c.Lmin, s.Rcur);
     c.Lmax = std::max(c.Lmax, s.Rcur);
-    const double Vp2 = c.U[10] * c.U[10] + c.U[11] * c.U[11] + c.U[12] * c.U[12];
     if (Vp2 < c.Vmin * c.Vmin) c.Vmin = std::sqrt(Vp2);
     if (Vp2 > c.Vmax * c.Vmax) c.Vmax = std::sqrt(Vp2);
+    return latitude;
+}
+
+/// The place at the end of the step, with the extremes.
+double followPlace(ModelState& s, OrbitCheck& c) {
+    if (c.moonBench) orbitCheckCentre(s, c);
+    c.LonPrev = s.LonPl[c.IplSel];
+    PairGeometry(s, c.Iobs, c.IplSel);
+    return followExtremes(s, c, c.U[10] * c.U[10] + c.U[11] * c.U[11] + c.U[12] * c.U[12]);
+}
+
+void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
+    const int p = c.IplSel;
+    const double latitude = followPlace(s, c);
 
     const double z = s.Z[p] - s.Z[c.Iobs];
     if (Sgn(c.Zprev) != Sgn(z) && Sgn(c.Zprev) <= 0) {
@@ -155,6 +168,63 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     }
     c.Rprev = s.Rcur;
     if (inWindow(longitude, c.UzHi, c.UzLo) || longitude > 359) c.DtCur = c.Dt / c.kDt;
+}
+
+// ------------------------------------------------------------------ exact passages
+
+/// The three cells of a body in U from a cell on: centre 1, planet 4, their velocities 7 and 10.
+Vec3 cells(const PairState& U, std::size_t first) { return {U[first], U[first + 1], U[first + 2]}; }
+
+/// What a vector from the centre to the planet is from where the planet is observed.
+double observedShare(const ModelState& s, const OrbitCheck& c) {
+    return c.Iobs == rowCentre ? ratio(s.m[c.Icentr], s.m[c.Icentr] + s.m[c.IplJ]) : 1;
+}
+
+OrbitPoint observed(double share, const PairState& U) {
+    return {share * (cells(U, 4) - cells(U, 1)), share * (cells(U, 10) - cells(U, 7))};
+}
+
+/// The step just made, as observed.
+Arc arcOfStep(ModelState& s, OrbitCheck& c, double share, const OrbitPoint& before, const OrbitPoint& after) {
+    const auto pull = [&](const PairState& U) {
+        const Accelerations a = accelerations(s, c, U);
+        return share * (Vec3{a.a10, a.a11, a.a12} - Vec3{a.a7, a.a8, a.a9});
+    };
+    const Vec3 a0 = pull(c.U0), a1 = pull(c.U);
+    return Arc::hermite(c.DtCur, before, after.r - before.r, after.v - before.v, a0, a1);
+}
+
+/// Puts the planet to a passage and takes what it brings; Tsec is its time.
+void passExactly(ModelState& s, OrbitCheck& c, const FoundPassage& passage, OrbitCheckPort& port) {
+    const int p = c.IplSel;
+    const Vec3& r = passage.point.r;
+    s.X[p] = s.X[c.Iobs] + r.x, s.Y[p] = s.Y[c.Iobs] + r.y, s.Z[p] = s.Z[c.Iobs] + r.z;
+    PairGeometry(s, c.Iobs, p);
+    c.LonPrev = s.LonPl[p];
+    const double a = s.m[c.Icentr], b = s.m[c.IplJ];
+    const Vec3 centreOfMass = 1 / (a + b) * (a * cells(c.U, 7) + b * cells(c.U, 10));
+    const Vec3 speed = centreOfMass + a / (a + b) / observedShare(s, c) * passage.point.v;
+    const double latitude = followExtremes(s, c, dot(speed, speed));
+    if (passage.what == Passing::Node && passage.upwards) {
+        c.AlfaUcur = s.LonPl[p];
+        port.nodePassed();
+    }
+    if (passage.what == Passing::Apse && passage.upwards) passPerihelion(s, c, latitude, port);
+}
+
+void measureExactly(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
+    const double share = observedShare(s, c), begun = c.Tsec;
+    const OrbitPoint before = observed(share, c.U0), after = observed(share, c.U);
+    if (maybePassed(before, after)) {
+        Arc arc = arcOfStep(s, c, share, before, after);
+        for (const FoundPassage& passage : findPassages(before, after, arc)) {
+            c.Tsec = begun + passage.share * c.DtCur;
+            passExactly(s, c, passage, port);
+        }
+        c.Tsec = begun;
+        unpack(s, c);
+    }
+    followPlace(s, c);
 }
 
 }  // namespace
@@ -240,6 +310,7 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     const ArithmeticGuard guard;
     do {
         const double distance = s.Rcur;
+        if (c.exact) c.DtCur = c.Dt;
         rungeKuttaStep(s, c);
         try {
             guard.check();
@@ -249,7 +320,11 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
             throw;
         }
         unpack(s, c);
-        measure(s, c, port);  // refuses by itself what could not be divided
+        if (c.exact) {
+            measureExactly(s, c, port);
+        } else {
+            measure(s, c, port);  // refuses by itself what could not be divided
+        }
         ++c.NC;
         c.Tsec += c.DtCur;
     } while (c.NC < c.NC0);

@@ -18,7 +18,8 @@ struct OrbitCheck {
     int Icentr = 0;  ///< source row of the centre's initial data and mass
     int Iobs = 0;    ///< row from which angles are seen: 0 the centre, 14 the centre of mass
     bool moonBench =
-        false;  ///< Form20: the centre of mass follows every step, a negative perihelion is raised
+        false;           ///< Form20: the centre of mass follows every step, a negative perihelion is raised
+    bool exact = false;  ///< base steps, with perihelia and nodes found inside them
 
     // --- integration; cells 1..12: centre X, Y, Z; planet; centre velocities; planet velocities
     std::array<double, 13> U{}, dU{}, U0{};
@@ -67,7 +68,7 @@ public:
 
 /// Prepares a check from rows IplSel, 0 and 14 of the state (positions and velocities, the system velocity
 /// already added) and the elements of row IplJ; kodPer, windows, extremes, energy.
-/// @param c  IplSel, IplJ, Icentr, Iobs, Dt, kDt, NC0, dAlfa and moonBench are given
+/// @param c  IplSel, IplJ, Icentr, Iobs, Dt, kDt, NC0, dAlfa, moonBench and exact are given
 /// Throws ArithmeticFailure when the bodies coincide.
 void startOrbitCheck(ModelState& s, OrbitCheck& c);
 

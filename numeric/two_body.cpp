@@ -5,9 +5,11 @@
 
 #include "core/arithmetic.h"
 #include "core/numbers.h"
+#include "core/vec3.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/longitudes.h"
+#include "theories/passages.h"
 
 namespace tarvex {
 
@@ -20,13 +22,9 @@ double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z
 double mass1(const ModelState& s) { return s.m[11]; }
 double mass2(const ModelState& s) { return s.m[13]; }
 
-struct Vector {
-    double x = 0, y = 0, z = 0;
-};
-
 /// Difference of the positions from i to j after the pull of i has travelled: two iterations.
-Vector retarded(const Vector& d, const Vector& velocity, double Vgr) {
-    Vector now = d;
+Vec3 retarded(const Vec3& d, const Vec3& velocity, double Vgr) {
+    Vec3 now = d;
     double T = length(d.x, d.y, d.z) / Vgr;
     for (int iteration = 1; iteration <= 2; ++iteration) {
         now = {d.x + velocity.x * T, d.y + velocity.y * T, d.z + velocity.z * T};
@@ -98,15 +96,15 @@ void beginCounting(TwoBody& b) {
     b.Tcount = b.Tsec;
 }
 
-void countDelays(const ModelState& s, TwoBody& b) {
+/// @param duration  the part of the step that counts, s
+void countDelays(const ModelState& s, TwoBody& b, double duration) {
     constexpr double c2 = Vsv * Vsv;
     const double slow = ratio(1, root(1 - b.V1 * b.V1 / c2));  // no clock runs at the speed of light
-    b.dTv -= (1 - slow) * b.DtCur + b.DtCur * b.dTvSr;
-    b.dTm += b.DtCur * s.gamma * mass2(s) / (b.distance * c2) - b.DtCur * b.dTmSr;
+    b.dTv -= (1 - slow) * duration + duration * b.dTvSr;
+    b.dTm += duration * s.gamma * mass2(s) / (b.distance * c2) - duration * b.dTmSr;
 }
 
-void watchPeriod(ModelState& s, TwoBody& b, TwoBodyPort& port) {
-    if (s.LonPl[m1] >= b.LonOld) return;
+void passWrap(TwoBody& b, TwoBodyPort& port) {
     if (b.NZamer > 0) b.Period = b.Tsec - b.Tper0;
     if (b.NZamer == 1 && b.fromNode) beginCounting(b);
     if (b.NZamer == 2) b.PeriodNach = b.Period;
@@ -114,13 +112,15 @@ void watchPeriod(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     b.Tper0 = b.Tsec;
 }
 
+void passNode(const ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    b.AlfaU = meanLongitude(b.LonOld, s.LonPl[m1], seam);
+    windowAround(b.AlfaU, b.dAlfa, b.UzelHi, b.UzelLo);
+    port.nodePassed();
+}
+
 void watchNode(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     const double z = s.Z[m1] - s.Z[b.origin];
-    if (Sgn(b.ZOldSel) != Sgn(z) && Sgn(b.ZOldSel) <= 0) {
-        b.AlfaU = meanLongitude(b.LonOld, s.LonPl[m1], seam);
-        windowAround(b.AlfaU, b.dAlfa, b.UzelHi, b.UzelLo);
-        port.nodePassed();
-    }
+    if (Sgn(b.ZOldSel) != Sgn(z) && Sgn(b.ZOldSel) <= 0) passNode(s, b, port);
     b.ZOldSel = z;
 }
 
@@ -152,10 +152,10 @@ void passPeriastron(ModelState& s, TwoBody& b, double latitude, TwoBodyPort& por
     b.Rem_max = -MK;
 }
 
-void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
-    b.LonOld = s.LonPl[m1];
-    geometry(s, b);
-    const double latitude = std::abs(s.LatPl / kUgol), longitude = s.LonPl[m1];
+/// Latitude, distance, speed and delay may be the greatest or smallest since the last periastron.
+/// @return  size of the latitude, rad
+double followExtremes(const ModelState& s, TwoBody& b) {
+    const double latitude = std::abs(s.LatPl / kUgol);
     b.Betta = std::max(b.Betta, latitude);
     b.Rmin = std::min(b.Rmin, b.Rcur);
     b.Rmax = std::max(b.Rmax, b.Rcur);
@@ -165,8 +165,15 @@ void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     b.VYmax = std::max(b.VYmax, s.VY[m1]);
     b.Rem_min = std::min(b.Rem_min, s.Y[m1] / Vsv);
     b.Rem_max = std::max(b.Rem_max, s.Y[m1] / Vsv);
-    countDelays(s, b);
-    watchPeriod(s, b, port);
+    return latitude;
+}
+
+void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    b.LonOld = s.LonPl[m1];
+    geometry(s, b);
+    const double latitude = followExtremes(s, b), longitude = s.LonPl[m1];
+    countDelays(s, b, b.DtCur);
+    if (longitude < b.LonOld) passWrap(b, port);
     watchNode(s, b, port);
 
     if (!inWindow(longitude, b.PeriHi, b.PeriLo)) {
@@ -182,6 +189,81 @@ void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     b.Rold = b.Rcur;
     if (inWindow(longitude, b.UzelHi, b.UzelLo) || longitude > 359) b.DtCur = b.Dt / b.kDt;
     b.drag = inWindow(longitude, b.DragHi, b.DragLo) ? b.kSopr : 0;
+}
+
+// ------------------------------------------------------------------ exact passages
+
+using PairState = decltype(TwoBody::U);
+
+/// The three cells of a body in U from a cell on: m2 1, m1 4, their velocities 7 and 10.
+Vec3 cells(const PairState& U, std::size_t first) { return {U[first], U[first + 1], U[first + 2]}; }
+
+/// What a vector from m2 to m1 is from the origin of the longitudes.
+double observedShare(const ModelState& s, const TwoBody& b) {
+    return b.origin == rowCentre ? ratio(mass2(s), mass1(s) + mass2(s)) : 1;
+}
+
+OrbitPoint observed(double share, const PairState& U) {
+    return {share * (cells(U, 4) - cells(U, 1)), share * (cells(U, 10) - cells(U, 7))};
+}
+
+/// The step just made, as observed; the forces shown stay those of its last stage.
+Arc arcOfStep(ModelState& s, TwoBody& b, double share, const OrbitPoint& before, const OrbitPoint& after) {
+    const PairState U = b.U, dU = b.dU;
+    const double Ft1 = b.Ft1, Fik = b.Fik;
+    const auto pull = [&](const PairState& at) {
+        b.U = at;
+        TwoBodyDiffur(s, b);
+        return share * (cells(b.dU, 10) - cells(b.dU, 7));
+    };
+    const Vec3 a0 = pull(b.U0), a1 = pull(U);
+    b.U = U;
+    b.dU = dU;
+    b.Ft1 = Ft1;
+    b.Fik = Fik;
+    return Arc::hermite(b.DtCur, before, after.r - before.r, after.v - before.v, a0, a1);
+}
+
+/// Puts m1 to a passage and takes what it brings; Tsec is its time.
+void passExactly(ModelState& s, TwoBody& b, const FoundPassage& passage, TwoBodyPort& port) {
+    const Vec3& r = passage.point.r;
+    const int origin = b.origin;
+    s.X[m1] = s.X[origin] + r.x, s.Y[m1] = s.Y[origin] + r.y, s.Z[m1] = s.Z[origin] + r.z;
+    PairGeometry(s, origin, m1);
+    b.Rcur = s.Rcur;
+    b.LonOld = s.LonPl[m1];
+    const double part2 = mass2(s) / (mass1(s) + mass2(s));
+    const Vec3 centreOfMass = (1 - part2) * cells(b.U, 10) + part2 * cells(b.U, 7);
+    const Vec3 speed = centreOfMass + part2 / observedShare(s, b) * passage.point.v;
+    b.V1 = length(speed);
+    s.VY[m1] = speed.y;
+    const double latitude = followExtremes(s, b);
+    if (passage.what == Passing::Wrap) passWrap(b, port);
+    if (!passage.upwards) return;
+    if (passage.what == Passing::Node) passNode(s, b, port);
+    if (passage.what == Passing::Apse) passPeriastron(s, b, latitude, port);
+}
+
+void measureExactly(ModelState& s, TwoBody& b, TwoBodyPort& port) {
+    const double share = observedShare(s, b), begun = b.Tsec;
+    const OrbitPoint before = observed(share, b.U0), after = observed(share, b.U);
+    geometry(s, b);
+    double counted = 0;
+    if (maybePassed(before, after)) {
+        Arc arc = arcOfStep(s, b, share, before, after);
+        for (const FoundPassage& passage : findPassages(before, after, arc)) {
+            countDelays(s, b, (passage.share - counted) * b.DtCur);
+            counted = passage.share;
+            b.Tsec = begun + passage.share * b.DtCur;
+            passExactly(s, b, passage, port);
+        }
+        b.Tsec = begun;
+        unpack(s, b);
+        geometry(s, b);
+    }
+    followExtremes(s, b);
+    countDelays(s, b, (1 - counted) * b.DtCur);
+    b.drag = inWindow(s.LonPl[m1], b.DragHi, b.DragLo) ? b.kSopr : 0;
 }
 
 }  // namespace
@@ -252,8 +334,8 @@ void takeBaselines(const ModelState& s, TwoBody& b) {
 void TwoBodyDiffur(ModelState& s, TwoBody& b) {
     const auto& U = b.U;
     for (int k = 1; k <= 6; ++k) b.dU[k] = U[k + 6];
-    const Vector v2{U[7], U[8], U[9]}, v1{U[10], U[11], U[12]};
-    Vector to1{U[4] - U[1], U[5] - U[2], U[6] - U[3]}, to2{-to1.x, -to1.y, -to1.z};
+    const Vec3 v2{U[7], U[8], U[9]}, v1{U[10], U[11], U[12]};
+    Vec3 to1{U[4] - U[1], U[5] - U[2], U[6] - U[3]}, to2{-to1.x, -to1.y, -to1.z};
     if (b.withVgr && b.source == TwoBody::Ft::ByRetardation) {
         to1 = retarded(to1, v2, b.Vgr);
         to2 = retarded(to2, v1, b.Vgr);
@@ -262,10 +344,10 @@ void TwoBodyDiffur(ModelState& s, TwoBody& b) {
     const double product = mass2(s) * mass1(s) * s.gamma;
 
     // force on the body at the end of d, and what the speed of gravity and the drag add to it
-    const auto force = [&](const Vector& d, const Vector& v, double& Fik) {
+    const auto force = [&](const Vec3& d, const Vec3& v, double& Fik) {
         const double R2 = d.x * d.x + d.y * d.y + d.z * d.z, R = std::sqrt(R2);
         Fik = product / R2;
-        Vector f{-d.x / R * Fik, -d.y / R * Fik, -d.z / R * Fik};
+        Vec3 f{-d.x / R * Fik, -d.y / R * Fik, -d.z / R * Fik};
         if (b.withVgr && b.drag != 0) {
             f.x -= b.drag * v.x * std::abs(v.x);
             f.y -= b.drag * v.y * std::abs(v.y);
@@ -273,14 +355,14 @@ void TwoBodyDiffur(ModelState& s, TwoBody& b) {
         }
         return f;
     };
-    const auto along = [](Vector& f, double Ft, const Vector& v, double speed) {
+    const auto along = [](Vec3& f, double Ft, const Vec3& v, double speed) {
         if (Ft == 0) return;
         f.x += Ft * v.x / speed;
         f.y += Ft * v.y / speed;
         f.z += Ft * v.z / speed;
     };
     double F2 = 0;
-    Vector on1 = force(to1, v1, b.Fik), on2 = force(to2, v2, F2);
+    Vec3 on1 = force(to1, v1, b.Fik), on2 = force(to2, v2, F2);
     b.Ft1 = 0;
     if (b.withVgr) {
         if (b.source == TwoBody::Ft::ByFormula) b.Ft1 = (b.byOtherSpeed ? speed2 : speed1) * b.Fik / b.Vgr;
@@ -298,6 +380,7 @@ void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     const ArithmeticGuard guard;
     int NC = 0;
     do {
+        if (b.exact) b.DtCur = b.Dt;
         rungeKuttaStep(s, b);
         try {
             guard.check();
@@ -306,7 +389,11 @@ void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port) {
             throw;
         }
         unpack(s, b);
-        measure(s, b, port);  // refuses by itself what could not be divided
+        if (b.exact) {
+            measureExactly(s, b, port);
+        } else {
+            measure(s, b, port);  // refuses by itself what could not be divided
+        }
         port.stepDone();
         ++NC;
         b.Tsec += b.DtCur;

@@ -29,6 +29,7 @@ struct TwoBody {
     std::array<double, 13> U{}, dU{}, U0{}, K1{}, K2{}, K3{}, K4{};
     double Tsec = 0, Dt = 60, DtCur = 60;
     int kDt = 100, NC0 = 100;
+    bool exact = false;       ///< base steps, with periastra, nodes and turns found inside them
     double drag = 0;          ///< kSopr while the longitude is in the drag window, else 0
     double Ft1 = 0, Fik = 0;  ///< force along the velocity of m1 and attraction at the last stage, N
 
@@ -66,7 +67,7 @@ public:
 };
 
 /// Prepares a run from rows 0, 11 (system velocity added) and the elements of row 11.
-/// @param b  what acts, Dt, kDt, NC0, dAlfa and origin are given
+/// @param b  what acts, Dt, kDt, NC0, dAlfa, exact and origin are given
 /// Throws ArithmeticFailure when the bodies coincide or a divisor is zero.
 void startTwoBody(ModelState& s, TwoBody& b);
 

@@ -91,6 +91,29 @@ TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
     EXPECT_EQ(first.longitudeOrX(1).text(), toText(cut6(lab.s.X[1]) / MK));
 }
 
+/// With the tick the check shows the orbit that was given to it, to what the step leaves of it.
+TEST_F(OrbitCheckForms, ExactPassagesShowTheGivenOrbit) {
+    first.stepsPerDisplay.setText("10000");
+    first.exactPassages.set(true);
+    EXPECT_FALSE(first.windowDegrees.enabled() || first.stepDivider.enabled());
+    stopAfter(1, first.stopCheck);
+    first.checkOrbit.press();
+    EXPECT_LT(std::abs(first.perihelionShift.number()), 0.01);
+    EXPECT_NE(first.perihelionShift.text(), "0");
+    EXPECT_LT(std::abs(first.nodeShift.number()), 0.001);
+    first.exactPassages.set(false);
+    EXPECT_TRUE(first.windowDegrees.enabled() && first.stepDivider.enabled());
+
+    auto& moon = lab.desk.get<MoonForm>();
+    moon.setInitialData.press();
+    moon.stepsPerDisplay.setText("15000");
+    moon.exactPassages.set(true);
+    stopAfter(1, moon.stopCheck);
+    moon.startCheck.press();
+    EXPECT_GE(moon.perigeesPassed.number(), 2);
+    EXPECT_LT(std::abs(moon.perigeeChange.number()), 0.01);
+}
+
 /// There is one check at a time: the form whose check another has replaced has none to go on with.
 TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
     auto& form = lab.desk.get<MoonForm>();

@@ -80,6 +80,41 @@ TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
     EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 3);  // records after the second perihelion
 }
 
+TEST_F(RunFormTest, PassagesAreExactWithTheTickAndByHighOrder) {
+    form->measureOrbit.set(true);
+    form->writeRecords.set(true);
+    form->backward.choose();
+    form->lastYear.setText("1799");
+    form->step.setText("86400");
+    form->exactPassages.set(true);
+    EXPECT_FALSE(form->stepDivider.enabled() || form->windowDegrees.enabled());
+    form->startRun.press();
+    EXPECT_EQ(form->year.text(), "1798");  // the year typed is run through, back in time too
+    EXPECT_NEAR(form->periodNow.number(), 87.97, 0.01);
+    EXPECT_NEAR(form->nodeNow.number(), 45.9, 0.5);
+    const double date = form->perihelionYear.number() + form->perihelionMonth.number() / 100;
+    EXPECT_LT(date, 1799.13);
+    const std::string file = readBytes(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
+    EXPECT_NE(file.find("точные прохождения\r\n"), std::string::npos);
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 13);
+
+    form->exactPassages.set(false);
+    form->useGravitySpeed.set(true);
+    form->highOrder.set(true);
+    EXPECT_TRUE(form->exactPassages.on());
+    form->startRun.press();
+    ASSERT_EQ(screen.messages.size(), 1u);
+    EXPECT_EQ(screen.messages[0].text, "Высокий порядок - для Классики без Vgr и для ОТО");
+    EXPECT_EQ(screen.messages[0].title, "Tarvex7");
+    form->relativistic.choose();
+    form->startRun.press();
+    EXPECT_EQ(screen.messages.size(), 1u);
+    EXPECT_EQ(lab.run.stepper, Stepper::Order8);
+    form->exactPassages.set(false);  // order 8 has no windows
+    EXPECT_FALSE(form->highOrder.on());
+    EXPECT_TRUE(form->stepDivider.enabled() && form->windowDegrees.enabled());
+}
+
 TEST_F(RunFormTest, StopAndContinueByTheButtons) {
     plainRun("50");
     screen.atYield = [this](int n) {

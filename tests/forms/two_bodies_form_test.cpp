@@ -52,6 +52,19 @@ TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     EXPECT_EQ(rates, 5);
 }
 
+TEST_F(Form25Test, ExactPassagesLeaveNoShiftToAnUndisturbedOrbit) {
+    prepare();
+    form.exactPassages.set(true);
+    EXPECT_FALSE(form.windowDegrees.enabled() || form.stepDivider.enabled());
+    form.stepsPerDisplay.setText("15000");
+    stopAfter(2);
+    form.startRun.press();
+    EXPECT_GE(lab.twoBody.NZamer, 3);
+    EXPECT_NEAR(lab.twoBody.AlfaP, 180, 1e-7);
+    EXPECT_NEAR(lab.twoBody.AlfaU, 270, 1e-7);
+    EXPECT_NEAR(lab.twoBody.Eks, 0.055, 1e-9);
+}
+
 TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
     prepare();
     form.plotPeriod.set(true);
