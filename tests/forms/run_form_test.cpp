@@ -91,7 +91,7 @@ TEST_F(RunFormTest, PassagesAreExactWithTheTickAndByHighOrder) {
     form->startRun.press();
     EXPECT_EQ(form->year.text(), "1798");  // the year typed is run through, back in time too
     EXPECT_NEAR(form->periodNow.number(), 87.97, 0.01);
-    EXPECT_NEAR(form->nodeNow.number(), 45.9, 0.5);
+    EXPECT_NEAR(form->nodeNow.number(), 48.577, 0.002);  // not the descending one
     const double date = form->perihelionYear.number() + form->perihelionMonth.number() / 100;
     EXPECT_LT(date, 1799.13);
     const std::string file = readBytes(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
