@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/constants.h"
+#include "core/provenance.h"
 
 namespace tarvex {
 
@@ -140,6 +141,8 @@ struct ModelState {
     // --- texts
     std::string NameData;  ///< source of the observations or tables
     std::string TipData;   ///< folder of that source: "Tab" or "Obs"
+
+    Provenance provenance;  ///< who wrote what a run starts from
 
     /// Shows a message of the model itself (a bad date, a date outside the ephemeris); the program connects
     /// it.

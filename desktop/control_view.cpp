@@ -46,6 +46,18 @@ void lookReadOnly(QWidget* widget) {
     widget->setPalette(palette);
 }
 
+/// What stands out is set on a strip of amber with black letters, on a light desktop as on a dark one.
+void lookWarning(QLabel* label, bool warning) {
+    if (label->autoFillBackground() == warning) return;
+    label->setAutoFillBackground(warning);
+    QPalette palette;
+    if (warning) {
+        palette.setColor(QPalette::Window, QColor(255, 214, 102));
+        palette.setColor(QPalette::WindowText, Qt::black);
+    }
+    label->setPalette(palette);
+}
+
 /// A very long caption on several lines, broken at blanks.
 QString folded(QString text) {
     const qsizetype lines = (text.size() + longestLine - 1) / longestLine;
@@ -250,11 +262,20 @@ class LabelView final : public ControlView {
 public:
     LabelView(Label& label, const Density& density) : ControlView(label, new QLabel, density) {
         text()->setTextFormat(Qt::PlainText);
+        if (label.lines() == 1) return;
+        text()->setWordWrap(true);
+        text()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
+        text()->setMinimumHeight(label.lines() * text()->fontMetrics().lineSpacing());
+        text()->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
 
 private:
     QLabel* text() const { return static_cast<QLabel*>(widget_); }
-    void show() override { text()->setText(folded(toQt(control_.caption()))); }
+    void show() override {
+        const auto& label = static_cast<Label&>(control_);
+        text()->setText(label.lines() == 1 ? folded(toQt(label.caption())) : toQt(label.caption()));
+        lookWarning(text(), label.warning());
+    }
 };
 
 class PictureControlView final : public ControlView {

@@ -24,6 +24,9 @@ public:
     void message(const std::string& text, const std::string& title) override;
     void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
+    bool confirmDisturbing(const std::string& question, const std::string& title) override {
+        return ask(question, title);
+    }
     void notify(const std::string& text) override;
     void progress(Form& form, double share) override;
     /// Throws Failure when the last window is gone: then the calculation that gives way has to end.

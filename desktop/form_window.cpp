@@ -237,7 +237,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     event->accept();
     if (form_ == nullptr) return;
     commitEdits();
-    if (form_ != nullptr) form_->desk().unload(form_->name());
+    if (form_ == nullptr) return;
+    Desk& desk = form_->desk();
+    if (desk.disturbs(*form_, Disturbs::Own) && !desk.confirmDisturbing("Закрыть форму"))
+        return event->ignore();
+    if (form_ != nullptr) desk.unload(form_->name());
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {

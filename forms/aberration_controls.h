@@ -208,28 +208,38 @@ public:
                              {.name = "Command1",
                               .caption = "Найти параметры Земли и объекта наблюдения",
                               .hint = "Положения и скорости на дату, действительное направление на объект",
-                              .isDefault = true}};
+                              .isDefault = true,
+                              .disturbs = Disturbs::All}};
     CommandButton iterateOnce{
         this,
         {.name = "Command3",
          .caption = "Расчет наблюдаемых координат планеты в движущейся Солнечной системе (одна итерация) при "
                     "заданной скорости Солнечной системы",
-         .hint = "Одна итерация: сдвиги от источника и от приемника; сначала найти параметры"}};
+         .hint = "Одна итерация: сдвиги от источника и от приемника; сначала найти параметры",
+         .disturbs = Disturbs::All}};
     CommandButton runByDates{
         this,
         {.name = "Command5",
          .caption = "С шагом",
-         .hint = "Менять дату с шагом и считать, пока не остановят; включает теорию New0"}};
+         .hint = "Менять дату с шагом и считать, пока не остановят; включает теорию New0",
+         .disturbs = Disturbs::All}};
     CommandButton stopRun{this, {.name = "Command6", .caption = "Stop", .hint = "Остановить расчет с шагом"}};
-    CommandButton continueRun{
-        this, {.name = "Command7", .caption = "Продолжить", .hint = "Продолжить расчет с шагом"}};
-    CommandButton stepOnce{this, {.name = "Command9", .caption = "+1шаг", .hint = "Один шаг даты"}};
+    CommandButton continueRun{this,
+                              {.name = "Command7",
+                               .caption = "Продолжить",
+                               .hint = "Продолжить расчет с шагом",
+                               .disturbs = Disturbs::All}};
+    CommandButton stepOnce{
+        this, {.name = "Command9", .caption = "+1шаг", .hint = "Один шаг даты", .disturbs = Disturbs::All}};
     CommandButton toStartDate{
         this,
         {.name = "Command8", .caption = "JD=JD0", .hint = "Вернуть дату, с которой начался расчет с шагом"}};
     CommandButton clearDrawing{this, {.name = "Command2", .caption = "Очистить", .hint = "Стереть рисунок"}};
     CommandButton closeForm{this,
-                            {.name = "Command4", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+                            {.name = "Command4",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть эту форму",
+                             .disturbs = Disturbs::Own}};
     ScrollBar drawingScale{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка построений"}};

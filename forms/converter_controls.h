@@ -249,11 +249,13 @@ public:
         {.name = "Command6",
          .caption = "Задать координаты",
          .hint = "Рассчитать исходные координаты тела по теории JPL0 или взять с экрана",
-         .isDefault = true}};
+         .isDefault = true,
+         .disturbs = Disturbs::All}};
     CommandButton convertCoordinates{this,
                                      {.name = "Command7",
                                       .caption = "Преобразовать координаты",
-                                      .hint = "Перевести заданное тело в выбранную систему"}};
+                                      .hint = "Перевести заданное тело в выбранную систему",
+                                      .disturbs = Disturbs::All}};
     CommandButton copyResultToSource{
         this,
         {.name = "Command1",
@@ -262,13 +264,16 @@ public:
     CommandButton takeAtNextDate{this,
                                  {.name = "Command2",
                                   .caption = "Задать координаты для JD = JD + ",
-                                  .hint = "Сдвинуть дату на шаг и задать координаты"}};
+                                  .hint = "Сдвинуть дату на шаг и задать координаты",
+                                  .disturbs = Disturbs::All}};
     CommandButton readAngle{
         this,
         {.name = "Command4", .caption = "Считать угол ", .hint = "Взять угол из полей выбранной единицы"}};
-    CommandButton convertAngle{
-        this,
-        {.name = "Command5", .caption = "Преобразовать угол", .hint = "Показать угол в выбранной единице"}};
+    CommandButton convertAngle{this,
+                               {.name = "Command5",
+                                .caption = "Преобразовать угол",
+                                .hint = "Показать угол в выбранной единице",
+                                .disturbs = Disturbs::All}};
     CommandButton angleToLongitude{this,
                                    {.name = "Command12",
                                     .caption = "Задать долготу в град.",

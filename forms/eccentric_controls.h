@@ -108,16 +108,26 @@ public:
                            {.name = "Command1",
                             .caption = "Начать расчет",
                             .hint = "Взять поля и вести планету от афелия",
-                            .isDefault = true}};
+                            .isDefault = true,
+                            .disturbs = Disturbs::All}};
     CommandButton stopRun{this, {.name = "Command4", .caption = "Остановить", .hint = "Остановить расчет"}};
-    CommandButton continueRun{
-        this, {.name = "Command5", .caption = "Продолжить", .hint = "Продолжить с того же места"}};
+    CommandButton continueRun{this,
+                              {.name = "Command5",
+                               .caption = "Продолжить",
+                               .hint = "Продолжить с того же места",
+                               .disturbs = Disturbs::All}};
     CommandButton singleStep{this,
-                             {.name = "Command6", .caption = "Сделать 1 шаг", .hint = "Один шаг расчета"}};
+                             {.name = "Command6",
+                              .caption = "Сделать 1 шаг",
+                              .hint = "Один шаг расчета",
+                              .disturbs = Disturbs::All}};
     CommandButton clearDrawings{
         this, {.name = "Command8", .caption = "Очистить рисунки", .hint = "Стереть оба рисунка"}};
     CommandButton closeForm{this,
-                            {.name = "Command14", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+                            {.name = "Command14",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть эту форму",
+                             .disturbs = Disturbs::Own}};
 
     Picture orbitDrawing{this,
                          {.name = "Picture1",

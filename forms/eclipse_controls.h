@@ -252,14 +252,23 @@ public:
                       .readOnly = true,
                       .width = 64}};
 
-    CommandButton startRun{
-        this,
-        {.name = "Command1", .caption = "Начать", .hint = "Взять поля и идти по времени", .isDefault = true}};
+    CommandButton startRun{this,
+                           {.name = "Command1",
+                            .caption = "Начать",
+                            .hint = "Взять поля и идти по времени",
+                            .isDefault = true,
+                            .disturbs = Disturbs::All}};
     CommandButton stopRun{this, {.name = "Command4", .caption = "Остановить", .hint = "Остановить расчет"}};
-    CommandButton continueRun{
-        this, {.name = "Command5", .caption = "Продолжить", .hint = "Продолжить с того же места"}};
+    CommandButton continueRun{this,
+                              {.name = "Command5",
+                               .caption = "Продолжить",
+                               .hint = "Продолжить с того же места",
+                               .disturbs = Disturbs::All}};
     CommandButton makeOneStep{this,
-                              {.name = "Command6", .caption = "Сделать 1 шаг", .hint = "Один шаг расчета"}};
+                              {.name = "Command6",
+                               .caption = "Сделать 1 шаг",
+                               .hint = "Один шаг расчета",
+                               .disturbs = Disturbs::All}};
     CommandButton restoreDate{this,
                               {.name = "Command18", .caption = "JD = JD0", .hint = "Вернуть дату начала"}};
     CommandButton openEtUt{
@@ -269,7 +278,10 @@ public:
     CommandButton openPlanetPerturbations{
         this, {.name = "Command10", .caption = "dLp*", .hint = "Открыть форму 22: возмущения планет"}};
     CommandButton closeForm{this,
-                            {.name = "Command14", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+                            {.name = "Command14",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть эту форму",
+                             .disturbs = Disturbs::Own}};
     Label dayCountLabel{this,
                         {.name = "Label16",
                          .caption = "день от 1.1.1 г. н.э.",

@@ -99,10 +99,10 @@ int EclipseForm::theory() const {
 
 /// What may change while a run goes on.
 void EclipseForm::takeSettings() {
-    using Source = Eclipse::Source;
-    constexpr std::array sources = {Source::Ser0Plus, Source::New0, Source::JPL0, Source::JPL2,
-                                    Source::Ser0Plus};
-    e_.source = fromTables.on() ? Source::Tables : sources[theory()];
+    using Places = Eclipse::Source;
+    constexpr std::array sources = {Places::Ser0Plus, Places::New0, Places::JPL0, Places::JPL2,
+                                    Places::Ser0Plus};
+    e_.source = fromTables.on() ? Places::Tables : sources[theory()];
     e_.lunar = lunarEclipses.on();
     e_.moonTerms = moonPerturbations.on();
     e_.planetTerms = planetPerturbations.on();

@@ -14,6 +14,13 @@ class ElementsControls : public Form {
 public:
     using Form::Form;
 
+    Label given{this,
+                {.name = "Given",
+                 .hint = "Что пойдет в прогон: источник и дата элементов, кто составил начальные данные, "
+                         "массы, законы, план и "
+                         "файл; выделено то, что изменено мимо формы 1 или на ней не загружено",
+                 .lines = 2}};
+
     // --- date and source
     TextField year{this,
                    {.name = "Text34",
@@ -83,7 +90,8 @@ public:
          .caption = "Загрузить параметры на",
          .hint = "Заполнить модель из выбранного источника на эту дату; после этого нужна "
                  "команда расчета начальных данных",
-         .isDefault = true}};
+         .isDefault = true,
+         .disturbs = Disturbs::All}};
     CommandButton saveParameters{this,
                                  {.name = "Command4",
                                   .caption = "Сохранить данные в файле №",
@@ -141,7 +149,8 @@ public:
     CommandButton computeInitialData{this,
                                      {.name = "Command12",
                                       .caption = "Рассчитать по параметрам орбит начальные данные",
-                                      .hint = "Координаты и скорости всех объектов из элементов орбит"}};
+                                      .hint = "Координаты и скорости всех объектов из элементов орбит",
+                                      .disturbs = Disturbs::All}};
     CheckBox earthAndMoon{
         this,
         {.name = "Check3",
@@ -158,17 +167,20 @@ public:
     CommandButton findCentre{this,
                              {.name = "Command15",
                               .caption = "Найти координаты ЦМ системы",
-                              .hint = "Центр масс отмеченных объектов по начальным данным, тыс. км"}};
+                              .hint = "Центр масс отмеченных объектов по начальным данным, тыс. км",
+                              .disturbs = Disturbs::All}};
     CommandButton moveCentreToOrigin{
         this,
         {.name = "Command2",
          .caption = "ЦМ системы в начало координат",
-         .hint = "Сдвинуть все объекты, чтобы центр масс отмеченных стал началом координат"}};
+         .hint = "Сдвинуть все объекты, чтобы центр масс отмеченных стал началом координат",
+         .disturbs = Disturbs::All}};
     CommandButton findSunVelocity{
         this,
         {.name = "Command16",
          .caption = "Найти по Vpl скорость Солнца Vsol",
-         .hint = "Скорость Солнца, при которой количество движения отмеченных объектов равно нулю"}};
+         .hint = "Скорость Солнца, при которой количество движения отмеченных объектов равно нулю",
+         .disturbs = Disturbs::All}};
     CheckBox drawCentre{this,
                         {.name = "Check7", .caption = "ЦМ системы", .hint = "Рисовать центр масс крестом"}};
 
@@ -211,15 +223,20 @@ public:
     CommandButton checkOrbit{this,
                              {.name = "Command13",
                               .caption = "Проверить параметры орбиты и ошибку их определения",
-                              .hint = "Решить задачу двух тел от начальных данных и измерить орбиту"}};
+                              .hint = "Решить задачу двух тел от начальных данных и измерить орбиту",
+                              .disturbs = Disturbs::All}};
     CommandButton stopCheck{
         this, {.name = "Command5", .caption = "Остановить", .hint = "Остановить проверку орбиты"}};
-    CommandButton continueCheck{
-        this, {.name = "Command6", .caption = "Продолжить ", .hint = "Продолжить проверку с того же места"}};
+    CommandButton continueCheck{this,
+                                {.name = "Command6",
+                                 .caption = "Продолжить ",
+                                 .hint = "Продолжить проверку с того же места",
+                                 .disturbs = Disturbs::All}};
     CommandButton checkSteps{this,
                              {.name = "Command7",
                               .caption = "сделать NC0 шагов",
-                              .hint = "Сделать NC0 шагов проверки и остановиться"}};
+                              .hint = "Сделать NC0 шагов проверки и остановиться",
+                              .disturbs = Disturbs::All}};
     Label referencePeriod{this, {.name = "Label13", .hint = "Период обращения по справочнику, дни"}};
     TextField period{this, result("Text13", "T, дни", "Измеренный период обращения, дни")};
     TextField eccentricity{this, result("Text14", "Eks", "Измеренный эксцентриситет")};
@@ -289,8 +306,11 @@ public:
                                 {.name = "Command27",
                                  .caption = "2-а тела*",
                                  .hint = "Форма 25: задача двух тел с конечной скоростью гравитации"}};
-    CommandButton exitProgram{
-        this, {.name = "Command9", .caption = "Выход", .hint = "Закрыть все формы и завершить программу"}};
+    CommandButton exitProgram{this,
+                              {.name = "Command9",
+                               .caption = "Выход",
+                               .hint = "Закрыть все формы и завершить программу",
+                               .disturbs = Disturbs::All}};
 
     // --- picture
     Picture orbitPicture{this,

@@ -2,6 +2,7 @@
 
 #include "core/arithmetic.h"
 #include "forms/date_fields.h"
+#include "forms/given.h"
 #include "forms/plot_grid.h"
 #include "initial/initial_data.h"
 #include "initial/parameter_file.h"
@@ -48,14 +49,14 @@ void ElementsForm::bindCommands() {
         orShow("Ошибка", boxTitle));
     moveCentreToOrigin.onPress(
         [this] {
-            centreToOrigin(lab.s);
+            balance([this] { centreToOrigin(lab.s); }, "ЦМ в начале координат");
             viewState.choose();
             showCentre();
         },
         orShow("Ошибка", boxTitle));
     findSunVelocity.onPress(
         [this] {
-            sunFromMomentum(lab.s);
+            balance([this] { sunFromMomentum(lab.s); }, "скорость Солнца по Vpl");
             viewState.choose();
         },
         orShow("Ошибка", boxTitle));
@@ -135,14 +136,16 @@ void ElementsForm::arrange() {
         frame("Формы", table(3, {openRun, openObservations, openSystemVelocity, openNotation, openHelp,
                                  openEclipses, openPlanWorkshop, openConverter, openEccentric, openAberration,
                                  openMoon, openEphemeris, openTwoBodies, exitProgram}));
-    layout_ = row({column({row({viewElements, viewState, stretch(),
-                                fields(3, {sunMass, gravityConstant, astronomicalUnit})}),
-                           table(9, std::move(cells)), row({column({loading, initial}), check})}),
-                   column({orbitPicture, row({scaleLabel, scale}), forms})});
+    layout_ =
+        column({given, row({column({row({viewElements, viewState, stretch(),
+                                         fields(3, {sunMass, gravityConstant, astronomicalUnit})}),
+                                    table(9, std::move(cells)), row({column({loading, initial}), check})}),
+                            column({orbitPicture, row({scaleLabel, scale}), forms})})});
 }
 
 void ElementsForm::load() {
     startUp(lab.s);
+    lab.s.provenance.handOver(lab.s, {Given::SystemVelocity});
     tick();
     loadParameters.press();
     computeInitialData.press();
@@ -163,10 +166,12 @@ void ElementsForm::setScale(const char* blankBeforeUnit) {
                           "млн.км/см");
 }
 
-TextField& ElementsForm::cellAt(int column, int body) {
-    const std::array<TextFields*, 7> columns = {&longitudeOrX,     &semiAxisOrY,     &motionOrZ,
-                                                &eccentricityOrVx, &inclinationOrVy, &perihelionOrVz,
-                                                &nodeOrMass};
+void ElementsForm::settled() noexcept { showGiven(lab, given, false); }
+
+TextField& ElementsForm::cellAt(int column, int body) const {
+    const std::array<const TextFields*, 7> columns = {&longitudeOrX,     &semiAxisOrY,     &motionOrZ,
+                                                      &eccentricityOrVx, &inclinationOrVy, &perihelionOrVz,
+                                                      &nodeOrMass};
     return (*columns.at(column - 1))(body);
 }
 
@@ -183,6 +188,7 @@ Source ElementsForm::source() const {
 
 void ElementsForm::fillFromSource() {
     ModelState& s = lab.s;
+    s.provenance.complete = false;
     clearSunElements(s);
     s.God0 = year.int32();
     s.Mes0 = month.int32();
@@ -192,25 +198,91 @@ void ElementsForm::fillFromSource() {
     const Source from = source();
     enterTime(s, from);
     s.kodMoon = earthAndMoon.on() ? 1 : 0;
-    switch (from) {
-        case Source::File:
-            loadFile();
-            break;
-        case Source::Screen:
-            loadScreen();
-            break;
-        case Source::JPL2:
-            loadEphemeris(s, lab.ephemeris);
-            break;
-        default:
-            loadTheory(s, from);
-    }
+    loadBy(from);
     meanSpeeds(s);
     sunMass.show(s.mSol);
     gravityConstant.show(s.gamma);
     astronomicalUnit.show(s.Lae / 1000);
     showTable();
+    tellLoaded(from);
     redrawPicture();
+}
+
+/// Loads what the source holds, and tells whose these groups of the state are now.
+void ElementsForm::loadBy(Source from) {
+    ModelState& s = lab.s;
+    Provenance& p = s.provenance;
+    const bool massesOwn = !p.moved(s, Given::Masses);
+    switch (from) {
+        case Source::File:
+            loadFile();
+            p.handOver(s, {Given::Elements, Given::Masses}, "файл");
+            p.handOver(s, {Given::InitialData}, "из файла");
+            break;
+        case Source::Screen:
+            loadScreen();
+            if (viewElements.on()) {
+                p.handOver(s, {Given::Elements}, "экран");
+                if (massesOwn) p.handOver(s, {Given::Masses}, "экран");
+            } else {
+                p.handOver(s, {Given::InitialData}, "с экрана");
+                p.handOver(s, {Given::Masses}, "экран");
+            }
+            break;
+        case Source::JPL2:
+            loadEphemeris(s, lab.ephemeris);
+            p.handOver(s, {Given::Elements, Given::Masses}, "JPL2");
+            p.handOver(s, {Given::InitialData}, "по эфемеридам");
+            break;
+        default:
+            loadTheory(s, from);
+            p.handOver(s, {Given::Elements, Given::Masses},
+                       from == Source::New0   ? "New0"
+                       : from == Source::JPL0 ? "JPL0"
+                                              : "Ser0");
+    }
+    p.handOver(s, {Given::Date, Given::EarthMoon});
+}
+
+void ElementsForm::tellLoaded(Source from) {
+    Provenance& p = lab.s.provenance;
+    p.source = from;
+    p.file = lab.s.NFile;
+    p.year = lab.s.God0;
+    p.month = lab.s.Mes0;
+    p.day = lab.s.Den0;
+    p.complete = true;
+    loaded_ = typed();
+}
+
+ElementsForm::Typed ElementsForm::typed() const {
+    return {.date = {year.text(), month.text(), day.text()},
+            .constants = {sunMass.text(), gravityConstant.text(), astronomicalUnit.text()},
+            .source = source(),
+            .file = fileNumber.text(),
+            .moon = earthAndMoon.on(),
+            .bary3 = bary3.on(),
+            .bary = bary.on()};
+}
+
+std::vector<std::string> ElementsForm::notLoaded() const {
+    constexpr const char* sources[] = {"New0", "JPL0", "Ser0", "JPL2", "файл", "экран"};
+    const Typed now = typed();
+    std::vector<std::string> all;
+    if (now.date != loaded_.date) all.emplace_back("дата");
+    if (now.source != loaded_.source) {
+        all.push_back(std::string("источник ") + sources[static_cast<int>(now.source)]);
+    } else if (now.source == Source::File && now.file != loaded_.file) {
+        all.push_back("файл № " + now.file);
+    }
+    if (now.moon != loaded_.moon) all.emplace_back("Земля-Луна");
+    if (formed_ && (now.bary3 != formed_->bary3 || (now.moon && now.bary != formed_->bary)))
+        all.emplace_back("Bary");
+    bool table = now.constants != loaded_.constants;
+    for (int i = 0; i < bodies; ++i)
+        for (int k = 1; k <= 7; ++k) table = table || cellAt(k, i).text() != shown_[k - 1][i];
+    if (table) all.emplace_back("таблица");
+    return all;
 }
 
 void ElementsForm::loadFile() {
@@ -276,9 +348,27 @@ void ElementsForm::writeFile() {
 // ---------------------------------------------------------------- initial data
 
 void ElementsForm::formInitialData() {
-    initialDataFromElements(lab.s, {.moon = earthAndMoon.on(), .bary3 = bary3.on(), .bary = bary.on()});
+    ModelState& s = lab.s;
+    Provenance& p = s.provenance;
+    const bool massesOwn = !p.moved(s, Given::Masses), elementsOwn = !p.moved(s, Given::Elements);
+    initialDataFromElements(s, {.moon = earthAndMoon.on(), .bary3 = bary3.on(), .bary = bary.on()});
+    p.handOver(s, {Given::EarthMoon, Given::Bary});
+    if (massesOwn) p.handOver(s, {Given::Masses}, p.last(Given::Masses).how);
+    if (elementsOwn) {
+        p.handOver(s, {Given::InitialData}, "по элементам");
+    } else {
+        p.wrote(Given::InitialData, 1, "по элементам, измененным после загрузки");
+    }
+    formed_ = typed();
     showTable();
     redrawPicture();
+}
+
+/// A command that works on the initial data as they stand: they are this form's only when they were before.
+void ElementsForm::balance(const std::function<void()>& command, const char* how) {
+    const bool own = !lab.s.provenance.moved(lab.s, Given::InitialData);
+    command();
+    if (own) lab.s.provenance.handOver(lab.s, {Given::InitialData}, how);
 }
 
 void ElementsForm::showCentre() {
@@ -300,7 +390,7 @@ void ElementsForm::showTable() {
     for (int k = 0; k < 7; ++k) headings[k]->setCaption(elementHeadings[k]);
     for (int i = 0; i <= NPlanetMax; ++i) {
         const auto shown = shownElements(lab.s, i);
-        for (int k = 0; k < 7; ++k) cellAt(k + 1, i).show(shown[k]);
+        for (int k = 0; k < 7; ++k) showCell(k + 1, i, shown[k]);
     }
 }
 
@@ -314,7 +404,13 @@ void ElementsForm::showState() {
 
 void ElementsForm::showStateRow(int body, int columns) {
     const auto shown = shownState(lab.s, body);
-    for (int k = 0; k < columns; ++k) cellAt(k + 1, body).show(shown[k]);
+    for (int k = 0; k < columns; ++k) showCell(k + 1, body, shown[k]);
+}
+
+void ElementsForm::showCell(int column, int body, double value) {
+    TextField& cell = cellAt(column, body);
+    cell.show(value);
+    shown_[column - 1][body] = cell.text();
 }
 
 void ElementsForm::redrawPicture() {

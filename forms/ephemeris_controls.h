@@ -36,7 +36,8 @@ public:
         {.name = "Command1",
          .caption = "рассчитать по DE405 координаты и скорости для объекта №",
          .hint = "Прочитать эфемериды на дату и показать координаты и скорости объекта",
-         .isDefault = true}};
+         .isDefault = true,
+         .disturbs = Disturbs::All}};
     TextField bodyNumber{
         this,
         {.name = "Text11",

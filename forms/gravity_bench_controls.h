@@ -252,11 +252,13 @@ public:
                                .caption = "Задать положение 2-х планет",
                                .hint = "Положения и силы сейчас; меняет массы, Vgr, k1, k2 и ускорения: "
                                        "остановленный расчет формы 2 после этого начинают заново",
-                               .isDefault = true}};
+                               .isDefault = true,
+                               .disturbs = Disturbs::All}};
     CommandButton iterateOnce{this,
                               {.name = "Command3",
                                .caption = "Сделать 1 итерацию с заданными условиями движения",
-                               .hint = "Найти следы и силы еще раз; повторять, пока поля не установятся"}};
+                               .hint = "Найти следы и силы еще раз; повторять, пока поля не установятся",
+                               .disturbs = Disturbs::All}};
     CommandButton closeForm{this,
                             {.name = "Command4", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
     ScrollBar scale{this,

@@ -109,7 +109,8 @@ public:
         {.name = "Command1",
          .caption = "Задать выбранные параметры взаимодействия для учета Vgr",
          .hint = "Запомнить все выбранное на этой форме; кроме закона без давления нужна Vgr на форме 2",
-         .isDefault = true}};
+         .isDefault = true,
+         .disturbs = Disturbs::All}};
     CommandButton closeForm{this,
                             {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
 

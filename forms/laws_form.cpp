@@ -86,6 +86,7 @@ void LawsForm::store() {
     for (std::size_t i = 0; i < delays.size(); ++i)
         if ((this->*delays[i]).on()) lab.motion.kodDX = static_cast<std::int16_t>(i);
     for (const Tick& tick : ticks) lab.motion.*tick.code = (this->*tick.box).on() ? 1 : 0;
+    lab.s.provenance.wrote(Given::Laws, 23);
 }
 
 }  // namespace tarvex

@@ -256,23 +256,29 @@ public:
                                  {.name = "Command6",
                                   .caption = "Задать координаты и скорости Луны и Земли",
                                   .hint = "Начальные данные пары; строка Солнца заменяется Землей",
-                                  .isDefault = true}};
+                                  .isDefault = true,
+                                  .disturbs = Disturbs::All}};
     CommandButton startCheck{
         this,
         {.name = "Command1",
          .caption = "Проверить параметры орбиты Луны",
-         .hint = "Решать задачу двух тел с заданных координат и измерять орбиту, пока не остановят"}};
+         .hint = "Решать задачу двух тел с заданных координат и измерять орбиту, пока не остановят",
+         .disturbs = Disturbs::All}};
     CommandButton stopCheck{
         this,
         {.name = "Command2", .caption = "Остановить", .hint = "Остановить проверку; продолжить ее можно"}};
     CommandButton continueCheck{this,
                                 {.name = "Command3",
                                  .caption = "Продолжить",
-                                 .hint = "Продолжить остановленную проверку с того же места"}};
+                                 .hint = "Продолжить остановленную проверку с того же места",
+                                 .disturbs = Disturbs::All}};
     CommandButton clearDrawing{
         this, {.name = "Command4", .caption = "Очистить рисунок", .hint = "Стереть рисунок"}};
     CommandButton closeForm{this,
-                            {.name = "Command9", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+                            {.name = "Command9",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть эту форму",
+                             .disturbs = Disturbs::Own}};
     ScrollBar scaleBar{this,
                        {.name = "HScroll1",
                         .min = 1,

@@ -83,15 +83,18 @@ public:
                              {.name = "Command4",
                               .caption = "Создать план",
                               .hint = "План отмеченных факторов, от 2 до 6",
-                              .isDefault = true}};
+                              .isDefault = true,
+                              .disturbs = Disturbs::All}};
     CommandButton loadPlan{this,
                            {.name = "Command1",
                             .caption = "Загрузить параметры плана из",
-                            .hint = "Нулевые уровни и интервалы из шаблона или файла"}};
+                            .hint = "Нулевые уровни и интервалы из шаблона или файла",
+                            .disturbs = Disturbs::All}};
     CommandButton savePlan{this,
                            {.name = "Command2",
                             .caption = "Записать план опыта в файл",
-                            .hint = "Уровни, эксперименты и коэффициенты в файл опыта"}};
+                            .hint = "Уровни, эксперименты и коэффициенты в файл опыта",
+                            .disturbs = Disturbs::All}};
     CommandButton optimize{this,
                            {.name = "Command3",
                             .caption = "Оптимизировать отмеченные параметры",

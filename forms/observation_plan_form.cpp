@@ -49,6 +49,10 @@ void ObservationPlanForm::load() {
     planOfPerturbations.setEnabled(!lab.desk.get<ObservationsForm>().planetByPlan.on());
     planNumber.setText("1");
     testNumber.setText("1");
+    if (desk().calculating("Form10") || desk().calculating("Form15")) {  // it works on the plan as it stands
+        ShowPlanFields();
+        return;
+    }
     createPlan.press();
     loadPlan.press();
 }

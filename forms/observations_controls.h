@@ -479,14 +479,20 @@ public:
                            {.name = "Command1",
                             .caption = "Начать",
                             .hint = "Прочитать поля, очистить рисунки и вести расчет с начальной даты",
-                            .isDefault = true}};
+                            .isDefault = true,
+                            .disturbs = Disturbs::Others}};
     CommandButton stopRun{
         this, {.name = "Command4", .caption = "Остановить", .hint = "Остановить расчет после текущего шага"}};
-    CommandButton continueRun{
-        this, {.name = "Command5", .caption = "Продолжить", .hint = "Продолжить остановленный расчет"}};
-    CommandButton singleStep{
-        this,
-        {.name = "Command6", .caption = "Сделать 1 шаг", .hint = "Одна дата таблицы или одно наблюдение"}};
+    CommandButton continueRun{this,
+                              {.name = "Command5",
+                               .caption = "Продолжить",
+                               .hint = "Продолжить остановленный расчет",
+                               .disturbs = Disturbs::Others}};
+    CommandButton singleStep{this,
+                             {.name = "Command6",
+                              .caption = "Сделать 1 шаг",
+                              .hint = "Одна дата таблицы или одно наблюдение",
+                              .disturbs = Disturbs::Others}};
     CommandButton drawHistograms{
         this,
         {.name = "Command15",
@@ -497,7 +503,8 @@ public:
         this,
         {.name = "Command7",
          .caption = "Выполнить эксперименты с",
-         .hint = "Провести расчет для каждого эксперимента плана от первого номера до последнего"}};
+         .hint = "Провести расчет для каждого эксперимента плана от первого номера до последнего",
+         .disturbs = Disturbs::Others}};
     TextField firstExperiment{
         this, {.name = "Text26", .text = "1", .hint = "Первый (и текущий) эксперимент", .width = 4}};
     TextField lastExperiment{
@@ -522,10 +529,16 @@ public:
         this, {.name = "Command17", .caption = "dLp*", .hint = "Открыть возмущения планет (форма 22)"}};
     CommandButton openStatistics{
         this, {.name = "Command11", .caption = "К статистике", .hint = "Открыть статистику рядов (форма 6)"}};
-    CommandButton closeForm{
-        this, {.name = "Command14", .caption = "Закрыть форму", .hint = "Закрыть файл, книгу и эту форму"}};
-    CommandButton exitProgram{
-        this, {.name = "Command13", .caption = "Выход", .hint = "Закончить работу программы"}};
+    CommandButton closeForm{this,
+                            {.name = "Command14",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть файл, книгу и эту форму",
+                             .disturbs = Disturbs::Own}};
+    CommandButton exitProgram{this,
+                              {.name = "Command13",
+                               .caption = "Выход",
+                               .hint = "Закончить работу программы",
+                               .disturbs = Disturbs::All}};
     TextField dateSignal{this,
                          {.name = "Text51", .hint = "Сигнал формы 13: пересчитать дату", .hidden = true}};
     TextField planSignal{this, {.name = "Text52", .hint = "Сигнал формы 13: показать план", .hidden = true}};

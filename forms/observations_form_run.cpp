@@ -170,10 +170,10 @@ void ObservationsForm::pass() {
         ~Mark() {
             form.running_ = false;
             if (form.gone_) form.closeSources();
-            form.progress(-1);
         }
         ObservationsForm& form;
     } mark(*this);
+    const Running calculation(*this);
     stage("Ошибка решения уравнений", "Tarvex7.0", [this] { ReductionRun(reduction(), *this); });
 }
 
@@ -313,7 +313,7 @@ void ObservationsForm::plotResiduals() {
 void ObservationsForm::pause(int milliseconds) {
     constexpr int piece = 100;
     for (int left = milliseconds; left > 0 && lab.s.kodStop != 1; left -= piece)
-        desk().screen().pause(std::min(left, piece));
+        desk().pause(std::min(left, piece));
 }
 
 void ObservationsForm::giveWay() {

@@ -17,11 +17,13 @@ public:
     CommandButton createPlan{this,
                              {.name = "Command5",
                               .caption = "1-Создать план",
-                              .hint = "Построить план по отмеченным факторам, от 2 до 6"}};
+                              .hint = "Построить план по отмеченным факторам, от 2 до 6",
+                              .disturbs = Disturbs::All}};
     CommandButton loadPlan{this,
                            {.name = "Command14",
                             .caption = "2-Загрузить параметры плана №",
-                            .hint = "Прочитать уровни факторов и веса из файла плана"}};
+                            .hint = "Прочитать уровни факторов и веса из файла плана",
+                            .disturbs = Disturbs::All}};
     TextField planNumber{
         this, {.name = "Text4", .text = "1", .hint = "Номер плана, в имени файла и папки", .width = 4}};
     CommandButton savePlan{this,
@@ -105,7 +107,8 @@ public:
         {.name = "Command8",
          .caption = "4-1-Выполнить на математической модели (форма2) эксперименты с №",
          .hint = "По одному на форме 2; элементы - с формы 1; массы, скорости и коды "
-                 "законов остаются от последнего"}};
+                 "законов остаются от последнего",
+         .disturbs = Disturbs::All}};
     TextField firstExperiment{
         this, {.name = "Text5", .text = "1", .hint = "Первый эксперимент; при счете - текущий", .width = 4}};
     TextField lastExperiment{
@@ -179,7 +182,10 @@ public:
         this, {.name = "Command16", .caption = "Очистить", .hint = "Пустой рисунок с сеткой"}};
     CommandButton openFiles{this, {.name = "Command15", .caption = "Файлы*", .hint = "Открыть форму 9"}};
     CommandButton closeForm{this,
-                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть форму 15"}};
+                            {.name = "Command3",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть форму 15",
+                             .disturbs = Disturbs::Own}};
     TextField experimentEnd{this,
                             {.name = "Text3",
                              .text = " Сюда приходят \r\n  сообщения с \r\n     формы 2\r\n",

@@ -46,9 +46,11 @@ void PlanForm::RunExperiments() {
     lab.motion.kodVgr = 1;
     lab.motion.kodDX = 2;
     lab.motion.kodPgr = 5;
+    lab.s.provenance.wrote(Given::Laws, 15);
     if (!useFactor(5).on() && p.Xnul[5] == 0) lab.motion.kodPgr = 0;
     lab.s.NPlan = planNumber.int16();
     p.kodTestHead = 0;
+    const Running calculation(*this);
     try {
         NextExperiment();  // the end of each run starts the next inside this call
     } catch (...) {
@@ -62,7 +64,6 @@ void PlanForm::RunExperiments() {
 void PlanForm::endBatch() {
     lab.s.NPlan = 0;
     if (lab.plan.Nexp <= lab.plan.NexpKon) lab.run.kodTest = 0;
-    progress(-1);
 }
 
 void PlanForm::prepareForm2() {

@@ -137,11 +137,13 @@ public:
     CommandButton createPlan{this,
                              {.name = "Command14",
                               .caption = "Создать план",
-                              .hint = "Построить план выбранного вида по отмеченным факторам"}};
+                              .hint = "Построить план выбранного вида по отмеченным факторам",
+                              .disturbs = Disturbs::All}};
     CommandButton runExperiments{this,
                                  {.name = "Command4",
                                   .caption = "Выполнить эксперименты и рассчитать критерий",
-                                  .hint = "Критерий во всех точках плана из выбранного источника"}};
+                                  .hint = "Критерий во всех точках плана из выбранного источника",
+                                  .disturbs = Disturbs::All}};
     CommandButton fitCoefficients{
         this,
         {.name = "Command1",

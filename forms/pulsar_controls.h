@@ -82,7 +82,8 @@ public:
                                   {.name = "Command1",
                                    .caption = "Задать дополнительные параметры",
                                    .hint = "Передать все поля в расчет формы 25",
-                                   .isDefault = true}};
+                                   .isDefault = true,
+                                   .disturbs = Disturbs::All}};
     CommandButton closeForm{this,
                             {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
 

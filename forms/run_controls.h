@@ -11,6 +11,13 @@ class RunControls : public Form {
 public:
     using Form::Form;
 
+    Label given{this,
+                {.name = "Given",
+                 .hint = "Что пойдет в прогон: источник и дата элементов, кто составил начальные данные, "
+                         "массы, законы, план и "
+                         "файл; выделено то, что изменено мимо формы 1 или на ней не загружено",
+                 .lines = 2}};
+
     // --- what is run
     OptionButton model{this,
                        {.name = "Option3",
@@ -270,7 +277,8 @@ public:
                             .caption = "Начать",
                             .hint = "Начать эксперимент с начальных данных формы 1; перед этим там - "
                                     "загрузка и расчет начальных данных",
-                            .isDefault = true}};
+                            .isDefault = true,
+                            .disturbs = Disturbs::All}};
     CommandButton stopRun{this,
                           {.name = "Command4",
                            .caption = "Остановить",
@@ -278,10 +286,13 @@ public:
     CommandButton continueRun{this,
                               {.name = "Command5",
                                .caption = "Продолжить",
-                               .hint = "Продолжить с новыми масштабами, шагом и направлением"}};
-    CommandButton runSteps{
-        this,
-        {.name = "Command2", .caption = "NC0 шагов", .hint = "Сделать NC0 шагов, показать и остановиться"}};
+                               .hint = "Продолжить с новыми масштабами, шагом и направлением",
+                               .disturbs = Disturbs::All}};
+    CommandButton runSteps{this,
+                           {.name = "Command2",
+                            .caption = "NC0 шагов",
+                            .hint = "Сделать NC0 шагов, показать и остановиться",
+                            .disturbs = Disturbs::All}};
     CommandButton openLaws{this,
                            {.name = "Command9",
                             .caption = "Дополнительные параметры",
@@ -297,9 +308,13 @@ public:
     CommandButton closeForm{this,
                             {.name = "Command8",
                              .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму; идущий прогон кончится"}};
-    CommandButton exitProgram{
-        this, {.name = "Command6", .caption = "Выход", .hint = "Закрыть все формы и завершить программу"}};
+                             .hint = "Закрыть эту форму; идущий прогон кончится",
+                             .disturbs = Disturbs::Own}};
+    CommandButton exitProgram{this,
+                              {.name = "Command6",
+                               .caption = "Выход",
+                               .hint = "Закрыть все формы и завершить программу",
+                               .disturbs = Disturbs::All}};
     TextField startTrigger{
         this,
         {.name = "Text53", .hint = "Служебное поле: запись в него начинает эксперимент", .hidden = true}};

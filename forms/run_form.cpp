@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "core/clock.h"
+#include "forms/given.h"
 #include "stats/test_plan.h"
 
 namespace tarvex {
@@ -20,15 +21,6 @@ bool optionOn(Desk& desk, const std::string& form, const std::string& option) {
     Control* found = desk.form(form).find(option);
     return found != nullptr && found->kind() == Control::Kind::Option &&
            static_cast<OptionButton*>(found)->on();
-}
-
-/// Where the initial data come from, by the options of the parameter screen.
-DataSource dataSource(Desk& desk) {
-    constexpr DataSource sources[] = {DataSource::New0,   DataSource::JPL0, DataSource::File,
-                                      DataSource::Screen, DataSource::Ser0, DataSource::JPL2};
-    for (int option = 4; option <= 9; ++option)
-        if (optionOn(desk, "Form1", "Option" + std::to_string(option))) return sources[option - 4];
-    return DataSource::Ser0;
 }
 
 }  // namespace
@@ -98,7 +90,7 @@ void RunForm::leaveFor(CommandButton& command, const char* form) {
     opens(command, form);
     if (!command.enabled()) return;
     command.onPress([this, form] {
-        closeEphemeris();
+        if (!desk().calculating()) closeEphemeris();  // a run that goes on may be reading it
         desk().show(form);
     });
 }
@@ -153,9 +145,9 @@ void RunForm::arrange() {
                                          "AlfaU пройден", nodeYear, nodeMonth, nodeDay})}));
     const Layout place =
         frame("Положение", fields(1, {longitude, turns, bodyX, bodyY, bodyZ, energyShift, momentumShift}));
-    layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
-                   column({clock, elementTable(), row({place, systemView})}),
-                   column({orbitPicture, row({orbitScaleLabel, orbitScale})})});
+    layout_ = column({given, row({column({kind, stepping, measuring, plots, commands, stretch()}),
+                                  column({clock, elementTable(), row({place, systemView})}),
+                                  column({orbitPicture, row({orbitScaleLabel, orbitScale})})})});
 }
 
 void RunForm::load() {
@@ -176,6 +168,7 @@ void RunForm::load() {
     motion.kodPgr = motion.kodDX = motion.kodEpot = motion.kodXcm = motion.kodCMnow = 0;
     motion.kodSun = motion.kodDiffurV = 0;
     motion.kPgr1 = motion.kPgr2 = 0;
+    lab.s.provenance.wrote(Given::Laws, 2);
     lab.run.kodTest = 0;
     lab.plan.kodTestHead = 0;
     motion.N1 = 1;
@@ -190,6 +183,11 @@ void RunForm::activate() {
 }
 
 void RunForm::unload() { gone_ = true; }
+
+/// While a run goes on, the label tells what it began with.
+void RunForm::settled() noexcept {
+    if (!desk().calculating(formName)) showGiven(lab, given, true);
+}
 
 RunBoxes RunForm::boxes() const {
     RunBoxes set;
@@ -231,11 +229,11 @@ RunSettings RunForm::settings() const {
     set.measuring = exactPassages.on() ? Measuring::ExactPassages : Measuring::Windows;
     set.stepper = highOrder.on() ? Stepper::Order8 : Stepper::RungeKutta4;
     set.boxes = boxes();
-    set.source = dataSource(desk());
     return set;
 }
 
 void RunForm::start() {
+    showGiven(lab, given, true);
     const RunSettings set = settings();
     takeSettings(lab.experiment(), set);
     for (TextField* shift :
@@ -263,7 +261,7 @@ void RunForm::writeTestHead() {
     const bool roto = optionOn(desk(), "Form15", "Option2");
     writeTestPlanHead(lab.tree, lab.plan, roto);
     showNotes({.trace = "", .top = testPlanHead(lab.plan, roto), .foot = {}});
-    desk().screen().pause(5000);
+    desk().pause(5000);
 }
 
 void RunForm::resume() {
@@ -280,7 +278,7 @@ void RunForm::runBatch() {
 
 void RunForm::stop() {
     lab.s.kodStop = 1;
-    lab.s.NPlan = 0;
+    lab.s.NPlan = lab.run.NPlanStart = 0;
     lab.plan.Nexp = lab.plan.Nplan;
 }
 
@@ -291,7 +289,9 @@ void RunForm::run() {
         const Running running(*this);
         RunLoop(lab.experiment(), *this);
     }
-    if (lab.s.NPlan > 0 && !gone_) {
+    if (lab.run.NPlanStart > 0 && !gone_) {
+        lab.s.NPlan =
+            lab.run.NPlanStart;  // whatever other forms have set since: the next experiment is of this plan
         if (desk().knows("Form15"))
             if (Control* box = desk().form("Form15").find("Text3");
                 box != nullptr && box->kind() == Control::Kind::Text)
@@ -304,7 +304,7 @@ void RunForm::run() {
 }
 
 void RunForm::testExperiment() {
-    desk().screen().pause(1000);
+    desk().pause(1000);
     lab.plan.kodTestHead = headWritten;
     const int u = lab.plan.Nexp;
     const double y = testCriterion(lab.plan, u, lab.run.kmTest5, lab.run.kmTest2);

@@ -18,6 +18,10 @@ public:
     void load() override;
     void activate() override;
     void unload() override;
+    void settled() noexcept override;
+
+    /// What is typed and chosen, as Start would read it.
+    RunSettings settings() const;
 
 private:
     static double clockSeconds();  ///< of the computer
@@ -28,7 +32,6 @@ private:
     Layout elementTable();
 
     // --- commands
-    RunSettings settings() const;
     RunBoxes boxes() const;
     void start();
     void resume();

@@ -97,12 +97,14 @@ public:
          .caption = "Разложить по осям отмеченные скорости и просуммировать",
          .hint = "Проекции и сумма отмеченных строк; строка 0 скоростей модели занята, "
                  "перед прогоном загрузите данные заново",
-         .isDefault = true}};
+         .isDefault = true,
+         .disturbs = Disturbs::All}};
     CommandButton setSystemVelocity{
         this,
         {.name = "Command1",
          .caption = "Задать скорость системе",
-         .hint = "Взять VXsys, VYsys, VZsys в модель и показать скорости на форме 1"}};
+         .hint = "Взять VXsys, VYsys, VZsys в модель и показать скорости на форме 1",
+         .disturbs = Disturbs::All}};
     CommandButton clearLines{
         this, {.name = "Command4", .caption = "Очистить рисунок", .hint = "Стереть линии, оставить сетку"}};
     CommandButton closeForm{this,

@@ -153,6 +153,7 @@ void SystemVelocityForm::giveToSystem() {
     s.VXsys = systemVx.number();
     s.VYsys = systemVy.number();
     s.VZsys = systemVz.number();
+    s.provenance.handOver(s, {Given::SystemVelocity}, "", 4);
     addSystemVelocity(s);
     form1.viewState.choose();
     form1.showStateTrigger.setText(presentTime());

@@ -271,18 +271,21 @@ public:
     CommandButton loadParameters{this,
                                  {.name = "Command7",
                                   .caption = "Загрузить параметры",
-                                  .hint = "Заполнить поля по теории или из файла"}};
+                                  .hint = "Заполнить поля по теории или из файла",
+                                  .disturbs = Disturbs::All}};
     CommandButton saveParameters{
         this, {.name = "Command8", .caption = "Сохранить в файле", .hint = "Записать поля в файл пульсара"}};
     CommandButton setInitialData{this,
                                  {.name = "Command6",
                                   .caption = "Задать координаты и скорости",
                                   .hint = "Начальные данные пары из элементов",
-                                  .isDefault = true}};
+                                  .isDefault = true,
+                                  .disturbs = Disturbs::All}};
     CommandButton startRun{this,
                            {.name = "Command1",
                             .caption = "Проверить параметры орбиты m1",
-                            .hint = "Решать с заданных координат и измерять орбиту, пока не остановят"}};
+                            .hint = "Решать с заданных координат и измерять орбиту, пока не остановят",
+                            .disturbs = Disturbs::All}};
     CommandButton stopRun{this,
                           {.name = "Command2",
                            .caption = "Остановить",
@@ -290,7 +293,8 @@ public:
     CommandButton continueRun{this,
                               {.name = "Command3",
                                .caption = "Продолжить",
-                               .hint = "Продолжить остановленное решение с того же места"}};
+                               .hint = "Продолжить остановленное решение с того же места",
+                               .disturbs = Disturbs::All}};
     CommandButton clearDrawings{
         this, {.name = "Command4", .caption = "Очистить рисунки", .hint = "Стереть оба рисунка"}};
     CommandButton openPulsar{this,
@@ -298,7 +302,10 @@ public:
                               .caption = "Доп. параметры*",
                               .hint = "Открыть форму 26: импульсы, запаздывания, сопротивление"}};
     CommandButton closeForm{this,
-                            {.name = "Command9", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+                            {.name = "Command9",
+                             .caption = "Закрыть форму",
+                             .hint = "Закрыть эту форму",
+                             .disturbs = Disturbs::Own}};
     ScrollBar scaleBar{this,
                        {.name = "HScroll1",
                         .min = 1,

@@ -9,8 +9,6 @@ namespace tarvex {
 
 struct Ephemeris;
 
-enum class Source { New0, JPL0, Ser0, JPL2, File, Screen };
-
 /// The Sun's row has no elements.
 void clearSunElements(ModelState& s);
 

@@ -27,6 +27,7 @@ void takeCodes(const Experiment& e, const RunSettings& set) {
     run.kodTime = set.forward ? 1 : -1;
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
     run.kodTest = set.test ? 1 : 0;
+    run.NPlanStart = e.s.NPlan;
     run.boxes = set.boxes;
     run.stepper = set.model ? set.stepper : Stepper::RungeKutta4;
     run.measuring = run.stepper == Stepper::Order8 ? Measuring::ExactPassages : set.measuring;
@@ -128,8 +129,9 @@ void prepareImitator(const Experiment& e) {
     }
 }
 
-std::string modelName(bool relativistic, DataSource source) {
-    static constexpr const char* sources[] = {" New0", " JPL0", " File", " Screen", " Ser0", " JPL2"};
+/// By the law and the source that was loaded, whatever is chosen since.
+std::string modelName(bool relativistic, Source source) {
+    static constexpr const char* sources[] = {" New0", " JPL0", " Ser0", " JPL2", " File", " Screen"};
     return std::string(relativistic ? "OTO  " : "Классика ") + sources[static_cast<int>(source)];
 }
 
@@ -225,7 +227,7 @@ StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
     if (run.kodModel == 0) {
         prepareImitator(e);
     } else {
-        run.ModelName = modelName(set.relativistic, set.source);
+        run.ModelName = modelName(set.relativistic, s.provenance.source);
     }
     if (s.kodMoon == 1) {
         s.m[rowEarthMoon] = s.m[rowEarth];

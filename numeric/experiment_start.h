@@ -9,9 +9,6 @@
 
 namespace tarvex {
 
-/// Source of the initial data, as the model's name tells it: the options 4 to 9 of Form1.
-enum class DataSource { New0, JPL0, File, Screen, Ser0, JPL2 };
-
 /// The settings of the experiment's screen, texts as typed: a bad one fails where it is read.
 /// The texts here are the defaults of the screen.
 struct RunSettings {
@@ -36,7 +33,6 @@ struct RunSettings {
     Measuring measuring = Measuring::Windows;
     Stepper stepper = Stepper::RungeKutta4;  ///< of the model; order 8 goes with exact passages
     RunBoxes boxes;
-    DataSource source = DataSource::Ser0;
     std::string today = todayText();  ///< date in the heads of files
 };
 

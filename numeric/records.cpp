@@ -23,9 +23,13 @@ std::string whole(int v) { return std::to_string(v); }
 
 int fileBody(const ModelState& s) { return s.kodMoon == 1 ? rowMoon : s.IplSel; }
 
+std::string recordFile(bool model, Imitator theory, int plan, int body, int experiment) {
+    if (model) return files::runRecord(plan, body, experiment);
+    return files::series(theory == Imitator::New0 ? "\\NEW" : "\\JPL", body);
+}
+
 std::string recordFile(const ModelState& s, const RunState& run) {
-    if (run.kodModel == 1) return files::runRecord(s.NPlan, fileBody(s), s.NFile);
-    return files::series(run.boxes.theory == Imitator::New0 ? "\\NEW" : "\\JPL", fileBody(s));
+    return recordFile(run.kodModel == 1, run.boxes.theory, s.NPlan, fileBody(s), s.NFile);
 }
 
 std::string trackFile(const ModelState& s) { return files::trackXYZ(fileBody(s), s.NFile); }

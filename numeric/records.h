@@ -17,6 +17,9 @@ int fileBody(const ModelState& s);
 
 /// Names of the two files of a run by NPlan, NFile and, for an imitator, its theory.
 std::string recordFile(const ModelState& s, const RunState& run);
+/// The first of them for a run that is yet to begin.
+/// @param body  as fileBody() tells it
+std::string recordFile(bool model, Imitator theory, int plan, int body, int experiment);
 std::string trackFile(const ModelState& s);
 
 /// Number of records that a reader of FileRas must be ready for; 32-bit.

@@ -62,6 +62,7 @@ void addNames(NameTable& table, const RunState& run) {
     NAME(MxPlot);
     NAME(dYplot);
     NAME(MxView);
+    NAME(NPlanStart);
     NAME(ModelName);
     NAME(FileRas);
     NAME(FileXYZ);

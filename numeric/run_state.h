@@ -94,6 +94,7 @@ struct RunState : Energy {
     double MxView = 1.8 * MK * MK;  ///< metres in a unit of the second picture
 
     // --- records
+    std::int16_t NPlanStart = 0;   ///< NPlan at Start, the plan of this run to its end; 0 once it was stopped
     std::string ModelName;         ///< as heads of files name the model
     std::string FileRas, FileXYZ;  ///< record files, named from the root of the data tree
     FileClaim claimRas, claimXYZ;  ///< theirs, from the start of the run until its file is done with

@@ -100,10 +100,22 @@ void OptionButton::choose() {
 
 CommandButton::CommandButton(Form* form, Spec spec)
     : Control(form, Kind::Command, std::move(spec.name), std::move(spec.caption), std::move(spec.hint)),
-      isDefault_(spec.isDefault) {}
+      isDefault_(spec.isDefault),
+      disturbs_(spec.disturbs) {}
 
 void CommandButton::press() {
-    if (enabled()) run(press_);
+    if (!enabled()) return;
+    Desk& desk = form().desk();
+    if (!desk.disturbs(form(), disturbs_)) return run(press_);
+    if (!desk.confirmDisturbing(caption())) return;
+    const Desk::Disturbing meant(desk);
+    run(press_);
+}
+
+void Label::setWarning(bool on) {
+    if (warning_ == on) return;
+    warning_ = on;
+    changed();
 }
 
 ScrollBar::ScrollBar(Form* form, Spec spec)

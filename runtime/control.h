@@ -156,6 +156,14 @@ private:
     Handler choice_;
 };
 
+/// Calculations that a command would disturb while they go on.
+enum class Disturbs {
+    Nothing,
+    Own,     ///< that of its form: it closes the form
+    Others,  ///< those of other forms: it is nothing to its own, which goes on
+    All      ///< any: it writes what they work on, or ends the program
+};
+
 class CommandButton final : public Control {
 public:
     struct Spec {
@@ -163,18 +171,22 @@ public:
         std::string caption = "";
         std::string hint = "";
         bool isDefault = false;  ///< pressed by Enter
+        Disturbs disturbs = Disturbs::Nothing;
     };
     CommandButton(Form* form, Spec spec);
 
-    /// Runs the handler to its end; a disabled command does nothing.
+    /// Runs the handler to its end; a disabled command does nothing, nor one that would disturb a calculation
+    /// and that the user takes back.
     void press();
     void onPress(std::function<void()> action, Shown message = {}) {
         press_ = {std::move(action), std::move(message)};
     }
     bool isDefault() const { return isDefault_; }
+    Disturbs disturbs() const { return disturbs_; }
 
 private:
     bool isDefault_;
+    Disturbs disturbs_;
     Handler press_;
 };
 
@@ -208,8 +220,19 @@ public:
         std::string name;
         std::string caption = "";
         std::string hint = "";
+        int lines = 1;  ///< more than one: a text that is wrapped at the width of the window
     };
-    Label(Form* form, const Spec& spec) : Control(form, Kind::Label, spec.name, spec.caption, spec.hint) {}
+    Label(Form* form, const Spec& spec)
+        : Control(form, Kind::Label, spec.name, spec.caption, spec.hint), lines_(spec.lines) {}
+
+    int lines() const { return lines_; }
+    /// Whether the text stands out: it tells of something that the user would not expect.
+    bool warning() const { return warning_; }
+    void setWarning(bool on);
+
+private:
+    int lines_;
+    bool warning_ = false;
 };
 
 /// Controls of one name with an index: Text1(0) .. Text1(10).  A bad index is a SubscriptFailure.

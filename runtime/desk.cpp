@@ -1,5 +1,8 @@
 #include "runtime/desk.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/arithmetic.h"
 #include "core/failure.h"
 
@@ -23,10 +26,114 @@ void Desk::suspect(const Control& field) {
     suspectField_ = field.name();
 }
 
+/// The user acts inside a handler: what he does is begun and ended at this depth.
+class Desk::GivingWay {
+public:
+    explicit GivingWay(Desk& desk)
+        : desk_(desk),
+          actor_(desk.actor_),
+          base_(std::exchange(desk.base_, desk.depth_)),
+          givingWay_(std::exchange(desk.givingWay_, true)),
+          disturbing_(std::exchange(desk.disturbing_, false)) {
+        desk.acted_(actor_);
+    }
+    ~GivingWay() {
+        desk_.actor_ = actor_;
+        desk_.base_ = base_;
+        desk_.givingWay_ = givingWay_;
+        desk_.disturbing_ = disturbing_;
+    }
+    GivingWay(const GivingWay&) = delete;
+    GivingWay& operator=(const GivingWay&) = delete;
+
+private:
+    const FlagsKept flags_;
+    Desk& desk_;
+    std::string actor_;
+    int base_;
+    bool givingWay_, disturbing_;
+};
+
 void Desk::yield() {
-    const FlagsKept flags;
+    const GivingWay way(*this);
     screen_.yield();
 }
+
+void Desk::pause(int milliseconds) {
+    const GivingWay way(*this);
+    screen_.pause(milliseconds);
+}
+
+// ------------------------------------------------------------------ calculations
+
+void Desk::calculationEnds(const Form& form) {
+    const auto last = std::find(calculations_.rbegin(), calculations_.rend(), &form);
+    calculations_.erase(last.base() - 1);
+}
+
+bool Desk::calculating(const std::string& formName) const {
+    return givingWay_ && std::any_of(calculations_.begin(), calculations_.end(),
+                                     [&](const Form* form) { return form->name() == formName; });
+}
+
+bool Desk::disturbs(const Form& form, Disturbs what) const {
+    if (!givingWay_) return false;  // what a calculation does itself is its own affair
+    return std::any_of(calculations_.begin(), calculations_.end(), [&](const Form* one) {
+        return what == Disturbs::All || (what == Disturbs::Own && one == &form) ||
+               (what == Disturbs::Others && one != &form);
+    });
+}
+
+bool Desk::confirmDisturbing(const std::string& command) {
+    std::string forms;
+    for (const Form* form : calculations_)
+        if (const std::string number = form->name().substr(std::string("Form").size());
+            forms.find(number) == std::string::npos)
+            forms += (forms.empty() ? "" : ", ") + number;
+    return screen_.confirmDisturbing(
+        "Идет расчет (форма " + forms + "). Команда «" + command + "» нарушит его или прервет.\r\nВыполнить?",
+        "Tarvex7");
+}
+
+/// Held while a form's load or activation runs.  Inside a calculation it writes nothing that the calculation
+/// reads, unless it is part of a command that is meant to disturb it.
+class Desk::Opening {
+public:
+    Opening(Desk& desk, const std::string& form)
+        : held(desk.calculating() && !desk.disturbing_ && desk.keeper_), desk_(desk), actor_(desk.actor_) {
+        desk.acted_(actor_);
+        desk.actor_ = form;
+        if (held) putBack_ = desk.keeper_();
+    }
+    ~Opening() {
+        if (held) putBack_();
+        desk_.acted_(desk_.actor_);
+        desk_.actor_ = actor_;
+    }
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+
+    const bool held;
+
+private:
+    Desk& desk_;
+    std::string actor_;
+    std::function<void()> putBack_;
+};
+
+void Desk::acts(const Form& form) {
+    if (depth_ == base_) actor_ = form.name();
+}
+
+void Desk::settle() {
+    if (settling_ || depth_ != base_) return;
+    settling_ = true;
+    acted_(actor_);
+    for (const auto& [name, form] : loaded_) form->settled();
+    settling_ = false;
+}
+
+// ------------------------------------------------------------------ forms
 
 void Desk::add(const std::string& name, Maker maker) {
     if (!makers_.contains(name)) order_.push_back(name);
@@ -42,6 +149,7 @@ std::unique_ptr<Form> Desk::describe(const std::string& name) const {
 Form& Desk::form(const std::string& name) {
     if (const auto found = loaded_.find(name); found != loaded_.end()) return *found->second;
     const InHandler alive(*this);
+    const Opening opening(*this, name);
     Form& made = *(loaded_[name] = describe(name));
     made.load();
     return made;
@@ -60,9 +168,11 @@ void Desk::show(const std::string& name) {
 }
 
 void Desk::turnTo(Form& form) {
-    if (active_ == form.name()) return;
+    if (active_ == form.name() && (heldBack_ != active_ || calculating())) return;
     active_ = form.name();
     const InHandler alive(*this);
+    const Opening opening(*this, active_);
+    heldBack_ = opening.held ? active_ : "";
     form.guarded({[&form] { form.activate(); }, {}});
 }
 
@@ -85,9 +195,11 @@ void Desk::unloadAll(const std::string& first) {
 }
 
 void Desk::leaveHandler() {
-    if (--depth_ > 0) return;
-    leaving_.clear();
-    suspectForm_.clear();
+    if (--depth_ == 0) {
+        leaving_.clear();
+        suspectForm_.clear();
+    }
+    settle();
 }
 
 }  // namespace tarvex

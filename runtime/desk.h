@@ -28,6 +28,35 @@ public:
     void suspect(const Control& field);
     /// Gives way to the user; the floating-point flags of the calculation are kept.
     void yield();
+    /// The same for some time.
+    void pause(int milliseconds);
+
+    // --- calculations that go on while the user acts
+    /// Told by Form::Running.
+    void calculationBegins(const Form& form) { calculations_.push_back(&form); }
+    void calculationEnds(const Form& form);
+    /// True while a calculation (of any form, or of this) has given way and will go on.
+    bool calculating() const { return givingWay_ && !calculations_.empty(); }
+    bool calculating(const std::string& formName) const;
+    /// Whether such a command of the form would disturb one of them.
+    bool disturbs(const Form& form, Disturbs what) const;
+    /// Asks, where the screen is a window, whether this command is to be done although a calculation goes on.
+    bool confirmDisturbing(const std::string& command);
+    /// Held while a command runs that disturbs the calculations, and is meant to.
+    class Disturbing {
+    public:
+        explicit Disturbing(Desk& desk) : desk_(desk), before_(desk.disturbing_) { desk.disturbing_ = true; }
+        ~Disturbing() { desk_.disturbing_ = before_; }
+        Disturbing(const Disturbing&) = delete;
+        Disturbing& operator=(const Disturbing&) = delete;
+
+    private:
+        Desk& desk_;
+        bool before_;
+    };
+    /// What a form's load and activation write must not reach a calculation that goes on.  The keeper is
+    /// called before them; what it returns is called after them and puts back what the calculation reads.
+    void keepForCalculations(std::function<std::function<void()>()> keeper) { keeper_ = std::move(keeper); }
 
     /// Makes a form known under its name; forms are counted in the order they are added.
     void add(const std::string& name, Maker maker);
@@ -70,7 +99,17 @@ public:
     /// True while some handler is running (a calculation that has given way, for instance).
     bool busy() const { return depth_ > 0; }
 
+    /// Called after everything that the user does, and before a calculation gives way, with the name of the
+    /// form that has acted.
+    void onActed(std::function<void(const std::string& form)> listener) { acted_ = std::move(listener); }
+    /// A handler of this form is about to run.
+    void acts(const Form& form);
+    /// Tells the loaded forms that what the user did last is done, unless it is still being done.
+    void settle();
+
 private:
+    class GivingWay;
+    class Opening;
     void leaveHandler();
 
     Screen& screen_;
@@ -78,9 +117,15 @@ private:
     std::map<std::string, Maker> makers_;
     std::map<std::string, std::unique_ptr<Form>> loaded_;
     std::vector<std::unique_ptr<Form>> leaving_;  ///< unloaded in a handler that still runs
-    std::string active_;
+    std::string active_, actor_;
+    std::function<void(const std::string&)> acted_ = [](const std::string&) {};
     std::string suspectForm_, suspectField_;  ///< by name: the form may go before the message comes
     int depth_ = 0;
+    int base_ = 0;  ///< depth at which the user acts: of the innermost handler that has given way
+    std::vector<const Form*> calculations_;
+    bool givingWay_ = false, disturbing_ = false, settling_ = false;
+    std::function<std::function<void()>()> keeper_;
+    std::string heldBack_;  ///< form whose activation was put back: it is repeated after the calculation
 };
 
 }  // namespace tarvex

@@ -16,6 +16,7 @@ Control* Form::find(const std::string& name) const {
 
 void Form::guarded(const Handler& handler) {
     if (!handler.action) return;
+    desk_.acts(*this);
     const Desk::InHandler alive(desk_);
     // The handler may be replaced or its form unloaded while it runs: keep what is needed.
     const Handler kept = handler;
@@ -29,6 +30,13 @@ void Form::guarded(const Handler& handler) {
     } catch (const std::exception&) {
         desk.message(kept.message.text, kept.message.title);
     }
+}
+
+Form::Running::Running(Form& form) : form_(form) { form.desk_.calculationBegins(form); }
+
+Form::Running::~Running() {
+    form_.desk_.calculationEnds(form_);
+    form_.progress(-1);
 }
 
 void Form::Running::giveWay() {
@@ -50,6 +58,9 @@ void Form::opens(CommandButton& command, const std::string& formName) {
 
 void Form::close() { desk_.unload(name_); }
 
-void Form::controlChanged(Control& control) { desk_.screen().controlChanged(control); }
+void Form::controlChanged(Control& control) {
+    desk_.screen().controlChanged(control);
+    desk_.settle();
+}
 
 }  // namespace tarvex

@@ -31,6 +31,9 @@ public:
     virtual void activate() {}
     /// Before the form goes.
     virtual void unload() {}
+    /// After everything that the user does, here or on another form: what this form tells of the shared state
+    /// may have changed.  Must not throw.
+    virtual void settled() noexcept {}
 
     const std::vector<Control*>& controls() const { return controls_; }
     /// Control by name, "Text1(3)"; null when there is none.
@@ -47,8 +50,8 @@ public:
     /// Held while a calculation goes on: what it tells of its progress ends with it.
     class Running {
     public:
-        explicit Running(Form& form) : form_(form) {}
-        ~Running() { form_.progress(-1); }
+        explicit Running(Form& form);
+        ~Running();
         Running(const Running&) = delete;
         Running& operator=(const Running&) = delete;
         /// Gives way in a calculation that goes on until it is stopped.

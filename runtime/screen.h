@@ -22,7 +22,12 @@ public:
     /// The message to come is about this control.
     virtual void pointAt(Control&) {}
     virtual bool ask(const std::string& question, const std::string& title) = 0;  ///< true for yes
-    virtual void notify(const std::string& text) = 0;                             ///< end of a long run
+    /// What is asked before a command that would disturb a calculation which is going on: true to do it. Only
+    /// a window asks; a script does what is written.
+    virtual bool confirmDisturbing(const std::string& /*question*/, const std::string& /*title*/) {
+        return true;
+    }
+    virtual void notify(const std::string& text) = 0;     ///< end of a long run
     virtual void progress(Form& form, double share) = 0;  ///< share < 0: the run is over
 
     // --- giving way

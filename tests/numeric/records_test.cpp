@@ -288,7 +288,7 @@ TEST(ExperimentStart, ImitatorsTakeTheirMassesAndLeaveThem) {
     EXPECT_EQ(t.motion.DXp[3][1], t.s.X0[1] - t.s.X0[3]);  // no equation of motion will form the pairs
     EXPECT_DOUBLE_EQ(t.motion.Rik[0][5], std::hypot(t.s.X0[5], t.s.Y0[5], t.s.Z0[5]));
     t.settings.model = true;
-    t.settings.source = DataSource::JPL2;
+    t.s.provenance.source = Source::JPL2;
     t.settings.relativistic = true;
     EXPECT_EQ(outcome(t), "");
     EXPECT_EQ(t.run.ModelName, "OTO   JPL2");

@@ -48,6 +48,10 @@ public:
     }
     void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
+    bool confirmDisturbing(const std::string& question, const std::string&) override {
+        disturbing.push_back(question);
+        return disturb;
+    }
     void notify(const std::string& text) override { notices.push_back(text); }
     void progress(Form&, double share) override { lastProgress = share; }
     void yield() override;
@@ -67,6 +71,8 @@ public:
     std::vector<std::string> pointedAt;  ///< the controls that messages were about
     std::vector<Message> questions;
     std::deque<bool> answers;  ///< none left: the answer is no
+    std::vector<std::string> disturbing;  ///< questions before commands that would disturb a calculation
+    bool disturb = true;                  ///< the answer to all of them
     std::vector<std::string> notices;
     std::vector<std::string> shown;  ///< names of forms in the order they were shown
     std::vector<std::string> unloaded;
