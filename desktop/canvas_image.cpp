@@ -5,11 +5,11 @@
 #include <QGuiApplication>
 #include <QImageWriter>
 #include <QPainter>
-#include <QSaveFile>
 #include <cmath>
 
 #include "core/failure.h"
 #include "desktop/picture_files.h"
+#include "desktop/plot_export.h"
 #include "desktop/toolkit.h"
 
 namespace tarvex {
@@ -43,13 +43,14 @@ QFont fontOf(double lineHeight) {
     return font;
 }
 
-/// How marks come on a painter: pixels a canvas unit for places, and for what keeps its size.
+/// How marks come on a painter: pixels a canvas unit for places across and down, and for what keeps its size.
 struct Sizes {
-    double place, size;
+    double across, down, size;
+    QPointF place(double x, double y) const { return {x * across, y * down}; }
 };
 
 void drawMark(QPainter& p, const Mark& mark, const Sizes& s) {
-    const QPointF at(mark.x * s.place, mark.y * s.place);
+    const QPointF at = s.place(mark.x, mark.y);
     if (mark.kind == Mark::Kind::Text) {
         needFonts();
         p.setPen(toQt(mark.color));
@@ -59,11 +60,47 @@ void drawMark(QPainter& p, const Mark& mark, const Sizes& s) {
     }
     p.setPen(QPen(toQt(mark.color), s.size, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     p.setBrush(Qt::NoBrush);
-    if (mark.kind == Mark::Kind::Line) return p.drawLine(at, QPointF(mark.x2, mark.y2) * s.place);
+    if (mark.kind == Mark::Kind::Line) return p.drawLine(at, s.place(mark.x2, mark.y2));
     const bool sign = mark.kind == Mark::Kind::Disc && mark.x2 < largestSign;
-    const double radius = mark.x2 * (sign ? s.size : s.place);
+    const QPointF radii = sign ? QPointF(mark.x2, mark.x2) * s.size : s.place(mark.x2, mark.x2);
     if (mark.kind == Mark::Kind::Disc) p.setBrush(toQt(mark.color));
-    p.drawEllipse(at, radius, radius);
+    p.drawEllipse(at, radii.x(), radii.y());
+}
+
+/// What a text covers.
+QRectF boxOf(const Mark& text, const Sizes& s) {
+    const QFontMetricsF metrics(fontOf(text.x2 * s.size));
+    const QString words = QString::fromStdString(text.text);
+    return {s.place(text.x, text.y), QSizeF(metrics.horizontalAdvance(words), metrics.height())};
+}
+
+/// Draws the grid, which comes first of all, a piece of ground under every text, the other marks in their
+/// order, and the texts: they stand clear of the grid and of what is drawn over them, and hide nothing
+/// measured.
+void drawMarks(QPainter& p, const Drawing& drawing, const Sizes& s) {
+    const auto draw = [&](const Mark& mark) {
+        p.setRenderHint(QPainter::Antialiasing,
+                        mark.kind != Mark::Kind::Line || (mark.x != mark.x2 && mark.y != mark.y2));
+        drawMark(p, mark, s);
+    };
+    bool grid = true;
+    drawing.each([&](const Mark& mark) {
+        grid &= mark.kind == Mark::Kind::Line || mark.kind == Mark::Kind::Text;
+        if (grid && mark.kind == Mark::Kind::Line) draw(mark);
+    });
+    if (drawing.texts() > 0) needFonts();
+    drawing.each([&](const Mark& mark) {
+        if (mark.kind == Mark::Kind::Text && mark.color != drawing.background())
+            p.fillRect(boxOf(mark, s), toQt(drawing.background()));
+    });
+    grid = true;
+    drawing.each([&](const Mark& mark) {
+        grid &= mark.kind == Mark::Kind::Line || mark.kind == Mark::Kind::Text;
+        if (!grid && mark.kind != Mark::Kind::Text) draw(mark);
+    });
+    drawing.each([&](const Mark& mark) {
+        if (mark.kind == Mark::Kind::Text) draw(mark);
+    });
 }
 
 }  // namespace
@@ -81,7 +118,7 @@ void ImageCanvas::draw(Mark mark) {
         painter_ = std::make_unique<QPainter>(&image_);
         painter_->setRenderHint(QPainter::TextAntialiasing);
     }
-    drawMark(*painter_, mark, {scale, scale});
+    drawMark(*painter_, mark, {scale, scale, scale});
     drawing_.add(std::move(mark));
 }
 
@@ -114,17 +151,37 @@ void ImageCanvas::text(double x, double y, const std::string& text, Color color,
 }
 
 void ImageCanvas::paintPart(QPainter& painter, const QRectF& part, const QRectF& target, double size) const {
-    if (!drawing_.complete()) {
-        const QRectF pixels(part.topLeft() * scale, part.size() * scale);
-        return painter.drawImage(target, image(), pixels);
-    }
-    const double place = target.width() / part.width();
+    const Sizes sizes{target.width() / part.width(), target.height() / part.height(), size};
+    const QPointF origin = target.topLeft() - sizes.place(part.left(), part.top());
     painter.save();
-    painter.setClipRect(target);
+    painter.setClipRect(target, Qt::IntersectClip);
     painter.fillRect(target, toQt(background()));
-    painter.translate(target.topLeft() - part.topLeft() * place);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawing_.each([&](const Mark& mark) { drawMark(painter, mark, {place, size}); });
+    if (drawing_.complete()) {
+        painter.translate(origin);
+        drawMarks(painter, drawing_, sizes);
+    } else if (const QRectF there = part.intersected({0, 0, width_ * 1.0, height_ * 1.0}); !there.isEmpty()) {
+        painter.drawImage(QRectF(origin + sizes.place(there.left(), there.top()),
+                                 origin + sizes.place(there.right(), there.bottom())),
+                          image(), QRectF(there.topLeft() * scale, there.size() * scale));
+    }
+    painter.restore();
+}
+
+void ImageCanvas::paintTexts(QPainter& painter, const QRectF& target) const {
+    if (!drawing_.complete() || drawing_.texts() == 0 || drawing_.texts() > mostTexts) return;
+    needFonts();
+    const double size = target.width() / width_;
+    const Sizes sizes{size, target.height() / height_, size};
+    QColor ground = toQt(background());
+    ground.setAlphaF(0.8F);
+    painter.save();
+    painter.setClipRect(target, Qt::IntersectClip);
+    painter.translate(target.topLeft());
+    drawing_.each([&](const Mark& mark) {
+        if (mark.kind != Mark::Kind::Text) return;
+        painter.fillRect(boxOf(mark, sizes), ground);
+        drawMark(painter, mark, sizes);
+    });
     painter.restore();
 }
 
@@ -151,11 +208,14 @@ void ImageCanvas::save(const std::filesystem::path& path) const {
     } else {
         throw FileFailure("a picture is saved as .png, .bmp, .svg or .csv: " + path.string());
     }
+    writeWhole(path, bytes);
+}
 
-    QSaveFile file(QString::fromStdString(path.string()));
-    if (!file.open(QIODevice::WriteOnly)) throw OpenFailure("cannot write " + path.string());
-    if (file.write(bytes) != bytes.size() || !file.commit())
-        throw FileFailure("cannot write " + path.string());
+void ImageCanvas::exportTo(const std::filesystem::path& path, const Plot& plot,
+                           const std::string& caption) const {
+    needFonts();
+    writeWhole(path,
+               figureFile(path.extension().string(), {.canvas = *this, .plot = plot, .caption = caption}));
 }
 
 std::unique_ptr<Canvas> makeImageCanvas(int width, int height) {

@@ -26,6 +26,8 @@ public:
     void circle(double x, double y, double radius, Color color, bool filled) override;
     void text(double x, double y, const std::string& text, Color color, double size) override;
     void save(const std::filesystem::path& path) const override;
+    void exportTo(const std::filesystem::path& path, const Plot& plot,
+                  const std::string& caption) const override;
 
     /// What has been drawn, at pixelsPerUnit; null while nothing but the background has been.
     const QImage& image() const;
@@ -34,15 +36,26 @@ public:
     Color background() const { return drawing_.background(); }
     const Drawing& drawing() const { return drawing_; }
 
-    /// Shows a part of what has been drawn, enlarged: lines stay thin, small discs and texts keep their size.
-    /// @param part    of the canvas, in canvas units
-    /// @param target  where it goes, of the same shape
+    /// Shows a part of what has been drawn, enlarged: lines stay thin, small discs and texts keep their size,
+    /// and texts stand clear of the grid.
+    /// @param part    of the canvas and around it, in canvas units
+    /// @param target  where it goes
     /// @param size    pixels of a canvas unit when nothing is enlarged
     void paintPart(QPainter& painter, const QRectF& part, const QRectF& target, double size) const;
+
+    /// Its texts again over the whole picture, clear of what was drawn over them.
+    void paintTexts(QPainter& painter, const QRectF& target) const;
+    /// Few marks, and words among them: best shown drawn anew.
+    bool isPrinted() const {
+        return drawing_.complete() && drawing_.texts() > 0 && drawing_.size() <= mostPrinted;
+    }
 
     static constexpr int pixelsPerUnit = 2;
 
 private:
+    static constexpr std::size_t mostTexts = 300;     ///< that are laid over a run
+    static constexpr std::size_t mostPrinted = 4000;  ///< marks that are drawn anew at each look
+
     void draw(Mark mark);
 
     int width_, height_;

@@ -317,6 +317,9 @@ void ControlView::refresh() {
     widget_->setVisible(control_.visible());
     widget_->setToolTip(tip());
     widget_->setStatusTip(toQt(control_.hint()));
+    // A screen reader says the caption, or what a cell without one means, and then the hint.
+    widget_->setAccessibleName(toQt(control_.caption().empty() ? control_.hint() : control_.caption()));
+    widget_->setAccessibleDescription(toQt(control_.hint()));
     if (word_ != nullptr) {
         word_->setEnabled(control_.enabled());
         word_->setToolTip(tip());

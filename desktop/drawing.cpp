@@ -16,6 +16,7 @@ void Drawing::clear(Color background) {
     places_.clear();
     scales_ = {scales_.back()};
     complete_ = true;
+    texts_ = 0;
     scaleUsed_ = false;
 }
 
@@ -31,6 +32,7 @@ void Drawing::add(Mark mark) {
         Mark& old = marks_[found->second];
         if (old.sameShape(mark)) {
             old.scale = gone;
+            texts_ -= old.kind == Mark::Kind::Text;
             places_.erase(found);
             if (mark.color == background_) return;
         }
@@ -38,6 +40,7 @@ void Drawing::add(Mark mark) {
     if (marks_.size() >= most_) tidy();
     mark.scale = static_cast<std::uint32_t>(scales_.size() - 1);
     scaleUsed_ = true;
+    texts_ += mark.kind == Mark::Kind::Text;
     places_[key] = marks_.size();
     marks_.push_back(std::move(mark));
 }
@@ -54,9 +57,11 @@ void Drawing::tidy() {
         marks_.empty() ? static_cast<std::uint32_t>(scales_.size() - 1) : marks_.front().scale;
     scales_.erase(scales_.begin(), scales_.begin() + first);
     places_.clear();
+    texts_ = 0;
     for (std::size_t i = 0; i < marks_.size(); ++i) {
         marks_[i].scale -= first;
         places_[hash(marks_[i])] = i;
+        texts_ += marks_[i].kind == Mark::Kind::Text;
     }
 }
 

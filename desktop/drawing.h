@@ -45,6 +45,9 @@ public:
 
     /// False when old marks are gone: then only the image shows everything.
     bool complete() const { return complete_; }
+    /// Marks at most that stand, and the texts that do.
+    std::size_t size() const { return marks_.size(); }
+    std::size_t texts() const { return texts_; }
     double width() const { return width_; }
     double height() const { return height_; }
     Color background() const { return background_; }
@@ -65,7 +68,7 @@ private:
     void tidy();
 
     double width_, height_;
-    std::size_t most_;
+    std::size_t most_, texts_ = 0;
     Color background_{255, 255, 255};
     bool complete_ = true, scaleUsed_ = false;
     std::vector<Scale> scales_{{}};

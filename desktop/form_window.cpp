@@ -201,6 +201,9 @@ void FormWindow::showFieldMenu(const Control& field, QPoint at) {
     menu->addSeparator();
     connect(menu->addAction("Копировать таблицу\tCtrl+Shift+C"), &QAction::triggered, this,
             [this, &field] { copyTable(field); });
+    QAction* paste = menu->addAction("Вставить ячейки");
+    paste->setEnabled(isBlock(QApplication::clipboard()->text().toStdString()));
+    connect(paste, &QAction::triggered, this, [this, &field] { pasteCells(field); });
     menu->popup(edit->mapToGlobal(at));
 }
 
@@ -226,7 +229,27 @@ bool FormWindow::event(QEvent* event) {
     return QMainWindow::event(event);
 }
 
+/// Takes cells from the clipboard into the table of a field.  False when there are none to take.
+bool FormWindow::pasteCells(const Control& first) {
+    const std::string block = QApplication::clipboard()->text().toStdString();
+    const Layout* grid = form_ == nullptr || !isBlock(block) ? nullptr : gridOf(tree_, first);
+    if (grid == nullptr) return false;
+    const auto cells = cellsOf(*grid, first, block);
+    if (cells.empty()) return false;
+    act([&] {
+        for (const auto& [field, text] : cells)
+            if (form_ != nullptr) field->setText(text);  // a change handler may have closed the form
+    });
+    statusBar()->showMessage(QString("Заполнено ячеек: %1").arg(cells.size()));
+    return true;
+}
+
 bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste))
+        for (const auto& [control, view] : views_)
+            if (view->widget() == object && qobject_cast<QLineEdit*>(object) != nullptr &&
+                pasteCells(*control))
+                return true;
     // Who works with the keyboard sees the hint of the control in the status line too.
     if (event->type() == QEvent::FocusIn)
         statusBar()->showMessage(static_cast<QWidget*>(object)->statusTip());

@@ -54,6 +54,7 @@ private:
     void offerTables();
     void showFieldMenu(const Control& field, QPoint at);
     void copyFocusedTable();
+    bool pasteCells(const Control& first);
 
     Form* form_;
     Help help_;

@@ -2,6 +2,7 @@
 // A picture as a drawing of vectors and as numbers for a spreadsheet.
 
 #include <QByteArray>
+#include <filesystem>
 
 #include "desktop/drawing.h"
 
@@ -15,5 +16,8 @@ QByteArray svgOf(const Drawing& drawing, const QImage& image);
 /// Points (discs, circles, dots), then lines, in user coordinates: "вид;x;y;x2;y2;цвет" with a decimal comma.
 /// What is drawn in the background colour is left out.
 QByteArray csvOf(const Drawing& drawing);
+
+/// Writes a file whole or not at all.  Throws FileFailure.
+void writeWhole(const std::filesystem::path& path, const QByteArray& bytes);
 
 }  // namespace tarvex

@@ -6,11 +6,16 @@
 #include <functional>
 #include <optional>
 
+#include "desktop/plot_overlay.h"
 #include "runtime/picture.h"
 
+class QPainter;
+class QPushButton;
 class QScrollArea;
 
 namespace tarvex {
+
+struct Figure;
 
 class PictureView final : public QWidget {
 public:
@@ -37,8 +42,20 @@ public:
     /// Shows it so many times larger, with what lies at this point of the widget kept there.
     void zoom(double factor, QPointF at);
     void showWhole();
+    /// Shows all points of the series: those of the chosen layer, or else those with colours of their own.
+    /// What is drawn on afterwards is followed.
+    void fit();
+    /// The form's empty picture.
+    void wipe();
     /// What is shown, in shares of the picture.
     QRectF part() const { return part_; }
+    /// What lies over the picture.
+    PlotOverlay& overlay() { return overlay_; }
+    /// Takes the user's colours and signs anew.
+    void takeLook();
+    /// The picture as it is shown now, with axes, legend and caption.
+    void paintFigure(QPainter& painter, const QRectF& page, double unit) const;
+    void exportTo(const QString& path) const;
 
     /// The scroll area that moves the picture; null without one.
     QScrollArea* scrollArea() const;
@@ -59,10 +76,28 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
-    void paintCanvas(class QPainter& painter) const;
+    bool hasPlot() const { return picture_ != nullptr && picture_->plot().described(); }
+    bool isZoomed() const { return part_ != QRectF(0, 0, 1, 1); }
+    /// A white picture on a dark desktop is shown dark.
+    bool isTurnedDark() const;
+    QMarginsF margins() const;
+    QRectF seen() const;
+    PlotOverlay::View overlayView() const;
+    void paintCanvas(QPainter& painter) const;
+    void paintTurnedDark(QPainter& painter, const QRectF& exposed) const;
+    /// What may be shown: the picture, and the points around it.
+    QRectF limits() const;
+    QRectF pointsPart() const;
     void showPart(QRectF part);
+    void moveTo(QRectF part);
+    void takeRow(QPointF at);
+    Figure figure() const;
+    void watchRun();
+    void placeNotice();
+    void showTip(QPointF at);
     void drag(QPointF by);
     /// Moves the picture in its scroll area to what its form asks to look at, once for each asking.
     void followLook();
@@ -75,6 +110,9 @@ private:
     QRectF part_{0, 0, 1, 1};
     int looks_ = 0;                   ///< how many askings were followed
     std::optional<QPointF> dragged_;  ///< where the pointer was last in a drag
+    bool legendDragged_ = false, follows_ = false, hadPlot_ = false;
+    PlotOverlay overlay_;
+    QPushButton* notice_ = nullptr;  ///< a run has left the picture
 };
 
 }  // namespace tarvex

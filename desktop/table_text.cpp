@@ -70,4 +70,38 @@ std::string tableText(const Layout& grid) {
     return text + "\n";
 }
 
+bool isBlock(std::string_view text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);
+    return text.find_first_of("\t\n") != std::string_view::npos;
+}
+
+std::vector<std::pair<TextField*, std::string>> cellsOf(const Layout& grid, const Control& first,
+                                                        std::string_view block) {
+    const auto& cells = grid.children;
+    const auto begin =
+        std::find_if(cells.begin(), cells.end(), [&](const Layout& cell) { return cell.control == &first; });
+    std::vector<std::pair<TextField*, std::string>> met;
+    if (begin == cells.end()) return met;
+    const auto columns = static_cast<std::size_t>(std::max(grid.columns, 1)),
+               place = static_cast<std::size_t>(begin - cells.begin());
+    std::size_t row = place / columns, column = place % columns;
+    for (std::size_t from = 0; from < block.size();) {
+        const std::size_t end = std::min(block.find_first_of("\t\r\n", from), block.size());
+        const std::size_t at = row * columns + column;
+        if (column < columns && at < cells.size() && cells[at].kind == Kind::Item &&
+            cells[at].control->kind() == Control::Kind::Text) {
+            auto* field = static_cast<TextField*>(cells[at].control);
+            if (!field->readOnly() && field->enabled())
+                met.emplace_back(field, std::string(block.substr(from, end - from)));
+        }
+        ++column;
+        const bool lineEnds = end < block.size() && block[end] != '\t';
+        from = block.compare(end, 2, "\r\n") == 0 ? end + 2 : end + 1;
+        if (!lineEnds) continue;
+        ++row;
+        column = place % columns;
+    }
+    return met;
+}
+
 }  // namespace tarvex

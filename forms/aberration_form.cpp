@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
+#include "forms/picture_axes.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 
@@ -58,6 +59,7 @@ AberrationForm::AberrationForm(Laboratory& lab_) : AberrationControls(lab_.desk)
         year.setText(startYear_);
     });
     clearDrawing.onPress([this] { clearPicture(); });
+    drawing.onWipe([this] { clearPicture(); });
     closeForm.onPress([this] { close(); });
     drawingScale.onChange([this] { showScale(); });
 }
@@ -200,12 +202,37 @@ double AberrationForm::across(double x, double y, double z, bool horizontal) con
     return (horizontal ? x : planeXY.on() ? y : z) / lab.s.Mx;
 }
 
+/// What the drawing means in the chosen plane and at the present scales: places, time, and the phase plane.
+void AberrationForm::tellAxes() {
+    const double cell = lab.s.Mx / inMillionKm.metres, MAlfa = angleScale.number();
+    drawing.axes(layerPlaces, {scaledAxis("X", inMillionKm.name, cell),
+                               scaledAxis(planeXY.on() ? "Y" : "Z", inMillionKm.name, cell)});
+    drawing.axes(layerTime, {yearAxis(bench_.JDorigin, -10, timeScale.number() * 365.25),
+                             scaledAxis("аберрация", "град", MAlfa)});
+    drawing.axes(layerPhase,
+                 {scaledAxis("A * cos(L)", "град", MAlfa), scaledAxis("A * sin(L)", "град", MAlfa)});
+    const int layer = viewAgainstTime.on() ? layerTime : layerPhase;
+    const auto component = [&](const char* name, int color) {
+        return drawing.series({name, planeXY.on() ? "L" : "B", layer, color, planeXY.on() ? 0 : 1});
+    };
+    source_ = component("Ais", 1);
+    receiver_ = component("Apr", 0);
+    total_ = component("As", 2);
+}
+
+/// The series of the places of a body.
+int AberrationForm::placesOf(int row) {
+    return drawing.series(
+        {.quantity = row == AberrationBench::star ? "звезда" : bodyName(row), .layer = layerPlaces});
+}
+
 /// The places of the Earth and the object and, in the plane of the ecliptic, their orbits.
 void AberrationForm::drawPlaces() {
     const ModelState& s = lab.s;
     for (const int row : {3, bench_.body}) {
-        drawing.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
-                     across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15, colorOf(row));
+        drawing.as(placesOf(row))
+            .disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
+                  across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15, colorOf(row));
         if (planeXY.on() && row != AberrationBench::star && row != 0)
             drawing.circle(0, 0, s.R0sr[row] / s.Mx, {90, 90, 90});
     }
@@ -224,6 +251,7 @@ void AberrationForm::drawConstruction() {
     const int strength = static_cast<int>(100.0 / (4 * n + 1) + 155),
               sumStrength = static_cast<int>(100.0 / (4 * n + 1) + 125);
     const double ex = across(s.X[3], s.Y[3], s.Z[3], true), ey = across(s.X[3], s.Y[3], s.Z[3], false);
+    tellAxes();
     drawPlaces();
     for (const int row : {3, b}) {
         const double px = across(s.X0[row], s.Y0[row], s.Z0[row], true),
@@ -254,24 +282,27 @@ void AberrationForm::drawComponents() {
                  pr = byLongitude ? bench_.AlfaPr : bench_.BettaPr;
     PairGeometry(s, 0, 3);
     const double l = s.LonPl[3] / kUgol;
-    const auto point = [&](double c, Color color) {
+    tellAxes();
+    const auto point = [&](int series, double c, Color color) {
         if (viewAgainstTime.on()) {
-            drawing.disc(ratio((s.JD - bench_.JDorigin) / 365.25, MT) - 10, ratio(c, MAlfa), 0.05, color);
+            drawing.as(series).disc(ratio((s.JD - bench_.JDorigin) / 365.25, MT) - 10, ratio(c, MAlfa), 0.05,
+                                    color);
         } else {
             const double size = ratio(absoluteValues.on() ? std::abs(c) : c, MAlfa);
-            drawing.disc(std::cos(l) * size, std::sin(l) * size, 0.05, color);
+            drawing.as(series).disc(std::cos(l) * size, std::sin(l) * size, 0.05, color);
         }
     };
-    if (plotSourceAberration.on()) point(is, red);
-    if (plotReceiverAberration.on()) point(pr, blue);
-    if (plotTotalAberration.on()) point(is + pr, green);
+    if (plotSourceAberration.on()) point(source_, is, red);
+    if (plotReceiverAberration.on()) point(receiver_, pr, blue);
+    if (plotTotalAberration.on()) point(total_, is + pr, green);
     const int b = bench_.body;
     if (std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], true)) > visibleCells ||
         std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], false)) > visibleCells)
         return;
     for (const int row : {3, b})
-        drawing.disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
-                     across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04, colorOf(row));
+        drawing.as(placesOf(row))
+            .disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
+                  across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04, colorOf(row));
 }
 
 }  // namespace tarvex

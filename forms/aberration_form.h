@@ -19,6 +19,9 @@ private:
     void iterate();
     void stepLoop();
     void showScale();
+    enum Layer : int { layerPlaces, layerTime, layerPhase };
+    void tellAxes();
+    int placesOf(int row);
     void clearPicture();
     void showBody(int row, TextField& x, TextField& y, TextField& z, TextField& vx, TextField& vy,
                   TextField& vz);
@@ -32,6 +35,7 @@ private:
     AberrationBench bench_;
     bool gone_ = false;                              ///< the form has been closed
     std::string startDay_, startMonth_, startYear_;  ///< date fields kept by "С шагом"
+    int source_ = Plot::none, receiver_ = Plot::none, total_ = Plot::none;  ///< series of the components
 };
 
 }  // namespace tarvex

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "forms/picture_axes.h"
 
 namespace tarvex {
 
@@ -28,6 +29,7 @@ EccentricForm::EccentricForm(Laboratory& lab_) : EccentricControls(lab_.desk), l
         },
         orShow("Ошибка при расчете координат", "Tarvex7"));
     clearDrawings.onPress([this] { clearPictures(); });
+    for (Picture* one : {&orbitDrawing, &differenceGraph}) one->onWipe([this] { clearPictures(); });
     closeForm.onPress([this] { close(); });
 }
 
@@ -87,14 +89,31 @@ void EccentricForm::EccentricRun() {
         elapsedTime.show(model_.T);
         stage("Ошибка при рисовании", "Tarvex7", [&] { EccentricDraw(); });
         const double x = ratio(model_.T, timeScale.number());
+        tellAxes();
         if (plotLongitudeDifference.on())
-            differenceGraph.disc(x, ratio(kUgol * model_.dAlfa, longitudeScale.number()), 0.05, red);
+            differenceGraph.as(dAlfa_).disc(x, ratio(kUgol * model_.dAlfa, longitudeScale.number()), 0.05,
+                                            red);
         if (plotDistanceDifference.on())
-            differenceGraph.disc(x, ratio(model_.dR, distanceScale.number()), 0.05, blue);
+            differenceGraph.as(dR_).disc(x, ratio(model_.dR, distanceScale.number()), 0.05, blue);
         model_.T = finite(model_.T + timeStep.number());
         if (lab.s.kodStop == 1) break;
         running.giveWay();
     } while (lab.s.kodStop != 1 && !gone_);
+}
+
+/// What the pictures mean at the present scales.
+void EccentricForm::tellAxes() {
+    const Axis time = scaledAxis("время", "дни", timeScale.number());
+    const double Mx = drawingScale.number();
+    differenceGraph.axes(0, {time, scaledAxis("dAlfa", "град", longitudeScale.number())});
+    differenceGraph.axes(1, {time, scaledAxis("dR", inThousandKm.name, distanceScale.number())});
+    orbitDrawing.axes(0, {scaledAxis("X", inThousandKm.name, Mx), scaledAxis("Y", inThousandKm.name, Mx)});
+    if (dR_ != Plot::none) return;
+    dAlfa_ = differenceGraph.series({.quantity = "dAlfa", .layer = 0, .color = 1});
+    dR_ = differenceGraph.series({.quantity = "dR", .layer = 1, .color = 0, .mark = 1});
+    onEllipse_ = orbitDrawing.series({.quantity = "на эллипсе"});
+    onEccentric_ = orbitDrawing.series({.quantity = "на эксцентре"});
+    onDeferent_ = orbitDrawing.series({.quantity = "на деференте"});
 }
 
 void EccentricForm::drawMarks(Color ellipse, Color eccentric, Color equant) {
@@ -102,14 +121,14 @@ void EccentricForm::drawMarks(Color ellipse, Color eccentric, Color equant) {
     const auto at = [&](double v) { return ratio(v, Mx); };
     const Eccentric& d = drawn_;
     orbitDrawing.line(0, 0, at(d.ellipse.x), at(d.ellipse.y), ellipse);
-    orbitDrawing.disc(at(d.ellipse.x), at(d.ellipse.y), 0.15, ellipse);
+    orbitDrawing.as(onEllipse_).disc(at(d.ellipse.x), at(d.ellipse.y), 0.15, ellipse);
     orbitDrawing.line(0, 0, at(d.eccentric.x), at(d.eccentric.y), eccentric);
-    orbitDrawing.disc(at(d.eccentric.x), at(d.eccentric.y), 0.15, eccentric);
+    orbitDrawing.as(onEccentric_).disc(at(d.eccentric.x), at(d.eccentric.y), 0.15, eccentric);
     if (d.equant) {
         orbitDrawing.line(at(d.R * d.e2), 0, at(d.deferent.x), at(d.deferent.y), equant);
-        orbitDrawing.disc(at(d.deferent.x), at(d.deferent.y), 0.1, equant);
+        orbitDrawing.as(onDeferent_).disc(at(d.deferent.x), at(d.deferent.y), 0.1, equant);
     } else {
-        orbitDrawing.disc(at(d.deferent.x), at(d.deferent.y), 0.1, eccentric);
+        orbitDrawing.as(onDeferent_).disc(at(d.deferent.x), at(d.deferent.y), 0.1, eccentric);
     }
 }
 

@@ -18,12 +18,15 @@ private:
     void EccentricRun();
     void EccentricDraw();
     void drawMarks(Color ellipse, Color eccentric, Color equant);
+    void tellAxes();
     void clearPictures();
 
     Laboratory& lab;
     Eccentric model_;
     Eccentric drawn_;  ///< where the marks stand that the next drawing erases
     bool started_ = false, gone_ = false;
+    int dAlfa_ = Plot::none, dR_ = Plot::none, onEllipse_ = Plot::none, onEccentric_ = Plot::none,
+        onDeferent_ = Plot::none;  ///< series of the pictures
 };
 
 }  // namespace tarvex

@@ -17,6 +17,7 @@ namespace {
 constexpr Color sunColor{240, 240, 0}, bodyGreen{0, 200, 0}, shadowColor{220, 220, 220}, white{255, 255, 255},
     black{0, 0, 0}, gridColor{235, 235, 235}, axisColor{150, 150, 150}, dayBlue{90, 110, 200};
 constexpr double cellsOfSky = 30;          ///< degrees in a cell of the sky
+constexpr double sideOfBodies = 12;        ///< height of the side view
 constexpr double Mrow = 30000 * MK;        ///< metres in a cell of the picture of the bodies
 constexpr std::size_t longestPath = 2000;  ///< points of the way over the disk that are kept
 const std::string paramFile = "\\Dat\\Param_data.txt", timeFile = "\\Dat\\TimeYer_data.txt";
@@ -70,6 +71,8 @@ EclipseForm::EclipseForm(Laboratory& lab_)
     for (int i = 0; i <= 10; ++i) tableChoice(i).onChoose([this, i] { chooseTable(i); }, bad);
     for (OptionButton* frameChoice : {&equatorialFrame, &horizontalFrame})
         frameChoice->onChoose([this] { clearDisks(); });
+    for (Picture* one : {&bodiesPicture, &disksPicture, &skyPicture})
+        one->onWipe([this] { clearPictures(); });
     layOut();
 }
 
@@ -82,6 +85,7 @@ void EclipseForm::load() {
     bodiesPicture.setScale(-10, 14, 10, -10);
     disksPicture.setScale(-10, 10, 10, -10);
     skyPicture.setScale(-6, 3, 6, -3);
+    tellAxes();
     clearPictures();
     s.Rpl[3][0] = s.Lae;
 }
@@ -319,6 +323,17 @@ void EclipseForm::nextDate() {
 
 // ---------------------------------------------------------------------------------------------- pictures
 
+void EclipseForm::tellAxes() {
+    tellViews(bodiesPicture, Mrow, sideOfBodies);
+    skyPicture.axes(0, {scaledAxis("азимут", "град", cellsOfSky), scaledAxis("высота", "град", cellsOfSky)});
+    for (int row = 0; row <= rowShadow; ++row) {
+        if (row > rowMoon && row < rowShadow) continue;
+        const char* name = row == rowShadow ? "тень" : bodyName(row);
+        marks_[row] = {bodySeries(bodiesPicture, name), skyPicture.series({.quantity = name}),
+                       disksPicture.series({.quantity = name})};
+    }
+}
+
 void EclipseForm::clearPictures() {
     bodiesPicture.clear();
     bodiesPicture.line(-10, 0, 10, 0, axisColor);
@@ -360,14 +375,17 @@ void EclipseForm::drawBodies() {
     const ModelState& s = lab.s;
     for (const int row : {0, 3, static_cast<int>(s.IplSel)}) {
         const Color color = row == 0 ? Color{230, 200, 0} : row == 3 ? Color{0, 0, 255} : bodyGreen;
-        bodiesPicture.disc(s.X[row] / Mrow, s.Y[row] / Mrow, row == 0 ? 0.5 : 0.25, color);
-        bodiesPicture.disc(s.X[row] / Mrow, s.Z[row] / Mrow + 12, row == 0 ? 0.5 : 0.25, color);
+        bodiesPicture.as(marks_[row].views.plane)
+            .disc(s.X[row] / Mrow, s.Y[row] / Mrow, row == 0 ? 0.5 : 0.25, color);
+        bodiesPicture.as(marks_[row].views.side)
+            .disc(s.X[row] / Mrow, s.Z[row] / Mrow + sideOfBodies, row == 0 ? 0.5 : 0.25, color);
     }
 }
 
 void EclipseForm::drawSky() {
     const auto mark = [&](int row, Color color) {
-        skyPicture.disc(e_.azimuth[row] / cellsOfSky, e_.altitude[row] / cellsOfSky, 0.06, color);
+        skyPicture.as(marks_[row].sky)
+            .disc(e_.azimuth[row] / cellsOfSky, e_.altitude[row] / cellsOfSky, 0.06, color);
     };
     mark(0, {230, 190, 0});
     mark(lab.s.IplSel, bodyGreen);
@@ -379,8 +397,10 @@ void EclipseForm::drawDisks() {
     const ModelState& s = lab.s;
     const int body = s.IplSel, centre = e_.lunar ? rowShadow : 0;
     const double MdB = diskScale.number();
+    disksPicture.axes(0, {scaledAxis("dL", "град", MdB), scaledAxis("dB", "град", MdB)});
     const auto place = [&](int row, double radius) {
         Mark m;
+        m.series = marks_[row].disk;
         m.radius = radius / MdB;
         if (equatorialFrame.on()) {
             m.x = (s.Lpl[centre] - s.Lpl[row]) * std::cos(s.Bpl[centre] / kUgol) / MdB;
@@ -393,7 +413,7 @@ void EclipseForm::drawDisks() {
     };
     const auto paint = [&](const Mark& m, Color color) {
         if (m.radius <= 0) return;
-        disksPicture.disc(m.x, m.y, m.radius, color);
+        disksPicture.as(m.series).disc(m.x, m.y, m.radius, color);
         disksPicture.circle(m.x, m.y, m.radius, color == white ? white : black);
     };
     if (!keepTracks.on()) {
@@ -407,7 +427,7 @@ void EclipseForm::drawDisks() {
         paint(oldSun_, sunColor);
         paint(oldBody_, bodyGreen);
         disksPicture.circle(oldShadow_.x, oldShadow_.y, oldShadow_.radius, black);
-        disksPicture.disc(oldShadow_.x, oldShadow_.y, oldShadow_.radius, shadowColor);
+        disksPicture.as(oldShadow_.series).disc(oldShadow_.x, oldShadow_.y, oldShadow_.radius, shadowColor);
         disksPicture.circle(oldBody_.x, oldBody_.y, oldBody_.radius, bodyGreen);
     } else if (s.Rpl[12][body] > s.Rpl[12][0]) {  // the farther disk first, so that the near one covers it
         paint(oldBody_, bodyGreen);

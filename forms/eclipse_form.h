@@ -2,10 +2,13 @@
 // The eclipse screen, Form16: eclipses, transits, rise and set as seen from one place, with a clock for the
 // planets and a clock for the Earth's rotation.
 
+#include <array>
 #include <deque>
+
 #include "forms/eclipse_controls.h"
 
 #include "forms/laboratory.h"
+#include "forms/picture_axes.h"
 #include "reduction/ancient_tables.h"
 #include "reduction/eclipse.h"
 
@@ -22,6 +25,12 @@ public:
 private:
     struct Mark {
         double x = 0, y = 0, radius = 0;
+        int series = Plot::none;
+    };
+    /// The series of a row on the three pictures.
+    struct RowMarks {
+        BodySeries views;
+        int sky = Plot::none, disk = Plot::none;
     };
 
     int theory() const;
@@ -44,6 +53,7 @@ private:
     void drawBodies();
     void clearDisks();
     void drawDiskGrid();
+    void tellAxes();
     void clearPictures();
     void writeParam();
     void writeTimeYer();
@@ -62,6 +72,7 @@ private:
     bool started_ = false, gone_ = false, altitudeKnown_ = false;
     double lastAltitude_ = 0;  ///< of the Sun's upper limb at the last step, degrees
     double greatest_ = 0;      ///< greatest magnitude since the start
+    std::array<RowMarks, rowShadow + 1> marks_;
     Mark oldSun_, oldBody_, oldShadow_;
     std::deque<Mark> path_;  ///< of the body over the disk
 };

@@ -22,6 +22,8 @@ ObservationsForm::ObservationsForm(Laboratory& lab_) : ObservationsControls(lab_
     closeForm.onPress([this] { close(); });
     exitProgram.onPress([this] { desk().unloadAll(name()); });
     systemScale.onChange([this] { clearSystem(); });
+    for (Picture* one : {&systemPicture, &skyPicture}) one->onWipe([this] { clearSystem(); });
+    residualGraph.onWipe([this] { clearGraph(); });
 }
 
 void ObservationsForm::bindSources() {
@@ -120,6 +122,15 @@ void ObservationsForm::clearGraph() {
 void ObservationsForm::clearSystem() {
     lab.s.Mx = systemScale.value() * 100000.0 * 1000;
     systemScaleCaption.setCaption("Масштаб = " + toText(systemScale.value() * 2 / 10.0) + " млн.км/см");
+    tellViews(systemPicture, lab.s.Mx, sideView);
+    tellViews(skyPicture, lab.s.Mx, sideView);
+    skyPicture.axes(layersAfterViews, {scaledAxis("азимут", "град", 18), scaledAxis("высота", "град", 9)});
+    for (int row = 0; row <= rowMoon; ++row) {
+        bodies_[row] = bodySeries(systemPicture, bodyName(row));
+        seen_[row] = bodySeries(skyPicture, bodyName(row));
+    }
+    sunInSky_ = skyPicture.series({.quantity = "Солнце на небе", .layer = layersAfterViews});
+    bodyInSky_ = skyPicture.series({.quantity = "объект на небе", .layer = layersAfterViews});
     drawGrid(systemPicture, {});
     drawGrid(skyPicture, {});
 }

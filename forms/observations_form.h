@@ -2,8 +2,11 @@
 // Form10, the reduction of observations: theory against ancient tables or the files of observatories, through
 // all corrections, for one run or for the experiments of a plan.
 
+#include <array>
+
 #include "forms/laboratory.h"
 #include "forms/observations_controls.h"
+#include "forms/picture_axes.h"
 #include "forms/plan_picture.h"
 #include "reduction/reduction_run.h"
 
@@ -61,7 +64,29 @@ private:
     void drawSky();
     void plotPlaces();
     void plotResiduals();
-    void graphPoint(double y, Color color);
+    /// What the lower graph shows against time.
+    enum Plotted : int {
+        plotLt,
+        plotBt,
+        plotLn,
+        plotBn,
+        plotSource,
+        plotReceiver,
+        plotAberrations,
+        plotDL,
+        plotDB,
+        plotDR,
+        plotMeanDL,
+        plotMeanDB,
+        plotCriterionR,
+        plotCriterionL,
+        plotCriterionB,
+        plotRejectedR,
+        plotRejectedL,
+        plottedCount
+    };
+    void tellGraph();
+    void graphPoint(Plotted what, double y, Color color);
 
     // --- plans (observations_form_plan.cpp)
     void runExperiments();
@@ -81,6 +106,10 @@ private:
     // cells
     double yearsPerCell_ = 1, degreesPerCell_ = 90, arcSecondsPerCell_ = 100, distancePerCell_ = 50;
     double shiftCells_ = 0;
+    std::array<int, plottedCount> plotted_{};
+    std::array<BodySeries, rowMoon + 1> bodies_, seen_;  ///< on the picture of the system, in the sky
+    int histograms_ = 0;                                 ///< drawn so far
+    int sunInSky_ = Plot::none, bodyInSky_ = Plot::none;
 };
 
 }  // namespace tarvex

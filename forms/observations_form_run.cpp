@@ -18,6 +18,7 @@ namespace {
 constexpr Color green{0, 200, 0}, dRcolor{0, 0, 200}, dLcolor{255, 0, 0}, moonColor{220, 220, 220};
 constexpr double pointRadius = 0.05, rejectedRadius = 0.15;
 constexpr int progressEvery = 64;  ///< passes
+constexpr int layerHistogram = 100;
 
 }  // namespace
 
@@ -165,6 +166,7 @@ void ObservationsForm::drawLimits() {
 void ObservationsForm::pass() {
     if (running_) return;  // pressed while a run gives way: that run goes on
     readChoices();
+    tellGraph();
     struct Mark {
         explicit Mark(ObservationsForm& form_) : form(form_) { form.running_ = true; }
         ~Mark() {
@@ -196,7 +198,8 @@ void ObservationsForm::heliocentric() {
     const ModelState& s = lab.s;
     for (const int body : {0, 3, static_cast<int>(s.IplSel)}) {
         const Color color = body == rowMoon ? moonColor : bodyColor(s, body);
-        drawBothViews(systemPicture, s.X[body] / s.Mx, s.Y[body] / s.Mx, s.Z[body] / s.Mx, 0.06, color);
+        drawBothViews(systemPicture, s.X[body] / s.Mx, s.Y[body] / s.Mx, s.Z[body] / s.Mx, 0.06, color,
+                      bodies_[body]);
     }
 }
 
@@ -207,23 +210,56 @@ void ObservationsForm::drawSky() {
     const int b = s.IplSel;
     const Color color = b == rowMoon ? moonColor : bodyColor(s, b);
     if (horizonView.on()) {
-        skyPicture.disc(r.sun.L / 18, r.sun.B / 9, 0.1, bodyColor(s, 0));
-        skyPicture.disc(r.body.L / 18, r.body.B / 9, 0.06, color);
+        skyPicture.as(sunInSky_).disc(r.sun.L / 18, r.sun.B / 9, 0.1, bodyColor(s, 0));
+        skyPicture.as(bodyInSky_).disc(r.body.L / 18, r.body.B / 9, 0.06, color);
         return;
     }
-    drawBothViews(skyPicture, 0, 0, 0, 0.06, bodyColor(s, 3));
+    drawBothViews(skyPicture, 0, 0, 0, 0.06, bodyColor(s, 3), seen_[3]);
     if (b != rowSun)
-        drawBothViews(skyPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0));
+        drawBothViews(skyPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.06, bodyColor(s, 0),
+                      seen_[0]);
     // by the theory, on the ecliptic like the Sun: the row itself holds the data in their own frame by now
     const SkyPlace& place = r.stage[stageJ2000];
     const double B = place.B / kUgol, L = place.L / kUgol, R = r.Rgeo / s.Mx;
     drawBothViews(skyPicture, R * std::cos(B) * std::cos(L), R * std::cos(B) * std::sin(L), R * std::sin(B),
-                  0.06, color);
+                  0.06, color, seen_[b]);
 }
 
-void ObservationsForm::graphPoint(double y, Color color) {
+/// What the lower graph means at its scales, from now on.
+void ObservationsForm::tellGraph() {
+    const int experiment = lab.reduction.experiment;
+    const std::string run = experiment > 0 ? "эксп. " + std::to_string(experiment) : "";
+    const Axis time = yearAxis(lab.s.JDepoha, 0, yearsPerCell_ * 365.25);
+    constexpr const char *degrees = "град", *seconds = "сек", *km = "тыс. км";
+    const auto tell = [&](Plotted what, const char* name, const char* unit, double scale, int color,
+                          double line = 0) {
+        residualGraph.axes(
+            what, {time, scaledAxis(name, unit, scale, shiftCells_ + line, unit == seconds ? "\"" : "")});
+        plotted_[what] = residualGraph.series({name, run, what, color, std::max(0, experiment - 1)});
+    };
+    constexpr double angles = 4;  // height of the line from which they count
+    tell(plotLt, "L по теории", degrees, degreesPerCell_, 0);
+    tell(plotBt, "B по теории", degrees, degreesPerCell_, 6);
+    tell(plotLn, "L наблюдения", degrees, degreesPerCell_, 4);
+    tell(plotBn, "B наблюдения", degrees, degreesPerCell_, 2);
+    tell(plotSource, "аберрация источника", seconds, arcSecondsPerCell_, 1, 5);
+    tell(plotReceiver, "аберрация приемника", seconds, arcSecondsPerCell_, 2, 3);
+    tell(plotAberrations, "аберрация", seconds, arcSecondsPerCell_, 0, 1);
+    tell(plotDL, "dL", seconds, arcSecondsPerCell_, 1, angles);
+    tell(plotDB, "dB", seconds, arcSecondsPerCell_, 2, angles);
+    tell(plotDR, "dR", km, distancePerCell_, 0);
+    tell(plotMeanDL, "dLsr", seconds, arcSecondsPerCell_, 4, angles);
+    tell(plotMeanDB, "dBsr", seconds, arcSecondsPerCell_, 3, angles);
+    tell(plotCriterionR, "dRsr", km, distancePerCell_, 5);
+    tell(plotCriterionL, "Abs(dL)sr", seconds, arcSecondsPerCell_, 5);
+    tell(plotCriterionB, "Abs(dB)sr", seconds, arcSecondsPerCell_, 7);
+    tell(plotRejectedR, "dR отброшено", km, distancePerCell_, 3);
+    tell(plotRejectedL, "dL отброшено", seconds, arcSecondsPerCell_, 3, angles);
+}
+
+void ObservationsForm::graphPoint(Plotted what, double y, Color color) {
     const double x = ratio((lab.s.JD - lab.s.JDepoha) / 365.25, yearsPerCell_);
-    residualGraph.disc(x, y + shiftCells_, pointRadius, color);
+    residualGraph.as(plotted_[what]).disc(x, y + shiftCells_, pointRadius, color);
 }
 
 void ObservationsForm::placed() {
@@ -249,17 +285,17 @@ void ObservationsForm::compared() {
 void ObservationsForm::plotPlaces() {
     const ReductionState& r = lab.reduction;
     const bool L = plotLongitudes.on(), B = plotLatitudes.on();
-    if (plotTheory.on() && L) graphPoint(ratio(r.Lt, degreesPerCell_), {0, 0, 255});
-    if (plotTheory.on() && B) graphPoint(ratio(r.Bt, degreesPerCell_), {50, 0, 200});
-    if (plotObserved.on() && L) graphPoint(ratio(r.Ln, degreesPerCell_), {220, 250, 0});
-    if (plotObserved.on() && B) graphPoint(ratio(r.Bn, degreesPerCell_), {220, 250, 0});
+    if (plotTheory.on() && L) graphPoint(plotLt, ratio(r.Lt, degreesPerCell_), {0, 0, 255});
+    if (plotTheory.on() && B) graphPoint(plotBt, ratio(r.Bt, degreesPerCell_), {50, 0, 200});
+    if (plotObserved.on() && L) graphPoint(plotLn, ratio(r.Ln, degreesPerCell_), {220, 250, 0});
+    if (plotObserved.on() && B) graphPoint(plotBn, ratio(r.Bn, degreesPerCell_), {220, 250, 0});
     if (plotAberration.on() && r.reached[stageSource] && r.reached[stageReceiver]) {
         const auto shift = [&](ChainStage to, ChainStage from) {
             return ratio(std::remainder(r.stage[to].L - r.stage[from].L, 360) * 3600, arcSecondsPerCell_);
         };
-        graphPoint(shift(stageSource, stageJ2000) + 5, {255, 0, 0});
-        graphPoint(shift(stageReceiver, stageSource) + 3, {0, 250, 0});
-        graphPoint(shift(stageReceiver, stageJ2000) + 1, {0, 0, 250});
+        graphPoint(plotSource, shift(stageSource, stageJ2000) + 5, {255, 0, 0});
+        graphPoint(plotReceiver, shift(stageReceiver, stageSource) + 3, {0, 250, 0});
+        graphPoint(plotAberrations, shift(stageReceiver, stageJ2000) + 1, {0, 0, 250});
     }
 }
 
@@ -267,10 +303,11 @@ void ObservationsForm::rejected() {
     const ReductionState& r = lab.reduction;
     const double x = ratio((lab.s.JD - lab.s.JDepoha) / 365.25, yearsPerCell_);
     if (judgeByDistance.on() && plotDistanceResidual.on())
-        residualGraph.circle(x, ratio(r.dR, distancePerCell_) + shiftCells_, rejectedRadius, dRcolor);
+        residualGraph.as(plotted_[plotRejectedR])
+            .circle(x, ratio(r.dR, distancePerCell_) + shiftCells_, rejectedRadius, dRcolor);
     if (judgeByLongitude.on() && plotAngleResiduals.on())
-        residualGraph.circle(x, ratio(r.dL * 3600, arcSecondsPerCell_) + 4 + shiftCells_, rejectedRadius,
-                             {200, 0, 0});
+        residualGraph.as(plotted_[plotRejectedL])
+            .circle(x, ratio(r.dL * 3600, arcSecondsPerCell_) + 4 + shiftCells_, rejectedRadius, {200, 0, 0});
 }
 
 void ObservationsForm::accepted() {
@@ -299,14 +336,17 @@ void ObservationsForm::plotResiduals() {
     const int j = r.measure(), k = r.experiment;
     const bool L = plotLongitudes.on(), B = plotLatitudes.on();
     const auto seconds = [this](double degrees) { return ratio(degrees * 3600, arcSecondsPerCell_); };
-    if (plotAngleResiduals.on() && L) graphPoint(seconds(r.dL) + 4, dLcolor);
-    if (plotAngleResiduals.on() && B) graphPoint(seconds(r.dB) + 4, {0, 130, 100});
-    if (plotDistanceResidual.on()) graphPoint(ratio(r.dR, distancePerCell_), dRcolor);
-    if (plotMeanResiduals.on() && L) graphPoint(seconds(r.sumL / r.NObs) + 4, {250, 220, 0});
-    if (plotMeanResiduals.on() && B) graphPoint(seconds(r.sumB / r.NObs) + 4, {200, 200, 0});
-    if (plotDistanceCriterion.on()) graphPoint(ratio(c[1][j][k], distancePerCell_), {0, 0, 0});
-    if (plotAngleCriteria.on() && L) graphPoint(ratio(c[2][j][k], arcSecondsPerCell_), {0, 0, 0});
-    if (plotAngleCriteria.on() && B) graphPoint(ratio(c[3][j][k], arcSecondsPerCell_), {220, 220, 0});
+    if (plotAngleResiduals.on() && L) graphPoint(plotDL, seconds(r.dL) + 4, dLcolor);
+    if (plotAngleResiduals.on() && B) graphPoint(plotDB, seconds(r.dB) + 4, {0, 130, 100});
+    if (plotDistanceResidual.on()) graphPoint(plotDR, ratio(r.dR, distancePerCell_), dRcolor);
+    if (plotMeanResiduals.on() && L) graphPoint(plotMeanDL, seconds(r.sumL / r.NObs) + 4, {250, 220, 0});
+    if (plotMeanResiduals.on() && B) graphPoint(plotMeanDB, seconds(r.sumB / r.NObs) + 4, {200, 200, 0});
+    if (plotDistanceCriterion.on())
+        graphPoint(plotCriterionR, ratio(c[1][j][k], distancePerCell_), {0, 0, 0});
+    if (plotAngleCriteria.on() && L)
+        graphPoint(plotCriterionL, ratio(c[2][j][k], arcSecondsPerCell_), {0, 0, 0});
+    if (plotAngleCriteria.on() && B)
+        graphPoint(plotCriterionB, ratio(c[3][j][k], arcSecondsPerCell_), {220, 220, 0});
 }
 
 /// In short pieces, so that "Остановить" is seen at once.
@@ -331,10 +371,16 @@ void ObservationsForm::showStatistics() {
     const auto polygon = [&](Picture& picture, int first, double left, double factor, double bottom,
                              const char* name) {
         const auto y = [&](int n) { return ratio(factor * r.count[n], scale) + bottom; };
+        const int layer = layerHistogram;
+        picture.axes(layer, {scaledAxis("интервал", "", 1, -left),
+                             scaledAxis("наблюдений", "", ratio(scale, factor), bottom)});
+        const int series = picture.series(
+            {.quantity = name, .layer = layer, .color = 1, .mark = histograms_, .joined = true});
         for (int n = first + 1; n <= first + 18; ++n)
-            picture.line(n - left, y(n), n + 1 - left, y(n + 1), {255, 0, 0});
+            picture.as(series).line(n - left, y(n), n + 1 - left, y(n + 1), {255, 0, 0});
         return picture.text(1 - left + first, bottom + 19, name, {255, 0, 0});
     };
+    ++histograms_;
     page_.showPlots(residualGraph);
     polygon(systemPicture, 0, 10, 3, -10, "dLpl");
     polygon(skyPicture, 20, 30, 3, -10, "dBpl");

@@ -39,6 +39,7 @@ PlanForm::PlanForm(Laboratory& lab_)
     drawPlots.onPress([this] { Plot15(); },
                       orShow("Ошибка при построение графиков\r\nПопробуйте увеличить масштаб", box));
     clearDrawing.onPress([this] { page.drawEmpty(picture, true); });
+    picture.onWipe([this] { page.drawEmpty(picture, true); });
     closeForm.onPress([this] { close(); });
     opens(openWeights, "Form19");
     opens(openFiles, "Form9");

@@ -2,9 +2,15 @@
 
 #include "core/arithmetic.h"
 #include "core/numbers.h"
+#include "forms/picture_axes.h"
 #include "stats/stat.h"
 
 namespace tarvex {
+
+namespace {
+constexpr int layerExperiments = 0;  ///< the criterion of the experiments; after it, that along each factor
+constexpr int ringMark = 5;          ///< around the point of the experiment
+}  // namespace
 
 PlanPage PlanPage::of(int Nf, int leastRows) {
     PlanPage page;
@@ -37,8 +43,15 @@ void PlanPage::showPlots(Picture& picture) const {
 
 void plotExperiments(Picture& picture, const PlanBlock& p, const std::array<double, 100>& values,
                      double radius, Color color) {
+    const bool fitted = color == regressionColor;
+    picture.axes(layerExperiments, {scaledAxis("номер эксперимента", "", 2),
+                                    scaledAxis("критерий", "", p.Mcrit, -ratio(p.Ymin, p.Mcrit))});
+    const int series = picture.series({.quantity = fitted ? "критерий, расчет" : "критерий, эксперимент",
+                                       .layer = layerExperiments,
+                                       .color = fitted ? 1 : 0,
+                                       .mark = fitted ? ringMark : 0});
     for (int u = 1, last = experiments(p); u <= last; ++u)
-        picture.circle(u / 2.0, ratio(values[u] - p.Ymin, p.Mcrit), radius, color);
+        picture.as(series).circle(u / 2.0, ratio(values[u] - p.Ymin, p.Mcrit), radius, color);
 }
 
 void drawLegend(Picture& picture) {
@@ -84,10 +97,15 @@ void plotAlongFactors(Picture& picture, PlanBlock& p, const std::function<double
     for (int j = 1; j <= p.Nf; ++j) {
         for (int i = 1; i <= p.Nf; ++i) p.X[i] = coordinates(i);
         p.Nexp = static_cast<std::int16_t>(j);
+        const int first = j + (j - 1) * 4, layer = layerExperiments + j;  // of the curve: X = -1
+        const std::string name = "X" + std::to_string(p.Nfact[j]);
+        picture.axes(layer, {scaledAxis(name.c_str(), "", 0.5, first + 2),
+                             scaledAxis("критерий", "", p.Mcrit, -ratio(p.Ymin, p.Mcrit))});
+        const int series = picture.series({"критерий вдоль " + name, "", layer, j + 1});
         for (int s = 0; s <= 32; ++s) {
             p.X[j] = s / 16.0 - 1;
             EvalRegression(p);
-            picture.circle(j + (j - 1) * 4 + s / 8.0, ratio(p.Z[j] - p.Ymin, p.Mcrit), 0.04, color);
+            picture.as(series).circle(first + s / 8.0, ratio(p.Z[j] - p.Ymin, p.Mcrit), 0.04, color);
         }
     }
 }

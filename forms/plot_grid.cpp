@@ -14,9 +14,10 @@ void drawGrid(Picture& picture, const GridStyle& g) {
     for (const double y : g.axesY) picture.line(g.left, y, g.right, y, g.axis);
 }
 
-void drawBothViews(Picture& picture, double x, double y, double z, double radius, Color color) {
-    picture.disc(x, y, radius, color);
-    picture.disc(x, z + sideView, radius, color);
+void drawBothViews(Picture& picture, double x, double y, double z, double radius, Color color,
+                   const BodySeries& series) {
+    picture.as(series.plane).disc(x, y, radius, color);
+    picture.as(series.side).disc(x, z + sideView, radius, color);
 }
 
 Color bodyColor(const ModelState& s, int body, double strength) {

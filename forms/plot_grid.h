@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/model_state.h"
+#include "forms/picture_axes.h"
 #include "runtime/picture.h"
 
 namespace tarvex {
@@ -22,8 +23,10 @@ void drawGrid(Picture& picture, const GridStyle& style);
 /// Height of the middle of the side view.
 inline constexpr double sideView = 11;
 
-/// A filled circle at (x, y) and, in the side view, at (x, z), all in drawing units.  Erase with black.
-void drawBothViews(Picture& picture, double x, double y, double z, double radius, Color color);
+/// A filled circle at (x, y) and, in the side view, at (x, z), all in drawing units, which belong to the
+/// series of a body.  Erase with black.
+void drawBothViews(Picture& picture, double x, double y, double z, double radius, Color color,
+                   const BodySeries& series = {});
 
 /// Colour of a body as the model holds it, at full strength or a share of it.
 Color bodyColor(const ModelState& s, int body, double strength = 1);

@@ -57,6 +57,14 @@ void RunForm::bindCommands() {
         desk().unloadAll(formName);
     });
     orbitScale.onChange([this] { rescale(); });
+    orbitPicture.onWipe([this] {
+        clearPictures();
+        drawMarkers();
+    });
+    systemView.onWipe([this] {
+        clearView();
+        drawMarkers();
+    });
     systemView.onClick([this](double x, double y, Picture::Button button) {
         if (button != Picture::Button::Left) return;
         const double toX = finite(viewX_ + x), toY = finite(viewY_ + y);
@@ -252,6 +260,8 @@ void RunForm::start() {
     periodStart.show(cut6(lab.run.Period));
     periodNow.setText("0");
     showNotes(notes);
+    tellPlots();
+    ++runsShown_;
     if (writeRecords.on() && lab.run.kodTest == 1 && lab.plan.kodTestHead != headWritten) writeTestHead();
     lab.run.TimerStart = clockSeconds();
     run();
@@ -267,6 +277,9 @@ void RunForm::writeTestHead() {
 void RunForm::resume() {
     continueExperiment(lab.experiment(), settings());
     setDirection(lab.experiment(), forward.on() ? 1 : -1);
+    runsShown_ -= runsShown_ > 0;  // the same run goes on
+    tellPlots();
+    ++runsShown_;
     run();
 }
 

@@ -2,9 +2,11 @@
 // The experiment screen, Form2.  It runs the model or an imitator, measures the orbit of one body and keeps
 // its records.
 
+#include <array>
 #include <map>
 
 #include "forms/laboratory.h"
+#include "forms/picture_axes.h"
 #include "forms/run_controls.h"
 #include "numeric/experiment_start.h"
 
@@ -52,6 +54,23 @@ private:
     bool giveWay() override;
 
     // --- showing
+    /// What a run plots against time.
+    enum Plotted : int {
+        plotPerihelion,
+        plotNode,
+        plotInclination,
+        plotEccentricity,
+        plotSemiAxis,
+        plotPeriod,
+        plotX,
+        plotY,
+        plotZ,
+        plotEnergy,
+        plotMomentum,
+        plottedCount
+    };
+    void tellAxes();
+    void tellPlots();
     void showStartElements();
     void showShifts();
     void plotShifts();
@@ -63,16 +82,20 @@ private:
     void drawMarkers();
     void rescale();
     /// A point of a plot whose box is on; a plot that is off never reads its scale.
-    void point(bool on, double value, double scale, Color color);
+    void point(Plotted what, bool on, double value, double scale, Color color);
     /// Prints a line on the plot; the line printed before in its place goes.
     void note(int place, double x, double y, const std::string& text);
     double timeOnPlot() const;
     double shareDone() const;
 
     Laboratory& lab;
-    std::map<int, std::string> notes_;  ///< lines that stand on the plot, by their place
-    double viewX_ = 0, viewY_ = 0;      ///< middle of the system view, its units
-    bool gone_ = false;                 ///< unloaded: the run ends
+    std::map<int, std::string> notes_;       ///< lines that stand on the plot, by their place
+    double viewX_ = 0, viewY_ = 0;           ///< middle of the system view, its units
+    bool gone_ = false;                      ///< unloaded: the run ends
+    std::array<BodySeries, bodies> bodies_;  ///< on the picture of the orbits
+    std::array<int, bodies> viewed_{};       ///< on the system view
+    std::array<int, plottedCount> plotted_{};
+    int runsShown_ = 0;  ///< since the pictures were cleared
 };
 
 }  // namespace tarvex

@@ -111,20 +111,24 @@ bool RunForm::giveWay() {
 
 double RunForm::timeOnPlot() const { return ratio(lab.run.Tsec / sekG, lab.run.MT) - 10; }
 
-void RunForm::point(bool on, double value, double scale, Color color) {
-    if (on) orbitPicture.disc(timeOnPlot(), ratio(value, scale) + lab.run.dYplot, pointRadius, color);
+void RunForm::point(Plotted what, bool on, double value, double scale, Color color) {
+    if (on)
+        orbitPicture.as(plotted_[what])
+            .disc(timeOnPlot(), ratio(value, scale) + lab.run.dYplot, pointRadius, color);
 }
 
 void RunForm::plotShifts() {
     const RunState& run = lab.run;
     const Color color = bodyColor(lab.s, lab.s.IplSel);
     const double Rsr = lab.s.Rr[lab.s.IplSel];
-    point(drawPerihelion.on(), (run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa, color);
-    point(drawNode.on(), (run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa, color);
-    point(drawInclination.on(), 3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa, color);
-    point(drawEccentricity.on(), (run.Eks - run.EksNach) * run.MxPlot, 1, color);  // this scale multiplies
-    point(drawSemiAxis.on(), (Rsr - run.RsrNach) / MK, run.MxPlot, color);
-    point(drawPeriod.on(), run.Period - run.PeriodNach, 1, color);
+    point(plotPerihelion, drawPerihelion.on(), (run.AlfaP - run.AlfaPnach) * 3600, run.MdAlfa, color);
+    point(plotNode, drawNode.on(), (run.AlfaU - run.AlfaUnach) * 3600, run.MdAlfa, color);
+    point(plotInclination, drawInclination.on(), 3600 * kUgol * (run.Betta - run.BettaNach), run.MdAlfa,
+          color);
+    point(plotEccentricity, drawEccentricity.on(), (run.Eks - run.EksNach) * run.MxPlot, 1,
+          color);  // this scale multiplies
+    point(plotSemiAxis, drawSemiAxis.on(), (Rsr - run.RsrNach) / MK, run.MxPlot, color);
+    point(plotPeriod, drawPeriod.on(), run.Period - run.PeriodNach, 1, color);
 }
 
 void RunForm::showTrack() {
@@ -138,9 +142,9 @@ void RunForm::showTrack() {
     bodyX.show(cut6(X / MK));
     bodyY.show(cut6(Y / MK));
     bodyZ.show(cut6(Z / MK));
-    point(drawX.on(), X / MK, lab.run.MxPlot, red);
-    point(drawY.on(), Y / MK, lab.run.MxPlot, blue);
-    point(drawZ.on(), Z / MK, lab.run.MxPlot, green);
+    point(plotX, drawX.on(), X / MK, lab.run.MxPlot, red);
+    point(plotY, drawY.on(), Y / MK, lab.run.MxPlot, blue);
+    point(plotZ, drawZ.on(), Z / MK, lab.run.MxPlot, green);
     if (lab.run.boxes.debugText) showDebugText();
 }
 
@@ -150,8 +154,48 @@ void RunForm::showEnergy() {
     const double dM = ratio((run.MKDsys - run.MKD0sys) * 100, run.MKD0sys);
     energyShift.show(cut6(dE));
     momentumShift.show(cut6(dM));
-    orbitPicture.circle(timeOnPlot(), ratio(dE, run.MxPlot) + run.dYplot, pointRadius, red);
-    orbitPicture.circle(timeOnPlot(), ratio(dM, run.MxPlot) + run.dYplot, pointRadius, blue);
+    orbitPicture.as(plotted_[plotEnergy])
+        .circle(timeOnPlot(), ratio(dE, run.MxPlot) + run.dYplot, pointRadius, red);
+    orbitPicture.as(plotted_[plotMomentum])
+        .circle(timeOnPlot(), ratio(dM, run.MxPlot) + run.dYplot, pointRadius, blue);
+}
+
+/// What the pictures mean at the scale of the bodies.
+void RunForm::tellAxes() {
+    const double view = lab.run.MxView / inMillionKm.metres;
+    tellViews(orbitPicture, lab.s.Mx, sideView);
+    systemView.axes(layerPlane, {scaledAxis("X", inMillionKm.name, view, -viewX_),
+                                 scaledAxis("Y", inMillionKm.name, view, -viewY_)});
+    for (int i = 0; i < bodies; ++i) {
+        bodies_[i] = bodySeries(orbitPicture, bodyName(i));
+        viewed_[i] = systemView.series({.quantity = bodyName(i)});
+    }
+}
+
+/// What the plots of a run mean at its scales, from now on.
+void RunForm::tellPlots() {
+    const FlagsKept flags;  // a plot that is off never reads its scale: one of 0 is no failure here
+    const RunState& run = lab.run;
+    const Axis time = yearAxis(lab.s.JDstart + run.Tmod / sekD, run.Tsec / sekG / run.MT - 10,
+                               run.MT * sekG / sekD * run.kodTime);
+    const std::string name = "эксп. " + experimentNumber.text();
+    const auto tell = [&](Plotted what, const char* quantity, const char* unit, double scale,
+                          const char* sign = "") {
+        const int layer = static_cast<int>(layersAfterViews) + what;
+        orbitPicture.axes(layer, {time, scaledAxis(quantity, unit, scale, run.dYplot, sign)});
+        plotted_[what] = orbitPicture.series({quantity, name, layer, what, runsShown_});
+    };
+    tell(plotPerihelion, "dAlfaP", "сек", run.MdAlfa, "\"");
+    tell(plotNode, "dAlfaU", "сек", run.MdAlfa, "\"");
+    tell(plotInclination, "dBetta", "сек", run.MdAlfa, "\"");
+    tell(plotEccentricity, "dEks", "", run.MxPlot != 0 ? 1 / run.MxPlot : 0);  // this scale multiplies
+    tell(plotSemiAxis, "dRsr", inThousandKm.name, run.MxPlot);
+    tell(plotPeriod, "dP", "сут", 1);
+    tell(plotX, "X", inThousandKm.name, run.MxPlot);
+    tell(plotY, "Y", inThousandKm.name, run.MxPlot);
+    tell(plotZ, "Z", inThousandKm.name, run.MxPlot);
+    tell(plotEnergy, "dEsys", "%", run.MxPlot, "%");
+    tell(plotMomentum, "dMsys", "%", run.MxPlot, "%");
 }
 
 // ------------------------------------------------------------------ bodies
@@ -161,12 +205,14 @@ void RunForm::clearPictures() {
     style.axesY.push_back(lab.run.dYplot);
     drawGrid(orbitPicture, style);
     notes_.clear();
+    runsShown_ = 0;
     clearView();
 }
 
 void RunForm::clearView() {
     systemView.setScale(-viewHalf, viewHalf, viewHalf, -viewHalf);
     systemView.clear();
+    tellAxes();
 }
 
 /// Old markers in black, where the bodies were last drawn.
@@ -175,9 +221,10 @@ void RunForm::eraseBodies() {
     for (int i = 0; i < bodies; ++i) {
         if (s.kodPl[i] == 0) continue;
         drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
-                      markerRadius, black);
-        systemView.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
-                        (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, black);
+                      markerRadius, black, bodies_[i]);
+        systemView.as(viewed_[i])
+            .disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
+                  (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, black);
     }
 }
 
@@ -188,9 +235,10 @@ void RunForm::drawMarkers() {
         if (s.kodPl[i] == 0) continue;
         const Color color = bodyColor(s, i, s.ZOld[i] < 0 ? 0.5 : 1);
         drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
-                      markerRadius, color);
-        systemView.disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
-                        (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, color);
+                      markerRadius, color, bodies_[i]);
+        systemView.as(viewed_[i])
+            .disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
+                  (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, color);
     }
 }
 
@@ -208,6 +256,7 @@ void RunForm::drawBodies() {
 void RunForm::rescale() {
     eraseBodies();
     lab.s.Mx = 100000. * 1000 * orbitScale.value();
+    tellAxes();
     orbitScaleLabel.setCaption("Масштаб = " + toText(orbitScale.value() / 10.) + " млн.км/см");
     drawMarkers();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/arithmetic.h"
+#include "forms/picture_axes.h"
 
 namespace tarvex {
 
@@ -27,6 +28,7 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
     closeForm.onPress([this] { close(); });
     opens(openPlan, "Form15");
     opens(openFiles, "Form9");
+    picture.onWipe([this] { drawEmpty(picture.toUserY(0), picture.toUserX(1), true); });
     picture.onRelease([this](double x, double, Picture::Button button) { pick(x, button); },
                       orShow("Не могу найти эту точку", "Tarvex7"));
     layOut();
@@ -40,6 +42,34 @@ void StatisticsForm::load() {
 void StatisticsForm::activate() {
     lab.s.kodKalend = 0;
     lab.s.TimeZone = 0;
+}
+
+/// What the graph means at its scales: dates, and the parameter of the series.
+void StatisticsForm::tellAxes() {
+    const SeriesData& d = lab.series;
+    struct Parameter {
+        const char *name, *unit;
+    };
+    constexpr Parameter parameters[] = {{"", ""},          {"AlfaP", "град"},  {"AlfaU", "град"},
+                                        {"Betta", "град"}, {"Eks", ""},        {"Rsr", "млн. км"},
+                                        {"W*", "рад/век"}, {"AlfaL0", "град"}, {"Ves", ""}};
+    const auto n = static_cast<std::size_t>(d.Nparam);
+    const Parameter& what = n < std::size(parameters) ? parameters[n] : parameters[0];
+    picture.axes(layerTime, {yearAxis(d.JD0, 1, MT * 365.25),
+                             scaledAxis(what.name, what.unit, Mpar, 1 - ratio(Ymin, Mpar))});
+    parameterName = what.name;
+}
+
+/// A series of the graph in the axes of its layer; those that are laid over each other get signs of their
+/// own.
+int StatisticsForm::seriesOf(const std::string& name, int color, int mark) {
+    const std::string run = lab.s.NPlan > 0 ? "план " + std::to_string(lab.s.NPlan) : "";
+    return picture.series({name, run, layerTime, color, mark});
+}
+
+/// A line of the present fit.
+int StatisticsForm::curveOf(const char* name, Layer layer, int color) {
+    return picture.series({name, "", layer, color, fits_, true});
 }
 
 double StatisticsForm::placeY(double value) const { return ratio(value - Ymin, Mpar) + 1; }
@@ -57,6 +87,8 @@ void StatisticsForm::drawEmpty(double rows, double columns, bool grid) {
     picture.setScale(0, rows, columns, 0);
     picture.clear();
     lineY = rows - 0.3;
+    drawn_ = fits_ = 0;
+    picture.noAxes();
     if (!grid) return;
     // a picture can have many thousand columns: lines closer than a pixel show nothing
     const int stepX = 1 + static_cast<int>(columns / 2000), stepY = 1 + static_cast<int>(rows / 2000);

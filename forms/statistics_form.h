@@ -30,6 +30,10 @@ private:
     int chosenPlanet() const;
     std::int16_t chosenParam() const;
     void prepareForParam();
+    enum Layer : int { layerTime, layerSearch };
+    void tellAxes();
+    int seriesOf(const std::string& name, int color, int mark);
+    int curveOf(const char* name, Layer layer, int color);
     bool sizePicture();
     void showSample();
     void drawSeries();
@@ -68,6 +72,8 @@ private:
     bool loadedRates = false;           ///< a rate of the Moon was copied into W* at the load
     bool shiftsLoaded = false;          ///< a file of shifts has been read since the form was opened
     double lineY = 0;                   ///< height of the next printed line
+    std::string parameterName;          ///< of the series that was drawn last
+    int drawn_ = 0, fits_ = 0;          ///< series and fits on the picture
 
     FitSettings settings;
     FitResult fit;

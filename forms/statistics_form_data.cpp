@@ -169,8 +169,11 @@ void StatisticsForm::drawSeries() {
         picture.line(x, 0, x, top, border);
     }
     const Color color = chosenColor();
+    tellAxes();
+    const int series = seriesOf(parameterName, drawn_, drawn_);
+    ++drawn_;
     for (const Record& r : d.records)
-        picture.circle(placeX(r.ddTd / 2 + r.dTd), placeY(r.Par[d.Nparam]), 0.06, color);
+        picture.as(series).circle(placeX(r.ddTd / 2 + r.dTd), placeY(r.Par[d.Nparam]), 0.06, color);
 }
 
 std::vector<std::string> StatisticsForm::seriesText() {

@@ -1,13 +1,18 @@
 // Form6: the fit of the sample, the test series and the search over group sizes.
 
+#include <array>
+#include <utility>
+
 #include "core/arithmetic.h"
 #include "core/calendar.h"
+#include "forms/picture_axes.h"
 #include "forms/statistics_form.h"
 
 namespace tarvex {
 
 namespace {
 constexpr Color red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, black{0, 0, 0};
+constexpr int colorFit = 1, colorLimit = 3, colorGroups = 4, groupMark = 5;
 constexpr double curveStep = 20;         ///< days between the points of the curves
 constexpr double mostCurvePoints = 1e6;  ///< more is no span of a series
 }  // namespace
@@ -87,7 +92,10 @@ void StatisticsForm::makeTestSeries() {
     picture.text(5, 12.3, "Ymin=  " + toText(cut6(Ymin)));
     firstValue.show(cut6(d.at(1).Par[parAlfaL0]));
     lastValue.show(cut6(d.at(n).Par[parAlfaL0]));
-    for (const Record& r : d.records) picture.circle(placeX(r.dTd), placeY(r.Par[parAlfaL0]), 0.08, red);
+    tellAxes();
+    const int series = seriesOf("AlfaL0", 0, 0);
+    for (const Record& r : d.records)
+        picture.as(series).circle(placeX(r.dTd), placeY(r.Par[parAlfaL0]), 0.08, red);
 }
 
 void StatisticsForm::passOfSize(int NCP, bool single) {
@@ -125,9 +133,10 @@ void StatisticsForm::drawGroups() {
         picture.text(18, y - 0.6, "VesSum=  " + toText(cut6(fit.VesSum)));
     }
     int i = 0;
+    const int series = seriesOf("группы", colorGroups, groupMark);
     for (const Group& g : fit.groups) {
         const double days = g.T * 36525 + settings.T0 - lab.series.JD0;
-        picture.circle(placeX(days), placeY(g.Y), 0.5 * g.W, color);
+        picture.as(series).circle(placeX(days), placeY(g.Y), 0.5 * g.W, color);
         if (!weightsAsText.on()) continue;
         picture.text(22, y, "i=  " + toText(++i) + "   Ves=  " + toText(cut6(g.W)));
         y -= 0.5;
@@ -141,10 +150,14 @@ void StatisticsForm::drawCurves() {
     const double from = Fix(d.at(1).dTd), to = Fix(last.dTd + last.ddTd);
     if (!((to - from) / curveStep < mostCurvePoints)) throw ArithmeticFailure("span of the series");
     const double away = limitFactor * fit.Sigma;
+    ++fits_;
+    const std::array curves = {std::pair(curveOf("+2*Sigma", layerTime, colorLimit), away),
+                               std::pair(curveOf("аппроксимация", layerTime, colorFit), 0.0),
+                               std::pair(curveOf("-2*Sigma", layerTime, colorLimit), -away)};
     for (double t = from; t <= to; t += curveStep) {
         const double value = fit.at((d.JD0 + t - settings.T0) / 36525);
-        for (const double one : {value + away, value, value - away})
-            picture.disc(placeX(t), placeY(one), 0.015, color);
+        for (const auto& [series, off] : curves)
+            picture.as(series).disc(placeX(t), placeY(value + off), 0.015, color);
     }
 }
 
@@ -175,14 +188,21 @@ void StatisticsForm::GroupSearchReport(int last) {
 
     const auto x = [&](int s) { return ratio(s - first + 1, searchX) + 1; };
     const auto y = [&](double value) { return ratio(value - searchReference, searchY) + 5; };
-    const auto segment = [&](int s, double from, double to, Color color) {
-        picture.line(x(s - 1), y(from), x(s), y(to), color);
+    const char* unit = shiftUnit(lab.series.Nparam).caption;
+    picture.axes(layerSearch, {scaledAxis("NCP0", "", searchX, 1 - ratio(first - 1, searchX)),
+                               scaledAxis("сдвиг", unit == nullptr ? "" : unit, searchY,
+                                          5 - ratio(searchReference, searchY))});
+    ++fits_;
+    const int low = curveOf("сдвиг - 2*Sigma", layerSearch, 2), middle = curveOf("сдвиг", layerSearch, 0),
+              high = curveOf("сдвиг + 2*Sigma", layerSearch, 1);
+    const auto segment = [&](int series, int s, double from, double to, Color color) {
+        picture.as(series).line(x(s - 1), y(from), x(s), y(to), color);
     };
     // the first segments come from size 0, which has no fit: its cells are 0
     for (int s = first; s <= last; ++s) {
-        segment(s, dYgr[s - 1] - Sigma2gr[s - 1], dYgr[s] - Sigma2gr[s], green);
-        segment(s, dYgr[s - 1], dYgr[s], blue);
-        segment(s, dYgr[s - 1] + Sigma2gr[s - 1], dYgr[s] + Sigma2gr[s], red);
+        segment(low, s, dYgr[s - 1] - Sigma2gr[s - 1], dYgr[s] - Sigma2gr[s], green);
+        segment(middle, s, dYgr[s - 1], dYgr[s], blue);
+        segment(high, s, dYgr[s - 1] + Sigma2gr[s - 1], dYgr[s] + Sigma2gr[s], red);
     }
     for (std::size_t i = 0; i < found.band.size(); ++i) {
         const GroupSearch::Step& step = found.band[i];

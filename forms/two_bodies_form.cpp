@@ -64,6 +64,7 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
         },
         badRun);
     clearDrawings.onPress([this] { clearPictures(); });
+    for (Picture* one : {&orbitPicture, &shiftPlots}) one->onWipe([this] { clearPictures(); });
     opens(openPulsar, "Form26");
     closeForm.onPress([this] { close(); });
     exactPassages.onChange([this] {
@@ -82,6 +83,7 @@ void TwoBodiesForm::unload() { gone_ = true; }
 
 void TwoBodiesForm::showScale() {
     lab.s.Mx = scaleBar.value() * 1000000.0;
+    tellViews(orbitPicture, lab.s.Mx, sideView, inThousandKm);
     scaleLabel.setCaption("Масштаб изображения= " + toText(scaleBar.value()) + " тыс.км/см");
 }
 
@@ -89,11 +91,32 @@ void TwoBodiesForm::clearPictures() {
     showScale();
     orbitPicture.setBackground(white);
     drawGrid(orbitPicture, {.cell = grey, .axis = axis});
+    for (const int row : {0, 11, 14})
+        series_[row] = bodySeries(orbitPicture, row == 0 ? "m2" : row == 11 ? "m1" : "ЦМ");
     shiftPlots.setScale(0, 8, 24, -8);
     shiftPlots.clear();
     for (int x = 0; x <= 24; ++x) shiftPlots.line(x, -8, x, 8, grey);
     for (int y = -8; y <= 8; ++y) shiftPlots.line(0, y, 24, y, y == 0 || y == 4 ? axis : grey);
     noteLine_ = noteTop;
+}
+
+/// What the plots mean at the scales of a run, from now on.
+void TwoBodiesForm::tellPlots() {
+    const PulsarExtras& p = lab.pulsar;
+    const Axis time = scaledAxis("время", "сут", scales_.time / sekD);
+    const auto tell = [&](Plotted what, const char* name, const char* unit, double scale, double zero = 0) {
+        shiftPlots.axes(what, {time, scaledAxis(name, unit, scale, zero)});
+        plotted_[what] = shiftPlots.series({name, "", what, what});
+    };
+    tell(dEks, "dEks1", "", scales_.Eks);
+    tell(dAlfaP, "dAlfaP1", "град", scales_.AlfaP);
+    tell(dR, "dR1", "тыс. км", scales_.Rsr);
+    tell(dP, "dP1", "сек", scales_.Period);
+    tell(radialSpeed, "VY", "м/с", p.radialScale * p.signVY, delayLine);
+    tell(roemer, "dT Ремера", "сек", p.roemerScale, delayLine);
+    tell(delayBySpeed, "dTv", "сек", p.delayBySpeedScale, delayLine);
+    tell(delayByMass, "dTm", "сек", p.delayByMassScale, delayLine);
+    tell(pulses, "dF импульсов", "Гц", p.pulsesScale, delayLine);
 }
 
 /// Prints one line on the plots, each below the last.
@@ -265,6 +288,7 @@ void TwoBodiesForm::showStart() {
 void TwoBodiesForm::loop() {
     if (!started_) throw Failure("no run to go on with");
     Running running(*this);
+    tellPlots();
     do {
         takeSettings();
         runTwoBodyBatch(lab.s, lab.twoBody, *this);
@@ -288,7 +312,8 @@ void TwoBodiesForm::periodMeasured() {
         periodNow.show(cut6(b.Period));
         periodShift.show(cut6(b.Period - b.PeriodNach));
         if (plotPeriod.on())
-            shiftPlots.disc(plotX(), ratio(b.Period - b.PeriodNach, scales_.Period), 0.06, orange);
+            shiftPlots.as(plotted_[dP])
+                .disc(plotX(), ratio(b.Period - b.PeriodNach, scales_.Period), 0.06, orange);
     }
 }
 
@@ -328,9 +353,12 @@ void TwoBodiesForm::periastronPassed() {
     axisNow.show(cut6(s.Rr[11] / MK));
     axisShift.show(cut6((s.Rr[11] - b.RsrNach) / MK));
     const double x = plotX();
-    if (plotEccentricity.on()) shiftPlots.disc(x, ratio(b.Eks - b.EksNach, scales_.Eks), 0.06, blue);
-    if (plotPeriastron.on()) shiftPlots.disc(x, ratio(b.AlfaP - b.AlfaPnach, scales_.AlfaP), 0.06, red);
-    if (plotAxis.on()) shiftPlots.disc(x, ratio((s.Rr[11] - b.RsrNach) / MK, scales_.Rsr), 0.06, green);
+    if (plotEccentricity.on())
+        shiftPlots.as(plotted_[dEks]).disc(x, ratio(b.Eks - b.EksNach, scales_.Eks), 0.06, blue);
+    if (plotPeriastron.on())
+        shiftPlots.as(plotted_[dAlfaP]).disc(x, ratio(b.AlfaP - b.AlfaPnach, scales_.AlfaP), 0.06, red);
+    if (plotAxis.on())
+        shiftPlots.as(plotted_[dR]).disc(x, ratio((s.Rr[11] - b.RsrNach) / MK, scales_.Rsr), 0.06, green);
 }
 
 /// The plots that have a point at every step.
@@ -340,10 +368,15 @@ void TwoBodiesForm::stepDone() {
     const TwoBody& b = lab.twoBody;
     const PulsarExtras& p = lab.pulsar;
     const double x = plotX();
-    if (p.radialSpeed) shiftPlots.disc(x, p.signVY * s.VY[11] / p.radialScale + delayLine, 0.03, red);
-    if (p.roemer) shiftPlots.disc(x, s.Y[11] / Vsv / p.roemerScale + delayLine, 0.03, blue);
-    if (p.delayBySpeed) shiftPlots.disc(x, b.dTv / p.delayBySpeedScale + delayLine, 0.03, green);
-    if (p.delayByMass) shiftPlots.disc(x, b.dTm / p.delayByMassScale + delayLine, 0.03, violet);
+    if (p.radialSpeed)
+        shiftPlots.as(plotted_[radialSpeed])
+            .disc(x, p.signVY * s.VY[11] / p.radialScale + delayLine, 0.03, red);
+    if (p.roemer)
+        shiftPlots.as(plotted_[roemer]).disc(x, s.Y[11] / Vsv / p.roemerScale + delayLine, 0.03, blue);
+    if (p.delayBySpeed)
+        shiftPlots.as(plotted_[delayBySpeed]).disc(x, b.dTv / p.delayBySpeedScale + delayLine, 0.03, green);
+    if (p.delayByMass)
+        shiftPlots.as(plotted_[delayByMass]).disc(x, b.dTm / p.delayByMassScale + delayLine, 0.03, violet);
 }
 
 void TwoBodiesForm::display() {
@@ -353,9 +386,10 @@ void TwoBodiesForm::display() {
     longitude.show(cut6(s.LonPl[11]));
     const double received = s.Y[11] / Vsv + b.Tsec;
     if (lab.pulsar.pulses && received != lastReceived_)
-        shiftPlots.disc(plotX(),
-                        (b.NC0 / (received - lastReceived_) - 1 / b.Dt) / lab.pulsar.pulsesScale + delayLine,
-                        0.04, black);
+        shiftPlots.as(plotted_[pulses])
+            .disc(plotX(),
+                  (b.NC0 / (received - lastReceived_) - 1 / b.Dt) / lab.pulsar.pulsesScale + delayLine, 0.04,
+                  black);
     lastReceived_ = received;
     forceOnM1.show(b.Ft1);
     energyChange.show(ratio(100 * (b.Esys - b.E0sys), b.E0sys));
@@ -376,7 +410,7 @@ void TwoBodiesForm::drawBodies(Color first, Color second) {
                                                                               : 15;
     const auto mark = [&](int row, double radius, Color color) {
         drawBothViews(orbitPicture, (s.X[row] - s.X[from]) / s.Mx, (s.Y[row] - s.Y[from]) / s.Mx,
-                      (s.Z[row] - s.Z[from]) / s.Mx, radius, color);
+                      (s.Z[row] - s.Z[from]) / s.Mx, radius, color, series_[row]);
     };
     mark(11, 0.08, first);
     if (showBothFromBarycentre.on() || showBothFromOrigin.on() || showM1FromM2.on()) mark(0, 0.12, second);

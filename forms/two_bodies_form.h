@@ -2,7 +2,11 @@
 // The two-body screen, Form25: the problem of two bodies with the speed of gravity.  Takes a pair by theory
 // or from the file of a pulsar, runs it until it is stopped, measures its orbit and plots the shifts.
 
+#include <array>
+#include <map>
+
 #include "forms/laboratory.h"
+#include "forms/picture_axes.h"
 #include "forms/two_bodies_controls.h"
 
 namespace tarvex {
@@ -40,6 +44,20 @@ private:
     void printDelays(const std::string& period);
     void note(const std::string& text);
     double plotX() const;
+    /// What a run plots against time.
+    enum Plotted : int {
+        dEks,
+        dAlfaP,
+        dR,
+        dP,
+        radialSpeed,
+        roemer,
+        delayBySpeed,
+        delayByMass,
+        pulses,
+        plottedCount
+    };
+    void tellPlots();
 
     Laboratory& lab;
     bool started_ = false, gone_ = false;
@@ -50,6 +68,8 @@ private:
     double lastReceived_ = 0;  ///< time at which the last pulse shown was received, s
     bool anyPerStep_ = false;  ///< some plot of every step is on
     double noteLine_ = 0;      ///< height of the next printed line on the plots, cells
+    std::array<int, plottedCount> plotted_{};
+    std::map<int, BodySeries> series_;  ///< of rows on the picture of the orbits
 };
 
 }  // namespace tarvex

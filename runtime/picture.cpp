@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/arithmetic.h"
 #include "runtime/desk.h"
@@ -37,6 +38,7 @@ void Picture::setScale(double left, double top, double right, double bottom) {
     top_ = top;
     right_ = right;
     bottom_ = bottom;
+    plot_.setScale({left, top, right, bottom});
     if (canvas_) canvas_->setScale(left, top, right, bottom);
 }
 
@@ -44,6 +46,7 @@ void Picture::resize(int width, int height) {
     width_ = std::clamp(width, 50, 8000);
     height_ = std::clamp(height, 50, 8000);
     canvas_.reset();
+    plot_.clear();
     changed();
 }
 
@@ -55,8 +58,16 @@ void Picture::lookAt(double top, double bottom) {
 
 void Picture::clear() {
     const FlagsKept flags;
+    plot_.clear();
     if (Canvas* c = canvas()) c->clear(background_);
     changed();
+}
+
+void Picture::wipe() {
+    if (wipe_)
+        run({wipe_, {}});
+    else
+        clear();
 }
 
 bool Picture::place(double x, double y, double& cx, double& cy) {
@@ -69,8 +80,20 @@ bool Picture::place(double x, double y, double& cx, double& cy) {
     return true;
 }
 
+/// A point of a series, wherever it lies.
+void Picture::mark(int series, double x, double y, Color color) {
+    if (series == Plot::none || canvas() == nullptr) return;
+    if (color == background_)
+        plot_.take(series, {x, y});
+    else
+        plot_.add(series, {x, y}, color);
+}
+
 void Picture::line(double x1, double y1, double x2, double y2, Color color) {
     const FlagsKept flags;
+    const int series = std::exchange(next_, Plot::none);
+    mark(series, x1, y1, color);
+    mark(series, x2, y2, color);
     double a, b, c, d;
     if (!place(x1, y1, a, b) || !place(x2, y2, c, d)) return;
     canvas_->line(a, b, c, d, color);
@@ -79,6 +102,7 @@ void Picture::line(double x1, double y1, double x2, double y2, Color color) {
 
 void Picture::drawCircle(double x, double y, double radius, Color color, bool filled) {
     const FlagsKept flags;
+    mark(std::exchange(next_, Plot::none), x, y, color);
     const double share = std::abs(radius / (right_ - left_));
     double a, b;
     if (!(share < farOutside) || !place(x, y, a, b)) return;
@@ -115,6 +139,19 @@ void Picture::save(const std::filesystem::path& path) {
     const FlagsKept flags;
     if (canvas() == nullptr) throw FileFailure("nothing is drawn that could be saved");
     canvas_->save(path);
+}
+
+void Picture::exportTo(const std::filesystem::path& path) {
+    const FlagsKept flags;
+    if (canvas() == nullptr) throw FileFailure("nothing is drawn that could be exported");
+    canvas_->exportTo(path, plot_, captionText());
+}
+
+std::string Picture::captionText() const {
+    std::string words;  // titles are padded with blanks
+    for (const char c : form().title() + (hint().empty() ? "" : ". " + hint()))
+        if (c != ' ' || (!words.empty() && words.back() != ' ')) words += c;
+    return words;
 }
 
 void Picture::onClick(Mouse action, Shown message) {

@@ -8,13 +8,9 @@
 #include <string>
 
 #include "runtime/control.h"
+#include "runtime/plot.h"
 
 namespace tarvex {
-
-struct Color {
-    int r = 0, g = 0, b = 0;
-    bool operator==(const Color&) const = default;
-};
 
 /// Where a picture is drawn.  Coordinates are canvas units: x to the right from 0 to width(), y down from 0
 /// to height(); text is placed by its top left corner.
@@ -32,6 +28,12 @@ public:
     /// Writes the picture; the ending of the name tells the format: .png, .bmp, .svg, or .csv for its points
     /// and lines as numbers.  Throws FileFailure.
     virtual void save(const std::filesystem::path& path) const = 0;
+    /// Writes the picture with what it means: .pdf and .svg with axes, legend and caption, .csv with a block
+    /// a series.  Throws FileFailure.
+    virtual void exportTo(const std::filesystem::path& path, const Plot& /*plot*/,
+                          const std::string& /*caption*/) const {
+        save(path);
+    }
 };
 
 class Picture final : public Control {
@@ -56,6 +58,20 @@ public:
     /// Height of texts from now on, in canvas units.
     void setTextHeight(double height) { textHeight_ = height; }
 
+    /// What user coordinates mean from now on, in a layer of what is drawn.
+    void axes(int layer, const Axes& axes) { plot_.setAxes(layer, axes); }
+    /// From now on it is a page of text: its axes and series are gone.
+    void noAxes() { plot_.forget(); }
+    /// The number of a series, for as().
+    int series(const SeriesSpec& spec) { return plot_.series(spec); }
+    /// The next mark belongs to this series: the middle of a circle or disc, the ends of a line.  In the
+    /// colour of the background it takes the point away.
+    Picture& as(int series) {
+        next_ = series;
+        return *this;
+    }
+    const Plot& plot() const { return plot_; }
+
     // All in user coordinates.  A point far outside, a circle many times the picture, or no number, is not
     // drawn.
     void line(double x1, double y1, double x2, double y2, Color color);
@@ -79,6 +95,15 @@ public:
     /// Saves the picture as it stands.  Throws FileFailure, also where the screen draws nothing; the
     /// old file stays whole then.
     void save(const std::filesystem::path& path);
+    /// Writes it with axes, legend and caption (.pdf, .svg) or its series as numbers (.csv).  Throws
+    /// FileFailure as save() does.
+    void exportTo(const std::filesystem::path& path);
+    /// What it is called where it stands alone: its form and its hint.
+    std::string captionText() const;
+
+    /// How the form draws its empty picture, for a user who wants it clear; without it all goes.
+    void onWipe(std::function<void()> action) { wipe_ = std::move(action); }
+    void wipe();
 
     void onClick(Mouse action, Shown message = {});
     void onRelease(Mouse action, Shown message = {});
@@ -101,6 +126,7 @@ public:
 
 private:
     bool place(double x, double y, double& cx, double& cy);
+    void mark(int series, double x, double y, Color color);
     void drawCircle(double x, double y, double radius, Color color, bool filled);
 
     int width_, height_;
@@ -109,6 +135,9 @@ private:
     double left_ = 0, top_ = 0, right_ = 1, bottom_ = 1;
     std::unique_ptr<Canvas> canvas_;
     Look look_;
+    Plot plot_;
+    int next_ = Plot::none;  ///< the series of the next mark
+    std::function<void()> wipe_;
     Mouse click_, release_;
     Shown clickMessage_, releaseMessage_;
 };

@@ -1,7 +1,6 @@
 #include "script/player.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <istream>
 
@@ -144,7 +143,7 @@ std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
     for (std::string_view rest : lines) {
         std::string_view word = takeWord(rest);
         if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);  // at yield N ...
-        if (word == "save") saved.emplace(takeWord(rest));
+        if (word == "save" || word == "export") saved.emplace(takeWord(rest));
         if (word == "Form6.Command7")
             saved.emplace("Form6");  // this command itself saves a picture of its form
     }
@@ -200,6 +199,7 @@ void Player::doLine(std::string_view line) {
     if (word == "echo") return screen_.print(std::string(argument));
     if (word == "let" || word == "calc") return let(argument);
     if (word == "save") return savePicture(argument);
+    if (word == "export") return exportPicture(argument);
     if (word == "at") return addHook(rest);
     if (word == "show") return desk_.show(form(argument).name());
     if (word == "close") {
@@ -276,15 +276,26 @@ void Player::let(std::string_view rest) {
     numbers_.insert_or_assign(std::string(name), v);
 }
 
+/// "FORM.PICTURE FILE"
 void Player::savePicture(std::string_view rest) {
-    const std::string_view reference = takeWord(rest);
-    Control& saved = control(reference);
-    if (saved.kind() != Control::Kind::Picture) throw LineFailure{saved.name() + " - не рисунок"};
-    constexpr std::array endings = {".png", ".bmp", ".svg", ".csv"};
+    writePicture(rest, {".png", ".bmp", ".svg", ".csv"}, "рисунок сохраняют в файл .png, .bmp, .svg или .csv",
+                 &Picture::save);
+}
+
+/// The same with what the picture means.
+void Player::exportPicture(std::string_view rest) {
+    writePicture(rest, {".pdf", ".svg", ".csv"},
+                 "рисунок с осями и легендой пишут в файл .pdf, .svg или .csv", &Picture::exportTo);
+}
+
+void Player::writePicture(std::string_view rest, std::initializer_list<const char*> endings,
+                          const char* otherEnding, void (Picture::*write)(const std::filesystem::path&)) {
+    Control& found = control(takeWord(rest));
+    if (found.kind() != Control::Kind::Picture) throw LineFailure{found.name() + " - не рисунок"};
     if (std::none_of(endings.begin(), endings.end(), [&](const char* one) { return rest.ends_with(one); }))
-        throw LineFailure{"рисунок сохраняют в файл .png, .bmp, .svg или .csv"};
+        throw LineFailure{otherEnding};
     try {
-        static_cast<Picture&>(saved).save(std::filesystem::path(rest));
+        (static_cast<Picture&>(found).*write)(std::filesystem::path(rest));
     } catch (const FileFailure&) {
         throw LineFailure{"не удалось записать " + quote(rest)};
     }

@@ -19,6 +19,7 @@ class Control;
 class Desk;
 class Form;
 class NameTable;
+class Picture;
 
 /// Lines of a script in UTF-8 (or Windows-1251), with or without a byte order mark, ended by LF or CR LF.
 /// Throws OpenFailure for no readable file and LineFailure for a line of megabytes.
@@ -49,6 +50,9 @@ private:
     void print(std::string_view what);
     void let(std::string_view rest);
     void savePicture(std::string_view rest);
+    void exportPicture(std::string_view rest);
+    void writePicture(std::string_view rest, std::initializer_list<const char*> endings,
+                      const char* otherEnding, void (Picture::*write)(const std::filesystem::path&));
 
     Form& form(std::string_view name);
     Control& control(std::string_view reference);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QPainter>
+
 #include "core/failure.h"
 #include "tests/support/temp_folder.h"
 
@@ -58,6 +60,24 @@ TEST(ImageCanvas, DrawsWhereItIsTold) {
         return pixelsOf(one.image(), white);
     };
     EXPECT_NE(inkOf("Ж"), inkOf("г"));
+}
+
+TEST(ImageCanvas, TextsStandClearOfTheGridAndHidePointsOfNothing) {
+    ImageCanvas canvas(100, 60);
+    canvas.clear(white);
+    for (int x = 0; x <= 100; x += 10) canvas.line(x, 0, x, 60, blue);
+    canvas.circle(35, 26, 2, black, true);
+    canvas.text(20, 20, "iiiiiiiiii", black, 12);
+    QImage look(200, 120, QImage::Format_RGB32);
+    QPainter painter(&look);
+    canvas.paintPart(painter, {0, 0, 100, 60}, {0, 0, 200, 120}, 2);
+    painter.end();
+    int grid = 0;
+    for (int y = 42; y < 60; ++y)
+        for (int x = 42; x < 80; ++x) grid += look.pixel(x, y) == qRgb(0, 0, 255);
+    EXPECT_EQ(grid, 0);
+    EXPECT_EQ(look.pixel(70, 52), qRgb(0, 0, 0));
+    EXPECT_EQ(look.pixel(60, 90), qRgb(0, 0, 255));  // below the text it goes on
 }
 
 TEST(ImageCanvas, SavesWholeOrNotAtAll) {

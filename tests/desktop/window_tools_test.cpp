@@ -94,6 +94,59 @@ TEST_F(WindowTools, ThePointerReadsThePictureInItsScale) {
     EXPECT_NEAR(toNumber(seen.captured(2).toStdString()), 2.5, 0.2);
 }
 
+TEST_F(WindowTools, APictureWithAMeaningShowsItsValues) {
+    Picture& picture = form->Picture2;
+    picture.axes(0, {{"время", "год", 1900, 10}, {"dAlfaP", "сек", 0, 4, "\""}});
+    const int series = picture.series({"dAlfaP", "эксп. 1", 0, 0});
+    picture.as(series).disc(-9.35, 5.9, 0.1, {255, 0, 0});
+    picture.as(series).disc(3, -2, 0.1, {255, 0, 0});
+    QTest::qWait(50);
+    const auto colorAt = [&](double x, double y) {
+        QTest::mouseMove(view(), {1, 1});  // no crosshair
+        const QImage look = view()->grab().toImage();
+        return look.pixelColor(placeOf(x, y) * look.devicePixelRatio());
+    };
+    // Told apart by every eye, whatever colour the form takes; the canvas stays as the form drew it.
+    EXPECT_EQ(colorAt(3, -2), QColor(0x00, 0x72, 0xb2));
+    EXPECT_EQ(view()->image().pixelColor(13 * 20, 12 * 20), QColor(255, 0, 0));
+
+    QTest::mouseMove(view(), placeOf(-9.35, 5.9) + QPoint(5, 4));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window->statusBar()->currentMessage().startsWith("1806,5 год; 23,6\" - dAlfaP, эксп. 1"))
+        << window->statusBar()->currentMessage().toStdString();
+
+    // A run that leaves the picture says so; all of it is shown then, and what comes is followed.
+    EXPECT_EQ(view()->findChild<QPushButton*>("fitPicture"), nullptr);
+    picture.as(series).disc(14, -30, 0.1, {255, 0, 0});
+    QTest::qWait(50);
+    auto* notice = view()->findChild<QPushButton*>("fitPicture");
+    ASSERT_NE(notice, nullptr);
+    EXPECT_TRUE(notice->isVisible());
+    QTest::mouseClick(notice, Qt::LeftButton);
+    EXPECT_FALSE(notice->isVisible());
+    EXPECT_TRUE(view()->part().contains(QPointF(1.2, 2)));
+    EXPECT_TRUE(view()->part().contains(QPointF(0.0325, 0.205)));
+    EXPECT_EQ(colorAt(14, -30), QColor(0x00, 0x72, 0xb2));
+    picture.as(series).disc(40, -30, 0.1, {255, 0, 0});
+    QTest::qWait(50);
+    EXPECT_TRUE(view()->part().contains(QPointF(2.5, 2)));
+    QTest::mouseDClick(view(), Qt::LeftButton, {}, view()->target().center().toPoint());
+    EXPECT_EQ(view()->part(), QRectF(0, 0, 1, 1));
+
+    // A white picture follows a dark desktop.
+    QPalette night(QColor(40, 40, 40));
+    view()->setPalette(night);
+    EXPECT_LT(colorAt(-2, -8).lightness(), 60);
+    EXPECT_EQ(colorAt(3, -2), QColor(0x56, 0xb4, 0xe9));
+
+    int wiped = 0;
+    picture.onWipe([&] { ++wiped, picture.clear(); });
+    openMenuOf(view(), {20, 20});
+    choose("Очистить рисунок");
+    EXPECT_EQ(wiped, 1);
+    EXPECT_TRUE(picture.plot().empty());
+}
+
 TEST_F(WindowTools, APictureIsCopiedAndSavedFromItsMenu) {
     openMenuOf(view(), {20, 20});
     choose("Копировать рисунок");
@@ -141,6 +194,19 @@ TEST_F(WindowTools, TablesAreCopiedAsTextForASpreadsheet) {
     choose("Копировать таблицу");
     EXPECT_EQ(QApplication::clipboard()->text(), "i\tV, км/с\n1\t30,1\n");
     EXPECT_EQ(form->Text5.text(), "30,1");
+
+    // And back: a block fills the cells from the chosen one on.
+    QApplication::clipboard()->setText("2\t31,5\t9\r\n7\n");
+    auto* first = find<QLineEdit>("Text4");
+    first->setFocus();
+    QTest::keyClick(first, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form->Text4.text() + " " + form->Text5.text(), "2 31,5");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(first->text(), "2");
+    QApplication::clipboard()->setText("8");
+    first->selectAll();
+    QTest::keyClick(first, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(first->text() + "," + find<QLineEdit>("Text5")->text(), "8,31,5");
 
     window->activateWindow();
     find<QLineEdit>("Text1")->setFocus();

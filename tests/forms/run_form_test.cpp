@@ -65,6 +65,12 @@ protected:
 }  // namespace
 
 TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
+    const auto& all = form->orbitPicture.plot().all();
+    // A body is one point where it is now, in the units of the picture.
+    const auto mercury = std::find_if(
+        all.begin(), all.end(), [](const auto& one) { return one.second.spec().quantity == "Меркурий"; });
+    ASSERT_EQ(mercury->second.points().size(), 1U);
+    EXPECT_NEAR(mercury->second.meaningOf(0).value(mercury->second.points()[0]).x, lab.s.XOld[1] / 1e9, 1e-9);
     form->measureOrbit.set(true);
     form->writeRecords.set(true);
     form->renewBaselines.set(true);
@@ -78,6 +84,20 @@ TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
     const std::string file = readBytes(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
     EXPECT_NE(file.find("Классика  Ser0    VXsys=  0"), std::string::npos);
     EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 3);  // records after the second perihelion
+
+    // The plot tells dates and shifts: the last point is what the fields and the record show.
+    const auto drawn = std::find_if(all.begin(), all.end(), [](const auto& one) {
+        return one.second.spec().name() == "dAlfaP, эксп. 1";
+    });
+    ASSERT_NE(drawn, all.end());
+    const Plot::Series& series = drawn->second;
+    const std::size_t last = series.points().size() - 1;
+    const Plot::Point value = series.meaningOf(last).value(series.points()[last]);
+    EXPECT_NEAR(value.y, form->perihelionShift.number(), 1e-4);
+    EXPECT_NEAR(value.x,
+                form->perihelionYear.number() + (form->perihelionMonth.number() - 1) / 12 +
+                    form->perihelionDay.number() / 365.25,
+                0.01);
 }
 
 TEST_F(RunFormTest, PassagesAreExactWithTheTickAndByHighOrder) {

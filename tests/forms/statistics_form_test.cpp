@@ -98,6 +98,15 @@ TEST_F(Form6Test, LoadedSeriesIsShownAndDrawn) {
     EXPECT_EQ(form.firstYear.text() + " " + form.firstMonth.text() + " " + form.firstDay.text(), "2000 1 1");
     EXPECT_EQ(form.lastYear.text() + " " + form.lastMonth.text() + " " + form.lastDay.text(),
               "2010 12 31,75");
+    // The picture tells dates and degrees: what the file has.
+    const Plot::Series& drawn = form.picture.plot().all().begin()->second;
+    ASSERT_EQ(drawn.points().size(), 12U);
+    for (const std::size_t i : {0U, 11U}) {
+        const Plot::Point value = drawn.meaningOf(i).value(drawn.points()[i]);
+        EXPECT_NEAR(value.x, 2000 + static_cast<double>(i), 0.01);
+        EXPECT_NEAR(value.y, 1 + 0.01 * static_cast<double>(i), 1e-9);
+    }
+    EXPECT_EQ(drawn.spec().name() + drawn.meaningOf(0).axes.y.unit, "AlfaP, план 1град");
 }
 
 TEST_F(Form6Test, TextTellsTheRecordsAsTheFileHasThem) {

@@ -318,6 +318,7 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         {"at yield 1", "после at yield N нет действия"},
         {"at once Bench.Command3", "ожидается at yield N ..."},
         {"save Bench.Text1 a.png", "Text1 - не рисунок"},
+        {"export Bench.Picture1 a.png", "рисунок с осями и легендой пишут в файл .pdf, .svg или .csv"},
         {"save Bench.Picture1 a.gif", "рисунок сохраняют в файл .png, .bmp, .svg или .csv"},
         {noFile, "не удалось записать «/nowhere/a.png»"},
         {"Нажать кнопку", "непонятная строка: «Нажать кнопку»"},
@@ -341,6 +342,23 @@ TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
     EXPECT_EQ(played.failure, "");
     EXPECT_EQ(test::readBytes(csv), "\xEF\xBB\xBFвид;x;y;x2;y2;цвет\r\nточка;-2,5;10;;;#ff0000\r\n");
     EXPECT_NE(test::readBytes(svg).find("fill=\"#ff0000\"/>"), std::string::npos);
+
+    // With what the picture means, where it has a meaning.
+    bench().Picture2.axes(0, {{"время", "год", 1900, 100}, {"dAlfaP", "сек", 0, 2}});
+    const int series = bench().Picture2.series({"dAlfaP", "эксп. 1", 0, 0});
+    const std::string pdf = (folder.path() / "a.pdf").string();
+    screen.draw({"Bench.Picture2"}, makeImageCanvas);
+    for (const double y : {0.25, 0.5}) bench().Picture2.as(series).disc(y, y, 0.01, {255, 0, 0});
+    std::string script;
+    for (const std::string& file : {csv, svg, pdf}) script += "export Bench.Picture2 " + file + "\n";
+    EXPECT_EQ(play(script).failure, "");
+    EXPECT_EQ(test::readBytes(csv),
+              "\xEF\xBB\xBF"
+              "dAlfaP, эксп. 1\r\nвремя, год; dAlfaP, сек\r\n1925;0,5\r\n1950;1\r\n");
+    const std::string drawn = test::readBytes(svg);
+    for (const char* text : {"dAlfaP, ", "эксп. 1", "время, год", "1,5"})
+        EXPECT_NE(drawn.find(text), std::string::npos) << text;
+    EXPECT_EQ(test::readBytes(pdf).substr(0, 5), "%PDF-");
 }
 
 TEST_F(PlayerTest, OnlyPicturesThatAScriptSavesAreDrawn) {
