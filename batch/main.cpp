@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
         if (!std::cout.flush()) throw tarvex::Failure("не удалось записать вывод");
         return status;
     } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
+        std::cerr << tarvex::causeOf(failure) << '\n';
         return 2;
     }
 }

@@ -135,7 +135,7 @@ private:
                 return;
             } catch (const std::exception& failure) {
                 trouble =
-                    "не удалось записать " + journal_.record(task).string() + " (" + failure.what() + ")";
+                    "не удалось записать " + journal_.record(task).string() + " (" + causeOf(failure) + ")";
             }
         }
         progress_.failed(task, trouble);

@@ -24,6 +24,7 @@ void copyInPlace(const fs::path& finished, const fs::path& goal) {
     const fs::path passing = passingName(goal);
     try {
         fs::copy_file(finished, passing, fs::copy_options::overwrite_existing);
+        keepOld(goal);
         putInPlace(passing, goal);
     } catch (...) {
         std::error_code ignored;
@@ -76,7 +77,7 @@ void PlanJournal::read() {
 }
 
 void PlanJournal::write() const {
-    TextWriter file(path_);
+    TextWriter file(path_, TextWriter::noCopy);
     file.line(head);
     for (const auto& [task, entry] : entries_)
         file.line(fmt::format("{} {} {} {:08x} {}", task.planet, task.experiment, entry.mark.size,

@@ -28,9 +28,10 @@ constexpr const char* troubleNote = "trouble";  ///< file of a passing tree: wha
 class WorkerScreen final : public ScriptScreen {
 public:
     WorkerScreen(std::ostream& out, int pipe) : ScriptScreen(out), pipe_(pipe) {}
-    void message(const std::string& text, const std::string&) override {
-        if (trouble.empty()) trouble = text;  // an outer handler would tell its own text of the same trouble
-        throw Failure(text);
+    void message(const Message& told) override {
+        // an outer handler would tell its own text of the same trouble
+        if (trouble.empty()) trouble = told.text + (told.cause.empty() ? "" : " (" + told.cause + ")");
+        throw Failure(told.text);
     }
     void progress(Form&, double share) override {
         const auto percent = static_cast<unsigned char>(std::clamp(share, 0.0, 1.0) * 100);
@@ -69,7 +70,7 @@ int work(const BatchOptions& options, const Task& task, const fs::path& tree, in
     } catch (const LineFailure& failure) {
         trouble = failure.text;
     } catch (const std::exception& failure) {
-        trouble = failure.what();
+        trouble = causeOf(failure);
     }
     if (!screen.trouble.empty()) trouble = screen.trouble;
     if (trouble.empty()) return 0;

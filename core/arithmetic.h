@@ -30,7 +30,7 @@ public:
     void check() const {
         if (raised()) {
             std::feclearexcept(FE_ALL_EXCEPT);
-            throw ArithmeticFailure("division by zero, invalid operation or overflow");
+            throw ArithmeticFailure("деление на ноль, корень из отрицательного или слишком большое число");
         }
     }
 
@@ -59,22 +59,26 @@ private:
     std::fexcept_t saved_{};
 };
 
+/// They tell the values; apart, so that what is called in loops stays small.
+[[noreturn]] void failedRatio(double a, double b);
+[[noreturn]] void failedRoot(double v);
+
 /// a / b; throws ArithmeticFailure when the quotient is not a number (b = 0, overflow, 0/0).
 inline double ratio(double a, double b) {
     const double q = a / b;
-    if (b == 0 || !std::isfinite(q)) throw ArithmeticFailure("division by zero or overflow");
+    if (b == 0 || !std::isfinite(q)) failedRatio(a, b);
     return q;
 }
 
 /// The value itself; throws ArithmeticFailure when it is not finite.
 inline double finite(double v) {
-    if (!std::isfinite(v)) throw ArithmeticFailure("result is not a number");
+    if (!std::isfinite(v)) throw ArithmeticFailure("результат - не число");
     return v;
 }
 
 /// Square root; throws ArithmeticFailure for a negative argument.
 inline double root(double v) {
-    if (!(v >= 0)) throw ArithmeticFailure("root of a negative number");
+    if (!(v >= 0)) failedRoot(v);
     return std::sqrt(v);
 }
 

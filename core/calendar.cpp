@@ -80,8 +80,8 @@ void setFebruary(ModelState& s, double Den, std::int32_t Mes, std::int32_t God) 
 double JDfromDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God) {
     try {
         return julianDate(s, Den, Mes, God);
-    } catch (const Failure&) {
-        s.say("Введите правильно дату", "Tarvex7.0");
+    } catch (const Failure& failure) {
+        s.say({"Введите правильно дату", "Tarvex7.0", causeOf(failure), true});
         s.kodErrDate = 1;
         return 0;
     }
@@ -94,8 +94,8 @@ void DateFromJD(ModelState& s, double& JD) {
         } else {
             solarDate(s, JD);
         }
-    } catch (const Failure&) {
-        s.say("Введите правильно юлианскую дату", "Tarvex7.0");
+    } catch (const Failure& failure) {
+        s.say({"Введите правильно юлианскую дату", "Tarvex7.0", causeOf(failure), true});
         s.kodErrDate = 1;
     }
 }
@@ -104,8 +104,10 @@ void NormalizeDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God
     std::int32_t c = toInt32(Fix(Den));
     const double h = (Den - c) * 24;
     const auto length = [&s](std::int32_t month) {
-        if (s.kodKalend < 0 || s.kodKalend > egyptian) throw SubscriptFailure("calendar");
-        if (month < 1 || month > 12) throw SubscriptFailure("month outside 1..12");
+        if (s.kodKalend < 0 || s.kodKalend > egyptian)
+            throw SubscriptFailure("нет календаря № " + std::to_string(s.kodKalend));
+        if (month < 1 || month > 12)
+            throw SubscriptFailure("месяц " + std::to_string(month) + " не из 1..12");
         return s.DayMonth[s.kodKalend][month];
     };
     length(Mes);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/failure.h"
+#include "core/file_trouble.h"
 #include "core/leftovers.h"
 
 namespace tarvex {
@@ -34,7 +35,7 @@ void copyTree(const fs::path& from, const fs::path& to) {
     if (error) {
         std::error_code ignored;
         fs::remove_all(passing, ignored);
-        throw OpenFailure("cannot copy the data tree to " + to.string());
+        throw OpenFailure("не копируется каталог данных: " + fileTrouble(to, error.value(), FileUse::Write));
     }
 }
 
@@ -44,7 +45,7 @@ fs::path findDataTree(const std::optional<fs::path>& given, const fs::path& exec
                       const fs::path& userData) {
     if (given) {
         std::error_code error;
-        if (!fs::is_directory(*given, error)) throw OpenFailure("no folder " + given->string());
+        if (!fs::is_directory(*given, error)) throw OpenFailure("нет папки " + given->string());
         return *given;
     }
     fs::path folder = executable.parent_path();
@@ -53,7 +54,7 @@ fs::path findDataTree(const std::optional<fs::path>& given, const fs::path& exec
     fs::path own = userData / "tarvex";
     if (isTree(own)) return own;
     const fs::path packaged = executable.parent_path().parent_path() / "share" / "tarvex" / "data";
-    if (!isTree(packaged)) throw OpenFailure("no data tree beside " + executable.string());
+    if (!isTree(packaged)) throw OpenFailure("нет каталога данных рядом с " + executable.string());
     copyTree(packaged, own);
     return own;
 }

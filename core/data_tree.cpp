@@ -3,14 +3,56 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <system_error>
+
+#include "core/failure.h"
+#include "core/text_files.h"
 
 namespace tarvex {
 
-std::filesystem::path DataTree::at(std::string_view name) const {
-    std::string relative(name);
-    std::replace(relative.begin(), relative.end(), '\\', '/');
-    relative.erase(0, relative.find_first_not_of('/'));
-    return root_ / relative;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The name with slashes, without those before it.
+std::string relative(std::string_view name) {
+    std::string plain(name);
+    std::replace(plain.begin(), plain.end(), '\\', '/');
+    plain.erase(0, plain.find_first_not_of('/'));
+    return plain;
+}
+
+bool climbs(const fs::path& path) {
+    return std::any_of(path.begin(), path.end(), [](const fs::path& part) { return part == ".."; });
+}
+
+OpenFailure leadsOut(std::string_view name) { return OpenFailure("имя ведет вне каталога: " + quote(name)); }
+
+}  // namespace
+
+fs::path DataTree::at(std::string_view name) const {
+    const fs::path inside = relative(name);
+    if (climbs(inside)) throw leadsOut(name);
+    return root_ / inside;
+}
+
+fs::path DataTree::typed(std::string_view name) const {
+    const std::string inside = relative(name);
+    const std::size_t slash = std::min(inside.find('/'), inside.size());
+    const fs::path folder = root_ / inside.substr(0, slash);
+    const std::string rest = inside.substr(std::min(slash + 1, inside.size()));
+    if (!staysUnder(folder, rest)) throw leadsOut(rest);
+    return folder / rest;
+}
+
+bool staysUnder(const fs::path& folder, std::string_view name) {
+    const fs::path inside(name);
+    if (inside.empty() || inside.is_absolute() || climbs(inside)) return false;
+    std::error_code error;
+    const fs::path base = fs::weakly_canonical(folder, error);
+    if (error) return false;
+    const fs::path end = fs::weakly_canonical(linkTarget(base / inside), error);
+    return !error && std::mismatch(base.begin(), base.end(), end.begin(), end.end()).first == base.end();
 }
 
 namespace files {

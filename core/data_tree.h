@@ -14,12 +14,21 @@ public:
     explicit DataTree(std::filesystem::path root) : root_(std::move(root)) {}
 
     const std::filesystem::path& root() const { return root_; }
-    /// Path of a file or folder named with back-slashes relative to the tree's root.
+    /// Path of a file or folder named with back-slashes relative to the tree's root.  It may be a symbolic
+    /// link to anywhere: whoever sets up a tree may keep the ephemeris elsewhere. Throws OpenFailure for a
+    /// name with "..".
     std::filesystem::path at(std::string_view name) const;
+    /// The same for a name that holds a text typed by the user: what follows its first folder stays in it.
+    /// Throws OpenFailure for one that leads out (an absolute path, "..", a link).
+    std::filesystem::path typed(std::string_view name) const;
 
 private:
     std::filesystem::path root_;
 };
+
+/// True when a typed name stays under the folder: it is no absolute path, has no "..", and follows no link
+/// that leads out.
+bool staysUnder(const std::filesystem::path& folder, std::string_view name);
 
 /// Names of the files by kind: N a file number, i a body, k a plan, e an experiment.
 namespace files {

@@ -43,7 +43,7 @@ double EtUtTable(ModelState& s) {
 }
 
 double EtUtSelect(ModelState& s, int k, double J) {
-    if (k != 1 && k != 2) throw SubscriptFailure("formula of ET-UT");
+    if (k != 1 && k != 2) throw SubscriptFailure("нет формулы ET-UT № " + std::to_string(k));
     const double w = s.kET[k][4];
     if (std::abs(w) > 1) return Sgn(w) * EtUtTable(s);
     if (std::abs(w) != 1) return 0;

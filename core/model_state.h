@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/constants.h"
+#include "core/failure.h"
 #include "core/provenance.h"
 
 namespace tarvex {
@@ -146,9 +147,14 @@ struct ModelState {
 
     /// Shows a message of the model itself (a bad date, a date outside the ephemeris); the program connects
     /// it.
-    std::function<void(const std::string& text, const std::string& title)> say = [](const std::string&,
-                                                                                    const std::string&) {};
+    std::function<void(const Message&)> say = [](const Message&) {};
 };
+
+/// IplSel takes any number that a parameter file holds; whoever uses it as a row asks for one of the bodies
+/// 0..11 first.  Throws SubscriptFailure.
+inline void needSelectedBody(const ModelState& s) {
+    if (s.IplSel < 0 || s.IplSel > rowMoon) throw SubscriptFailure("нет тела № " + std::to_string(s.IplSel));
+}
 
 /// Enters every shared variable of the model, and the constants, into the table under its own name.
 void addNames(NameTable& table, const ModelState& s);

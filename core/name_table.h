@@ -39,15 +39,16 @@ private:
     template <class T>
     static std::string valueAt(const T& v, const std::vector<int>& indices, std::size_t depth) {
         if constexpr (std::is_arithmetic_v<T>) {
-            if (depth != indices.size()) throw SubscriptFailure("too many indices");
+            if (depth != indices.size()) throw SubscriptFailure("лишний номер в скобках");
             return toFullText(static_cast<double>(v));
         } else if constexpr (std::is_convertible_v<T, std::string>) {
-            if (depth != indices.size()) throw SubscriptFailure("too many indices");
+            if (depth != indices.size()) throw SubscriptFailure("лишний номер в скобках");
             return v;
         } else {
-            if (depth >= indices.size()) throw SubscriptFailure("an index is missing");
+            if (depth >= indices.size()) throw SubscriptFailure("не хватает номера в скобках");
             const int i = indices[depth];
-            if (i < 0 || i >= static_cast<int>(v.size())) throw SubscriptFailure("index out of range");
+            if (i < 0 || i >= static_cast<int>(v.size()))
+                throw SubscriptFailure("номер вне границ: " + std::to_string(i));
             return valueAt(static_cast<const typename T::value_type&>(v[i]), indices, depth + 1);
         }
     }

@@ -15,16 +15,16 @@ namespace {
 /// Rounds half to even without touching the floating-point flags for values that do not fit.
 template <class Whole>
 Whole toWhole(double v) {
-    if (!std::isfinite(v)) throw OverflowFailure("not a whole number");
+    if (!std::isfinite(v)) throw OverflowFailure("слишком большое число");
     const double r = std::nearbyint(v);
     if (r < std::numeric_limits<Whole>::min() || r > std::numeric_limits<Whole>::max())
-        throw OverflowFailure(fmt::format("{} does not fit {} bits", v, 8 * sizeof(Whole)));
+        throw OverflowFailure("слишком большое число " + toText(v));
     return static_cast<Whole>(r);
 }
 
 /// Digits of v with 15 significant places: fixed notation where a person expects it, else an exponent.
 std::string significantDigits(double v, char point) {
-    if (!std::isfinite(v)) throw ArithmeticFailure("result is not a number");
+    if (!std::isfinite(v)) throw ArithmeticFailure("результат - не число");
     if (v == 0) return "0";
     std::string scientific = fmt::format("{:.14e}", std::abs(v));
     const auto e = scientific.find('e');
@@ -51,7 +51,7 @@ std::int32_t toInt32(double v) { return toWhole<std::int32_t>(v); }
 
 double toNumber(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) throw ConversionFailure("empty text where a number is expected");
+    if (first == std::string_view::npos) throw ConversionFailure("пусто там, где нужно число");
     text = text.substr(first, text.find_last_not_of(" \t") - first + 1);
 
     std::array<char, 64> usual{};  // long enough for all but a joke: files hold millions of numbers
@@ -71,17 +71,17 @@ double toNumber(std::string_view text) {
     if (error == std::errc::result_out_of_range) {
         // from_chars reports a vanishing number the same way as a huge one
         if (body.find("e-") != std::string_view::npos || body.find("E-") != std::string_view::npos) return 0;
-        throw OverflowFailure("number too large: " + std::string(text));
+        throw OverflowFailure("слишком большое число " + quote(text));
     }
     if (error != std::errc() || end != body.data() + body.size() || !digit || !std::isfinite(v))
-        throw ConversionFailure("not a number: " + std::string(text));
+        throw ConversionFailure("не число " + quote(text));
     return v;
 }
 
 std::string toText(double v) { return significantDigits(v, ','); }
 
 std::string Format(double v, std::string_view pattern) {
-    if (!std::isfinite(v)) throw ArithmeticFailure("result is not a number");
+    if (!std::isfinite(v)) throw ArithmeticFailure("результат - не число");
     const auto point = pattern.find_first_of(".,");
     const int whole = static_cast<int>(point == std::string_view::npos ? pattern.size() : point);
     const int decimals = point == std::string_view::npos ? 0 : static_cast<int>(pattern.size() - point - 1);

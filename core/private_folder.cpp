@@ -3,11 +3,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string_view>
 #include <system_error>
 
 #include "core/failure.h"
+#include "core/file_trouble.h"
 #include "core/process_numbers.h"
 
 namespace tarvex {
@@ -44,7 +46,7 @@ bool ownFolder(const fs::path& path) {
 PrivateFolder::PrivateFolder(const std::string& kind) {
     std::string path =
         folderOfPassingFiles() / (std::string(ours) + kind + "-" + std::to_string(getpid()) + "-XXXXXX");
-    if (mkdtemp(path.data()) == nullptr) throw OpenFailure("не создается временная папка " + path);
+    if (mkdtemp(path.data()) == nullptr) throw OpenFailure(fileTrouble(path, errno, FileUse::Write));
     path_ = path;
     if (auto lock = FileLock::tryLock(path_)) lock_ = std::move(*lock);
 }

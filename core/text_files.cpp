@@ -3,11 +3,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
+#include <system_error>
 
 #include "core/failure.h"
+#include "core/file_trouble.h"
 #include "core/leftovers.h"
 
 namespace tarvex {
@@ -18,6 +23,7 @@ namespace {
 
 constexpr std::size_t longestLine = 1 << 20;  ///< a longer line is no text file of ours
 constexpr std::size_t blockSize = 1 << 16;    ///< bytes read at a time
+constexpr mode_t newFileMode = 0666;          ///< what the user's mask leaves of it
 
 bool isUtf8(std::string_view s) {
     for (std::size_t i = 0; i < s.size();) {
@@ -52,6 +58,38 @@ void appendUtf8(std::string& out, unsigned code) {
     }
 }
 
+void writeAll(int fd, std::string_view bytes, const fs::path& target) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) throw FileFailure(fileTrouble(target, errno, FileUse::Write));
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+/// True when the file holds these bytes and nothing else.
+bool holds(const fs::path& path, std::string_view bytes) {
+    std::error_code error;
+    if (fs::file_size(path, error) != bytes.size() || error) return false;
+    std::ifstream file(path, std::ios::binary);
+    return std::equal(bytes.begin(), bytes.end(), std::istreambuf_iterator<char>(file), {});
+}
+
+/// True for a file of more lines; also for one that is no text of ours.
+bool hasMoreLines(const fs::path& path, int lines) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) return false;
+    try {
+        TextReader file(path);
+        std::string line;
+        for (int i = 0; i <= lines; ++i)
+            if (!file.line(line)) return false;
+        return true;
+    } catch (const FileFailure&) {
+        return true;
+    }
+}
+
 bool separates(char c) { return c == ' ' || c == ',' || c == '\t' || c == '\r' || c == '\n' || c == '\0'; }
 
 }  // namespace
@@ -68,10 +106,13 @@ std::string decoded(std::string_view bytes) {
 
 TextReader::TextReader(const fs::path& path) : name_(path.string()) {
     std::error_code error;
-    if (!fs::is_regular_file(path, error)) throw OpenFailure("no such file: " + name_);
+    const fs::file_status status = fs::status(path, error);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        throw OpenFailure(fileTrouble(path, EISDIR, FileUse::Read));
     file_.rdbuf()->pubsetbuf(nullptr, 0);  // blocks are ours
+    errno = ENOENT;
     file_.open(path, std::ios::binary);
-    if (!file_) throw OpenFailure("cannot open " + name_);
+    if (!file_) throw OpenFailure(fileTrouble(path, errno, FileUse::Read));
     block_.resize(blockSize);
     if (fill() && current_.starts_with("\xEF\xBB\xBF")) at_ = 3;
 }
@@ -96,11 +137,16 @@ bool TextReader::fill() {
         const auto length = ended ? static_cast<std::size_t>(end - from) : blockEnd_ - blockAt_;
         current_.append(from, length);
         blockAt_ += length + (ended ? 1 : 0);
-        if (current_.size() > longestLine) throw FileFailure("line too long in " + name_);
+        if (current_.size() > longestLine) throw FileFailure("слишком длинная строка " + where());
     }
     if (!current_.empty() && current_.back() == '\r') current_.pop_back();
     open_ = any;
+    if (any) ++lineNumber_;
     return any;
+}
+
+std::string TextReader::where() const {
+    return "в файле " + name_ + ", строка " + std::to_string(lineNumber_);
 }
 
 bool TextReader::lineUsedUp() {
@@ -114,33 +160,51 @@ bool TextReader::noMoreItems() {
     return false;
 }
 
-double TextReader::number() {
-    if (noMoreItems()) throw FileFailure("unexpected end of " + name_);
-    std::size_t end = at_;
-    while (end < current_.size() && !separates(current_[end])) ++end;
-    const std::string_view item(current_.data() + at_, end - at_);
-    at_ = end;
+/// The next item, which is used up by that.
+std::string_view TextReader::item() {
+    if (noMoreItems()) throw FileFailure("данные кончились раньше времени " + where());
+    const std::size_t from = at_;
+    while (at_ < current_.size() && !separates(current_[at_])) ++at_;
+    return std::string_view(current_).substr(from, at_ - from);
+}
+
+double TextReader::numberIn(std::string_view item) {
     try {
         return toNumber(item);
+    } catch (const OverflowFailure&) {
+        throw FileFailure("слишком большое число " + quote(decoded(item)) + " " + where());
     } catch (const Failure&) {
-        throw FileFailure("no number where one is expected in " + name_ + ": " +
-                          std::string(item.substr(0, 40)));
+        throw FileFailure("не число " + quote(decoded(item)) + " " + where());
     }
 }
+
+double TextReader::number() { return numberIn(item()); }
 
 std::int16_t TextReader::int16() {
     try {
         return toInt16(number());
-    } catch (const OverflowFailure&) {
-        throw FileFailure("number outside 16 bits in " + name_);
+    } catch (const OverflowFailure& failure) {
+        throw FileFailure(failure.what() + (" " + where()));
     }
 }
 
 std::int32_t TextReader::int32() {
     try {
         return toInt32(number());
-    } catch (const OverflowFailure&) {
-        throw FileFailure("number outside 32 bits in " + name_);
+    } catch (const OverflowFailure& failure) {
+        throw FileFailure(failure.what() + (" " + where()));
+    }
+}
+
+std::int32_t TextReader::int32BeforeSign() {
+    std::string_view whole = item();
+    const std::size_t sign = std::min(whole.find_first_of("+-", 1), whole.size());
+    at_ -= whole.size() - sign;
+    const double v = numberIn(whole.substr(0, sign));
+    try {
+        return toInt32(v);
+    } catch (const OverflowFailure& failure) {
+        throw FileFailure(failure.what() + (" " + where()));
     }
 }
 
@@ -153,64 +217,112 @@ bool TextReader::line(std::string& text) {
 
 std::string TextReader::line() {
     std::string text;
-    if (!line(text)) throw FileFailure("unexpected end of " + name_);
+    if (!line(text)) throw FileFailure("данные кончились раньше времени " + where());
     return text;
 }
 
-TextWriter::TextWriter(fs::path target) : target_(std::move(target)) {
+fs::path linkTarget(fs::path path) {
+    constexpr int mostLinks = 40;
     std::error_code error;
-    if (fs::exists(target_, error) &&
-        (!fs::is_regular_file(target_, error) || access(target_.c_str(), W_OK) != 0))
-        throw OpenFailure("cannot write " + target_.string());
-    temporary_ = passingName(target_);
-    file_.open(temporary_, std::ios::binary | std::ios::trunc);
-    if (!file_) throw OpenFailure("cannot create " + target_.string());
+    for (int i = 0; i < mostLinks && fs::is_symlink(path, error); ++i) {
+        const fs::path next = fs::read_symlink(path, error);
+        path = next.is_absolute() ? next : path.parent_path() / next;
+    }
+    return path;
 }
 
-TextWriter::~TextWriter() {
-    if (temporary_.empty()) return;
-    file_.close();
+Replacement::Replacement(const fs::path& target) : target_(linkTarget(target)) {
     std::error_code error;
-    fs::remove(temporary_, error);
+    const fs::file_status status = fs::status(target_, error);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        throw OpenFailure(fileTrouble(target_, EISDIR, FileUse::Write));
+    if (fs::exists(status) && access(target_.c_str(), W_OK) != 0)
+        throw OpenFailure(fileTrouble(target_, errno, FileUse::Write));
+    passing_ = passingName(target_);
+    file_ = ::open(passing_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, newFileMode);
+    if (file_ < 0) throw OpenFailure(fileTrouble(target_, errno, FileUse::Write));
 }
 
-void TextWriter::line(std::string_view text) { file_ << text << "\r\n"; }
+Replacement::~Replacement() {
+    if (file_ >= 0) ::close(file_);
+    std::error_code error;
+    if (!passing_.empty()) fs::remove(passing_, error);
+}
+
+void Replacement::write(std::string_view bytes) { writeAll(file_, bytes, target_); }
+
+void Replacement::put() {
+    const int failed = ::close(std::exchange(file_, -1));
+    if (failed != 0) throw FileFailure(fileTrouble(target_, errno, FileUse::Write));
+    putInPlace(passing_, target_);
+    passing_.clear();
+}
+
+TextWriter::TextWriter(const fs::path& target, int headLines) : file_(target), headLines_(headLines) {}
 
 void TextWriter::commit() {
-    file_.flush();
-    if (!file_) throw FileFailure("cannot write " + target_.string());
-    file_.close();
-    putInPlace(temporary_, target_);
-    temporary_.clear();
+    file_.write(text_);
+    if (headLines_ != noCopy && !holds(file_.target(), text_)) keepOld(file_.target(), headLines_);
+    file_.put();
+}
+
+void writeWhole(const fs::path& target, std::string_view bytes) {
+    Replacement file(target);
+    file.write(bytes);
+    file.put();
+}
+
+void keepOld(const fs::path& path, int headLines) {
+    const fs::path target = linkTarget(path);
+    if (!hasMoreLines(target, headLines)) return;
+    fs::path old = target;
+    old += ".old";
+    const fs::path passing = passingName(old);
+    std::error_code error;
+    fs::remove(passing, error);
+    // A second name for the same file costs nothing; where the disk knows none, a copy does.
+    fs::create_hard_link(target, passing, error);
+    if (error) fs::copy_file(target, passing, error);
+    std::error_code ignored;
+    try {
+        if (error) throw FileFailure(fileTrouble(old, error.value(), FileUse::Write));
+        putInPlace(passing, old);
+    } catch (const FileFailure&) {
+        fs::remove(passing, ignored);
+        throw;
+    }
+    fs::remove(passing, ignored);  // a rename onto the same file leaves both names
 }
 
 void putInPlace(const fs::path& finished, const fs::path& target) {
     // The data must be on the disk before the name points to them, or a power cut could leave an empty file.
-    const int fd = ::open(finished.c_str(), O_RDONLY);
+    const int fd = ::open(finished.c_str(), O_RDONLY | O_CLOEXEC);
     const bool synced = fd >= 0 && ::fsync(fd) == 0;
+    std::error_code error(errno, std::generic_category());
     if (fd >= 0) ::close(fd);
-    std::error_code error;
-    if (synced) fs::rename(finished, target, error);
-    if (!synced || error) throw FileFailure("cannot write " + target.string());
+    if (synced) fs::rename(finished, linkTarget(target), error);
+    if (!synced || error) throw FileFailure(fileTrouble(target, error.value(), FileUse::Write));
 }
 
 void appendLine(const fs::path& path, std::string_view text) {
     std::error_code error;
-    if (fs::exists(path, error) && !fs::is_regular_file(path, error))
-        throw OpenFailure("cannot write " + path.string());
-    std::ofstream file(path, std::ios::binary | std::ios::app);
-    if (!file) throw OpenFailure("cannot open " + path.string());
-    const auto before = fs::file_size(path, error);
+    const fs::file_status status = fs::status(path, error);
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        throw OpenFailure(fileTrouble(path, EISDIR, FileUse::Write));
+    const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, newFileMode);
+    if (fd < 0) throw OpenFailure(fileTrouble(path, errno, FileUse::Write));
+    const off_t before = ::lseek(fd, 0, SEEK_END);
     std::string whole(text);
     whole += "\r\n";
-    file.write(whole.data(),
-               static_cast<std::streamsize>(whole.size()));  // one write: a line is whole or absent
-    file.flush();
-    if (!file) {  // a full disk takes a part of the line: the next one must not be glued to it
-        file.close();
-        if (!error) fs::resize_file(path, before, error);
-        throw FileFailure("cannot write " + path.string());
+    try {
+        writeAll(fd, whole, path);  // one write: a line is whole or absent
+    } catch (const FileFailure&) {
+        // a full disk takes a part of the line: the next one must not be glued to it
+        [[maybe_unused]] const int cut = ::ftruncate(fd, before);
+        ::close(fd);
+        throw;
     }
+    if (::close(fd) != 0) throw FileFailure(fileTrouble(path, errno, FileUse::Write));
 }
 
 }  // namespace tarvex

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "core/failure.h"
+#include "core/text_files.h"
 #include "desktop/picture_files.h"
 #include "desktop/plot_export.h"
 #include "desktop/toolkit.h"
@@ -111,7 +112,7 @@ ImageCanvas::~ImageCanvas() = default;
 void ImageCanvas::draw(Mark mark) {
     if (image_.isNull()) {
         image_ = QImage(width_ * scale, height_ * scale, QImage::Format_RGB32);
-        if (image_.isNull()) throw Failure("no memory for a picture");
+        if (image_.isNull()) throw Failure("не хватает памяти на рисунок");
         image_.fill(toQt(background()));
     }
     if (!painter_) {
@@ -204,9 +205,10 @@ void ImageCanvas::save(const std::filesystem::path& path) const {
     } else if (format == "png" || format == "bmp") {
         QBuffer buffer(&bytes);
         if (!QImageWriter(&buffer, format).write(whole()))
-            throw FileFailure("cannot encode " + path.string());
+            throw FileFailure("рисунок не переводится в " + path.extension().string());
     } else {
-        throw FileFailure("a picture is saved as .png, .bmp, .svg or .csv: " + path.string());
+        throw FileFailure("рисунок сохраняют в файл .png, .bmp, .svg или .csv, а не " +
+                          path.filename().string());
     }
     writeWhole(path, bytes);
 }

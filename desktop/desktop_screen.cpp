@@ -60,11 +60,11 @@ QWidget* DesktopScreen::front() const {
     return windows_.empty() ? nullptr : windows_.begin()->second;
 }
 
-void DesktopScreen::message(const std::string& text, const std::string& title) {
+void DesktopScreen::message(const Message& told) {
     if (over_) return;  // nobody is there to read it
     const Nested nested(*this);
     flush();
-    QMessageBox box(QMessageBox::Information, toQt(title), toQt(text), QMessageBox::Ok, front());
+    QMessageBox box(QMessageBox::Information, toQt(told.title), toQt(told.text), QMessageBox::Ok, front());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
@@ -99,7 +99,7 @@ void DesktopScreen::progress(Form& form, double share) {
 }
 
 void DesktopScreen::yield() {
-    if (over_) throw Failure("the last window is closed");
+    if (over_) throw Failure("закрыто последнее окно");
     const auto before = Clock::now();
     if (before < nextYield_) return;
     {
@@ -110,7 +110,7 @@ void DesktopScreen::yield() {
     const auto after = Clock::now();
     nextYield_ =
         after + std::clamp<Clock::duration>(showingCost * (after - before), shortestFrame, longestFrame);
-    if (over_) throw Failure("the last window is closed");
+    if (over_) throw Failure("закрыто последнее окно");
 }
 
 void DesktopScreen::pause(int ms) {
@@ -142,7 +142,7 @@ void DesktopScreen::runPosted() {
         action();
     } catch (
         const std::exception& failure) {  // forms guard their work; nothing may pass through the event loop
-        message(failure.what(), "Tarvex7");
+        message({causeOf(failure), "Tarvex7", "", true});
     }
 }
 
@@ -178,6 +178,11 @@ void DesktopScreen::formUnloaded(Form& form) {
             QCoreApplication::quit();
         },
         Qt::QueuedConnection);
+}
+
+void DesktopScreen::statusChanged(Form& form) {
+    const FlagsKept flags;
+    if (FormWindow* window = windowOf(form)) window->showStatus(toQt(form.status()));
 }
 
 void DesktopScreen::controlChanged(Control& control) {

@@ -21,7 +21,7 @@ public:
     DesktopScreen();
     ~DesktopScreen() override;
 
-    void message(const std::string& text, const std::string& title) override;
+    void message(const Message& told) override;
     void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
     bool confirmDisturbing(const std::string& question, const std::string& title) override {
@@ -35,6 +35,7 @@ public:
     void post(std::function<void()> action) override;
     void formShown(Form& form) override;
     void formUnloaded(Form& form) override;
+    void statusChanged(Form& form) override;
     void controlChanged(Control& control) override;
     std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
 

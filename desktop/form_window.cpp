@@ -55,6 +55,7 @@ FormWindow::FormWindow(Form& form, Help help)
         if (least.width() <= room().width() && least.height() <= room().height()) break;
     }
     bar_->refresh();
+    showStatus(QString::fromStdString(form.status()));
     if (!restorePlace(*this)) fitScreen(contents->sizeHint() + QSize(2, 4));
 }
 
@@ -168,6 +169,16 @@ void FormWindow::pointAt(Control& control) {
 
 void FormWindow::showProgress(double share) { status_->set(share); }
 
+void FormWindow::showStatus(const QString& text) {
+    statusText_ = text;
+    statusBar()->setToolTip(text);  // a narrow window shows its beginning only
+    statusBar()->showMessage(text);
+}
+
+void FormWindow::showHint(const QString& hint) {
+    if (statusText_.isEmpty()) statusBar()->showMessage(hint);
+}
+
 void FormWindow::note(const QString& text) { statusBar()->showMessage(text, 60000); }
 
 WindowBar* FormWindow::makeBar() {
@@ -222,6 +233,10 @@ void FormWindow::copyFocusedTable() {
 }
 
 bool FormWindow::event(QEvent* event) {
+    if (event->type() == QEvent::StatusTip) {  // the hint of what the mouse is over
+        showHint(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
     if (form_ != nullptr && event->type() == QEvent::WindowActivate) form_->desk().turnTo(*form_);
     if (form_ != nullptr && event->type() == QEvent::WindowDeactivate) commitEdits();
     if (event->type() == QEvent::PaletteChange)  // the desktop turns dark or light
@@ -251,8 +266,7 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
                 pasteCells(*control))
                 return true;
     // Who works with the keyboard sees the hint of the control in the status line too.
-    if (event->type() == QEvent::FocusIn)
-        statusBar()->showMessage(static_cast<QWidget*>(object)->statusTip());
+    if (event->type() == QEvent::FocusIn) showHint(static_cast<QWidget*>(object)->statusTip());
     return QMainWindow::eventFilter(object, event);
 }
 

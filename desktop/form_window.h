@@ -35,6 +35,8 @@ public:
     /// The table in which this control stands goes to the clipboard, its cells separated by tabs.
     void copyTable(const Control& control);
 
+    /// What stands in the status line until it is set anew, before all hints; empty for nothing.
+    void showStatus(const QString& text);
     /// A line for the user that asks for no answer.
     void note(const QString& text);
 
@@ -48,6 +50,7 @@ private:
     void act(const std::function<void()>& action);
     ControlView& viewOf(Control& control);
     QWidget* build(const Density& density);
+    void showHint(const QString& hint);
     QSize room() const;
     void fitScreen(QSize wanted);
     WindowBar* makeBar();
@@ -63,6 +66,7 @@ private:
     std::map<const Control*, std::unique_ptr<ControlView>> views_;
     std::map<std::string, QButtonGroup*> groups_;
     RunStatus* status_;
+    QString statusText_;
     WindowBar* bar_;
     bool refreshing_ = false;  ///< what a widget reports meanwhile is not the user's doing
 };

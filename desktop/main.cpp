@@ -91,8 +91,9 @@ int main(int argc, char** argv) {
     try {
         return runLaboratory(tarvex::findDataTree(given));
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "tarvex: %s\n", failure.what());
-        QMessageBox::critical(nullptr, "Tarvex7", QString::fromUtf8(failure.what()));
+        const std::string cause = tarvex::causeOf(failure);
+        std::fprintf(stderr, "tarvex: %s\n", cause.c_str());
+        QMessageBox::critical(nullptr, "Tarvex7", QString::fromStdString(cause));
         return 1;
     }
 }

@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
-#include <QSaveFile>
 #include <QString>
 
 #include "core/failure.h"
@@ -86,13 +85,6 @@ QByteArray csvOf(const Drawing& drawing) {
         }
     });
     return "\xEF\xBB\xBFвид;x;y;x2;y2;цвет\r\n" + points + lines;
-}
-
-void writeWhole(const std::filesystem::path& path, const QByteArray& bytes) {
-    QSaveFile file(QString::fromStdString(path.string()));
-    if (!file.open(QIODevice::WriteOnly)) throw OpenFailure("cannot write " + path.string());
-    if (file.write(bytes) != bytes.size() || !file.commit())
-        throw FileFailure("cannot write " + path.string());
 }
 
 }  // namespace tarvex

@@ -8,6 +8,8 @@
 
 class QImage;
 
+#include "core/text_files.h"
+
 namespace tarvex {
 
 /// The picture as .svg.  Where old marks are gone it holds the image instead, so that nothing is missing.
@@ -18,6 +20,8 @@ QByteArray svgOf(const Drawing& drawing, const QImage& image);
 QByteArray csvOf(const Drawing& drawing);
 
 /// Writes a file whole or not at all.  Throws FileFailure.
-void writeWhole(const std::filesystem::path& path, const QByteArray& bytes);
+inline void writeWhole(const std::filesystem::path& path, const QByteArray& bytes) {
+    writeWhole(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
 
 }  // namespace tarvex

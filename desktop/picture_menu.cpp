@@ -38,7 +38,7 @@ void write(PictureView& view, const QString& path, const std::function<void()>& 
     } catch (const std::exception& failure) {
         auto* box = new QMessageBox(QMessageBox::Warning, "Tarvex7", "Файл не записан: " + path,
                                     QMessageBox::Ok, view.window());
-        box->setDetailedText(QString::fromUtf8(failure.what()));
+        box->setDetailedText(QString::fromStdString(causeOf(failure)));
         box->setAttribute(Qt::WA_DeleteOnClose);
         box->open();
     }

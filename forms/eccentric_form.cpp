@@ -59,7 +59,7 @@ void EccentricForm::start() {
     root(p.R * p.R * (1 - p.e1 * p.e1));  // an ellipse must have a minor axis
     ellipseLongitude.show(p.W);
     for (const TextField* scale : {&drawingScale, &timeScale, &longitudeScale, &distanceScale})
-        if (scale->number() == 0) throw ArithmeticFailure("a scale is zero");
+        if (scale->number() == 0) throw ArithmeticFailure("масштаб равен нулю");
     timeStep.number();
     EccentricAt(p);
     const double start = model_.T * p.W;  // by the time that the last run has left, 0 at first: meant
@@ -73,7 +73,7 @@ void EccentricForm::start() {
 }
 
 void EccentricForm::EccentricRun() {
-    if (!started_) throw Failure("no run to go on with");
+    if (!started_) throw Failure("счет еще не начат");
     const Desk::InHandler alive(desk());
     const ArithmeticGuard guard;
     Running running(*this);

@@ -118,7 +118,7 @@ void EclipseForm::takeSettings() {
 /// Number of the body from its field, 0..11.
 std::int32_t EclipseForm::bodyTyped() const {
     const std::int32_t body = bodyNumber.int32();
-    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("нет тела № " + std::to_string(body));
     return body;
 }
 
@@ -195,7 +195,7 @@ void EclipseForm::start() {
 }
 
 void EclipseForm::EclipseRun() {
-    if (!started_) throw Failure("no run to go on with");
+    if (!started_) throw Failure("счет еще не начат");
     Running running(*this);
     do {
         oneStep();

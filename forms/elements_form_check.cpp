@@ -82,7 +82,7 @@ void ElementsFormCheck::batch() {
 }
 
 void ElementsFormCheck::requireOwn() const {
-    if (!check_.begun(false)) throw Failure("no check to go on with");
+    if (!check_.begun(false)) throw Failure("проверка орбиты еще не начата");
 }
 
 void ElementsFormCheck::OrbitCheckLoop() {

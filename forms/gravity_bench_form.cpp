@@ -112,7 +112,7 @@ GravityBench GravityBenchForm::chosenPair() {
         if (++ticked > 2) throw Refusal("Должно быть отмечено только 2 объекта", "Tarvex7");
         (ticked == 1 ? b.N1 : b.N2) = i;
     }
-    if (ticked < 2) throw Failure("two bodies are needed");
+    if (ticked < 2) throw Failure("должно быть отмечено 2 объекта, а не " + std::to_string(ticked));
     return b;
 }
 
@@ -197,7 +197,7 @@ void GravityBenchForm::showPresent() {
 }
 
 void GravityBenchForm::iterate() {
-    if (!placed_) throw Failure("the bodies have no place yet");
+    if (!placed_) throw Failure("тела еще не расставлены");
     bench_.useTrace = useDelay.on();
     bench_.usePressure = usePressure.on();
     ratio(1, forceScale.number());

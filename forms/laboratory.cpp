@@ -33,7 +33,8 @@ std::function<void()> keepForCalculations(Laboratory& lab) {
 
 Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot)
     : tree(std::move(dataRoot)), desk(screen) {
-    s.say = [this](const std::string& text, const std::string& title) { desk.message(text, title); };
+    desk.nameFilesFrom((tree.root() / "").string());
+    s.say = [this](const Message& told) { desk.tell(told); };
     addNames(names, s);
     addNames(names, plan);
     addNames(names, reduction);

@@ -237,7 +237,7 @@ void MoonForm::start() {
 }
 
 void MoonForm::OrbitCheckLoop() {
-    if (!check_.begun(true)) throw Failure("no check to go on with");
+    if (!check_.begun(true)) throw Failure("проверка орбиты еще не начата");
     Running running(*this);
     do {
         runOrbitCheckBatch(lab.s, check_, *this);

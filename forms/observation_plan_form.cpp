@@ -92,7 +92,7 @@ void ObservationPlanForm::readNumbers() {
     lab.s.NPlan = planNumber.int16();
     testNumber_ = testNumber.int32();
     const std::int32_t body = lab.desk.get<ObservationsForm>().bodyNumber.int32();
-    if (body < 0 || body > rowMoon) throw SubscriptFailure("no such body");
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("нет тела № " + std::to_string(body));
     lab.s.IplSel = body;
 }
 
@@ -218,7 +218,8 @@ void ObservationPlanForm::OptimizePlan13() {
 void ObservationPlanForm::SendToForm22() {
     const int planet = planetOfPlan(lab.desk.get<ObservationsForm>().bodyNumber.int32());
     lab.reduction.NplDL = secondPerturber.on() ? 2 : 1;
-    if (planet < 1 || planet > 4) throw SubscriptFailure("no perturbations of this body");
+    if (planet < 1 || planet > 4)
+        throw SubscriptFailure("нет возмущений планеты № " + std::to_string(planet));
     auto& amplitudes = lab.s.kLp;
     for (int c = 1; c <= terms; ++c)
         amplitudes[lab.reduction.NplDL][planet * 10 + c] = zeroLevel(c + 1).number();
@@ -274,8 +275,8 @@ void ObservationPlanForm::AddOptimumRecord() {
         throw Refusal("Не могу найти файл\r\n" + name, box);
     } catch (const Refusal&) {
         throw;
-    } catch (const std::exception&) {
-        lab.desk.message("Ошибка чтения данных из файла\r\n" + name, box);
+    } catch (const std::exception& failure) {
+        lab.desk.tell({"Ошибка чтения данных из файла\r\n" + name, box, causeOf(failure), true});
         throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
     }
     changed.kodData = dataLong;

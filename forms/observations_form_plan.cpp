@@ -37,7 +37,9 @@ void ObservationsForm::runExperiments() {
     const auto bounds = [this, &plan](int& first, int& last) {
         first = firstExperiment.int32();
         last = lastExperiment.int32();
-        if (first < 1 || last > plan.Nplan) throw SubscriptFailure("no such experiment in the plan");
+        if (first < 1 || last > plan.Nplan)
+            throw SubscriptFailure("экспериментов с " + std::to_string(first) + " по " +
+                                   std::to_string(last) + " в плане нет");
     };
     int first = 0, last = 0;
     if (testRegression.on()) {
@@ -79,7 +81,7 @@ void ObservationsForm::findRegression() {
 
 void ObservationsForm::plotFactors() {
     PlanBlock& plan = lab.plan;
-    if (plan.Nplan < 1) throw Failure("no plan");
+    if (plan.Nplan < 1) throw Failure("план не создан");
     const auto [least, most] = std::minmax_element(plan.Yu.begin() + 1, plan.Yu.begin() + 1 + plan.Nplan);
     plan.Ymin = *least;
     plan.Ymax = *most;

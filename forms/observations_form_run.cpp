@@ -31,7 +31,7 @@ void ObservationsForm::takeCalendar() {
 /// Number of the body from its field, 0..11.
 std::int32_t ObservationsForm::bodyTyped() const {
     const std::int32_t body = bodyNumber.int32();
-    if (body < 0 || body > rowMoon) throw SubscriptFailure("no body " + std::to_string(body));
+    if (body < 0 || body > rowMoon) throw SubscriptFailure("нет тела № " + std::to_string(body));
     return body;
 }
 

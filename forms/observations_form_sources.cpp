@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "forms/date_fields.h"
 #include "forms/observations_form.h"
+#include "reduction/reduction_files.h"
 
 namespace tarvex {
 
@@ -133,7 +134,9 @@ void ObservationsForm::chooseObservatory(int i) {
 
     s.IplSel = bodyTyped();
     const char* filtered = !openGoodFile.on() ? "" : judgeByDistance.on() ? "LB" : "L";
-    const auto path = lab.tree.at(observationFileName(s.NameData, s.IplSel, fileNumber.text(), filtered));
+    const auto path =
+        sourcePath(lab.tree, observationFileName(s.NameData, s.IplSel, fileNumber.text(), filtered),
+                   s.NameData, fileNumber.text());
     goodFileNumber.setText(fileNumber.text());
     ObservationFile::Header header;
     try {

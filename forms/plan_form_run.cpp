@@ -17,7 +17,7 @@ constexpr const char* driven = "Form2";
 template <class T>
 T& controlOf(Form& form, const char* name) {
     auto* control = dynamic_cast<T*>(form.find(name));
-    if (control == nullptr) throw Failure(form.name() + " has no " + name);
+    if (control == nullptr) throw Failure("на форме " + form.name() + " нет " + name);
     return *control;
 }
 
@@ -96,7 +96,8 @@ void PlanForm::NextExperiment() {
         desk().screen().notify("Эксперименты плана выполнены   (\\Arhiv\\Zvuk_end1.wav)");
         return;
     }
-    if (p.Nexp < 1 || p.Nexp > experiments(p)) throw SubscriptFailure("experiment number");
+    if (p.Nexp < 1 || p.Nexp > experiments(p))
+        throw SubscriptFailure("нет в плане эксперимента № " + std::to_string(p.Nexp));
     const auto factor = [&](int i) { return p.XU[i][p.Nexp]; };
     s.VXsys = factor(1);
     s.VYsys = factor(2);

@@ -22,7 +22,7 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
     savePicture.onPress(
         [this] {
             const std::string name = pictureName.text();
-            picture.save(lab.tree.at("\\Risunki\\" + name + (name.ends_with(".png") ? "" : ".bmp")));
+            picture.save(lab.tree.typed("\\Risunki\\" + name + (name.ends_with(".png") ? "" : ".bmp")));
         },
         orShow("Ошибка записи файла", "Tarvex7"));
     closeForm.onPress([this] { close(); });
@@ -76,7 +76,8 @@ double StatisticsForm::placeY(double value) const { return ratio(value - Ymin, M
 
 Color StatisticsForm::chosenColor() const {
     const int n = colorNumber.int16();
-    if (n < 0 || n >= static_cast<int>(lab.s.ColorR.size())) throw SubscriptFailure("colour number");
+    if (n < 0 || n >= static_cast<int>(lab.s.ColorR.size()))
+        throw SubscriptFailure("нет цвета № " + std::to_string(n));
     return {lab.s.ColorR[n], lab.s.ColorG[n], lab.s.ColorB[n]};
 }
 

@@ -48,7 +48,7 @@ void StatisticsForm::FitSample() {
     const bool search = searchGroupSizes.on();
     if (search) groupSize.setText("1");
     const int NCP0 = groupSize.int16(), n = settings.size(), NgrMin = settings.leastGroups();
-    if (NCP0 < 1) throw SubscriptFailure("size of a group");
+    if (NCP0 < 1) throw SubscriptFailure("в группе должно быть больше 0 записей: " + std::to_string(NCP0));
     const int NCPmax = search ? n / NgrMin : NCP0;
     if (n / NCP0 < NgrMin)
         throw Refusal("Первичные данные должны быть\r\nразбиты минимум на " + toText(NgrMin) + " группы",
@@ -63,7 +63,9 @@ void StatisticsForm::FitSample() {
 void StatisticsForm::makeTestSeries() {
     SeriesData& d = lab.series;
     const int n = recordCount.int32();
-    if (n < 1 || n > maxRecords) throw SubscriptFailure("count of records");
+    if (n < 1 || n > maxRecords)
+        throw SubscriptFailure("записей может быть от 1 до " + std::to_string(maxRecords) + ", а не " +
+                               std::to_string(n));
     const double k0 = testK0.number(), k1 = testK1.number(), k2 = testK2.number(), k3 = testK3.number();
     d.Nparam = parAlfaL0;
     d.JD0 = settings.T0 = 1721058;
@@ -148,7 +150,8 @@ void StatisticsForm::drawCurves() {
     const Color color = chosenColor();
     const Record& last = d.at(count);
     const double from = Fix(d.at(1).dTd), to = Fix(last.dTd + last.ddTd);
-    if (!((to - from) / curveStep < mostCurvePoints)) throw ArithmeticFailure("span of the series");
+    if (!((to - from) / curveStep < mostCurvePoints))
+        throw ArithmeticFailure("ряд слишком длинный для кривой");
     const double away = limitFactor * fit.Sigma;
     ++fits_;
     const std::array curves = {std::pair(curveOf("+2*Sigma", layerTime, colorLimit), away),

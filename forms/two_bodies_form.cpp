@@ -44,7 +44,7 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
             else if (fromTheory.on())
                 loadFromTheory();
             else
-                throw Refusal("Задайте правильно данные", "Tarvex7m");
+                throw Failure("не выбрано, откуда данные: из файла или по теории");
         },
         badData);
     saveParameters.onPress([this] { saveFile(); }, badData);
@@ -149,7 +149,7 @@ void TwoBodiesForm::loadFromFile() {
 void TwoBodiesForm::loadFromTheory() {
     ModelState& s = lab.s;
     const std::int16_t i = theoryBody.int16();
-    if (i < 1 || i > 11 || i == 10) throw SubscriptFailure("no theory of body " + std::to_string(i));
+    if (i < 1 || i > 11 || i == 10) throw SubscriptFailure("нет теории тела № " + std::to_string(i));
     mass1.show(cut12(s.m[i] / s.mSol));
     mass2.show(cut12(s.m[i == 11 ? 13 : 0] / s.mSol));
     s.JD = dateOfTheory;
@@ -286,7 +286,7 @@ void TwoBodiesForm::showStart() {
 }
 
 void TwoBodiesForm::loop() {
-    if (!started_) throw Failure("no run to go on with");
+    if (!started_) throw Failure("счет еще не начат");
     Running running(*this);
     tellPlots();
     do {

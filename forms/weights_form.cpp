@@ -102,7 +102,7 @@ void WeightsForm::LoadModelData() {
 
 void WeightsForm::SaveModelData() {
     const int planet = lab.series.Npl, experiment = experimentNumber.int16();
-    if (planet > weightPlanets) throw SubscriptFailure("no such planet on the form");
+    if (planet > weightPlanets) throw SubscriptFailure("нет на форме планеты № " + std::to_string(planet));
     for (int c = 1; c <= shiftParams; ++c)
         lab.shifts.calculated(planet, c, experiment) = shiftField(planet, c).number();
     std::int16_t reached = 0;

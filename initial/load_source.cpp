@@ -105,16 +105,16 @@ void loadTheory(ModelState& s, Source theory) {
         PrecessMoonToDate(s);
         MoonRowToXena(s);
         s.say(
-            "Для расчета параметров орбиты Луны использована \r\nтеория из Мееуса с пересчетом в эпоху "
-            "J2000 ",
-            "Tarvex7");
+            {"Для расчета параметров орбиты Луны использована \r\nтеория из Мееуса с пересчетом в эпоху "
+             "J2000 ",
+             "Tarvex7"});
     } else {
         massesAndPlanets(s, InitMassesNew0, gammaNew0, ElementsNew0);
         if (s.kodMoon == 0) return xenaDefault(s);
         moonBy(s, ElementsNew0);
         MoonRowToXena(s);
-        s.say("Для расчета параметров орбиты Луны использована \r\nтеория Брауна в книге Чеботарева ",
-              "Tarvex7");
+        s.say({"Для расчета параметров орбиты Луны использована \r\nтеория Брауна в книге Чеботарева ",
+               "Tarvex7"});
     }
 }
 
@@ -127,7 +127,7 @@ void loadEphemeris(ModelState& s, Ephemeris& e) {
         initialFromCurrent(s, i);
     }
     if (s.kodMoon == 1) {
-        s.say("Для расчета параметров неоскулирующей \r\nорбиты Луны использована теория Ser0 ", "Tarvex7");
+        s.say({"Для расчета параметров неоскулирующей \r\nорбиты Луны использована теория Ser0 ", "Tarvex7"});
         s.JD = s.JDut;
         moonBy(s, ElementsSer0);
         s.JD = s.JDet;

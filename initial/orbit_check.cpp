@@ -269,7 +269,7 @@ void orbitCheckCentre(ModelState& s, const OrbitCheck& c) {
 
 void startOrbitCheck(ModelState& s, OrbitCheck& c) {
     const int p = c.IplSel;
-    if (c.kDt == 0) throw ArithmeticFailure("the step divisor is zero");
+    if (c.kDt == 0) throw ArithmeticFailure("делитель шага равен нулю");
     s.X[15] = s.Y[15] = s.Z[15] = 0;
     c.Zprev = s.Z[p] - s.Z[c.Iobs];
     PairGeometry(s, c.Iobs, p);

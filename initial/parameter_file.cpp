@@ -36,8 +36,10 @@ std::string bodyLine(const ModelState& s, int i) {
              Fix(MK * s.VY[i]),
              Fix(MK * s.VZ[i]),
              Fix(MK * s.km[i]),
-         })
-        line += fileItem(v);
+         }) {
+        const std::string item = fileItem(v);
+        line += (line.size() == 2 && item.front() == '-' ? " " : "") + item;  // off the number of the body
+    }
     return line;
 }
 
@@ -74,9 +76,7 @@ void ParameterReader::bodies(ModelState& s, const std::function<void(int body)>&
     file_.line();  // the end of that line
     file_.line();  // titles of the rows
     for (int i = 0; i <= NPlanetMax; ++i) {
-        const std::int32_t body = file_.int32();
-        if (body < 0 || body > rowMoon) throw FileFailure("no body " + std::to_string(body));
-        s.IplSel = body;
+        s.IplSel = file_.int32BeforeSign();  // earlier versions set a negative AlfaL right behind it
         s.AlfaL[i] = next() / MK / kUgol;
         s.R0sr[i] = finite(next() * 1000);
         s.W0sr[i] = next() / MK / sekG;

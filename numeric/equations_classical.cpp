@@ -229,7 +229,7 @@ void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
         newton(m, b, watch);
     } else {
         if (form == 3 && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
-            throw SubscriptFailure("the trace has not been made");
+            throw SubscriptFailure("нет следа движения для DX3");
         retardedLines(s, m, b, form, watch);
         if (m.nR == 2)
             squareForces(s, m, b, kodPgr, watch);
@@ -245,7 +245,7 @@ void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
 void Diffur(ModelState& s, Motion& motion) {
     kernel::BodyLanes b;
     kernel::unpack(motion, s, b);
-    if (motion.Vgr == 0) throw ArithmeticFailure("the speed of gravity is zero");
+    if (motion.Vgr == 0) throw ArithmeticFailure("скорость гравитации равна нулю");
     kernel::formWeights(s, motion.weights);
     std::memcpy(motion.dU.data(), &motion.U[3 * bodies], sizeof(double) * 3 * bodies);
     const bool pressed = motion.kodPgr != 0 && motion.kodVgr != 0;

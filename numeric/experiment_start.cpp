@@ -13,6 +13,28 @@ namespace tarvex {
 
 namespace {
 
+/// What is typed for a setting; a failure tells which.
+double typed(const std::string& text, const char* meaning) {
+    try {
+        return toNumber(text);
+    } catch (const Failure& failure) {
+        throw ConversionFailure(std::string(meaning) + ": " + failure.what());
+    }
+}
+
+template <class Whole>
+Whole whole(const std::string& text, const char* meaning) {
+    try {
+        const double v = typed(text, meaning);
+        if constexpr (sizeof(Whole) == sizeof(std::int16_t))
+            return toInt16(v);
+        else
+            return toInt32(v);
+    } catch (const OverflowFailure& failure) {
+        throw OverflowFailure(std::string(meaning) + ": " + failure.what());
+    }
+}
+
 /// The codes of the run from the options and boxes.
 void takeCodes(const Experiment& e, const RunSettings& set) {
     RunState& run = e.run;
@@ -42,8 +64,8 @@ void checkStepper(const RunState& run, const Motion& motion) {
 
 void takeGravitySpeed(const Experiment& e, const RunSettings& set) {
     Motion& motion = e.motion;
-    motion.Vgr = finite(toNumber(set.Text35) * Vsv);
-    motion.nR = toNumber(set.Text45);
+    motion.Vgr = finite(typed(set.Text35, "скорость гравитации") * Vsv);
+    motion.nR = typed(set.Text45, "степень nR");
     motion.Vsv2 = Vsv * Vsv;
     if (motion.Vgr == 0 && motion.kodVgr == 1)
         throw Refusal("Надо задать скорость гравитации отличную от нуля", "Tarvex7mmm");
@@ -53,20 +75,20 @@ void takeGravitySpeed(const Experiment& e, const RunSettings& set) {
 
 /// The settings that Continue reads too.
 void takeScales(const Experiment& e, const RunSettings& set) {
-    e.run.MdAlfa = toNumber(set.Text5);
-    e.run.MT = toNumber(set.Text9);
-    e.run.MxPlot = toNumber(set.Text21);
-    e.s.NFile = toInt16(toNumber(set.Text8));
+    e.run.MdAlfa = typed(set.Text5, "MdAlfa");
+    e.run.MT = typed(set.Text9, "MT");
+    e.run.MxPlot = typed(set.Text21, "Mx");
+    e.s.NFile = whole<std::int16_t>(set.Text8, "эксперимент №");
     // a run that does not go on would never end, neither a new one nor one that these settings interrupt:
     // back in time goes by kodTime, never by the step's sign
-    const double Dt = toNumber(set.Text38);
-    if (!(Dt > 0)) throw ArithmeticFailure("the step is not positive");
+    const double Dt = typed(set.Text38, "шаг решения");
+    if (!(Dt > 0)) throw ArithmeticFailure("шаг решения " + toText(Dt) + " сек, нужен больше нуля");
     e.s.Dt = Dt;
-    e.s.NC0 = toInt16(toNumber(set.Text37));
-    const std::int16_t kDt = toInt16(toNumber(set.Text39));
-    if (kDt < 0) throw ArithmeticFailure("the step divisor is negative");
+    e.s.NC0 = whole<std::int16_t>(set.Text37, "вывод через, шагов");
+    const std::int16_t kDt = whole<std::int16_t>(set.Text39, "уменьшение шага");
+    if (kDt < 0) throw ArithmeticFailure("делитель шага меньше нуля: " + toText(kDt));
     e.s.kDt = kDt;
-    e.run.dYplot = toNumber(set.Text36);
+    e.run.dYplot = typed(set.Text36, "dY");
     e.s.NC = 0;
 }
 
@@ -82,7 +104,7 @@ void takeClock(const Experiment& e, const RunSettings& set) {
     s.God0 = s.GodR;
     s.Mes0 = s.MesR;
     s.Den0 = s.DenR;
-    run.GodEnd = toInt32(toNumber(set.Text40));
+    run.GodEnd = whole<std::int32_t>(set.Text40, "последний год");
     run.Tper0 = run.Tsec = run.Tmod = e.motion.Tsled = 0;
 }
 
@@ -205,7 +227,7 @@ std::vector<std::string> energyNotes(const RunState& run) {
 }  // namespace
 
 void takeSettings(const Experiment& e, const RunSettings& set) {
-    const std::int32_t body = toInt32(toNumber(set.Text13));
+    const std::int32_t body = whole<std::int32_t>(set.Text13, "номер объекта");
     if (body < 0 || body > NPlanetMax) throw Refusal("номер объекта должен быть от 0 до 10", "Tarvex7.0");
     e.s.IplSel = body;
     takeCodes(e, set);
@@ -221,7 +243,7 @@ StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
     if (run.boxes.measure) {
         if (s.IplSel < 1)
             throw Refusal("Номер планеты для вычисления параметров должен быть от 1 до 10", "Tarvex7");
-        run.dAlfa = toNumber(set.Text17);
+        run.dAlfa = typed(set.Text17, "dAlfa");
         startMeasurement(s, run);
     }
     if (run.kodModel == 0) {
@@ -261,7 +283,7 @@ StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
 }
 
 void continueExperiment(const Experiment& e, const RunSettings& set) {
-    if (e.s.IplSel < 0 || e.s.IplSel > rowMoon) throw SubscriptFailure("no such body to follow");
+    needSelectedBody(e.s);
     takeScales(e, set);
     e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
     checkStepper(e.run, e.motion);

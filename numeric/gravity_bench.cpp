@@ -27,7 +27,7 @@ double SledFind(const Motion& m, const Trace& saved, const Rows& X, const Rows& 
     if (m.kodDX == 2) return curved;
     const double dT = m.dTstageSave;
     if (T > m.NSled * Dt + dT) return curved;
-    if (saved.size() == 0) throw SubscriptFailure("the trace is empty");
+    if (saved.size() == 0) throw SubscriptFailure("след движения пуст");
     if (T <= dT) return X[body] - (X[body] - saved.at(0, body)) * T / dT;
     for (int n = 0; n < m.NSled && n + 1 < saved.size(); ++n)
         if (n * Dt + dT < T && T < (n + 1) * Dt + dT)

@@ -130,7 +130,7 @@ TARVEX_KERNEL void lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b
 
 void SpeedUpdate(ModelState& s, Motion& motion) {
     if (motion.kodPgr == 0) return;
-    if (motion.Vgr == 0) throw ArithmeticFailure("the speed of gravity is zero");
+    if (motion.Vgr == 0) throw ArithmeticFailure("скорость гравитации равна нулю");
     kernel::BodyLanes b;
     kernel::toLanes(s, b);
     kernel::Watch watch;

@@ -89,8 +89,8 @@ void checkWatch(Motion& m, const Watch& watch) {
     if (watch.distancesFine() && watch.numbersFine()) return;
     dropNonNumbers(m);
     throw ArithmeticFailure(watch.distancesFine()
-                                ? "a force, an acceleration or a speed along a line is not a number"
-                                : "two bodies at one place, one above the other or too far from each other");
+                                ? "сила, ускорение или скорость вдоль линии - не число"
+                                : "два тела в одном месте, одно над другим или слишком далеко друг от друга");
 }
 
 void formWeights(const ModelState& s, PairWeights& w) {

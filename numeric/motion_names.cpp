@@ -43,9 +43,9 @@ namespace {
 template <class Value>
 void addPair(NameTable& table, const char* name, Value value) {
     table.addComputed(name, [value](const std::vector<int>& index) {
-        if (index.size() != 2) throw SubscriptFailure("a pair has two indices");
+        if (index.size() != 2) throw SubscriptFailure("у пары тел два номера");
         for (const int i : index)
-            if (i < 0 || i >= bodies) throw SubscriptFailure("index out of range");
+            if (i < 0 || i >= bodies) throw SubscriptFailure("номер вне границ");
         return toFullText(index[0] == index[1] ? 0.0 : value(index[0], index[1]));
     });
 }
@@ -54,7 +54,7 @@ template <class Value>
 void addBody(NameTable& table, const char* name, Value value) {
     table.addComputed(name, [value](const std::vector<int>& index) {
         if (index.size() != 1 || index[0] < 0 || index[0] >= bodies)
-            throw SubscriptFailure("index out of range");
+            throw SubscriptFailure("номер вне границ");
         return toFullText(value(index[0]));
     });
 }
@@ -63,7 +63,7 @@ void addTrace(NameTable& table, const char* name, const Trace& trace) {
     table.addComputed(name, [&trace](const std::vector<int>& index) {
         if (index.size() != 2 || index[0] < 0 || index[0] >= trace.size() || index[1] < 0 ||
             index[1] >= bodies)
-            throw SubscriptFailure("index out of range");
+            throw SubscriptFailure("номер вне границ");
         return toFullText(trace.at(index[0], index[1]));
     });
 }

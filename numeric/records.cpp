@@ -13,6 +13,8 @@ namespace tarvex {
 
 namespace {
 
+constexpr int rasHeadLines = 5, xyzHeadLines = 4;
+
 std::string startDate(const ModelState& s) {
     return Format(s.Den0, "00.00") + "." + Format(s.Mes0, "00") + "." + Format(s.God0, "0000");
 }
@@ -60,7 +62,7 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
                         startDate(s);
     if (run.boxes.energy) first += " E0sys= " + toText(run.E0sys) + " MKD0sys= " + toText(run.MKD0sys);
 
-    TextWriter file(tree.at(run.FileRas));
+    TextWriter file(tree.at(run.FileRas), rasHeadLines);
     file.line(first);
     file.line("шаг решения " + toText(s.Dt) + " сек  уменьшен у перигелия в " + whole(s.kDt) + " раз  " +
               "   dAlfa= " + toText(run.dAlfa) + "   kodBary= " + whole(s.kodBary) + "   kodMoon= " +
@@ -83,7 +85,7 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
 
 void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motion, RunState& run,
                   const std::string& today) {
-    TextWriter file(tree.at(run.FileXYZ));
+    TextWriter file(tree.at(run.FileXYZ), xyzHeadLines);
     file.line("эксперимент № " + whole(s.NFile) + " для объекта № " + whole(fileBody(s)) + " из " +
               whole(s.NPlOn) + " от  " + today + " плоскость эклиптики в эпоху J2000    начало " +
               startDate(s));

@@ -40,7 +40,7 @@ public:
         const std::int16_t before = s.kodErrDate;
         s.kodErrDate = 0;
         DateFromJD(s, s.JD);
-        if (s.kodErrDate != 0) throw OverflowFailure("the date of the run has left the calendar");
+        if (s.kodErrDate != 0) throw OverflowFailure("дата модели вышла за календарь: JD " + toText(s.JD));
         s.kodErrDate = before;
         if (s.kodKalend == egyptian) return;
         day_ = Z;
@@ -159,6 +159,7 @@ void runPasses(const Experiment& e, RunPort& port) {
         if (e.s.NC < e.s.NC0) continue;
         lookAtPlace(e);
         if (!displayPass(e, port)) return;
+        needSelectedBody(e.s);  // the user has had his turn
         date.forget();
     }
 }

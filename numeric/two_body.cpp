@@ -294,7 +294,7 @@ void twoBodyInitialData(ModelState& s) {
 }
 
 void startTwoBody(ModelState& s, TwoBody& b) {
-    if (b.kDt == 0) throw ArithmeticFailure("the step divisor is zero");
+    if (b.kDt == 0) throw ArithmeticFailure("делитель шага равен нулю");
     s.X[15] = s.Y[15] = s.Z[15] = 0;
     b.U = {0,        s.X[m2],  s.Y[m2],  s.Z[m2],  s.X[m1],  s.Y[m1], s.Z[m1],
            s.VX[m2], s.VY[m2], s.VZ[m2], s.VX[m1], s.VY[m1], s.VZ[m1]};

@@ -124,7 +124,7 @@ const TableBody* bodyOf(const AncientTable& table, int number) {
 
 const AncientTable& ancientTable(int option) {
     static const std::array<AncientTable, 11> tables = makeTables();
-    if (option < 1 || option > 10) throw SubscriptFailure("no ancient table " + std::to_string(option));
+    if (option < 1 || option > 10) throw SubscriptFailure("нет таблицы № " + std::to_string(option));
     return tables[option];
 }
 
@@ -152,12 +152,12 @@ void openTable(TableInUse& t, int option, SpreadsheetOffice& office, const DataT
 
 double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& date, double almagestPrec,
                       bool correct, bool alsoSun) {
-    if (t.table == nullptr) throw Failure("no table is open");
+    if (t.table == nullptr) throw Failure("таблица не открыта");
     const AncientTable& table = *t.table;
     const double PrecNow = (s.JDut0 - s.JDepoha) * tablePrecession;
     if (!t.book) return t.PrecTab0 + PrecNow;  // a table without cells reads and corrects nothing
     const int b = s.IplSel;
-    if (b < 0 || b >= rowCount) throw SubscriptFailure("no body " + std::to_string(b));
+    if (b < 0 || b >= rowCount) throw SubscriptFailure("нет в таблице тела № " + std::to_string(b));
     const TableBody* body = bodyOf(table, b);
     std::vector<Cell> wanted;
     if (table.precession) wanted.push_back(*table.precession);

@@ -280,6 +280,7 @@ void EclipseMasses(ModelState& s, Eclipse::Source source) {
 
 void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
                const std::function<void()>& drawHeliocentric) {
+    needSelectedBody(s);
     const int b = s.IplSel;
     e.sun = e.body = {};  // stages that a source skips are not those of another
     zeroRow(s, 15);

@@ -45,7 +45,9 @@ public:
     /// A number that fills its columns (blanks before it apart); a short line has none.
     double number(std::size_t column, std::size_t width) const {
         std::string_view field = at(column, width);
-        if (field.size() < width) throw ConversionFailure("a record ends inside its columns");
+        if (field.size() < width)
+            throw ConversionFailure("строка наблюдения короче " + std::to_string(column + width - 1) +
+                                    " знаков");
         while (field.starts_with(' ')) field.remove_prefix(1);
         while (field.ends_with(' ')) field.remove_suffix(1);
         return toNumber(field);
@@ -146,10 +148,15 @@ void ObservationFile::rewind() {
 }
 
 std::optional<Observation> ObservationFile::ReadObsRecord(const ObservationFilter& filter) {
-    if (!reader_) throw FileFailure("no file of observations is open");
+    if (!reader_) throw FileFailure("файл наблюдений не открыт");
     bool end = false;
-    for (std::string line; !end && reader_->line(line);)
-        if (auto found = parseObservation(line, filter, month_, end)) return found;
+    std::string line;
+    try {
+        while (!end && reader_->line(line))
+            if (auto found = parseObservation(line, filter, month_, end)) return found;
+    } catch (const ConversionFailure& failure) {
+        throw ConversionFailure(std::string(failure.what()) + " в записи " + quote(line));
+    }
     return {};
 }
 

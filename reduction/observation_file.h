@@ -2,13 +2,19 @@
 // Observations of the observatories: text files of fixed columns behind a header of five lines, read as a
 // stream.
 
+#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/text_files.h"
 
 namespace tarvex {
+
+/// Observatories whose files the laboratory knows by name.
+inline constexpr std::array<std::string_view, 6> observatoryNames = {"GREN", "PARI", "USNO",
+                                                                     "NIKO", "CAPE", "SUMM"};
 
 /// One usable observation.
 struct Observation {

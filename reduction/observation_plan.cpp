@@ -19,9 +19,16 @@ constexpr double moonPerihelion = 4069.037111 / kUgol, moonNode = -1934.136185 /
 
 std::string scaled(double value, double scale) { return fileItem(Fix(value * scale)); }
 
+/// Plans of numbered files may be links; a typed text in the name must not lead out of the folder.
+std::filesystem::path planPath(const DataTree& tree, const std::string& name) {
+    const std::string numbers = std::filesystem::path(tree.at(name)).stem().string();
+    return numbers.find_first_not_of("0123456789_") == std::string::npos ? tree.at(name) : tree.typed(name);
+}
+
 }  // namespace
 
 void planTemplate(ModelState& s, ReductionState& r, PlanBlock& plan, bool epochJ2000) {
+    needSelectedBody(s);
     const int body = planetOfPlan(s.IplSel);
     r.dP11 = body == rowMoon ? moonPerihelion : 0;
     r.dU11 = body == rowMoon ? moonNode : 0;
@@ -62,7 +69,7 @@ std::string planTestFileName(const ModelState& s, int body, const std::string& f
 
 void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const DataTree& tree,
                   const std::string& name, std::int32_t NOpyt, const PlanFileWords& words) {
-    TextWriter file(tree.at(name));
+    TextWriter file(planPath(tree, name));
     file.line("план № " + std::to_string(s.NPlan) + " опыт № " + std::to_string(NOpyt) + " по планете № " +
               std::to_string(s.IplSel) + " для " + s.NameData + " в эпохе " +
               (words.epochJ2000 ? "J2000" : "JD") + " по " + (words.rootMeanSquare ? "Sigma" : "") +
@@ -96,7 +103,7 @@ void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const
 
 void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree,
                   const std::string& name) {
-    TextReader file(tree.at(name));
+    TextReader file(planPath(tree, name));
     file.line();
     file.line();
     const double Den0 = file.number() / MK;
@@ -106,7 +113,7 @@ void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataT
     file.line();
     std::array<std::array<double, 4>, factors + 1> row{};
     for (int i = 1; i <= factors; ++i) {
-        if (file.int32() != i) throw FileFailure("factor " + std::to_string(i) + " is missing in " + name);
+        if (file.int32() != i) throw FileFailure("нет фактора " + std::to_string(i) + " в файле " + name);
         for (double& value : row[i]) value = file.number();
     }
     for (const int c : {0, 1, 3}) finite(row[1][c] * km);

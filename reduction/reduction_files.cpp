@@ -2,11 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/arithmetic.h"
 #include "core/numbers.h"
 #include "core/text_files.h"
+#include "reduction/ancient_tables.h"
+#include "reduction/observation_file.h"
 
 namespace tarvex {
 
@@ -20,6 +23,24 @@ std::string ofSource(const ModelState& s, const ReductionState& r, const char* k
 std::string planetLine(const ModelState& s) {
     return "планета  № " + std::to_string(s.IplSel) + "   обсерватория " + s.NameData;
 }
+
+/// Path of one of the three reports.
+std::filesystem::path report(const ModelState& s, const ReductionState& r, const DataTree& tree,
+                             const std::string& name) {
+    return sourcePath(tree, name, s.NameData, r.choices.fileNumber);
+}
+
+std::filesystem::path goodPath(const ModelState& s, const ReductionState& r, const DataTree& tree) {
+    return sourcePath(tree, goodFileName(s, r), s.NameData, r.choices.goodNumber);
+}
+
+bool isKnownSource(const std::string& name) {
+    for (int i = 1; i <= 10; ++i)
+        if (name == ancientTable(i).name) return true;
+    return std::find(observatoryNames.begin(), observatoryNames.end(), name) != observatoryNames.end();
+}
+
+constexpr int goodHeadLines = 5, headLines = 2;
 
 double cut(double value, double scale) { return Fix(value * scale) / scale; }
 
@@ -36,25 +57,31 @@ std::string statisticsFileName(const ModelState& s, const ReductionState& r) {
     return ofSource(s, r, "Stat");
 }
 
+std::filesystem::path sourcePath(const DataTree& tree, const std::string& name, const std::string& source,
+                                 const std::string& number) {
+    const bool plain = number.find_first_not_of("0123456789") == std::string::npos;
+    return plain && isKnownSource(source) ? tree.at(name) : tree.typed(name);
+}
+
 void startGoodBadFiles(const ModelState& s, const ReductionState& r, const DataTree& tree) {
     if (!r.choices.tables) {
-        const auto path = tree.at(goodFileName(s, r));
+        const auto path = goodPath(s, r, tree);
         std::error_code error;
         if (std::filesystem::equivalent(path, r.file.path(), error))
-            throw FileFailure("the Good file is the file that is read");
-        TextWriter good(path);
+            throw FileFailure("файл Good тот же, что читается: " + path.string());
+        TextWriter good(path, goodHeadLines);
         good.line(r.header);
         good.items(s.God0, r.GodK);
         good.commit();
     }
-    TextWriter bad(tree.at(badFileName(s, r)));
+    TextWriter bad(report(s, r, tree, badFileName(s, r)), headLines);
     bad.line(planetLine(s));
     bad.line("дата наблюдения и отклонения по долготе (сек) широте (сек) и расстоянию (тыс.км.)");
     bad.commit();
 }
 
 void appendGood(const ModelState& s, const ReductionState& r, const DataTree& tree) {
-    if (!r.choices.tables) appendLine(tree.at(goodFileName(s, r)), r.line);
+    if (!r.choices.tables) appendLine(goodPath(s, r, tree), r.line);
 }
 
 void appendBad(const ModelState& s, const ReductionState& r, const DataTree& tree) {
@@ -62,11 +89,11 @@ void appendBad(const ModelState& s, const ReductionState& r, const DataTree& tre
     for (const double item : {cut6(r.date.DenObs), double(r.date.MesObs), double(r.date.GodObs),
                               cut(r.dL * 3600, 1000), cut(r.dB * 3600, 1000), cut(r.dR, 10)})
         line += fileItem(item);
-    appendLine(tree.at(badFileName(s, r)), line);
+    appendLine(report(s, r, tree, badFileName(s, r)), line);
 }
 
 void startStageFile(const ModelState& s, const ReductionState& r, const DataTree& tree) {
-    TextWriter file(tree.at(stageFileName(s, r)));
+    TextWriter file(report(s, r, tree, stageFileName(s, r)), headLines);
     file.line(planetLine(s));
     file.line("долгота и широта - юлианская дата наблюдения и операция, ");
     file.commit();
@@ -74,7 +101,7 @@ void startStageFile(const ModelState& s, const ReductionState& r, const DataTree
 
 void appendStage(const ModelState& s, const ReductionState& r, const DataTree& tree, const char* label,
                  double L, double B, double R) {
-    appendLine(tree.at(stageFileName(s, r)),
+    appendLine(report(s, r, tree, stageFileName(s, r)),
                Format(L, "000.000000000") + "  " + Format(B, "00.000000000") + "   " +
                    Format(R / MK, "00.00") + "  " + std::to_string(r.date.MesObs) + "  " +
                    std::to_string(r.date.GodObs) + "  JD= " + toText(s.JD) + label);
@@ -83,7 +110,7 @@ void appendStage(const ModelState& s, const ReductionState& r, const DataTree& t
 void writeStatistics(const ModelState& s, const ReductionState& r, const DataTree& tree) {
     const auto arcSeconds = [&](int n) { return r.edge[n] * 3600; };
     const auto counted = [&](int n) { return Format(r.count[n], "0000"); };
-    TextWriter file(tree.at(statisticsFileName(s, r)));
+    TextWriter file(report(s, r, tree, statisticsFileName(s, r)));
     file.line("статистика данных  " + s.NameData + "  по планете " + std::to_string(s.IplSel));
     file.line("интервалы dL и dB в угловых секундах dR в тыс.км.)");
     file.line("");

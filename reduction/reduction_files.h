@@ -14,6 +14,14 @@ std::string badFileName(const ModelState& s, const ReductionState& r);
 std::string stageFileName(const ModelState& s, const ReductionState& r);
 std::string statisticsFileName(const ModelState& s, const ReductionState& r);
 
+/// Path of a file of a source.  One of a source that the laboratory knows, with a plain number, may be a link
+/// to anywhere; a name with another text in it must not lead out of its folder.
+/// @param source  as it stands in the name: a table, an observatory or what the user typed
+/// @param number  the number typed for it
+/// Throws OpenFailure for a name that leads out.
+std::filesystem::path sourcePath(const DataTree& tree, const std::string& name, const std::string& source,
+                                 const std::string& number);
+
 /// Good (for a file of observations) and Bad with their heads.  Throws FileFailure; also when the Good file
 /// would be the file that is read.
 void startGoodBadFiles(const ModelState& s, const ReductionState& r, const DataTree& tree);

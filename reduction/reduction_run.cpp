@@ -191,6 +191,7 @@ void startReduction(Reduction x) {
 void ReductionRun(Reduction x, ReductionView& view) {
     auto& [s, r, plan, tree] = x;
     for (;;) {
+        needSelectedBody(s);
         if (r.choices.tables)
             stepTable(x);
         else

@@ -26,8 +26,7 @@ void placeAt(ModelState& s, double JD, void (*theory)(ModelState&)) {
 double reduced(double angle) { return 2 * Pi * Frac1(angle / 2 / Pi); }
 
 void requireTable(int b) {
-    if (b < 1 || b > bodiesWithTable)
-        throw SubscriptFailure("no perturbation table of body " + std::to_string(b));
+    if (b < 1 || b > bodiesWithTable) throw SubscriptFailure("нет возмущений тела № " + std::to_string(b));
 }
 
 }  // namespace
@@ -50,7 +49,7 @@ void PlanetPerturbFromColumns(ModelState& s, int b) {
     for (int row = 1; row <= 2; ++row) {
         const int other = row == 1 ? s.Ipert1[b] : s.Ipert2[b];
         if (other < 0 || other >= rowCount)
-            throw SubscriptFailure("no perturbing body " + std::to_string(other));
+            throw SubscriptFailure("нет возмущающего тела № " + std::to_string(other));
         const double ls = reduced(s.AlfaL[other] - s.AlfaP0[other]), D = reduced(s.AlfaL[b] - s.AlfaL[other]);
         const auto& k = s.kLp[row];
         s.Lpl[b] += k[1] * sin(l - 2 * D) + k[2] * sin(2 * D) + k[3] * sin(D) + k[4] * sin(ls) +

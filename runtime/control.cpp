@@ -13,7 +13,7 @@ Control::Control(Form* form, Kind kind, std::string name, std::string caption, s
 }
 
 void Control::changed() { form_->controlChanged(*this); }
-void Control::run(const Handler& handler) { form_->guarded(handler); }
+void Control::run(const Handler& handler) { form_->act(handler); }
 
 void Control::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -54,10 +54,20 @@ template <class Read>
 auto TextField::pointedAt(Read read) const {
     try {
         return read();
-    } catch (const Failure&) {
+    } catch (const OverflowFailure& failure) {
         form().desk().suspect(*this);
-        throw;
+        throw OverflowFailure(meaning() + ": " + failure.what());
+    } catch (const Failure& failure) {
+        form().desk().suspect(*this);
+        throw ConversionFailure(meaning() + ": " + failure.what());
     }
+}
+
+/// "поле Text34 (Год)": the caption, or the first words of the hint.
+std::string TextField::meaning() const {
+    std::string words = caption().empty() ? hint().substr(0, hint().find_first_of(":;,.(")) : caption();
+    words.erase(words.find_last_not_of(" =:") + 1);
+    return "поле " + name() + (words.empty() ? "" : " (" + words + ")");
 }
 
 double TextField::number() const {

@@ -101,6 +101,7 @@ public:
 private:
     template <class Read>
     auto pointedAt(Read read) const;
+    std::string meaning() const;
 
     std::string text_;
     bool readOnly_;
@@ -254,7 +255,7 @@ public:
     }
     T& operator()(int i) const {
         if (i < first_ || i > last() || !items_[i - first_])
-            throw SubscriptFailure("no control with index " + std::to_string(i));
+            throw SubscriptFailure("нет элемента с номером " + std::to_string(i));
         return *items_[i - first_];
     }
     int first() const { return first_; }

@@ -13,12 +13,21 @@ Desk::~Desk() {
     leaving_.clear();
 }
 
-void Desk::message(const std::string& text, const std::string& title) {
+void Desk::tell(Message told) {
     const FlagsKept flags;
+    told.cause = shortened(std::move(told.cause));
+    if (told.error && acting_ != nullptr) acting_->setStatus(told.cause);
     if (const auto found = loaded_.find(suspectForm_); found != loaded_.end())
         if (Control* field = found->second->find(suspectField_); field != nullptr) screen_.pointAt(*field);
     suspectForm_.clear();
-    screen_.message(text, title);
+    screen_.message(told);
+}
+
+std::string Desk::shortened(std::string cause) const {
+    if (!folder_.empty())
+        for (std::size_t at = 0; (at = cause.find(folder_, at)) != std::string::npos;)
+            cause.erase(at, folder_.size());
+    return cause;
 }
 
 void Desk::suspect(const Control& field) {
@@ -56,6 +65,14 @@ private:
 
 void Desk::yield() {
     const GivingWay way(*this);
+    // What the user does meanwhile is another action; an error in it is none of the calculation's.
+    struct Meanwhile {
+        explicit Meanwhile(Form*& acting) : acting_(acting), calculating_(std::exchange(acting, nullptr)) {}
+        ~Meanwhile() { acting_ = calculating_; }
+        Form*& acting_;
+        Form* calculating_;
+    };
+    const Meanwhile meanwhile(acting_);
     screen_.yield();
 }
 
@@ -142,7 +159,7 @@ void Desk::add(const std::string& name, Maker maker) {
 
 std::unique_ptr<Form> Desk::describe(const std::string& name) const {
     const auto maker = makers_.find(name);
-    if (maker == makers_.end()) throw Failure("no form " + name);
+    if (maker == makers_.end()) throw Failure("нет формы " + name);
     return maker->second();
 }
 

@@ -23,7 +23,13 @@ public:
     Desk& operator=(const Desk&) = delete;
 
     Screen& screen() const { return screen_; }
-    void message(const std::string& text, const std::string& title);
+    void message(const std::string& text, const std::string& title) { tell({text, title}); }
+    /// Shows a message; the cause of an error also stands in the status line of the form in which the user
+    /// acts.
+    void tell(Message told);
+    /// Causes name the files of this folder (with a slash at its end) without it.
+    void nameFilesFrom(std::string folder) { folder_ = std::move(folder); }
+    std::string shortened(std::string cause) const;
     /// A text that is no number was read from this field: the next message of the handler points at it.
     void suspect(const Control& field);
     /// Gives way to the user; the floating-point flags of the calculation are kept.
@@ -96,6 +102,20 @@ public:
     private:
         Desk& desk_;
     };
+    /// Held while a handler of the form runs: the outermost of them is where the user acts.
+    class Acting {
+    public:
+        Acting(Desk& desk, Form& form) : desk_(desk), outer_(desk.acting_) {
+            if (outer_ == nullptr) desk_.acting_ = &form;
+        }
+        ~Acting() { desk_.acting_ = outer_; }
+        Acting(const Acting&) = delete;
+        Acting& operator=(const Acting&) = delete;
+
+    private:
+        Desk& desk_;
+        Form* outer_;
+    };
     /// True while some handler is running (a calculation that has given way, for instance).
     bool busy() const { return depth_ > 0; }
 
@@ -117,6 +137,8 @@ private:
     std::map<std::string, Maker> makers_;
     std::map<std::string, std::unique_ptr<Form>> loaded_;
     std::vector<std::unique_ptr<Form>> leaving_;  ///< unloaded in a handler that still runs
+    Form* acting_ = nullptr;
+    std::string folder_;
     std::string active_, actor_;
     std::function<void(const std::string&)> acted_ = [](const std::string&) {};
     std::string suspectForm_, suspectField_;  ///< by name: the form may go before the message comes

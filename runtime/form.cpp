@@ -5,6 +5,21 @@
 
 namespace tarvex {
 
+namespace {
+
+class Count {
+public:
+    explicit Count(int& count) : count_(count) { ++count_; }
+    ~Count() { --count_; }
+    Count(const Count&) = delete;
+    Count& operator=(const Count&) = delete;
+
+private:
+    int& count_;
+};
+
+}  // namespace
+
 Form::Form(Desk& desk, std::string name, std::string title)
     : desk_(desk), name_(std::move(name)), title_(std::move(title)) {}
 
@@ -18,18 +33,33 @@ void Form::guarded(const Handler& handler) {
     if (!handler.action) return;
     desk_.acts(*this);
     const Desk::InHandler alive(desk_);
-    // The handler may be replaced or its form unloaded while it runs: keep what is needed.
-    const Handler kept = handler;
-    Desk& desk = desk_;
+    const Desk::Acting acting(desk_, *this);
+    const Handler kept = handler;  // it may be replaced while it runs
+    Message told;
     try {
+        const Count running(running_);
         const ArithmeticGuard guard;
         kept.action();
         guard.check();
+        return;
     } catch (const Refusal& refusal) {
-        desk.message(refusal.text, refusal.title);
-    } catch (const std::exception&) {
-        desk.message(kept.message.text, kept.message.title);
+        told = {refusal.text, refusal.title, refusal.cause, true};
+    } catch (const std::exception& failure) {
+        told = {kept.message.text, kept.message.title, causeOf(failure), true};
     }
+    setStatus(desk_.shortened(told.cause));
+    desk_.tell(told);  // outside the handling: what other handlers do meanwhile is not caused by this
+}
+
+void Form::act(const Handler& handler) {
+    if (handler.action && running_ == 0) setStatus("");
+    guarded(handler);
+}
+
+void Form::setStatus(std::string text) {
+    if (status_ == text) return;
+    status_ = std::move(text);
+    desk_.screen().statusChanged(*this);
 }
 
 Form::Running::Running(Form& form) : form_(form) { form.desk_.calculationBegins(form); }

@@ -43,6 +43,11 @@ public:
     /// Runs a handler: whatever fails inside ends in its fixed message, what it wrote before stays.
     void guarded(const Handler& handler);
 
+    /// The status line of the form: why the last action failed, or what it wants to tell without a question.
+    /// The next action that does something on the form clears it.
+    const std::string& status() const { return status_; }
+    void setStatus(std::string text);
+
     /// Progress of a long run for the status line: share done 0..1, below 0 when the run is over.
     static constexpr double endless = std::numeric_limits<double>::infinity();  ///< goes on until stopped
     void progress(double share);
@@ -72,11 +77,13 @@ protected:
 
 private:
     friend class Control;
+    void act(const Handler& handler);
     void enter(Control& control) { controls_.push_back(&control); }
     void controlChanged(Control& control);
 
     Desk& desk_;
-    std::string name_, title_;
+    std::string name_, title_, status_;
+    int running_ = 0;  ///< handlers of this form that have not ended
     std::vector<Control*> controls_;
 };
 

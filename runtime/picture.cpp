@@ -33,7 +33,7 @@ Canvas* Picture::canvas() {
 
 void Picture::setScale(double left, double top, double right, double bottom) {
     if (finite(left) == finite(right) || finite(top) == finite(bottom))
-        throw ArithmeticFailure("picture scale is empty");
+        throw ArithmeticFailure("масштаб рисунка равен нулю");
     left_ = left;
     top_ = top;
     right_ = right;
@@ -137,7 +137,7 @@ void Picture::text(double x, double y, const std::string& text, Color color) {
 
 void Picture::save(const std::filesystem::path& path) {
     const FlagsKept flags;
-    if (canvas() == nullptr) throw FileFailure("nothing is drawn that could be saved");
+    if (canvas() == nullptr) throw FileFailure("рисунок не нарисован");
     canvas_->save(path);
 }
 

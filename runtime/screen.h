@@ -8,6 +8,8 @@
 
 namespace tarvex {
 
+struct Message;
+
 class Canvas;
 class Control;
 class Form;
@@ -18,7 +20,7 @@ public:
     virtual ~Screen() = default;
 
     // --- talking to the user
-    virtual void message(const std::string& text, const std::string& title) = 0;
+    virtual void message(const Message& told) = 0;
     /// The message to come is about this control.
     virtual void pointAt(Control&) {}
     virtual bool ask(const std::string& question, const std::string& title) = 0;  ///< true for yes
@@ -41,6 +43,7 @@ public:
     // --- forms and controls
     virtual void formShown(Form& form) = 0;     ///< open its window, or bring it to the front
     virtual void formUnloaded(Form& form) = 0;  ///< close its window
+    virtual void statusChanged(Form&) {}        ///< its status line has another text
     virtual void controlChanged(Control& control) = 0;
     virtual std::unique_ptr<Canvas> makeCanvas(Picture& picture) = 0;  ///< may be null: nothing is drawn
 };

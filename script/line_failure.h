@@ -2,19 +2,19 @@
 // What stops a script: the line that cannot be done, told in words.
 
 #include <string>
-#include <string_view>
+
+#include "core/failure.h"
 
 namespace tarvex {
 
 /// Not a std::exception: it must pass through the guards of the handlers that run meanwhile, which would show
 /// their fixed message and go on.
 struct LineFailure {
-    std::string text;
-    int line = 0;  ///< counted from 1; 0 until the player knows
-};
+    static constexpr int cannotBeDone = 2, errorMessage = 3;
 
-/// A piece of a script in quotation marks for such a text: short, and with nothing that a terminal would
-/// obey.
-std::string quote(std::string_view piece);
+    std::string text;
+    int line = 0;               ///< counted from 1; 0 until the player knows
+    int status = cannotBeDone;  ///< with which the program ends
+};
 
 }  // namespace tarvex

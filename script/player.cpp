@@ -4,6 +4,7 @@
 #include <cctype>
 #include <istream>
 
+#include "core/data_tree.h"
 #include "core/failure.h"
 #include "core/name_table.h"
 #include "core/numbers.h"
@@ -42,7 +43,7 @@ std::string_view takeWord(std::string_view& line) {
 
 int wholeNumber(std::string_view text) {
     const double v = toNumber(text);
-    if (v != Fix(v)) throw ConversionFailure("not whole");
+    if (v != Fix(v)) throw ConversionFailure("не целое");
     return toInt32(v);
 }
 
@@ -172,7 +173,7 @@ void Player::play(const std::vector<std::string>& lines, const std::string& firs
     } catch (const OverflowFailure&) {
         throw LineFailure{"слишком большое число", line_};
     } catch (const std::exception& failure) {
-        throw LineFailure{failure.what(), line_};
+        throw LineFailure{causeOf(failure), line_};
     }
 }
 
@@ -292,12 +293,14 @@ void Player::writePicture(std::string_view rest, std::initializer_list<const cha
                           const char* otherEnding, void (Picture::*write)(const std::filesystem::path&)) {
     Control& found = control(takeWord(rest));
     if (found.kind() != Control::Kind::Picture) throw LineFailure{found.name() + " - не рисунок"};
+    if (!trusted_ && !staysUnder(std::filesystem::current_path(), rest))
+        throw LineFailure{"вне текущего каталога рисунок сохраняют только с --trust: " + quote(rest)};
     if (std::none_of(endings.begin(), endings.end(), [&](const char* one) { return rest.ends_with(one); }))
         throw LineFailure{otherEnding};
     try {
         (static_cast<Picture&>(found).*write)(std::filesystem::path(rest));
-    } catch (const FileFailure&) {
-        throw LineFailure{"не удалось записать " + quote(rest)};
+    } catch (const FileFailure& failure) {
+        throw LineFailure{"не удалось записать " + quote(rest) + " (" + failure.what() + ")"};
     }
 }
 
@@ -337,6 +340,8 @@ std::string Player::value(std::string_view reference) {
         return toText(found->second);
     }
     const std::size_t last = reference.rfind('.');
+    if (reference.substr(last) == ".status" && desk_.knows(std::string(reference.substr(0, last))))
+        return form(reference.substr(0, last)).status();
     const std::string_view property = reference.substr(last + 1);
     const auto owner = [&]() -> Control& { return control(reference.substr(0, last)); };
     if (property == "caption") return owner().caption();

@@ -36,6 +36,9 @@ public:
     Player(ScriptScreen& screen, Desk& desk, const NameTable& names)
         : screen_(screen), desk_(desk), names_(names) {}
 
+    /// The script may save its pictures anywhere, not only under the current folder.
+    void trust() { trusted_ = true; }
+
     /// Shows the first form and does the lines one by one; ends early when the program ends (no form is
     /// left). Throws LineFailure, with its line, at the first line that cannot be done; what was done before
     /// stays.
@@ -64,6 +67,7 @@ private:
     const NameTable& names_;
     std::map<std::string, double, std::less<>> numbers_;
     int line_ = 0;
+    bool trusted_ = false;
 };
 
 }  // namespace tarvex

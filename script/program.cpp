@@ -17,11 +17,10 @@ namespace tarvex {
 
 namespace {
 
-constexpr int cannotBeDone = 2;
-
 struct Options {
     std::optional<std::filesystem::path> data;
     std::string script;
+    bool strict = false, trusted = false;
 };
 
 bool parse(const std::vector<std::string>& arguments, Options& options) {
@@ -29,6 +28,10 @@ bool parse(const std::vector<std::string>& arguments, Options& options) {
         const std::string& word = arguments[i];
         if (word == "--data" && i + 1 < arguments.size())
             options.data = arguments[++i];
+        else if (word == "--strict")
+            options.strict = true;
+        else if (word == "--trust")
+            options.trusted = true;
         else if (options.script.empty() && (word == "-" || !word.starts_with('-')))
             options.script = word;
         else
@@ -41,12 +44,13 @@ bool parse(const std::vector<std::string>& arguments, Options& options) {
 
 int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
                      std::ostream& err) {
-    const auto fail = [&](const std::string& text) {
+    const auto fail = [&](const std::string& text, int status = LineFailure::cannotBeDone) {
         err << text << std::endl;
-        return cannotBeDone;
+        return status;
     };
     Options options;
-    if (!parse(arguments, options)) return fail("tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-");
+    if (!parse(arguments, options))
+        return fail("tarvex-script [--data КАТАЛОГ] [--strict] [--trust] СЦЕНАРИЙ|-");
     std::filesystem::path data;
     try {
         data = findDataTree(options.data);
@@ -60,11 +64,15 @@ int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in
         ScriptScreen screen(out);
         screen.draw(savedPictures(lines), makeImageCanvas);
         Laboratory lab(screen, data);
-        Player(screen, lab.desk, lab.names).play(lines);
+        if (options.strict) screen.beStrict();
+        Player player(screen, lab.desk, lab.names);
+        if (options.trusted) player.trust();
+        player.play(lines);
     } catch (const LineFailure& failure) {
-        return fail(options.script + ":" + std::to_string(failure.line) + ": " + failure.text);
-    } catch (const OpenFailure&) {
-        return fail("не удалось прочитать " + options.script);
+        return fail(options.script + ":" + std::to_string(failure.line) + ": " + failure.text,
+                    failure.status);
+    } catch (const OpenFailure& failure) {
+        return fail("не удалось прочитать " + options.script + " (" + failure.what() + ")");
     }
     if (!out.flush()) return fail("не удалось записать вывод");
     return 0;

@@ -1,5 +1,5 @@
 #pragma once
-// The program tarvex-script without its streams: "tarvex-script [--data DIR] FILE|-".
+// The program tarvex-script without its streams: "tarvex-script [--data DIR] [--strict] [--trust] FILE|-".
 
 #include <iosfwd>
 #include <string>
@@ -8,8 +8,8 @@
 namespace tarvex {
 
 /// Plays the script that the arguments name.
-/// @return  the exit status: 0, or 2 after the first line that cannot be done, told on `err` as "FILE:LINE:
-/// what"
+/// @return  the exit status: 0, or, told on `err` as "FILE:LINE: what", 2 after the first line that cannot be
+/// done and 3 after the first error message of a strict script
 int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
                      std::ostream& err);
 

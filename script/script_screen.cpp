@@ -26,8 +26,11 @@ void ScriptScreen::print(const std::string& line) {
     out_.flush();
 }
 
-void ScriptScreen::message(const std::string& text, const std::string& title) {
-    print("message \"" + onOneLine(title) + "\": " + onOneLine(text));
+void ScriptScreen::message(const Message& told) {
+    print("message \"" + onOneLine(told.title) + "\": " + onOneLine(told.text));
+    if (!told.cause.empty()) print("cause: " + onOneLine(told.cause));
+    if (strict_ && told.error)
+        throw LineFailure{"сообщение об ошибке: " + onOneLine(told.text), 0, LineFailure::errorMessage};
 }
 
 bool ScriptScreen::ask(const std::string& question, const std::string& title) {

@@ -25,7 +25,10 @@ public:
     /// Prints one line and flushes it.
     void print(const std::string& line);
 
-    void message(const std::string& text, const std::string& title) override;
+    /// Prints "message ..." and, when one is known, "cause: ...".  Throws LineFailure for an error where
+    /// scripts are strict.
+    void message(const Message& told) override;
+    void beStrict() { strict_ = true; }
     /// Takes the next queued answer; throws LineFailure when there is none.
     bool ask(const std::string& question, const std::string& title) override;
     void notify(const std::string& text) override;
@@ -67,6 +70,7 @@ private:
     std::deque<std::function<void()>> posted_;
     std::vector<Hook> hooks_;
     int yields_ = 0;
+    bool strict_ = false;
     std::set<std::string> drawn_;
     CanvasMaker maker_;
 };

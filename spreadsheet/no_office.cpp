@@ -15,10 +15,9 @@ bool SpreadsheetOffice::available() { return false; }
 
 std::unique_ptr<Workbook> SpreadsheetOffice::open(const std::filesystem::path& path, int) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
-        throw OpenFailure("no such workbook: " + path.string());
+    if (!std::filesystem::is_regular_file(path, error)) throw OpenFailure("нет файла " + path.string());
     throw OfficeFailure(
-        "this build is without LibreOffice (packages libreoffice-calc-nogui and libreoffice-dev)");
+        "программа собрана без LibreOffice (пакеты libreoffice-calc-nogui и libreoffice-dev)");
 }
 
 }  // namespace tarvex

@@ -91,7 +91,7 @@ void OfficeProcess::start() {
     const std::vector<char*> argv = pointers(arguments), envp = pointers(environment);
     const pid_t parent = getpid();
     const pid_t child = fork();
-    if (child < 0) throw OfficeFailure("the spreadsheet program cannot be started");
+    if (child < 0) throw OfficeFailure("не запускается LibreOffice");
     if (child == 0) {
         // Only calls that are safe after the fork of a program with threads.
         prctl(PR_SET_PDEATHSIG, SIGKILL);

@@ -6,7 +6,7 @@ namespace tarvex {
 
 double numberIn(const CellValue& value) {
     if (const auto* number = std::get_if<double>(&value)) return *number;
-    throw ConversionFailure("a text where a number is expected in a table: " + std::get<std::string>(value));
+    throw ConversionFailure("в таблице текст вместо числа: " + quote(std::get<std::string>(value)));
 }
 
 std::string textIn(const CellValue& value) {

@@ -61,7 +61,7 @@ auto asFailure(const char* what, Body&& body) {
     try {
         return body();
     } catch (const com::sun::star::lang::DisposedException& e) {
-        throw OfficeFailure("the spreadsheet program has gone: " + fromOffice(e.Message));
+        throw OfficeFailure("LibreOffice закончился: " + fromOffice(e.Message));
     } catch (const uno::Exception& e) {
         throw Failure(std::string(what) + ": " + fromOffice(e.Message));
     }
@@ -87,14 +87,14 @@ public:
         : document_(document) {
         book_.set(document, uno::UNO_QUERY);
         calculation_.set(document, uno::UNO_QUERY);
-        if (!book_.is() || !calculation_.is()) throw FileFailure("the file is no workbook");
+        if (!book_.is() || !calculation_.is()) throw FileFailure("файл - не таблица");
         const uno::Reference<beans::XPropertySet> settings(document, uno::UNO_QUERY_THROW);
         settings->setPropertyValue("IsUndoEnabled",
                                    uno::Any(false));  // or every step would be kept for undoing
         const uno::Reference<sheet::XSpreadsheets> all = book_->getSheets();
         const uno::Reference<container::XIndexAccess> byNumber(all, uno::UNO_QUERY_THROW);
         const sal_Int32 count = byNumber->getCount();
-        if (count < sheets) throw FileFailure("the workbook has only " + std::to_string(count) + " sheets");
+        if (count < sheets) throw FileFailure("листов в таблице только " + std::to_string(count));
         for (sal_Int32 i = 0; i < count; ++i)
             sheets_.emplace_back(byNumber->getByIndex(i), uno::UNO_QUERY_THROW);
         rtl::OUString name = "tarvex exchange";
@@ -115,8 +115,8 @@ public:
 
     std::vector<CellValue> calculate(const std::vector<Cell>& inputs, const std::vector<double>& values,
                                      const std::vector<Cell>& outputs) override {
-        if (values.size() != inputs.size()) throw Failure("as many values as cells are needed");
-        return asFailure("the table cannot be calculated", [&] {
+        if (values.size() != inputs.size()) throw Failure("значений не столько, сколько ячеек");
+        return asFailure("таблица не вычисляется", [&] {
             if (inputs != inputs_ || outputs != outputs_) tie(inputs, outputs);
             if (written_.is()) write(values);
             calculation_->calculate();
@@ -127,7 +127,7 @@ public:
 private:
     uno::Reference<table::XCell> cell(const Cell& c) const {
         if (c.sheet < 1 || c.sheet > static_cast<int>(sheets_.size()))
-            throw SubscriptFailure("no sheet " + std::to_string(c.sheet) + " in the table");
+            throw SubscriptFailure("нет в таблице листа " + std::to_string(c.sheet));
         const auto range = sheets_[c.sheet - 1]->getCellRangeByName(toOffice(c.name));
         return range->getCellByPosition(0, 0);
     }
@@ -183,7 +183,7 @@ private:
             } else if (value >>= text) {
                 all.emplace_back(fromOffice(text));
             } else {
-                throw Failure("an error in a cell of the table");
+                throw Failure("ошибка в ячейке таблицы");
             }
         }
         return all;
@@ -215,11 +215,11 @@ private:
 struct SpreadsheetOffice::Running {
     Running() : process(TARVEX_OFFICE_PROGRAM) {
         const auto deadline = std::chrono::steady_clock::now() + longestStart;
-        asFailure("the spreadsheet program cannot be reached", [&] {
+        asFailure("нет связи с LibreOffice", [&] {
             while (!connect()) {
-                if (!process.alive()) throw OfficeFailure("the spreadsheet program ended while it started");
+                if (!process.alive()) throw OfficeFailure("LibreOffice закончился при запуске");
                 if (std::chrono::steady_clock::now() > deadline)
-                    throw OfficeFailure("the spreadsheet program does not start");
+                    throw OfficeFailure("LibreOffice не отвечает на запуск");
                 std::this_thread::sleep_for(startPoll);
             }
         });
@@ -272,11 +272,11 @@ struct SpreadsheetOffice::Running {
     std::unique_ptr<Workbook> open(const std::filesystem::path& path, int sheets) {
         rtl::OUString url;
         osl::FileBase::getFileURLFromSystemPath(toOffice(std::filesystem::absolute(path).string()), url);
-        return asFailure("the workbook cannot be opened", [&]() -> std::unique_ptr<Workbook> {
+        return asFailure("таблица не открывается", [&]() -> std::unique_ptr<Workbook> {
             // As a template the file is neither locked nor changed.
             const beans::PropertyValue how[] = {property("Hidden", true), property("AsTemplate", true)};
             const auto document = loader->loadComponentFromURL(url, "_blank", 0, {how, 2});
-            if (!document.is()) throw FileFailure("no workbook: " + path.string());
+            if (!document.is()) throw FileFailure("не таблица: " + path.string());
             return std::make_unique<OfficeWorkbook>(document, sheets);
         });
     }
@@ -294,8 +294,7 @@ bool SpreadsheetOffice::available() { return true; }
 
 std::unique_ptr<Workbook> SpreadsheetOffice::open(const std::filesystem::path& path, int sheets) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
-        throw OpenFailure("no such workbook: " + path.string());
+    if (!std::filesystem::is_regular_file(path, error)) throw OpenFailure("нет файла " + path.string());
     const BusyMark mark(busy_);
     if (running_ && !running_->process.alive()) running_.reset();
     const bool used = running_ != nullptr;

@@ -56,7 +56,7 @@ DriftSurfaces::DriftSurfaces(const DriftProblem& problem) : problem_(problem) {
     }
     for (const Drift& drift : problem.drifts) {
         if (drift.calculated.size() != problem.experiments.size())
-            throw SubscriptFailure("experiments of a drift");
+            throw SubscriptFailure("нет таких экспериментов плана");
         const LinearFit fit = linearFit(F, Eigen::Map<const Eigen::VectorXd>(drift.calculated.data(), n));
         coefficients_.emplace_back(fit.b.begin(), fit.b.end());
         scatter_.push_back(fit.freedom() > 0 ? std::sqrt(fit.rss / fit.freedom()) : 0);

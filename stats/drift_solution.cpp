@@ -81,7 +81,7 @@ VectorXd descend(const DriftProblem& problem, const DriftSurfaces& surfaces, Vec
         start = next;
         if (length * move.norm() <= 1e-9 * (1 + start.norm())) return start;
     }
-    throw ArithmeticFailure("the drifts do not converge");
+    throw ArithmeticFailure("подгонка дрейфов не сходится");
 }
 
 std::vector<Eigen::Index> everyCoordinate(Eigen::Index count) {

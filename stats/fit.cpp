@@ -9,7 +9,7 @@
 namespace tarvex {
 
 void formGroups(const SeriesData& d, const FitSettings& settings, int NCP, FitResult& out) {
-    if (NCP < 1) throw SubscriptFailure("size of a group");
+    if (NCP < 1) throw SubscriptFailure("записей в группе должно быть больше 0: " + std::to_string(NCP));
     d.at(settings.first);
     d.at(settings.last);
     const int p = d.Nparam;
@@ -119,7 +119,7 @@ GroupSearch searchGroups(const std::vector<double>& dYgr, const std::vector<doub
         found.mean.shift += dYgr[s];
         found.mean.limit += Sigma2gr[s];
     }
-    if (found.best == 0) throw ArithmeticFailure("no group size has a limit of error in range");
+    if (found.best == 0) throw ArithmeticFailure("предел ошибки не мал ни при одном размере группы");
     found.mean.shift /= last - first + 1;
     found.mean.limit /= last - first + 1;
     found.min = {dYgr[found.best], Sigma2gr[found.best]};

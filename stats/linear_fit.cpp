@@ -5,7 +5,7 @@
 namespace tarvex {
 
 LinearFit linearFit(const Eigen::MatrixXd& X, const Eigen::VectorXd& y) {
-    if (!X.allFinite() || !y.allFinite()) throw ArithmeticFailure("a point of the fit is not a number");
+    if (!X.allFinite() || !y.allFinite()) throw ArithmeticFailure("точка аппроксимации - не число");
     Eigen::VectorXd size = X.colwise().norm();
     for (double& one : size)
         if (one == 0) one = 1;

@@ -38,7 +38,7 @@ void solveFrom(Elimination& e, int m, void (*below)(Elimination&), const char* f
 
 void EliminateLast(Elimination& e) {
     const int m = e.kLevel;
-    if (m < 2 || m > maxFactors) throw SubscriptFailure("level of the elimination");
+    if (m < 2 || m > maxFactors) throw SubscriptFailure("нет уровня исключения " + std::to_string(m));
     const auto& level = e.kSys[m];
     for (int i = 1; i < m; ++i) {
         const double F = clearingFactor(level[i][m], level[m][m]);

@@ -19,7 +19,7 @@ std::array<std::array<std::string, 7>, 7> signStrings() {
 }
 
 int experiments(const PlanBlock& p) {
-    if (p.Nplan < 1 || p.Nplan > maxPoints) throw SubscriptFailure("no plan is built");
+    if (p.Nplan < 1 || p.Nplan > maxPoints) throw SubscriptFailure("план не создан");
     return p.Nplan;
 }
 

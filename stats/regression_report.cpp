@@ -32,9 +32,10 @@ VectorXd criterionOf(const PlanBlock& p) {
 }
 
 LinearFit wholeFit(const PlanBlock& p) {
-    if (p.Nf < 2 || p.Nf > maxFactors) throw SubscriptFailure("a plan has 2 to 6 factors");
+    if (p.Nf < 2 || p.Nf > maxFactors)
+        throw SubscriptFailure("в плане от 2 до 6 факторов, а не " + std::to_string(p.Nf));
     LinearFit fit = linearFit(columnsOf(p), criterionOf(p));
-    if (fit.rank <= lastColumn(p.Nf)) throw ArithmeticFailure("the points do not determine the regression");
+    if (fit.rank <= lastColumn(p.Nf)) throw ArithmeticFailure("точек плана мало для коэффициентов регрессии");
     return fit;
 }
 

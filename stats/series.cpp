@@ -58,7 +58,7 @@ std::vector<double> datesOf(const SeriesData& d) {
 }  // namespace
 
 const Record& SeriesData::at(int i) const {
-    if (i < 1 || i > NP1max()) throw SubscriptFailure("no record " + std::to_string(i));
+    if (i < 1 || i > NP1max()) throw SubscriptFailure("нет записи № " + std::to_string(i));
     return records[i - 1];
 }
 
@@ -70,7 +70,7 @@ void addNames(NameTable& table, const SeriesData& d) {
     table.add("DirImit", d.DirImit);
     table.add("JD0series", d.JD0);
     const auto one = [&d](const std::vector<int>& indices, std::size_t count) -> const Record& {
-        if (indices.size() != count) throw SubscriptFailure("number of indices");
+        if (indices.size() != count) throw SubscriptFailure("не то число номеров в скобках");
         return d.at(indices[0]);
     };
     table.addComputed("NP1max", [&d](const std::vector<int>&) { return toFullText(d.NP1max()); });
@@ -78,7 +78,7 @@ void addNames(NameTable& table, const SeriesData& d) {
     table.addComputed("ddTd", [one](const std::vector<int>& i) { return toFullText(one(i, 1).ddTd); });
     table.addComputed("Par", [one](const std::vector<int>& i) {
         const Record& r = one(i, 2);
-        if (i[1] < 1 || i[1] > parVes) throw SubscriptFailure("parameter number");
+        if (i[1] < 1 || i[1] > parVes) throw SubscriptFailure("нет параметра № " + std::to_string(i[1]));
         return toFullText(r.Par[i[1]]);
     });
 }
@@ -91,7 +91,9 @@ void readSeries(const DataTree& tree, const std::string& name, DataKind kind, Se
     read.JD0 = file.number() / 100;
     std::int32_t records = 0;
     while (!file.noMoreItems()) {
-        if (records >= count) throw FileFailure("more records than the count of " + name);
+        if (records >= count)
+            throw FileFailure("записей больше, чем сказано в начале файла " + name + ": " +
+                              std::to_string(count));
         const Record r = readRecord(file, kind);
         if (++records <= maxRecords) read.records.push_back(r);
     }
@@ -100,7 +102,7 @@ void readSeries(const DataTree& tree, const std::string& name, DataKind kind, Se
                           "32000 записей. Надо переделать эксперимент увеличив NC0\r\n" +
                           "т.е. количество шагов для вывода данных в файл",
                       "Tarvex7");
-    if (records == 0) throw FileFailure("no records in " + name);
+    if (records == 0) throw FileFailure("нет записей в файле " + name);
     d.header = std::move(read.header);
     d.JD0 = read.JD0;
     d.records = std::move(read.records);
@@ -127,7 +129,7 @@ void foldAngles(SeriesData& d, int p) {
 
 void removeRecord(SeriesData& d, int i) {
     d.at(i);
-    if (d.NP1max() == 1) throw SubscriptFailure("the only record of a series");
+    if (d.NP1max() == 1) throw SubscriptFailure("это единственная запись ряда");
     auto dates = datesOf(d);
     dates.erase(dates.begin() + (i - 1));
     d.records.erase(d.records.begin() + (i - 1));
@@ -146,12 +148,12 @@ int placeFor(const SeriesData& d, double date) {
         const double before = i == 1 ? 0 : d.date(i - 1), after = i > n ? 2 * JD2000 : d.date(i);
         if (before < date && date < after) return i;
     }
-    throw SubscriptFailure("no place for this date in the series");
+    throw SubscriptFailure("эта дата в ряду уже есть или вне его: JD " + toText(date));
 }
 
 void insertRecord(SeriesData& d, int place, double date, Record record) {
     if (place < 1 || place > d.NP1max() + 1 || d.NP1max() >= maxRecords)
-        throw SubscriptFailure("record number");
+        throw SubscriptFailure("нет места для записи № " + std::to_string(place));
     auto dates = datesOf(d);
     dates.insert(dates.begin() + (place - 1), finite(date));
     d.records.insert(d.records.begin() + (place - 1), record);

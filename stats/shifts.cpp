@@ -14,11 +14,13 @@ namespace {
 
 void needCell(int planet, int param) {
     if (planet < 1 || planet > shiftPlanets || param < 1 || param > shiftParams)
-        throw SubscriptFailure("no such cell in the table of shifts");
+        throw SubscriptFailure("нет в таблице смещений планеты № " + std::to_string(planet) +
+                               " и параметра № " + std::to_string(param));
 }
 
 void needCount(int count) {
-    if (count < 0 || count > maxPoints) throw SubscriptFailure("count of experiments");
+    if (count < 0 || count > maxPoints)
+        throw SubscriptFailure("к-во экспериментов " + std::to_string(count) + " не из 0..91");
 }
 
 ShiftRow readRow(TextReader& file) {
@@ -73,7 +75,7 @@ ShiftFileHead readPlanTable(TextReader& file, int planet, PlanShiftTable& table,
     file.line();  // the rest of the line of the count
     head.columns = file.line();
     if (experiments < 1 || experiments > maxPoints)
-        throw FileFailure("no such count of experiments in a plan");
+        throw FileFailure("к-во экспериментов " + std::to_string(experiments) + " не из 1..91 в файле плана");
     auto read = table[planet];
     for (int u = 1; u <= experiments; ++u) {
         const ShiftRow row = readRow(file);
@@ -106,7 +108,8 @@ double& ShiftTables::observed(int planet, int param) {
 
 double& ShiftTables::calculated(int planet, int param, int experiment) {
     needCell(planet, param);
-    if (experiment < 1 || experiment > maxPoints) throw SubscriptFailure("experiment number");
+    if (experiment < 1 || experiment > maxPoints)
+        throw SubscriptFailure("нет эксперимента № " + std::to_string(experiment));
     return dRas[planet][param][experiment];
 }
 

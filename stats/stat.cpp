@@ -19,7 +19,7 @@ namespace {
 constexpr bool hasPlan(int Nf) { return Nf >= 2 && Nf <= maxFactors; }
 
 void needPlan(int Nf) {
-    if (!hasPlan(Nf)) throw SubscriptFailure("a plan has 2 to 6 factors");
+    if (!hasPlan(Nf)) throw SubscriptFailure("в плане от 2 до 6 факторов, а не " + std::to_string(Nf));
 }
 
 /// k1..k7 of a kind that is fitted, or printed, by a table.
@@ -203,7 +203,7 @@ void FitRegression(PlanBlock& p) {
             break;
         }
         default:
-            throw SubscriptFailure("unknown kind of plan");
+            throw SubscriptFailure("неизвестный вид плана");
     }
     for (int c = 0; c <= last; ++c) finite(b[c]);
     p.b = b;
@@ -211,7 +211,8 @@ void FitRegression(PlanBlock& p) {
 
 void EvalRegression(PlanBlock& p) {
     if (!hasPlan(p.Nf)) return;
-    if (p.Nexp < 0 || p.Nexp >= static_cast<int>(p.Z.size())) throw SubscriptFailure("experiment number");
+    if (p.Nexp < 0 || p.Nexp >= static_cast<int>(p.Z.size()))
+        throw SubscriptFailure("нет эксперимента № " + std::to_string(p.Nexp));
     double value = p.b[0];
     for (int i = 1; i <= p.Nf; ++i) value += p.b[i] * p.X[i];
     for (int i = 1, c = p.Nf; i <= p.Nf; ++i)

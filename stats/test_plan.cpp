@@ -10,7 +10,7 @@ namespace tarvex {
 
 namespace {
 void needExperiment(int u) {
-    if (u < 1 || u > maxPoints) throw SubscriptFailure("experiment number");
+    if (u < 1 || u > maxPoints) throw SubscriptFailure("нет эксперимента № " + std::to_string(u));
 }
 }  // namespace
 
@@ -37,8 +37,9 @@ std::vector<std::string> testPlanHead(const PlanBlock& p, bool roto) {
 }
 
 void writeTestPlanHead(const DataTree& tree, const PlanBlock& p, bool roto) {
-    TextWriter file(tree.at(files::testPlan(p.Nf)));
-    for (const std::string& line : testPlanHead(p, roto)) file.line(line);
+    const std::vector<std::string> head = testPlanHead(p, roto);
+    TextWriter file(tree.at(files::testPlan(p.Nf)), static_cast<int>(head.size()));
+    for (const std::string& line : head) file.line(line);
     file.commit();
 }
 
@@ -60,7 +61,7 @@ bool readTestPlan(const DataTree& tree, PlanBlock& p) {
     }
     for (int n = 1; n <= experiments(p); ++n) {
         const int u = file.int16();
-        if (u < 1 || u > p.Nplan) throw FileFailure("experiment outside the plan");
+        if (u < 1 || u > p.Nplan) throw FileFailure("эксперимент № " + std::to_string(u) + " вне плана");
         Yu[u] = file.number() / MK;
     }
     p.Yopt = Yopt;

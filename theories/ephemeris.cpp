@@ -27,27 +27,32 @@ std::int16_t recordsInFile(std::int32_t year) {
     return std::find(longer.begin(), longer.end(), year) == longer.end() ? 229 : 230;
 }
 
-Refusal unreadable(ModelState& s) {
+Refusal unreadable(ModelState& s, std::string cause) {
     s.kodStop = 1;
-    return {"Ошибка чтения файлов JPL", "Tarvex7"};
+    return {"Ошибка чтения файлов JPL", "Tarvex7", std::move(cause)};
 }
 
 void openFile(Ephemeris& e) {
     DEClose(e);
     e.kodJPLopen = 0;
-    e.file.emplace(e.tree.at(files::ephemeris(e.DEyear)));
+    const auto path = e.tree.at(files::ephemeris(e.DEyear));
+    std::error_code error;
+    if (!std::filesystem::exists(path, error))
+        throw OpenFailure("нет файла эфемериды " + path.filename().string());
+    e.file.emplace(path);
     e.kodJPLopen = 10;
 }
 
 /// Reads the next record; the loaded one stays when it is not a whole one.
 void readRecord(Ephemeris& e) {
-    if (!e.file) throw FileFailure("no ephemeris file is open");
+    if (!e.file) throw FileFailure("файл эфемериды не открыт");
     const std::int16_t number = e.file->int16();
     e.file->number();  // count of coefficients: always the same
     const bool headed = e.file->lineUsedUp();
     for (int i = 1; i <= Ephemeris::DEncoef; ++i) e.incoming[i] = e.file->number();
     if (!headed || !e.file->lineUsedUp() || e.incoming[2] - e.incoming[1] != recordDays)
-        throw FileFailure("ephemeris record " + std::to_string(number) + " is not a whole one");
+        throw FileFailure("испорчена запись " + std::to_string(number) + " файла эфемериды " +
+                          e.tree.at(files::ephemeris(e.DEyear)).filename().string());
     e.DErec = e.incoming;
     e.DErecNo = number;
     e.JDrec1 = e.DErec[1];
@@ -75,7 +80,7 @@ struct Place {
 Place placeOf(const Ephemeris& e, const EphemerisSlot& slot) {
     const double d = slot.days;
     if (!(e.JDrec1 <= e.JDjpl && e.JDjpl < e.JDrec2))
-        throw SubscriptFailure("date outside the loaded record");
+        throw SubscriptFailure("дата JD " + toText(e.JDjpl) + " вне прочитанной записи эфемериды");
     const int sub = static_cast<int>(Fix((e.JDjpl - e.JDrec1) / d));
     const double T0 = e.JDrec1 + sub * d;
     const double tau = ((e.JDjpl - T0) + (e.JDjpl - T0)) / d - 1;
@@ -101,7 +106,7 @@ void DEOpen(ModelState& s, Ephemeris& e) {
     e.JDjpl = s.JD;
     if (!(fileStart.front() <= e.JDjpl && e.JDjpl <= fileStart.back())) {
         s.kodStop = 1;
-        throw Refusal("В файлах DE405 нет такой даты", "Tarvex7m");
+        throw Refusal("В файлах DE405 нет такой даты", "Tarvex7m", "дата JD " + toText(e.JDjpl));
     }
     // At the very last date no file starts: the year stays what it was.
     if (const auto next = std::upper_bound(fileStart.begin(), fileStart.end(), e.JDjpl);
@@ -116,7 +121,8 @@ void DEOpen(ModelState& s, Ephemeris& e) {
 
 void DEAdvance(ModelState& s, Ephemeris& e) {
     if (e.JDjpl >= e.JDrec1 && e.JDjpl < e.JDrec2) return;
-    if (e.JDjpl < e.JDrec1) throw unreadable(s);
+    if (e.JDjpl < e.JDrec1)
+        throw unreadable(s, "дата JD " + toText(e.JDjpl) + " раньше прочитанной записи эфемериды");
     const double before = e.JDrec1;
     if (e.DErecNo >= e.DEnrec) {
         e.DEyear += yearsInFile;
@@ -145,7 +151,8 @@ void DEClose(Ephemeris& e) { e.file.reset(); }
 
 void DEEvaluate(ModelState& s, Ephemeris& e, int body, int kod) {
     const int slot = body == rowSun ? 11 : body == rowMoon ? 10 : body;
-    if (body < 0 || slot >= static_cast<int>(Ephemeris::recordLayout.size())) throw unreadable(s);
+    if (body < 0 || slot >= static_cast<int>(Ephemeris::recordLayout.size()))
+        throw unreadable(s, "нет в эфемериде тела № " + std::to_string(body));
     const double d = Ephemeris::recordLayout[slot].days;
     std::array<double, 3> r, w;
     try {
@@ -162,8 +169,8 @@ void DEEvaluate(ModelState& s, Ephemeris& e, int body, int kod) {
                  ((c * v[2] - sn * v[1]) * 2000) / sekD / d};
             for (int i = 0; i < 3; ++i) finite(r[i]), finite(w[i]);
         }
-    } catch (const Failure&) {
-        throw unreadable(s);
+    } catch (const Failure& failure) {
+        throw unreadable(s, failure.what());
     }
     s.X[body] = r[0], s.Y[body] = r[1], s.Z[body] = r[2];
     s.VX[body] = w[0], s.VY[body] = w[1], s.VZ[body] = w[2];
@@ -184,7 +191,7 @@ void addNames(NameTable& table, const Ephemeris& e) {
     table.addComputed("DEncoef", [](const std::vector<int>&) { return toFullText(Ephemeris::DEncoef); });
     const auto slotColumn = [&table](const char* name, int EphemerisSlot::*column) {
         table.addComputed(name, [column](const std::vector<int>& i) {
-            if (i.size() != 1 || i[0] < 0 || i[0] > 11) throw SubscriptFailure("index out of range");
+            if (i.size() != 1 || i[0] < 0 || i[0] > 11) throw SubscriptFailure("номер вне границ");
             return toFullText(Ephemeris::recordLayout[i[0]].*column);
         });
     };

@@ -15,9 +15,7 @@ constexpr double egyptianZeroDay = 1448271.5;
 
 struct CalendarTest : ::testing::Test {
     CalendarTest() {
-        s.say = [this](const std::string& text, const std::string& title) {
-            said.push_back(title + ": " + text);
-        };
+        s.say = [this](const Message& told) { said.push_back(told.title + ": " + told.text); };
     }
     void expectDate(double JD, int year, int month, double day) {
         DateFromJD(s, JD);

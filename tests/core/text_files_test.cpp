@@ -75,11 +75,32 @@ TEST(TextFiles, RewriteIsWholeOrNotAtAll) {
     EXPECT_EQ(readBytes(path), "old");
     writer.commit();
     EXPECT_EQ(readBytes(path), "Привет\r\n 1 -2.5  100000000000000 \r\n");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_EQ(readBytes(folder.path() / "c.txt.old"), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+    // killed between the copy and the new file: both names lead to one file, and the next save parts them
+    std::filesystem::remove(folder.path() / "c.txt.old");
+    std::filesystem::create_hard_link(path, folder.path() / "c.txt.old");
+    const std::string before = readBytes(path);
+    TextWriter(path).commit();
+    EXPECT_EQ(readBytes(folder.path() / "c.txt.old"), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+    // through links, also one to nothing yet, to the file that they name
+    const auto link = folder.path() / "link", second = folder.path() / "link2";
+    std::filesystem::create_symlink("link", second);
+    for (const char* named : {"c.txt", "new.txt"}) {
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(named, link);
+        TextWriter through(second);
+        through.line(named);
+        through.commit();
+        EXPECT_TRUE(std::filesystem::is_symlink(link) && std::filesystem::is_symlink(second));
+        EXPECT_EQ(readBytes(folder.path() / named), named + std::string("\r\n"));
+    }
     EXPECT_THROW(TextWriter(folder.path() / "none" / "c.txt"), OpenFailure);
     EXPECT_THROW(TextWriter(folder.path()), OpenFailure);
     appendLine(path, "хвост");
     EXPECT_TRUE(readBytes(path).ends_with("хвост\r\n"));
+    EXPECT_EQ(TextReader(folder.path() / "c.txt").line(), "c.txt");
     EXPECT_THROW(appendLine(folder.path() / "none" / "c.txt", ""), OpenFailure);
 }
 
@@ -101,6 +122,33 @@ TEST(TextFiles, AFullDiskLeavesNoHalfOfALine) {
     setrlimit(RLIMIT_FSIZE, &usual);
     std::signal(SIGXFSZ, old);
     EXPECT_EQ(test::readBytes(path), before);
+}
+
+TEST(DataTree, TypedNamesStayInTheirFolder) {
+    const test::TempFolder folder, outside;
+    folder.makeFolder("Risunki/inner");
+    const auto in = folder.path() / "Risunki";
+    std::filesystem::create_symlink(outside.path(), in / "out");
+    std::filesystem::create_symlink(outside.path() / "new.png", in / "l.png");
+    std::filesystem::create_symlink("inner", in / "in");
+    const DataTree tree(folder.path());
+    const std::pair<const char*, bool> names[] = {
+        {"a.png", true},       {"inner\\a.png", true}, {"in/a.png", true},  {"..a.png", true},
+        {"/etc/a.png", false}, {"\\a.png", false},     {"../a.png", false}, {"inner\\..\\..\\a.png", false},
+        {"..", false},         {"out/a.png", false},   {"l.png", false},    {"in/../a.png", false},
+        {"", false},
+    };
+    for (const auto& [name, stays] : names) {
+        bool refused = false;
+        try {
+            tree.typed(std::string("\\Risunki\\") + name);
+        } catch (const OpenFailure&) {
+            refused = true;
+        }
+        EXPECT_NE(refused, stays) << name;
+    }
+    EXPECT_EQ(tree.at("\\Risunki\\out\\a.png"), in / "out" / "a.png");  // a numbered file may be anywhere
+    EXPECT_THROW(tree.at("\\Obs\\..\\..\\x1_G_1.txt"), OpenFailure);
 }
 
 }  // namespace tarvex

@@ -123,6 +123,29 @@ TEST_F(Window, ARunWithoutAnEndIsSeenToGoOn) {
     EXPECT_TRUE(told(-1).startsWith("Счет занял"));
 }
 
+TEST_F(Window, TheCauseOfAFailureStandsInTheStatusLineUntilTheNextAction) {
+    const auto line = [&] {
+        QCoreApplication::processEvents();
+        return window->statusBar()->currentMessage().toStdString();
+    };
+    bool fails = true;
+    form->Command1.onPress([&] {
+        if (fails) throw Failure("нет файла a");
+    });
+    const BoxAnswer seen("OK");
+    press("Command1");
+    EXPECT_EQ(line(), "нет файла a");
+    find<QLineEdit>("Text1")->setFocus();  // hints wait
+    QStatusTipEvent hint("подсказка");
+    QApplication::sendEvent(window, &hint);
+    EXPECT_EQ(line(), "нет файла a");
+    fails = false;
+    press("Command1");
+    EXPECT_NE(line(), "нет файла a");
+    QApplication::sendEvent(window, &hint);
+    EXPECT_EQ(line(), "подсказка");
+}
+
 TEST_F(Window, AResultStandsRightWhenItIsANumberAndLeftWhenItIsWords) {
     const auto side = [&](const char* text) {
         form->Text2.setText(text);

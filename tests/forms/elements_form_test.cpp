@@ -140,6 +140,7 @@ TEST_F(ElementsFormTest, EphemerisThatDoesNotServeTheDate) {
     form.fromJpl2.choose();
     form.loadParameters.press();  // no files
     EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(form.status(), "нет файла эфемериды ascp1800.405");
     form.year.setText("1500");
     form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), (Message{"В файлах DE405 нет такой даты", "Tarvex7m"}));
@@ -186,13 +187,17 @@ TEST_F(ElementsFormTest, SavedFileReadsBack) {
     ElementsForm& form = open();
     fillTable(form);
     form.saveParameters.press();
-    for (const int columns : {1, 2}) {
-        if (columns == 2) {  // an old file: other line ends, commas between items, the code page of its time
-            std::string text = test::readBytes(parameterFile(7));
-            text.erase(0, text.find("mSol"));
-            std::erase(text, '\r');
-            test::writeBytes(parameterFile(7), "31999,12,1900, \xEF\xF0\xE8\xE2\xE5\xF2\n" + text);
-        }
+    std::string text = test::readBytes(parameterFile(7));
+    text.erase(0, text.find("mSol"));
+    std::erase(text, '\r');
+    // an old file: other line ends, commas between items, the code page of its time
+    const std::string old = "31999,12,1900, \xEF\xF0\xE8\xE2\xE5\xF2\n" + text;
+    // a still older one: a negative longitude right behind the number of the body
+    std::string glued = old;
+    glued.replace(glued.find("\n07 ") + 1, 3, "77-");
+    const std::string forms[] = {test::readBytes(parameterFile(7)), old, glued};
+    for (const std::string& bytes : forms) {
+        test::writeBytes(parameterFile(7), bytes);
         form.fromSer0.choose();
         form.year.setText("1801");
         form.loadParameters.press();
@@ -210,7 +215,31 @@ TEST_F(ElementsFormTest, SavedFileReadsBack) {
         EXPECT_EQ(s.X[7], -7001000);
         EXPECT_EQ(s.VX0[7], -7003.5);
         EXPECT_EQ(s.km[7], 7.25);
+        EXPECT_NEAR(s.AlfaL[7] * kUgol, bytes == glued ? -7 : 7, 1e-9);
     }
+    // the source that made such files: its longitudes stay negative while the table shows the state
+    form.viewState.choose();
+    form.fromJpl0.choose();
+    form.year.setText("1900");
+    form.loadParameters.press();
+    const Rows L = s.AlfaL;
+    form.saveParameters.press();
+    form.fromFile.choose();
+    form.loadParameters.press();
+    ASSERT_TRUE(screen.messages.empty());
+    for (int i = 1; i <= 9; ++i) EXPECT_LT(std::abs(s.AlfaL[i] - L[i]), 2e-8) << i;
+    EXPECT_LT(L[1], -1000);
+    EXPECT_TRUE(test::readBytes(parameterFile(7).string() + ".old").find("77-") != std::string::npos);
+
+    // any number of a body is read; whoever needs a row refuses it
+    s.IplSel = 0;
+    test::writeBytes(parameterFile(7), glued.replace(glued.find("\n10 ") + 1, 2, "12345"));
+    form.loadParameters.press();
+    EXPECT_EQ(s.IplSel, 12345);
+    EXPECT_TRUE(screen.messages.empty());
+    static_cast<CommandButton&>(*lab.desk.form("Form2").find("Command5")).press();
+    EXPECT_EQ(screen.onlyMessage().title, "Tarvex7mm");
+    EXPECT_EQ(screen.causes, std::vector<std::string>{"нет тела № 12345"});
 }
 
 TEST_F(ElementsFormTest, DamagedFilesAreReadAsFarAsTheyGo) {

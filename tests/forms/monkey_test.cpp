@@ -79,8 +79,12 @@ private:
     bool lookAtVariable(const std::string& name, const std::string& indices, int count);
 
     // what it is to the laboratory
-    void message(const std::string& text, const std::string& title) override {
-        look(text + title, "message");
+    void message(const Message& told) override {
+        look(told.text + told.title + told.cause, "message");
+        // a cause is told in the user's words
+        if (told.cause.find("внутренняя") != std::string::npos ||
+            (!told.cause.empty() && told.cause.find("\xD0") == std::string::npos))
+            wrong("cause: " + told.cause);
     }
     bool ask(const std::string& question, const std::string& title) override;
     void notify(const std::string& text) override { look(text, "notice"); }
@@ -278,7 +282,9 @@ void Monkey::lookAtFiles() {
     for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
         if (!entry.is_regular_file()) continue;
         const auto time = entry.last_write_time();
-        if (std::exchange(seen_[entry.path()], time) == time || first || damaged_.contains(entry.path()))
+        const bool kept = entry.path().extension() == ".old";  // what a save has replaced
+        if (std::exchange(seen_[entry.path()], time) == time || first ||
+            damaged_.contains(kept ? fs::path(entry.path()).replace_extension() : entry.path()))
             continue;
         const std::string name = fs::relative(entry.path(), folder_).string();
         if (name.ends_with("~")) wrong("left behind: " + name);

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <functional>
+#include <new>
+
 #include "core/arithmetic.h"
 #include "runtime/desk.h"
 #include "tests/support/recording_screen.h"
@@ -34,7 +38,7 @@ public:
     }
     void activate() override { ++activated; }
 
-    TextField Text1{this, {.name = "Text1", .text = "1,5"}};
+    TextField Text1{this, {.name = "Text1", .text = "1,5", .hint = "Делимое: любое число"}};
     TextField Text2{this, {.name = "Text2", .hidden = true}};
     TextFields Text5{this, 0, 10,
                      [](int i) { return TextField::Spec{.name = "Text5", .text = std::to_string(i)}; }};
@@ -65,19 +69,27 @@ struct Bench : ::testing::Test {
 
 TEST_F(Bench, GuardShowsTheFixedMessageForEveryKindOfFailure) {
     auto& form = desk.get<BenchForm>();
-    for (const char* bad : {"", "abc", "1e999"}) {
+    const std::pair<const char*, const char*> typed[] = {
+        {"", "поле Text1 (Делимое): пусто там, где нужно число"},
+        {"abc", "поле Text1 (Делимое): не число «abc»"},
+        {"1e999", "поле Text1 (Делимое): слишком большое число «1e999»"}};
+    for (const auto& [bad, cause] : typed) {
         form.Text1.setText(bad);
         form.Command1.press();
         EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Введите правильно данные", "Tarvex7"}));
+        EXPECT_EQ(form.status(), cause);
+        EXPECT_EQ(screen.causes.back(), cause);
     }
     EXPECT_EQ(screen.pointedAt, std::vector<std::string>(3, "Bench.Text1"));
     form.Text1.setText("3");  // no text is to blame
     form.divisor = 0;
     form.Command1.press();
     EXPECT_EQ(screen.onlyMessage().title, "Tarvex7");
+    EXPECT_EQ(form.status(), "деление на ноль, корень из отрицательного или слишком большое число");
     EXPECT_EQ(screen.pointedAt.size(), 3u);
     form.divisor = 2;
     form.Command1.press();
+    EXPECT_EQ(form.status(), "");  // until the next action
     EXPECT_EQ(form.result, 1.5);
     EXPECT_TRUE(screen.messages.empty());
 }
@@ -89,6 +101,22 @@ TEST_F(Bench, HandlersRunInsideTheWritersCall) {
     EXPECT_EQ(form.triggered, 2);
     EXPECT_EQ(screen.messages.size(), 2u);
     EXPECT_EQ(screen.messages[0].text, "своё");
+    screen.messages.clear();
+    const std::pair<std::function<void()>, const char*> failures[] = {
+        {[] { throw std::bad_alloc(); }, "не хватает памяти"},
+        {[] { throw std::out_of_range("x"); }, "номер вне границ"},
+        {[] { std::filesystem::rename("/tree/Dat/none", "/tree/Dat/a"); }, "нет папки /tree/Dat"},
+        {[] { stage("этап", "Tarvex7", [] { throw FileFailure("нет файла /tree/Dat/a"); }); },
+         "нет файла Dat/a"},
+        {[] { throw Refusal("все сказано", "Tarvex7"); }, ""}};
+    desk.nameFilesFrom("/tree/");
+    for (const auto& [action, cause] : failures) {
+        form.Command1.onPress(action);
+        form.Command1.press();
+        EXPECT_EQ(form.status(), cause);
+    }
+    EXPECT_EQ(screen.messages.size(), 5u);
+    EXPECT_EQ(screen.messages[3].text, "этап");
 
     form.Option2.choose();
     EXPECT_FALSE(form.Option1.on());

@@ -96,14 +96,16 @@ protected:
         names.add("NameData", source);
     }
 
-    Outcome play(const std::string& script) {
+    Outcome play(const std::string& script, bool trusted = false) {
         std::istringstream in(script);
         out.str("");
         Outcome outcome;
         try {
             const auto lines = readScript(in);
             screen.draw(savedPictures(lines), makeImageCanvas);
-            Player(screen, desk, names).play(lines, "Bench");
+            Player player(screen, desk, names);
+            if (trusted) player.trust();
+            player.play(lines, "Bench");
         } catch (const LineFailure& failure) {
             outcome.failure = std::to_string(failure.line) + ": " + failure.text;
         }
@@ -172,13 +174,15 @@ TEST_F(PlayerTest, SetsAndPrintsEveryKindOfControl) {
 
 TEST_F(PlayerTest, MessagesNoticesAndAnswersAreLines) {
     const Outcome played = play(
-        "Bench.Text1 = abc\nBench.Command1\n"
+        "Bench.Text1 = abc\nBench.Command1\nprint Bench.status\n"
         "answer no\nanswer yes\n"
         "Bench.Command4\nprint Bench.Text2\nBench.Command4\nprint Bench.Text2\n"
         "Bench.Command5\nprint Bench.Text1\n");
     EXPECT_EQ(played.failure, "");
     EXPECT_EQ(played.out,
               "message \"Tarvex7\": Введите правильно\\nданные\n"
+              "cause: поле Text1: не число «abc»\n"
+              "Bench.status = поле Text1: не число «abc»\n"
               "question \"Tarvex7m\": Заменить файл? - no\nBench.Text2 = оставлен\n"
               "question \"Tarvex7m\": Заменить файл? - yes\nBench.Text2 = заменен\n"
               "notice: План закончен\nBench.Text1 = 0\n");  // posted work is done before the next line
@@ -265,7 +269,7 @@ TEST_F(PlayerTest, Arithmetic) {
 
 TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
     const std::string deep = "let a = " + std::string(1000, '(') + "1\n",
-                      noFile = "save Bench.Picture1 /nowhere/a.png";
+                      noFile = "save Bench.Picture1 nowhere/a.png";
     const struct {
         std::string line, failure;
     } cases[] = {
@@ -320,7 +324,10 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
         {"save Bench.Text1 a.png", "Text1 - не рисунок"},
         {"export Bench.Picture1 a.png", "рисунок с осями и легендой пишут в файл .pdf, .svg или .csv"},
         {"save Bench.Picture1 a.gif", "рисунок сохраняют в файл .png, .bmp, .svg или .csv"},
-        {noFile, "не удалось записать «/nowhere/a.png»"},
+        {noFile, "не удалось записать «nowhere/a.png» (нет папки nowhere)"},
+        {"save Bench.Picture1 /a.png", "вне текущего каталога рисунок сохраняют только с --trust: «/a.png»"},
+        {"save Bench.Picture1 ../a.png",
+         "вне текущего каталога рисунок сохраняют только с --trust: «../a.png»"},
         {"Нажать кнопку", "непонятная строка: «Нажать кнопку»"},
         {std::string("\x7f"
                      "ELF\0\1\2",
@@ -337,8 +344,9 @@ TEST_F(PlayerTest, TheFirstLineThatCannotBeDoneStopsTheScript) {
 
 TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
     const std::string csv = (folder.path() / "a.csv").string(), svg = (folder.path() / "a.svg").string();
-    const Outcome played = play("Bench.Picture1 release -2.5,10 left\nsave Bench.Picture1 " + csv +
-                                "\nsave Bench.Picture1 " + svg);
+    const Outcome played = play(
+        "Bench.Picture1 release -2.5,10 left\nsave Bench.Picture1 " + csv + "\nsave Bench.Picture1 " + svg,
+        true);
     EXPECT_EQ(played.failure, "");
     EXPECT_EQ(test::readBytes(csv), "\xEF\xBB\xBFвид;x;y;x2;y2;цвет\r\nточка;-2,5;10;;;#ff0000\r\n");
     EXPECT_NE(test::readBytes(svg).find("fill=\"#ff0000\"/>"), std::string::npos);
@@ -364,7 +372,8 @@ TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
 TEST_F(PlayerTest, OnlyPicturesThatAScriptSavesAreDrawn) {
     const std::string file = (folder.path() / "a b.bmp").string();
     EXPECT_EQ(
-        play("Bench.Picture1 release -2.5,1e1 right\nprint Bench.Text2\nsave Bench.Picture1 " + file + "\n")
+        play("Bench.Picture1 release -2.5,1e1 right\nprint Bench.Text2\nsave Bench.Picture1 " + file + "\n",
+             true)
             .out,
         "Bench.Text2 = -2,5;10;right\n");
     EXPECT_EQ(test::readBytes(file).substr(0, 2), "BM");

@@ -57,8 +57,33 @@ TEST_F(ProgramTest, ARunningExperimentIsStoppedContinuedAndLeft) {
     EXPECT_EQ(err.str(), "");
 }
 
+TEST_F(ProgramTest, AStrictScriptEndsWithThreeAtTheFirstErrorMessage) {
+    const std::string dir = data.path().string();
+    data.makeFolder("Dat");
+    // the theory of the Moon is told in a message that is no error
+    const std::string script =
+        "Form1.Check3 = on\nForm1.Option4 = on\nForm1.Command3\n"
+        "Form1.Option6 = on\nForm1.Text23 = 8\nForm1.Command3\necho дальше\n";
+    const std::string told =
+        "message \"Tarvex7\": Для расчета параметров орбиты Луны использована \\nтеория Брауна в книге "
+        "Чеботарева \nmessage \"Tarvex7m\": Не могу найти файл \\Dat\\Tarvex8.dat\n"
+        "cause: нет файла Dat/Tarvex8.dat\n";
+    EXPECT_EQ(run({"--strict", "-", "--data", dir}, script), 3);
+    EXPECT_EQ(out.str(), told);
+    EXPECT_EQ(err.str(), "-:6: сообщение об ошибке: Не могу найти файл \\Dat\\Tarvex8.dat\n");
+    EXPECT_EQ(run({"-", "--data", dir}, script), 0);
+    EXPECT_EQ(out.str(), told + "дальше\n");
+
+    const test::TempFolder outside;
+    const std::string save = "save Form1.Picture1 " + (outside.path() / "a.png").string() + "\n";
+    EXPECT_EQ(run({"-", "--data", dir}, save), 2);
+    EXPECT_EQ(run({"-", "--trust", "--data", dir}, save), 0);
+    EXPECT_FALSE(test::readBytes(outside.path() / "a.png").empty());
+}
+
 TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
     const std::string dir = data.path().string(), file = (data.path() / "a.tvx").string();
+    const std::string usage = "tarvex-script [--data КАТАЛОГ] [--strict] [--trust] СЦЕНАРИЙ|-";
     const std::string damaged = (data.path() / "b.tvx").string();
     test::writeBytes(file, "echo первая\n\nForm1.Text999 = 1\necho третья\n");
     const std::string binary = (data.path() / "c.tvx").string();
@@ -68,12 +93,13 @@ TEST_F(ProgramTest, TellsWhatIsWrongAndEndsWithTwo) {
         std::vector<std::string> arguments;
         std::string err;
     } cases[] = {
-        {{}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
-        {{"--data"}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
-        {{"a", "b"}, "tarvex-script [--data КАТАЛОГ] СЦЕНАРИЙ|-"},
+        {{}, usage},
+        {{"--data"}, usage},
+        {{"a", "b"}, usage},
         {{"--data", file, file}, "нет каталога данных " + file},
-        {{"--data", dir, dir + "/none.tvx"}, "не удалось прочитать " + dir + "/none.tvx"},
-        {{"--data", dir, dir}, "не удалось прочитать " + dir},
+        {{"--data", dir, dir + "/none.tvx"},
+         "не удалось прочитать " + dir + "/none.tvx (нет файла " + dir + "/none.tvx)"},
+        {{"--data", dir, dir}, "не удалось прочитать " + dir + " (на месте файла папка: " + dir + ")"},
         {{"--data", dir, damaged}, damaged + ":2: слишком длинная строка"},
         {{"--data", dir, binary}, binary + ":1: слишком длинная строка"},
         {{"--data", dir, file}, file + ":3: на форме Form1 нет элемента «Text999»"},

@@ -43,8 +43,9 @@ public:
         bool operator==(const Message&) const = default;
     };
 
-    void message(const std::string& text, const std::string& title) override {
-        messages.push_back({text, title});
+    void message(const tarvex::Message& told) override {
+        messages.push_back({told.text, told.title});
+        if (told.error) causes.push_back(told.cause);
     }
     void pointAt(Control& control) override;
     bool ask(const std::string& question, const std::string& title) override;
@@ -68,6 +69,7 @@ public:
     Message onlyMessage();
 
     std::vector<Message> messages;
+    std::vector<std::string> causes;     ///< of the error messages
     std::vector<std::string> pointedAt;  ///< the controls that messages were about
     std::vector<Message> questions;
     std::deque<bool> answers;  ///< none left: the answer is no
