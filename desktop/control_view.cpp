@@ -75,7 +75,7 @@ public:
         : ControlView(field, new NumberEdit, density), field_(field), act_(act) {
         align();
         const int digits = field.width() > 0 ? field.width() : density.digits;
-        edit()->setFixedWidth(edit()->fontMetrics().horizontalAdvance('0') * (digits + 1) + 12);
+        edit()->setLayoutWidth(edit()->fontMetrics().horizontalAdvance('0') * (digits + 1) + 12);
         if (field.readOnly()) {
             edit()->setReadOnly(true);
             edit()->setFocusPolicy(Qt::ClickFocus);
@@ -93,7 +93,7 @@ public:
     }
 
 private:
-    QLineEdit* edit() const { return static_cast<QLineEdit*>(widget_); }
+    NumberEdit* edit() const { return static_cast<NumberEdit*>(widget_); }
     /// Numbers right, words left; a result takes the side of what it shows now.
     void align() {
         const bool number = isNumberOrEmpty(field_.text()) && field_.width() <= mostLeftDigits;

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QStyleOptionFrame>
+#include <algorithm>
 
 namespace tarvex {
 
@@ -17,6 +18,60 @@ QString shownNumber(const QString& text, const std::function<bool(const QString&
         if (fits(shorter)) return shorter;
     }
     return text;
+}
+
+NumberEdit::NumberEdit() {
+    connect(this, &QLineEdit::textChanged, this, &NumberEdit::fit);
+}
+
+void NumberEdit::setLayoutWidth(int width) {
+    layoutWidth_ = width;
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    updateGeometry();
+}
+
+void NumberEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    fit();
+}
+
+void NumberEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    fit();
+}
+
+void NumberEdit::moveEvent(QMoveEvent* event) {
+    QLineEdit::moveEvent(event);
+    placed();
+}
+
+void NumberEdit::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    placed();
+}
+
+void NumberEdit::placed() {
+    if (fitting_) return;
+    home_ = geometry();
+    fit();
+}
+
+/// As wide as its text needs while the field is entered, within its surroundings; else where it belongs.
+void NumberEdit::fit() {
+    if (parentWidget() == nullptr || home_.isEmpty()) return;
+    constexpr int cursor = 4;  ///< pixels
+    QRect place = home_;
+    const int frame = width() - textRoom().width();
+    const int wanted = fontMetrics().horizontalAdvance(text()) + frame + cursor;
+    if (hasFocus() && wanted > home_.width()) {
+        place.setWidth(std::min(wanted, parentWidget()->width()));
+        if (place.right() >= parentWidget()->width()) place.moveRight(parentWidget()->width() - 1);
+        raise();
+    }
+    if (place == geometry()) return;
+    fitting_ = true;
+    setGeometry(place);
+    fitting_ = false;
 }
 
 QRect NumberEdit::textRoom() const {

@@ -4,11 +4,10 @@
 #include <QByteArray>
 #include <filesystem>
 
+#include "core/text_files.h"
 #include "desktop/drawing.h"
 
 class QImage;
-
-#include "core/text_files.h"
 
 namespace tarvex {
 

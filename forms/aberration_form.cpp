@@ -138,9 +138,8 @@ bool AberrationForm::prepare(double date) {
                       objectLongitude.number() / kUgol);
 
     if (longitudesByTheory.on()) {
-        earthLongitude.show(cut6(360 * Frac1(s.AlfaL[3] / 2 / Pi)));
-        if (object != 0 && object != AberrationBench::star)
-            objectLongitude.show(cut6(360 * Frac1(s.AlfaL[object] / 2 / Pi)));
+        earthLongitude.show(cut6(bench_.earth.L));
+        if (object != 0 && object != AberrationBench::star) objectLongitude.show(cut6(bench_.object.L));
     }
     showBody(3, earthX, earthY, earthZ, earthVX, earthVY, earthVZ);
     if (object != AberrationBench::star)
@@ -156,9 +155,9 @@ bool AberrationForm::prepare(double date) {
 
 void AberrationForm::iterate() {
     ModelState& s = lab.s;
-    s.VXsys = systemVX.number();
-    s.VYsys = systemVY.number();
-    s.VZsys = systemVZ.number();
+    bench_.VXsys = systemVX.number();
+    bench_.VYsys = systemVY.number();
+    bench_.VZsys = systemVZ.number();
     AberrationIterate(s, bench_, timesCosLatitude.on());
     retardedX.show(cut6(bench_.XIs / MK));
     retardedY.show(cut6(bench_.YIs / MK));
@@ -228,13 +227,12 @@ int AberrationForm::placesOf(int row) {
 
 /// The places of the Earth and the object and, in the plane of the ecliptic, their orbits.
 void AberrationForm::drawPlaces() {
-    const ModelState& s = lab.s;
     for (const int row : {3, bench_.body}) {
+        const AberrationBench::Place& p = bench_.placeOf(row);
         drawing.as(placesOf(row))
-            .disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
-                  across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.15, colorOf(row));
+            .disc(across(p.X, p.Y, p.Z, true), across(p.X, p.Y, p.Z, false), 0.15, colorOf(row));
         if (planeXY.on() && row != AberrationBench::star && row != 0)
-            drawing.circle(0, 0, s.R0sr[row] / s.Mx, {90, 90, 90});
+            drawing.circle(0, 0, p.R0sr / lab.s.Mx, {90, 90, 90});
     }
 }
 
@@ -254,8 +252,8 @@ void AberrationForm::drawConstruction() {
     tellAxes();
     drawPlaces();
     for (const int row : {3, b}) {
-        const double px = across(s.X0[row], s.Y0[row], s.Z0[row], true),
-                     py = across(s.X0[row], s.Y0[row], s.Z0[row], false);
+        const AberrationBench::Place& p = bench_.placeOf(row);
+        const double px = across(p.X, p.Y, p.Z, true), py = across(p.X, p.Y, p.Z, false);
         // velocity at one ten-thousandth of a cell for a metre a second
         drawing.line(px, py, px + s.VX[row] / 10000, py + (planeXY.on() ? s.VY[row] : s.VZ[row]) / 10000,
                      colorOf(row));
@@ -266,7 +264,8 @@ void AberrationForm::drawConstruction() {
     if (plotSourceAberration.on()) ray(bench_.XIs, bench_.YIs, bench_.ZIs, {strength, 0, 0});
     if (plotReceiverAberration.on()) {
         const double T = s.Tsv[3][b];
-        ray(s.X0[b] + s.VX[3] * T, s.Y0[b] + s.VY[3] * T, s.Z0[b] + s.VZ[3] * T, {0, 0, strength});
+        const AberrationBench::Place& p = bench_.placeOf(b);
+        ray(p.X + s.VX[3] * T, p.Y + s.VY[3] * T, p.Z + s.VZ[3] * T, {0, 0, strength});
         drawing.disc(across(bench_.XPr, bench_.YPr, bench_.ZPr, true),
                      across(bench_.XPr, bench_.YPr, bench_.ZPr, false), 0.07, {0, 0, strength});
     }
@@ -296,13 +295,15 @@ void AberrationForm::drawComponents() {
     if (plotReceiverAberration.on()) point(receiver_, pr, blue);
     if (plotTotalAberration.on()) point(total_, is + pr, green);
     const int b = bench_.body;
-    if (std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], true)) > visibleCells ||
-        std::abs(across(s.X0[b], s.Y0[b], s.Z0[b], false)) > visibleCells)
+    const AberrationBench::Place& object = bench_.placeOf(b);
+    if (std::abs(across(object.X, object.Y, object.Z, true)) > visibleCells ||
+        std::abs(across(object.X, object.Y, object.Z, false)) > visibleCells)
         return;
-    for (const int row : {3, b})
+    for (const int row : {3, b}) {
+        const AberrationBench::Place& p = bench_.placeOf(row);
         drawing.as(placesOf(row))
-            .disc(across(s.X0[row], s.Y0[row], s.Z0[row], true),
-                  across(s.X0[row], s.Y0[row], s.Z0[row], false), 0.04, colorOf(row));
+            .disc(across(p.X, p.Y, p.Z, true), across(p.X, p.Y, p.Z, false), 0.04, colorOf(row));
+    }
 }
 
 }  // namespace tarvex

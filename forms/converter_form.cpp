@@ -56,6 +56,8 @@ void ConverterForm::load() {
     showScale();
     clearPicture();
     dateToJulian();
+    // what is converted before any coordinates were set: the initial data of the laboratory
+    for (std::size_t i = 0; i < base_.row.size(); ++i) base_.row[i] = {lab.s.X0[i], lab.s.Y0[i], lab.s.Z0[i]};
 }
 
 int ConverterForm::body() const {
@@ -87,7 +89,7 @@ void ConverterForm::setCoordinates() {
     const double seconds = EtUt1900(s);
     etMinusUt.show(cut6(seconds / 60));
     s.JDet = s.JDut0 + seconds / 86400;
-    ConvPrepare(s);
+    ConvPrepare(s, base_);
     greenwichSiderealTime.show(cut6(s.GMST));
     localSiderealTime.show(cut6(s.LMST / 15));
     if (i == typed) {
@@ -95,7 +97,7 @@ void ConverterForm::setCoordinates() {
         ConvDraw(i, frame);
         return;
     }
-    ConvBodyByTheory(s, i);
+    ConvBodyByTheory(s, base_, i);
     showFromBase(i, frame,
                  {&sourceX, &sourceY, &sourceZ, &sourceLongitude, &sourceLatitude, &sourceDistance});
 }
@@ -104,7 +106,7 @@ void ConverterForm::setCoordinates() {
 /// angle.
 void ConverterForm::showFromBase(int i, const ConvFrame& frame, const std::array<TextField*, 6>& to) {
     ModelState& s = lab.s;
-    ConvFromBase(s, i, frame);
+    ConvFromBase(s, base_, i, frame);
     to[0]->show(Fix(s.X[i]) / MK);
     to[1]->show(Fix(s.Y[i]) / MK);
     to[2]->show(Fix(s.Z[i]) / MK);
@@ -138,7 +140,7 @@ void ConverterForm::typedToBase(int i, const ConvFrame& frame) {
         sourceLatitude.show(s.LatPl);
         sourceDistance.show(s.Rcur / MK);
     }
-    ConvToBase(s, i, frame);
+    ConvToBase(s, base_, i, frame);
 }
 
 void ConverterForm::convert() {

@@ -33,6 +33,7 @@ private:
 
     Laboratory& lab;
     double angle_ = 0;  ///< degrees
+    ConvBase base_;
 };
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <filesystem>
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
@@ -69,6 +70,9 @@ EclipseForm::EclipseForm(Laboratory& lab_)
     fromTables.onChoose([this] { chooseData(true); });
     fromTheories.onChoose([this] { chooseData(false); });
     for (int i = 0; i <= 10; ++i) tableChoice(i).onChoose([this, i] { chooseTable(i); }, bad);
+    for (int i = 1; i <= 4; ++i) theoryChoice(i).onChoose([this, i] { lab.s.NameData = theoryNames[i]; });
+    logWithoutRefraction.setEnabled(logSolstices.on());
+    logSolstices.onChange([this] { logWithoutRefraction.setEnabled(logSolstices.on()); });
     for (OptionButton* frameChoice : {&equatorialFrame, &horizontalFrame})
         frameChoice->onChoose([this] { clearDisks(); });
     for (Picture* one : {&bodiesPicture, &disksPicture, &skyPicture})
@@ -138,16 +142,17 @@ bool EclipseForm::takeMoment() {
     return s.kodErrDate == 0;
 }
 
-/// Heads of the log files that are ticked.
+/// Heads of the log files that are ticked and do not stand yet.
 void EclipseForm::beginLogs() {
     const ModelState& s = lab.s;
-    if (logPlaces.on()) {
+    const auto isNew = [this](const std::string& file) { return !std::filesystem::exists(lab.tree.at(file)); };
+    if (logPlaces.on() && isNew(paramFile)) {
         appendLine(lab.tree.at(paramFile), "планета  № " + toText(s.IplSel) + "   обсерватория " +
                                                s.NameData + "   данные умножены на 1000 ");
         appendLine(lab.tree.at(paramFile),
                    "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
     }
-    if (logSolstices.on()) {
+    if (logSolstices.on() && isNew(timeFile)) {
         appendLine(lab.tree.at(timeFile),
                    "равноденствия и солнцестояния по " + s.NameData +
                        "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
@@ -167,7 +172,6 @@ void EclipseForm::start() {
     s.NameData = fromTables.on() ? table_.table->name : theoryNames[theory()];
     e_.readTable = [this] { readTable(correctPrecession.on()); };
     takeSettings();
-    EclipseMasses(s, e_.source);
     s.ObsL = placeLongitude.number();
     s.ObsB = placeLatitude.number();
     ratio(1, diskScale.number());
@@ -468,12 +472,13 @@ void EclipseForm::writeParam() {
 void EclipseForm::writeTimeYer() {
     ModelState& s = lab.s;
     const auto back = EclipseBack(s, e_, !logWithoutRefraction.on(), e_.source != Eclipse::Source::Tables);
-    double JD = s.JDut0;
-    DateFromJD(s, JD);
+    double local = s.JDut + s.ObsL / 15 / 24;  // the clock of the line, and its date
+    const std::string time = clockText(local + 0.5);
+    DateFromJD(s, local);
     const std::string date =
         Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000");
     appendLine(lab.tree.at(timeFile),
-               clockText(s.JDut + 0.5 + s.ObsL / 15 / 24) + "  " + date + "  JDut= " +
+               time + "  " + date + "  JDut= " +
                    Format(s.JDut, "0000000.0000") + "   L= " + Format(e_.sun.geoJ2000.L, "000.000") +
                    "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
                    "   B= " + Format(e_.sun.ofDate.B, "00.00000000") + "   L= " + Format(back.L, "000.0000") +

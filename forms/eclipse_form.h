@@ -37,6 +37,7 @@ private:
     std::int32_t bodyTyped() const;
     void takeSettings();
     void chooseData(bool tables);
+    void useFirstRelation();
     void chooseTable(int i);
     void readTable(bool correct);
     void start();

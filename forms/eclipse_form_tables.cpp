@@ -20,12 +20,27 @@ void EclipseForm::chooseData(bool tables) {
     (tables ? theoryChoice : tableChoice)(0).choose();
     if (tables) {
         dayFromNoon.choose();
+        useFirstRelation();
         for (int i = 0; i < 6; ++i) {
             sunStages(i).setText("");
             bodyStages(i).setText("");
         }
     }
     dayCountLabel.setCaption("день от 1.1.1 г. н.э.");
+}
+
+/// The tables are read with the first relation of ET-UT, and that of the Earth's rotation as it stands at first.
+void EclipseForm::useFirstRelation() {
+    constexpr int jones = 1, earthTurns = 4;
+    if (!desk().isLoaded("Form17")) {
+        if (desk().knows("Form17")) desk().loadAndUnload("Form17");  // its load sets just these
+        return;
+    }
+    auto& form = desk().get<EtUtForm>();
+    form.planetsFormula(jones).choose();
+    form.earthFormula(earthTurns).choose();
+    form.planetsPlus.choose();
+    form.setTrigger.setText(timeOfDay());
 }
 
 void EclipseForm::chooseTable(int i) {

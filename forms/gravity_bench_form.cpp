@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/run_inputs.h"
 #include "theories/geometry.h"
 
 namespace tarvex {
@@ -103,6 +104,28 @@ void GravityBenchForm::clearPicture() {
     pairPicture.line(0, -10, 0, 10, axis);
 }
 
+/// While it lives, the run's law and accelerations are those of the bench; then the run has its own again.
+class GravityBenchForm::LawInUse {
+public:
+    LawInUse(Motion& motion, Law& law) : motion_(motion), law_(law) { exchange(); }
+    ~LawInUse() { exchange(); }
+    LawInUse(const LawInUse&) = delete;
+    LawInUse& operator=(const LawInUse&) = delete;
+
+private:
+    void exchange() {
+        std::swap(motion_.Vgr, law_.Vgr);
+        std::swap(motion_.kPgr1, law_.kPgr1);
+        std::swap(motion_.kPgr2, law_.kPgr2);
+        std::swap(motion_.AX, law_.AX);
+        std::swap(motion_.AY, law_.AY);
+        std::swap(motion_.AZ, law_.AZ);
+    }
+
+    Motion& motion_;
+    Law& law_;
+};
+
 /// The two ticked bodies.
 GravityBench GravityBenchForm::chosenPair() {
     GravityBench b;
@@ -149,13 +172,11 @@ void GravityBenchForm::takeFields(const GravityBench& b) {
 
 void GravityBenchForm::addSpeedOfSystem(const GravityBench& b) {
     ModelState& s = lab.s;
-    s.VXsys = systemVx.number();
-    s.VYsys = systemVy.number();
-    s.VZsys = systemVz.number();
+    const double VXsys = systemVx.number(), VYsys = systemVy.number(), VZsys = systemVz.number();
     for (const int i : {b.N1, b.N2}) {
-        s.VX[i] = finite(s.VX[i] + 1000 * s.VXsys);
-        s.VY[i] = finite(s.VY[i] + 1000 * s.VYsys);
-        s.VZ[i] = finite(s.VZ[i] + 1000 * s.VZsys);
+        s.VX[i] = finite(s.VX[i] + 1000 * VXsys);
+        s.VY[i] = finite(s.VY[i] + 1000 * VYsys);
+        s.VZ[i] = finite(s.VZ[i] + 1000 * VZsys);
     }
 }
 
@@ -166,6 +187,9 @@ void GravityBenchForm::place() {
     ratio(1, forceScale.number());
     ratio(1, velocityScale.number());
     placed_ = false;
+    law_ = {m.Vgr, m.kPgr1, m.kPgr2, m.AX, m.AY, m.AZ};
+    const LawInUse use(m, law_);
+    const RunInputsKept kept(s);
     if (fromRun.on())
         takeRun(b);
     else
@@ -202,7 +226,10 @@ void GravityBenchForm::iterate() {
     bench_.usePressure = usePressure.on();
     ratio(1, forceScale.number());
     ratio(1, velocityScale.number());
-    benchIterate(lab.s, lab.motion, bench_);
+    {
+        const LawInUse use(lab.motion, law_);
+        benchIterate(lab.s, lab.motion, bench_);
+    }
     iterations.show(bench_.NDiffur);
     showAction();
     draw();

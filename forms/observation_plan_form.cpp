@@ -112,7 +112,7 @@ void ObservationPlanForm::fromTemplate() {
     ModelState& s = lab.s;
     s.God0 = data.year.int32();
     lab.reduction.GodK = toInt32(s.God0 + 20.0);
-    data.lastYear.show(lab.reduction.GodK);
+    data.showLastYear(lab.reduction.GodK);
     data.dateSignal.setText(timeOfDay());  // the date into JD
     s.JDepoha = s.JD;
     s.JDut = 1000;
@@ -134,7 +134,7 @@ void ObservationPlanForm::fromFile() {
     data.year.show(s.God0);
     data.month.show(s.Mes0);
     data.day.show(s.Den0);
-    data.lastYear.show(lab.reduction.GodK);
+    data.showLastYear(lab.reduction.GodK);
     data.dateSignal.setText(timeOfDay());
     s.JDepoha = s.JD;
 }
@@ -158,9 +158,10 @@ void ObservationPlanForm::ShowPlanFields() {
     interval(1).show(plan.dXvar[1] / MK);
     codedOptimum(1).show(cut6(plan.Xopt[1]));
     naturalOptimum(1).show(cut6(plan.XoptR[1] / MK));
-    systemVX.show(lab.s.VXsys);
-    systemVY.show(lab.s.VYsys);
-    systemVZ.show(lab.s.VZsys);
+    const ToolVelocity::Value system = lab.reduction.velocity.of(lab.s);
+    systemVX.show(system.X);
+    systemVY.show(system.Y);
+    systemVZ.show(system.Z);
     lab.desk.get<ObservationsForm>().precessionRate.show(lab.reduction.PrecSek);
 }
 
@@ -173,9 +174,7 @@ void ObservationPlanForm::ReadPlanFields() {
         plan.Xopt[i] = codedOptimum(i).number();
         plan.XoptR[i] = finite(naturalOptimum(i).number() * unit);
     }
-    lab.s.VXsys = systemVX.number();
-    lab.s.VYsys = systemVY.number();
-    lab.s.VZsys = systemVZ.number();
+    lab.reduction.velocity.set(lab.s, {systemVX.number(), systemVY.number(), systemVZ.number()});
     lab.reduction.PrecSek = lab.desk.get<ObservationsForm>().precessionRate.number();
     lab.reduction.kodDLplan = planOfPerturbations.on() ? 1 : 0;
     lab.reduction.NplDL = secondPerturber.on() ? 2 : 1;
@@ -186,7 +185,7 @@ void ObservationPlanForm::SavePlan13() {
     readNumbers();
     if (!sourceChosen(data)) throw Refusal("Выберете источник данных наблюдений", box);
     stage("Задайте правильно данные для плана", box, [this] { ReadPlanFields(); });
-    if (data.distanceCriterion.text() != "Text13")
+    if (!data.distanceCriterion.text().empty())
         criterion_ = (data.judgeByLongitude.on() ? data.longitudeCriterion : data.distanceCriterion).number();
     const std::string name = testFile(data);
     stage("Ошибка при записи данных в файл " + name, box, [&] {

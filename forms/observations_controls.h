@@ -343,7 +343,6 @@ public:
     TextField distanceCriterion{this,
                                 {.name = "Text13",
                                  .label = "dR крит, тыс.км",
-                                 .text = "Text13",
                                  .hint = "Критерий по расстоянию, тыс.км",
                                  .readOnly = true,
                                  .width = 13}};

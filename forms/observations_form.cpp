@@ -24,6 +24,7 @@ ObservationsForm::ObservationsForm(Laboratory& lab_) : ObservationsControls(lab_
     systemScale.onChange([this] { clearSystem(); });
     for (Picture* one : {&systemPicture, &skyPicture}) one->onWipe([this] { clearSystem(); });
     residualGraph.onWipe([this] { clearGraph(); });
+    offeredYear_ = lastYear.text();
 }
 
 void ObservationsForm::bindSources() {

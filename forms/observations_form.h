@@ -20,6 +20,8 @@ public:
 
     /// Empties the lower graph and sizes it for the plan.
     void clearGraph();
+    /// Shows the last year of data or of a plan; what the user has typed in its place is gone.
+    void showLastYear(std::int32_t year);
     /// Top of the lower graph, picture units.
     double graphTop() const { return page_.rows; }
 
@@ -35,6 +37,7 @@ private:
     void fieldsOfTable(int i, const AncientTable& table);
     void openWorkbook(int i, const AncientTable& table);
     void chooseObservatory(int i);
+    void offerLastYear(std::int32_t year);
     void typeDate(const char* startDay, const char* startMonth, const std::string& startYear);
     void closeSources();
 
@@ -102,6 +105,9 @@ private:
     PlanPage page_;
     bool running_ = false, gone_ = false;  ///< a run goes on; the form has been closed
     int passes_ = 0;
+    std::string offeredYear_;  ///< text of the last year's field as the user has not typed it
+    /// Experiments that one press was to run: the first of them, and at which a stop interrupted it (0: none).
+    int firstOfBatch_ = 1, stoppedAt_ = 0;
     // scales of the lower graph, of one cell: years, degrees, arc seconds, thousand km; and its shift up,
     // cells
     double yearsPerCell_ = 1, degreesPerCell_ = 90, arcSecondsPerCell_ = 100, distancePerCell_ = 50;

@@ -56,15 +56,21 @@ void ObservationsForm::runExperiments() {
     if (!ReadRunParams()) return;
     bounds(first, last);
     layOutExperiments(plan, last);
+    if (first != stoppedAt_) firstOfBatch_ = first;  // otherwise a stopped batch goes on
+    stoppedAt_ = 0;
     for (int k = first; k <= last; ++k) {
         firstExperiment.show(k);
         r.experiment = k;
         startPasses(reduction());
         pass();
         if (r.NObs > 0) printResponse(k);
-        if (lab.s.kodStop == 1) break;
+        if (lab.s.kodStop == 1) {
+            stoppedAt_ = k;
+            break;
+        }
         if (!r.choices.tables) r.file.rewind();
     }
+    if (stoppedAt_ == 0) firstExperiment.show(firstOfBatch_);  // the next press runs them all again
     restoreStart();
     if (soundAtEnd.on()) desk().screen().notify("Эксперименты выполнены");
 }
@@ -115,7 +121,8 @@ void ObservationsForm::ShowPlanSummary() {
               "            Xopt" + std::to_string(i) + "   " + cutText(plan.Xopt[i], 1e6) + "   " +
               cutText(plan.XoptR[i], 1e9));
     print("Скорость Солнечной системы по осям X Y Z км/с и прецессия (угл. сек.) за 100 лет и вес точки");
-    print(toText(lab.s.VXsys) + "   " + toText(lab.s.VYsys) + "   " + toText(lab.s.VZsys) + "   " +
+    const ToolVelocity::Value system = lab.reduction.velocity.of(lab.s);
+    print(toText(system.X) + "   " + toText(system.Y) + "   " + toText(system.Z) + "   " +
           toText(r.choices.Precess) + "   " + cutText(plan.Xnul[8], 1e6));
     print("Номер эксперимента, уровни и значение критерия (экспериментальное и расчетное)");
     for (int k = 1; k <= plan.Nplan; ++k) {

@@ -43,6 +43,16 @@ void ObservationsForm::chooseKind(bool tables) {
     weightByCount.setEnabled(!tables);
 }
 
+void ObservationsForm::showLastYear(std::int32_t year) {
+    lastYear.show(year);
+    offeredYear_ = lastYear.text();
+}
+
+/// The last year of the data, unless the user has typed another.
+void ObservationsForm::offerLastYear(std::int32_t year) {
+    if (lastYear.text() == offeredYear_) showLastYear(year);
+}
+
 void ObservationsForm::typeDate(const char* startDay, const char* startMonth, const std::string& startYear) {
     day.setText(startDay);
     month.setText(startMonth);
@@ -63,6 +73,7 @@ void ObservationsForm::fieldsOfTable(int i, const AncientTable& table) {
         siteLatitude.show(table.ObsB);
         dataFirstYear.show(table.startYear);
         dataLastYear.show(table.startYear + yearsOfTable);
+        offerLastYear(table.startYear + yearsOfTable);
     }
 }
 
@@ -120,7 +131,7 @@ void ObservationsForm::chooseObservatory(int i) {
     ReductionState& r = lab.reduction;
     if (i == 0 || !fromObservatories.on()) return;
     const std::string chosen = i == otherObservatory ? observatoryName.text() : observatories[i].name;
-    if (r.file.isOpen() && s.NameData == chosen) return;
+    if (r.file.isOpen() && s.NameData == chosen && s.kodStop != 1) return;  // after a stop it is opened again
     r.file.close();
     s.NameData = chosen;
     r.NomData = i;
@@ -150,6 +161,7 @@ void ObservationsForm::chooseObservatory(int i) {
     year.show(s.God0);
     dataFirstYear.show(s.God0);
     dataLastYear.show(r.GodK);
+    offerLastYear(r.GodK);
     s.kodStop = 0;
 }
 

@@ -1,6 +1,7 @@
 #include "forms/pulsar_form.h"
 
 #include "core/arithmetic.h"
+#include "forms/two_bodies_form.h"
 
 namespace tarvex {
 
@@ -13,7 +14,17 @@ PulsarForm::PulsarForm(Laboratory& lab_)
 }
 
 void PulsarForm::load() {
-    if (lab.twoBody.Dt != 0) meanPulseRate.show(Fix(ratio(MK, lab.twoBody.Dt)) / MK);
+    showPulseRate();
+}
+
+/// One pulse a step: the rate follows the step as it is typed; while that is no number, or 0, the last one stays.
+void PulsarForm::showPulseRate() {
+    double Dt = lab.twoBody.Dt;
+    try {
+        if (desk().isLoaded(TwoBodiesForm::formName)) Dt = toNumber(desk().get<TwoBodiesForm>().step.text());
+        meanPulseRate.show(Fix(ratio(MK, Dt)) / MK);
+    } catch (const Failure&) {
+    }
 }
 
 void PulsarForm::store() {
@@ -39,7 +50,7 @@ void PulsarForm::store() {
     p.kodTime = reverseMotion.on() ? -1 : 1;
     p.fromNode = delaysFromNode.on();
     lab.pulsar = p;
-    meanPulseRate.show(Fix(ratio(MK, lab.twoBody.Dt)) / MK);
+    showPulseRate();
 }
 
 }  // namespace tarvex

@@ -12,6 +12,7 @@ public:
     explicit PulsarForm(Laboratory& lab);
 
     void load() override;
+    void showPulseRate();
 
 private:
     void store();

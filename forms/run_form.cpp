@@ -274,7 +274,13 @@ void RunForm::writeTestHead() {
     desk().pause(5000);
 }
 
+/// The run that was left takes back what other screens have used since.
+void RunForm::goOn() {
+    if (pause_) pause_->end(lab.experiment());
+}
+
 void RunForm::resume() {
+    goOn();
     continueExperiment(lab.experiment(), settings());
     setDirection(lab.experiment(), forward.on() ? 1 : -1);
     runsShown_ -= runsShown_ > 0;  // the same run goes on
@@ -284,6 +290,7 @@ void RunForm::resume() {
 }
 
 void RunForm::runBatch() {
+    goOn();
     continueExperiment(lab.experiment(), settings());
     lab.s.kodStop = 1;  // the first display pass ends the loop
     run();
@@ -300,7 +307,9 @@ void RunForm::run() {
     const double began = clockSeconds();
     {
         const Running running(*this);
+        ++runs_;
         RunLoop(lab.experiment(), *this);
+        pause_.emplace(lab.experiment());
     }
     if (lab.run.NPlanStart > 0 && !gone_) {
         lab.s.NPlan =

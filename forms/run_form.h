@@ -4,11 +4,13 @@
 
 #include <array>
 #include <map>
+#include <optional>
 
 #include "forms/laboratory.h"
 #include "forms/picture_axes.h"
 #include "forms/run_controls.h"
 #include "numeric/experiment_start.h"
+#include "numeric/run_pause.h"
 
 namespace tarvex {
 
@@ -40,6 +42,7 @@ private:
     void runBatch();
     void stop();
     void run();
+    void goOn();
     void writeTestHead();
     void leaveFor(CommandButton& command, const char* form);
     void closeEphemeris();
@@ -92,6 +95,8 @@ private:
     std::map<int, std::string> notes_;       ///< lines that stand on the plot, by their place
     double viewX_ = 0, viewY_ = 0;           ///< middle of the system view, its units
     bool gone_ = false;                      ///< unloaded: the run ends
+    int runs_ = 0;                           ///< times that the loop was entered
+    std::optional<RunPause> pause_;          ///< the run that was left last, for "Продолжить"
     std::array<BodySeries, bodies> bodies_;  ///< on the picture of the orbits
     std::array<int, bodies> viewed_{};       ///< on the system view
     std::array<int, plottedCount> plotted_{};

@@ -103,8 +103,13 @@ double RunForm::shareDone() const {
 }
 
 bool RunForm::giveWay() {
+    const RunPause pause(lab.experiment());
+    const int runs = runs_;
     desk().yield();
-    return !gone_ && desk().anyLoaded();
+    if (gone_ || !desk().anyLoaded()) return false;
+    if (runs == runs_)
+        pause.end(lab.experiment());  // unless the run was begun anew, or gone on with, meanwhile
+    return true;
 }
 
 // ------------------------------------------------------------------ plots

@@ -277,7 +277,7 @@ void StatisticsForm::AddRecord() {
     changed.Nparam = chosenParam();
     Record record;
     record.ddTd = interval;
-    record.Par[changed.Nparam] = value;
+    setValue(changed, record, changed.Nparam, value);
     record.Par[parVes] = 1;
     const int same = recordAt(changed, date);
     if (same == 0) {
@@ -286,7 +286,7 @@ void StatisticsForm::AddRecord() {
                                        "Заменить отмеченный параметр в этой точке?",
                                    box)) {
         changed.records[same - 1].ddTd = interval;
-        changed.records[same - 1].Par[changed.Nparam] = value;
+        setValue(changed, changed.records[same - 1], changed.Nparam, value);
     } else {
         insertRecord(changed, same, date, record);  // a second record of the same date
     }

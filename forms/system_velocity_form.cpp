@@ -96,9 +96,9 @@ SystemVelocityForm::SystemVelocityForm(Laboratory& lab_)
 }
 
 void SystemVelocityForm::load() {
-    systemVx.show(lab.s.VXsys);
-    systemVy.show(lab.s.VYsys);
-    systemVz.show(lab.s.VZsys);
+    systemVx.show(cut6(lab.s.VXsys));
+    systemVy.show(cut6(lab.s.VYsys));
+    systemVz.show(cut6(lab.s.VZsys));
     clearPicture();
 }
 
@@ -128,14 +128,14 @@ void SystemVelocityForm::resolveAndSum() {
         sumX += s.VX[rowSun];
         sumY += s.VY[rowSun];
         sumZ += s.VZ[rowSun];
-        r.VX.show(s.VX[rowSun]);
-        r.VY.show(s.VY[rowSun]);
-        r.VZ.show(s.VZ[rowSun]);
+        r.VX.show(cut6(s.VX[rowSun]));
+        r.VY.show(cut6(s.VY[rowSun]));
+        r.VZ.show(cut6(s.VZ[rowSun]));
         drawVelocity(s.VX[rowSun], s.VY[rowSun], s.VZ[rowSun], MV, r.color);
     }
-    sumVx.show(sumX);
-    sumVy.show(sumY);
-    sumVz.show(sumZ);
+    sumVx.show(cut6(sumX));
+    sumVy.show(cut6(sumY));
+    sumVz.show(cut6(sumZ));
     drawVelocity(sumX, sumY, sumZ, MV, black);
 
     resolveVelocity(s, 370, 171, -11.4, 1);  // the Sun against the background radiation, for reference

@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "forms/plot_grid.h"
+#include "forms/pulsar_form.h"
 #include "numeric/pulsar_file.h"
 #include "theories/elements.h"
 #include "theories/secular_theories.h"
@@ -66,6 +67,9 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
     clearDrawings.onPress([this] { clearPictures(); });
     for (Picture* one : {&orbitPicture, &shiftPlots}) one->onWipe([this] { clearPictures(); });
     opens(openPulsar, "Form26");
+    step.onChange([this] {
+        if (desk().isLoaded("Form26")) desk().get<PulsarForm>().showPulseRate();
+    });
     closeForm.onPress([this] { close(); });
     exactPassages.onChange([this] {
         stepDivider.setEnabled(!exactPassages.on());
@@ -392,8 +396,8 @@ void TwoBodiesForm::display() {
                   black);
     lastReceived_ = received;
     forceOnM1.show(b.Ft1);
-    energyChange.show(ratio(100 * (b.Esys - b.E0sys), b.E0sys));
-    momentumChange.show(ratio(100 * (b.MKDsys - b.MKD0sys), b.MKD0sys));
+    energyChange.show(cut6(ratio(100 * (b.Esys - b.E0sys), b.E0sys)));
+    momentumChange.show(cut6(ratio(100 * (b.MKDsys - b.MKD0sys), b.MKD0sys)));
     if (!keepTracks.on()) {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
         drawBodies(white, white);
@@ -433,7 +437,7 @@ void TwoBodiesForm::beginEffect() {
 
 /// It ends: what the orbit has gained, and at which rate.
 void TwoBodiesForm::endEffect() {
-    if (!started_) return;
+    if (!started_) throw Failure("расчет не начат");
     const ModelState& s = lab.s;
     TwoBody& b = lab.twoBody;
     b.withVgr = false;
@@ -452,7 +456,7 @@ void TwoBodiesForm::endEffect() {
     rate("dP", b.Period, b.PeriodNach, "  сек за год");
     if (b.Period > 0 && b.PeriodNach > 0) {
         const double base = 2 * Pi * sekG / b.PeriodNach, now = 2 * Pi * sekG / b.Period;
-        note("dW= ( " + toText(now) + " - " + toText(base) + " ) / dT = " + toText((now - base) / years) +
+        note("dW= ( " + toText(base) + " - " + toText(now) + " ) / dT = " + toText((now - base) / years) +
              "  рад в год за год");
     }
 }

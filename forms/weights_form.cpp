@@ -34,7 +34,8 @@ void WeightsForm::LoadWeights() {
     const int N = planNumber.int16();
     const std::string name = files::plan(N);
     try {
-        planHead = readPlanFile(lab.tree, N, lab.plan, lab.shifts);
+        const PlanFileHead head = readPlanFile(lab.tree, N, lab.plan, lab.shifts);
+        plan_ = {N, head, lab.plan};
     } catch (const OpenFailure&) {
         throw Refusal("Не могу найти файл " + name, box);
     } catch (const FileFailure&) {
@@ -42,7 +43,7 @@ void WeightsForm::LoadWeights() {
     }
     drawEmpty(10, 30);
     double y = 9.7;
-    fileContents.text(0.3, y, planHead.weights);
+    fileContents.text(0.3, y, plan_->head.weights);
     for (int i = 1; i <= weightPlanets; ++i) {
         std::string text = "планета  " + std::to_string(i) + "           ";
         for (int c = 1; c <= shiftParams; ++c) {
@@ -55,10 +56,11 @@ void WeightsForm::LoadWeights() {
 
 void WeightsForm::SaveWeights() {
     const int N = planNumber.int16();
+    const LoadedPlan loaded = plan_ ? *plan_ : LoadedPlan{N, {}, lab.plan};
     for (int i = 1; i <= weightPlanets; ++i)
         for (int c = 1; c <= shiftParams; ++c) lab.shifts.Ves[i][c] = weightField(i, c).number();
     stage("Ошибка при записи данных в файл " + files::plan(N), box,
-          [&] { writePlanFile(lab.tree, N, planHead, lab.plan, lab.shifts); });
+          [&] { writePlanFile(lab.tree, N, loaded.head, loaded.plan, lab.shifts); });
 }
 
 void WeightsForm::LoadModelData() {
@@ -70,7 +72,9 @@ void WeightsForm::LoadModelData() {
     const std::string name = files::planShifts(lab.s.NPlan, d.Npl);
     std::int16_t reached = 0;
     try {
-        shiftHead = readPlanShifts(lab.tree, lab.s.NPlan, d.Npl, lab.shifts, lab.plan.NexpKon, &reached);
+        const ShiftFileHead head =
+            readPlanShifts(lab.tree, lab.s.NPlan, d.Npl, lab.shifts, lab.plan.NexpKon, &reached);
+        shifts_ = {lab.s.NPlan, d.Npl, head, lab.shifts, lab.plan.NexpKon};
     } catch (const OpenFailure&) {
         throw Refusal("Не могу найти файл " + name, box);
     } catch (const FileFailure&) {
@@ -80,8 +84,8 @@ void WeightsForm::LoadModelData() {
     recordsRead.show(lab.plan.NexpKon);
     const double rows = lab.plan.NexpKon / 2.0 + 5;
     drawEmpty(rows, 36);
-    fileContents.text(0.3, rows - 0.3, shiftHead.title);
-    fileContents.text(0.3, rows - 1, shiftHead.columns);
+    fileContents.text(0.3, rows - 0.3, shifts_->head.title);
+    fileContents.text(0.3, rows - 1, shifts_->head.columns);
     constexpr const char* labels[] = {"",
                                       "    dAlfaP100= ",
                                       "    dAlfaU100= ",
@@ -101,17 +105,21 @@ void WeightsForm::LoadModelData() {
 }
 
 void WeightsForm::SaveModelData() {
-    const int planet = lab.series.Npl, experiment = experimentNumber.int16();
+    LoadedShifts saved =
+        shifts_ ? *shifts_ : LoadedShifts{lab.s.NPlan, lab.series.Npl, {}, lab.shifts, lab.plan.NexpKon};
+    const int planet = saved.planet, experiment = experimentNumber.int16();
     if (planet > weightPlanets) throw SubscriptFailure("нет на форме планеты № " + std::to_string(planet));
     for (int c = 1; c <= shiftParams; ++c)
-        lab.shifts.calculated(planet, c, experiment) = shiftField(planet, c).number();
+        lab.shifts.calculated(planet, c, experiment) = saved.shifts.calculated(planet, c, experiment) =
+            shiftField(planet, c).number();
+    if (shifts_) shifts_ = saved;
     std::int16_t reached = 0;
     try {
-        writePlanShiftsUnscaled(lab.tree, lab.s.NPlan, planet, shiftHead, lab.shifts, lab.plan.NexpKon,
-                                reached);
+        writePlanShiftsUnscaled(lab.tree, saved.plan, planet, saved.head, saved.shifts,
+                                saved.experiments, reached);
     } catch (const std::exception&) {
         recordsRead.show(reached);
-        throw Refusal("Ошибка при записи данных в файл " + files::planShifts(lab.s.NPlan, planet), box);
+        throw Refusal("Ошибка при записи данных в файл " + files::planShifts(saved.plan, planet), box);
     }
     recordsRead.show(reached);
 }

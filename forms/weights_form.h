@@ -2,6 +2,8 @@
 // The weights screen, Form19: the weights of the shifts in the criterion, and the calculated shifts of one
 // planet in one experiment.
 
+#include <optional>
+
 #include "forms/laboratory.h"
 #include "forms/weights_controls.h"
 #include "stats/plan_file.h"
@@ -22,8 +24,21 @@ private:
     void drawEmpty(double rows, double columns);
 
     Laboratory& lab;
-    PlanFileHead planHead;    ///< heads of the plan file as loaded
-    ShiftFileHead shiftHead;  ///< heads of the shift file as loaded
+    /// A plan file as it was loaded: its saving goes by this, whatever other forms do with the shared plan.
+    struct LoadedPlan {
+        int number = 0;
+        PlanFileHead head;
+        PlanBlock plan;
+    };
+    /// A shift file as it was loaded.
+    struct LoadedShifts {
+        int plan = 0, planet = 0;
+        ShiftFileHead head;
+        ShiftTables shifts;
+        std::int16_t experiments = 0;
+    };
+    std::optional<LoadedPlan> plan_;
+    std::optional<LoadedShifts> shifts_;
 };
 
 }  // namespace tarvex

@@ -41,6 +41,8 @@ double moment(const ModelState& s, int about, int first, int last) {
     return sum;
 }
 
+}  // namespace
+
 void formCentre(ModelState& s, double Msys, int last) {
     const auto mean = [&](const Rows& values) {
         double sum = 0;
@@ -54,8 +56,6 @@ void formCentre(ModelState& s, double Msys, int last) {
     s.VY[rowCentre] = mean(s.VY);
     s.VZ[rowCentre] = mean(s.VZ);
 }
-
-}  // namespace
 
 void startEnergy(ModelState& s, const Motion& motion, Energy& energy, int last) {
     energy.Msys = 0;

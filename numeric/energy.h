@@ -23,6 +23,10 @@ struct Energy {
 /// @throws ArithmeticFailure for a system without mass or a body at the place of the Sun
 void startEnergy(ModelState& s, const Motion& motion, Energy& energy, int last);
 
+/// Present centre of mass of the ticked bodies 0..last, and its velocity, into row 14.
+/// @throws ArithmeticFailure for a system without mass
+void formCentre(ModelState& s, double Msys, int last);
+
 /// Energy and moment now.  The potential energy is measured from zero at Start; with kodEpot the pairs of
 /// planets count too and the moment is about row 14, which kodCMnow puts into the centre of mass of the
 /// moment.

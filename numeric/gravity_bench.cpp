@@ -16,7 +16,7 @@ double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z
 double wrapped(double a) { return a > Pi ? a - 2 * Pi : a < -Pi ? a + 2 * Pi : a; }
 
 double attraction(const ModelState& s, const GravityBench& b, double L) {
-    return s.m[b.N1] * s.m[b.N2] * s.gamma / L / L;
+    return b.m1 * b.m2 * s.gamma / L / L;
 }
 
 /// Coordinate of the trace on one axis for a delay T; `before` is that of the last iteration.
@@ -133,6 +133,8 @@ void benchPresent(const ModelState& s, const Motion& motion, GravityBench& b) {
     p.L = length(dx, dy, dz);
     ratio(1, std::sqrt(dx * dx + dy * dy));
     p.T = ratio(p.L, motion.Vgr);
+    b.m1 = s.m[b.N1];
+    b.m2 = s.m[b.N2];
     p.F = finite(attraction(s, b, p.L));
     p.FX = std::abs(dx) / p.L * p.F;
     p.FY = std::abs(dy) / p.L * p.F;

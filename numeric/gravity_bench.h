@@ -11,6 +11,7 @@ namespace tarvex {
 
 struct GravityBench {
     int N1 = 0, N2 = 1;        ///< the two bodies
+    double m1 = 0, m2 = 0;     ///< and their masses, kg, as benchPresent found them
     int NDiffur = 0;           ///< iterations made
     bool useTrace = false;     ///< the pull comes from the trace of a body, by kodDX
     bool usePressure = false;  ///< and is changed by the law of pressure

@@ -86,6 +86,8 @@ void dropUnticked(ModelState& s) {
 /// @return  true when the loop goes on
 bool displayPass(const Experiment& e, RunPort& port) {
     e.s.NC = 0;
+    const int last = e.run.kodModel == 1 ? NPlanetMax : NPlanetMax - 1;
+    if (e.motion.kodCMnow == 1) formCentre(e.s, e.run.Msys, last);  // before the fields that may show it
     port.showDate();
     if (e.run.boxes.animation) {
         dropUnticked(e.s);
@@ -93,7 +95,7 @@ bool displayPass(const Experiment& e, RunPort& port) {
     }
     port.showTrack();
     if (e.run.boxes.energy) {
-        measureEnergy(e.s, e.motion, e.run, e.run.kodModel == 1 ? 10 : 9);
+        measureEnergy(e.s, e.motion, e.run, last);
         port.showEnergy();
         if (e.run.boxes.records) WriteRasRecord(e.tree, e.s, e.run);
     }

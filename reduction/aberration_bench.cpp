@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/run_inputs.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
@@ -22,29 +23,28 @@ void placeByTheory(ModelState& s, int body, bool byTheory, double L) {
     ElementsToVXYZ(s);
 }
 
+AberrationBench::Place placeFrom(const ModelState& s, int row) {
+    AberrationBench::Place p{s.X[row], s.Y[row], s.Z[row], s.VX[row], s.VY[row], s.VZ[row]};
+    if (row == rowSun || row == AberrationBench::star) return p;
+    p.R0sr = s.R0sr[row];
+    p.L = 360 * Frac1(s.AlfaL[row] / 2 / Pi);
+    return p;
+}
+
 }  // namespace
 
 void AberrationPrepare(ModelState& s, AberrationBench& a, bool byTheory, double L3, double Lbody) {
     const int b = a.body;
     a.iterations = 0;
     // the bench is heliocentric also while the laboratory works on the Moon
-    const auto moon = s.kodMoon, bary = s.kodBary;
+    const RunInputsKept kept(s);
     s.kodMoon = s.kodBary = 0;
     InitMassesNew0(s);
     placeByTheory(s, 3, byTheory, L3);
     for (Rows* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[0] = 0;
     if (b != 0 && b != AberrationBench::star) placeByTheory(s, b, byTheory, Lbody);
-    s.kodMoon = moon;
-    s.kodBary = bary;
-
-    for (const int i : {3, b}) {
-        s.X0[i] = s.X[i];
-        s.Y0[i] = s.Y[i];
-        s.Z0[i] = s.Z[i];
-        s.VX0[i] = s.VX[i];
-        s.VY0[i] = s.VY[i];
-        s.VZ0[i] = s.VZ[i];
-    }
+    a.earth = placeFrom(s, 3);
+    a.object = placeFrom(s, b);
     PairGeometry(s, 3, b);
     a.GeoL = s.LonPl[b];
     a.GeoB = s.LatPl;
@@ -56,22 +56,24 @@ void AberrationIterate(ModelState& s, AberrationBench& a, bool withCosB) {
     const double cosB = std::cos(a.GeoB / kUgol);
     for (const int i : {3, b}) {
         const bool own = i == AberrationBench::star;  // a star keeps its own velocity
-        s.VX[i] = finite((own ? 0 : 1000 * s.VXsys) + s.VX0[i]);
-        s.VY[i] = finite((own ? 0 : 1000 * s.VYsys) + s.VY0[i]);
-        s.VZ[i] = finite((own ? 0 : 1000 * s.VZsys) + s.VZ0[i]);
+        const AberrationBench::Place& p = a.placeOf(i);
+        s.VX[i] = finite((own ? 0 : 1000 * a.VXsys) + p.VX);
+        s.VY[i] = finite((own ? 0 : 1000 * a.VYsys) + p.VY);
+        s.VZ[i] = finite((own ? 0 : 1000 * a.VZsys) + p.VZ);
     }
 
-    s.X[b] = a.XIs = s.X0[b] - s.VX[b] * s.Tsv[3][b];
-    s.Y[b] = a.YIs = s.Y0[b] - s.VY[b] * s.Tsv[3][b];
-    s.Z[b] = a.ZIs = s.Z0[b] - s.VZ[b] * s.Tsv[3][b];
+    const AberrationBench::Place& real = a.placeOf(b);
+    s.X[b] = a.XIs = real.X - s.VX[b] * s.Tsv[3][b];
+    s.Y[b] = a.YIs = real.Y - s.VY[b] * s.Tsv[3][b];
+    s.Z[b] = a.ZIs = real.Z - s.VZ[b] * s.Tsv[3][b];
     PairGeometry(s, 3, b);
     a.Rgeo = s.Rcur;
     const double T = s.Tsv[3][b] = ratio(s.Rcur, a.Vc);
     double La = s.LonPl[b];
     const double Ba = s.LatPl;
     if (withCosB) {
-        s.X[12] = s.X0[b] - cosB * s.VX[b] * T;
-        s.Y[12] = s.Y0[b] - cosB * s.VY[b] * T;
+        s.X[12] = real.X - cosB * s.VX[b] * T;
+        s.Y[12] = real.Y - cosB * s.VY[b] * T;
         PairGeometry(s, 3, 12);
         La = s.LonPl[12];
     }

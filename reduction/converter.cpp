@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/run_inputs.h"
 #include "reduction/coordinate_chain.h"
 #include "reduction/theory_places.h"
 #include "theories/elements.h"
@@ -20,16 +21,14 @@ void copyRow(ModelState& s, int from, int to) {
     s.Z[to] = s.Z[from];
 }
 
-void keepInitial(ModelState& s, int row) {
-    s.X0[row] = s.X[row];
-    s.Y0[row] = s.Y[row];
-    s.Z0[row] = s.Z[row];
+void keepBase(const ModelState& s, ConvBase& base, int row) {
+    base.row.at(row) = {s.X[row], s.Y[row], s.Z[row]};
 }
 
-void takeInitial(ModelState& s, int row) {
-    s.X[row] = s.X0[row];
-    s.Y[row] = s.Y0[row];
-    s.Z[row] = s.Z0[row];
+void takeBase(ModelState& s, const ConvBase& base, int row) {
+    s.X[row] = base.row.at(row)[0];
+    s.Y[row] = base.row.at(row)[1];
+    s.Z[row] = base.row.at(row)[2];
 }
 
 void zeroRow(ModelState& s, int row) { s.X[row] = s.Y[row] = s.Z[row] = 0; }
@@ -66,12 +65,13 @@ void placeOnDate(ModelState& s, int body) {
 
 }  // namespace
 
-void ConvPrepare(ModelState& s) {
+void ConvPrepare(ModelState& s, ConvBase& base) {
+    const RunInputsKept kept(s);
     const double T = centuries(s.JDut0);
     InitMassesJPL0(s);
     zeroRow(s, 0);
     zeroRow(s, 15);
-    keepInitial(s, 0);
+    keepBase(s, base, 0);
 
     placeOnDate(s, 3);
     s.JD = s.JDet;
@@ -81,10 +81,10 @@ void ConvPrepare(ModelState& s) {
     s.Bpl[10] = s.Bpl[11];
     SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], s.Rpl[3][11] * s.m[11] / s.m[3]);
     addRow(s, 3, 14, -1);  // from the common centre of the Earth and the Moon to the Earth
-    keepInitial(s, 3);
+    keepBase(s, base, 3);
     SpherToXYZ(s, 10, s.Lpl[10], s.Bpl[10], s.Rpl[3][11]);
     addRow(s, 10, 3, 1);
-    keepInitial(s, 10);
+    keepBase(s, base, 10);
     SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], 2.5);
 
     ObserverRow(s, s.JDut0);
@@ -103,17 +103,18 @@ void ConvPrepare(ModelState& s) {
     precessRow(s, 22);
 }
 
-void ConvBodyByTheory(ModelState& s, int body) {
+void ConvBodyByTheory(ModelState& s, ConvBase& base, int body) {
     if (body == 0 || body == 3 || body == 10) return;
+    const RunInputsKept kept(s);
     placeOnDate(s, body);
-    keepInitial(s, body);
+    keepBase(s, base, body);
 }
 
-void ConvFromBase(ModelState& s, int body, const ConvFrame& frame) {
+void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame& frame) {
     const double T = centuries(s.JDut0);
-    takeInitial(s, 0);
-    takeInitial(s, 3);
-    takeInitial(s, body);
+    takeBase(s, base, 0);
+    takeBase(s, base, 3);
+    takeBase(s, base, body);
     if (frame.j2000) {
         PrecessMatrixEcl(s, T, 0);
         precessRow(s, 3);
@@ -149,7 +150,7 @@ void ConvFromBase(ModelState& s, int body, const ConvFrame& frame) {
     SpherToXYZ(s, body, s.LonPl[body], s.LatPl, Rgeo);
 }
 
-void ConvToBase(ModelState& s, int body, const ConvFrame& frame) {
+void ConvToBase(ModelState& s, ConvBase& base, int body, const ConvFrame& frame) {
     const double T = centuries(s.JDut0), Rgeo = s.Rcur;
     if (frame.origin == ConvFrame::Origin::Observer) {
         if (frame.plane == ConvFrame::Plane::Horizon) {
@@ -171,7 +172,7 @@ void ConvToBase(ModelState& s, int body, const ConvFrame& frame) {
         PrecessMatrixEcl(s, 0, T);
         ApplyPrecessXYZ(s);
     }
-    keepInitial(s, body);
+    keepBase(s, base, body);
 }
 
 }  // namespace tarvex

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/run_inputs.h"
 #include "reduction/coordinate_chain.h"
 #include "reduction/theory_places.h"
 #include "theories/ephemeris.h"
@@ -167,6 +168,13 @@ void Nut16(ModelState& s, double T) {
     for (const int row : {0, int{s.IplSel}}) Nutation(T, s.X[row], s.Y[row], s.Z[row], 0);
 }
 
+/// Masses of a source.
+void setMasses(ModelState& s, Eclipse::Source source) {
+    InitMassesNew0(s);
+    if (source == Eclipse::Source::JPL0 || source == Eclipse::Source::JPL2) InitMassesJPL0(s);
+    if (source == Eclipse::Source::Ser0Plus) InitMassesSer0(s);
+}
+
 /// Steps of the chain up to the true equator of the date, geocentric.
 void chainToEquator(ModelState& s, Eclipse& e) {
     const int b = s.IplSel;
@@ -272,12 +280,6 @@ void ToHorizon16(ModelState& s, Eclipse& e) {
 
 }  // namespace
 
-void EclipseMasses(ModelState& s, Eclipse::Source source) {
-    InitMassesNew0(s);
-    if (source == Eclipse::Source::JPL0 || source == Eclipse::Source::JPL2) InitMassesJPL0(s);
-    if (source == Eclipse::Source::Ser0Plus) InitMassesSer0(s);
-}
-
 void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
                const std::function<void()>& drawHeliocentric) {
     needSelectedBody(s);
@@ -285,10 +287,14 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
     e.sun = e.body = {};  // stages that a source skips are not those of another
     zeroRow(s, 15);
     s.JD = s.JDet;
-    if (e.source == Eclipse::Source::JPL2)
-        placesByEphemeris(s, ephemeris);
-    else
-        placesByTheory(s, e);
+    {
+        const RunInputsKept kept(s);
+        setMasses(s, e.source);
+        if (e.source == Eclipse::Source::JPL2)
+            placesByEphemeris(s, ephemeris);
+        else
+            placesByTheory(s, e);
+    }
     s.JD = s.JDut0;
     lightTimes(s);
     if (e.source == Eclipse::Source::Tables) placesByTable(s, e);

@@ -51,16 +51,13 @@ struct Eclipse {
 
 /// Places everything for the moment s.JDut0 (with s.JDet for the planets and s.JDut for the Earth's rotation)
 /// and the observer s.ObsL, s.ObsB; rows 0, 3, 11, IplSel, 12..14 of the state hold the chain's vectors
-/// afterwards, rows 0, IplSel, 13 and the limb unit vectors of the horizon. The masses of the theory are set
-/// by the caller.
+/// afterwards, rows 0, IplSel, 13 and the limb unit vectors of the horizon. With the masses of the
+/// source; those of the state and its elements stay.
 /// @param drawHeliocentric  called when rows 0, 3, 11, IplSel are heliocentric ecliptic, before they turn
 /// geocentric A date that the ephemeris does not serve leaves as its Refusal, with s.kodStop set. Throws
 /// ArithmeticFailure when the body is the Earth or stands in the origin.
 void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
                const std::function<void()>& drawHeliocentric = {});
-
-/// Masses of a source.
-void EclipseMasses(ModelState& s, Eclipse::Source source);
 
 /// From the horizon back to the geocentric ecliptic of date: where a Sun seen at e.azimuth[0], e.altitude[0]
 /// stands. Rows 18 to 21; leaves LonPl(16), LatPl of the result.

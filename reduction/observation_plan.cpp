@@ -29,6 +29,7 @@ std::filesystem::path planPath(const DataTree& tree, const std::string& name) {
 
 void planTemplate(ModelState& s, ReductionState& r, PlanBlock& plan, bool epochJ2000) {
     needSelectedBody(s);
+    const RunInputsKept kept(s);
     const int body = planetOfPlan(s.IplSel);
     r.dP11 = body == rowMoon ? moonPerihelion : 0;
     r.dU11 = body == rowMoon ? moonNode : 0;
@@ -58,7 +59,7 @@ void planTemplate(ModelState& s, ReductionState& r, PlanBlock& plan, bool epochJ
         plan.XoptR[i] = plan.Xnul[i];
     }
     plan.Xnul[10] = 1;
-    s.VXsys = s.VYsys = s.VZsys = 0;
+    r.velocity.set(s, {});
     r.PrecSek = 5029;
 }
 
@@ -67,7 +68,7 @@ std::string planTestFileName(const ModelState& s, int body, const std::string& f
            (file.empty() ? "" : "_" + file) + "_" + std::to_string(NOpyt) + ".dat";
 }
 
-void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const DataTree& tree,
+void savePlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree,
                   const std::string& name, std::int32_t NOpyt, const PlanFileWords& words) {
     TextWriter file(planPath(tree, name));
     file.line("план № " + std::to_string(s.NPlan) + " опыт № " + std::to_string(NOpyt) + " по планете № " +
@@ -84,7 +85,8 @@ void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const
         file.line(fileItem(i) + scaled(plan.Xnul[i], fine) + scaled(plan.dXvar[i], MK) +
                   scaled(plan.Xopt[i], MK) + scaled(plan.XoptR[i], MK));
     file.line("Скорость Солнечной системы по осям X Y Z и прецессия и вес ");
-    file.items(Fix(s.VXsys * 1000), Fix(s.VYsys * 1000), Fix(s.VZsys * 1000), Fix(r.PrecSek * MK),
+    const ToolVelocity::Value V = r.velocity.of(s);
+    file.items(Fix(V.X * 1000), Fix(V.Y * 1000), Fix(V.Z * 1000), Fix(r.PrecSek * MK),
                Fix(plan.Xnul[10] * MK));
     file.line("№ эксперимента  закодированные уровни и экспериментальное и расчетное значение критерия");
     for (int u = 1; u <= plan.Nplan; ++u) {
@@ -131,7 +133,7 @@ void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataT
         plan.Xopt[i] = row[i][2] / MK;
         plan.XoptR[i] = first ? row[i][3] * km : row[i][3] / MK;
     }
-    s.VXsys = last[0] / 1000, s.VYsys = last[1] / 1000, s.VZsys = last[2] / 1000;
+    r.velocity.set(s, {last[0] / 1000, last[1] / 1000, last[2] / 1000});
     r.PrecSek = last[3] / MK;
     plan.Xnul[10] = last[4] / MK;
 }

@@ -30,7 +30,7 @@ std::string planTestFileName(const ModelState& s, int body, const std::string& f
 
 /// Writes the file of a test.  Xnul(7) is left divided by 1000, and that is meant: the fields restore it.
 /// Throws FileFailure.
-void savePlanTest(ModelState& s, const ReductionState& r, PlanBlock& plan, const DataTree& tree,
+void savePlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree,
                   const std::string& name, std::int32_t NOpyt, const PlanFileWords& words);
 
 /// Reads lines 1 to 15 of such a file: dates, levels, optimum, speeds, precession, weight.  The state stays

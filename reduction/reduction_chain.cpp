@@ -21,7 +21,14 @@ constexpr int savedEarth = 23, savedBody = 20;  ///< rows of the J2000 copies; t
 class Pass {
 public:
     Pass(ModelState& s_, ReductionState& r_, const PlanBlock& plan_, const StageLog& log_)
-        : s(s_), r(r_), c(r_.choices), plan(plan_), log(log_), b(s_.IplSel), T((s_.JDut0 - JD2000) / 36525) {}
+        : s(s_),
+          r(r_),
+          c(r_.choices),
+          plan(plan_),
+          log(log_),
+          system(r_.velocity.of(s_)),
+          b(s_.IplSel),
+          T((s_.JDut0 - JD2000) / 36525) {}
 
     void theory();
     bool VisibilityTest(const HeliocentricView& view);
@@ -45,9 +52,9 @@ private:
         s.X[from] -= sign * s.X[what], s.Y[from] -= sign * s.Y[what], s.Z[from] -= sign * s.Z[what];
     }
     void addSystemVelocity(int body) {
-        s.VX[body] = finite(s.VX[body] + s.VXsys * 1000);
-        s.VY[body] = finite(s.VY[body] + s.VYsys * 1000);
-        s.VZ[body] = finite(s.VZ[body] + s.VZsys * 1000);
+        s.VX[body] = finite(s.VX[body] + system.X * 1000);
+        s.VY[body] = finite(s.VY[body] + system.Y * 1000);
+        s.VZ[body] = finite(s.VZ[body] + system.Z * 1000);
     }
     void reach(ChainStage stage, const char* label);
     void refraction();
@@ -57,8 +64,9 @@ private:
     const ReductionChoices& c;
     const PlanBlock& plan;
     const StageLog& log;
-    const int b;     ///< the observed body
-    const double T;  ///< centuries from J2000, universal time
+    const ToolVelocity::Value system;  ///< velocity of the whole system, km/s
+    const int b;                       ///< the observed body
+    const double T;                    ///< centuries from J2000, universal time
 };
 
 /// Longitude, latitude and distance of a body as seen from an origin.
@@ -165,7 +173,7 @@ void Pass::planet() {
 
 void Pass::theory() {
     s.X[0] = s.Y[0] = s.Z[0] = 0;
-    s.VX[0] = finite(s.VXsys * 1000), s.VY[0] = finite(s.VYsys * 1000), s.VZ[0] = finite(s.VZsys * 1000);
+    s.VX[0] = finite(system.X * 1000), s.VY[0] = finite(system.Y * 1000), s.VZ[0] = finite(system.Z * 1000);
     s.JDet = s.JDut0 + EtUt1900(s) / 24 / 3600;
     s.kodBary = 0;
     s.kodMoon = 0;
@@ -334,6 +342,7 @@ void PosByPlan(ModelState& s, const ReductionState& r, const PlanBlock& plan) {
 void reduceTheory(ModelState& s, ReductionState& r, const PlanBlock& plan, const StageLog& log,
                   const HeliocentricView& view) {
     s.JDut0 = s.JD;
+    const RunInputsKept kept(s);
     const ArithmeticGuard guard;
     Pass pass(s, r, plan, log);
     pass.theory();

@@ -17,9 +17,10 @@ using HeliocentricView = std::function<void()>;
 /// Place of body Ipl by the elements of the current experiment of the plan, at JDut0.
 void PosByPlan(ModelState& s, const ReductionState& r, const PlanBlock& plan);
 
-/// One pass at s.JD (universal time): theory, visibility, the chain.  Leaves Lt, Bt, Rgeo, the stages and
-/// kodVidim in r; row IplSel holds the vector of the theory in the frame of the data, unless the body is not
-/// visible. Throws Failure: no orbit of the body, a zero distance, a body without a perturbation table.
+/// One pass at s.JD (universal time): theory, visibility, the chain.  Elements, masses and the Earth-Moon
+/// mode of the state stay as they were.  Leaves Lt, Bt, Rgeo, the stages and kodVidim in r; row IplSel holds
+/// the vector of the theory in the frame of the data, unless the body is not visible. Throws Failure: no
+/// orbit of the body, a zero distance, a body without a perturbation table.
 void reduceTheory(ModelState& s, ReductionState& r, const PlanBlock& plan, const StageLog& log,
                   const HeliocentricView& view);
 

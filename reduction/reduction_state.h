@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/run_inputs.h"
 #include "reduction/ancient_tables.h"
 #include "reduction/observation_file.h"
 #include "stats/plan_block.h"
@@ -114,6 +115,7 @@ struct ReductionState {
     std::int16_t NplDL = 1;      ///< by which perturbing planet, 1 or 2
     double dP11 = 0, dU11 = 0;   ///< rates of perihelion and node of the Moon, rad a century
     double PrecSek = 5029;       ///< rate of precession of a plan, arc seconds a century
+    ToolVelocity velocity;       ///< of the whole system, as the plan or the laboratory has it
 
     /// Column of the criteria that counts.
     int measure() const { return choices.rootMeanSquare ? 2 : 1; }

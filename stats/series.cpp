@@ -106,6 +106,7 @@ void readSeries(const DataTree& tree, const std::string& name, DataKind kind, Se
     d.header = std::move(read.header);
     d.JD0 = read.JD0;
     d.records = std::move(read.records);
+    d.folded = 0;
     d.FileData = name;
 }
 
@@ -113,18 +114,29 @@ void writeSeries(const DataTree& tree, const SeriesData& d) {
     TextWriter file(tree.at(d.FileData));
     for (const std::string& line : d.header) file.line(line);
     file.items(d.NP1max(), Fix(100 * d.JD0));
-    for (int i = 1; i <= d.NP1max(); ++i) file.line(recordText(i, d.at(i), static_cast<DataKind>(d.kodData)));
+    for (int i = 1; i <= d.NP1max(); ++i) {
+        Record r = d.at(i);
+        if (d.folded != 0) r.Par[d.folded] = r.unfolded;
+        file.line(recordText(i, r, static_cast<DataKind>(d.kodData)));
+    }
     file.commit();
 }
 
-void foldAngles(SeriesData& d, int p) {
+void foldAngles(SeriesData& d, std::int16_t p) {
+    d.folded = p;
     for (Record& r : d.records) {
         double& v = r.Par[p];
+        r.unfolded = v;
         if (v > 0)
             v -= Fix(v / 360) * 360;
         else if (v < 0)
             v -= (Fix(v / 360) - 1) * 360;
     }
+}
+
+void setValue(const SeriesData& d, Record& record, int p, double value) {
+    record.Par.at(p) = value;
+    if (p == d.folded) record.unfolded = value;
 }
 
 void removeRecord(SeriesData& d, int i) {

@@ -44,6 +44,7 @@ struct Record {
     double dTd = 0;                ///< days from JD0
     double ddTd = 0;               ///< interval, days
     std::array<double, 11> Par{};  ///< parameters 1..10
+    double unfolded = 0;           ///< the folded parameter as the file has it, see foldAngles()
 };
 
 struct SeriesData {
@@ -55,6 +56,7 @@ struct SeriesData {
     std::array<std::string, 4> header{};  ///< the file's head lines, kept for rewriting
     double JD0 = 0;                       ///< Julian date of the series' origin; not the origin of a run
     std::vector<Record> records;          ///< record number i is records[i - 1]
+    std::int16_t folded = 0;              ///< parameter whose angles are folded in memory, 0: none
 
     int NP1max() const { return static_cast<int>(records.size()); }
     /// Record number i from 1; throws SubscriptFailure outside the series.
@@ -71,8 +73,10 @@ void readSeries(const DataTree& tree, const std::string& name, DataKind kind, Se
 /// Rewrites d.FileData with d.header, count, origin and records numbered from 1; long records for dataLong.
 void writeSeries(const DataTree& tree, const SeriesData& d);
 
-/// Folds parameter p of all records into 0..360 degrees.
-void foldAngles(SeriesData& d, int p);
+/// Folds parameter p of all records into 0..360 degrees in memory; the file keeps its turns when it is rewritten.
+void foldAngles(SeriesData& d, std::int16_t p);
+/// Gives a parameter of a record its value, in memory and for the file.
+void setValue(const SeriesData& d, Record& record, int p, double value);
 
 /// Removes record number i; the origin moves to the earliest date when the first went.
 /// Throws SubscriptFailure outside the series and for its only record.

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QHBoxLayout>
+#include <QTest>
+
 namespace tarvex {
 
 TEST(NumberEdit, LongNumbersKeepSignWholePartAndExponent) {
@@ -19,6 +22,29 @@ TEST(NumberEdit, LongNumbersKeepSignWholePartAndExponent) {
     for (const auto& [text, shown] : cases)
         EXPECT_EQ(shownNumber(text, [](const QString& one) { return one.size() <= room; }).toStdString(),
                   shown);
+}
+
+TEST(NumberEdit, AnEnteredFieldShowsItsWholeNumberAndTakesItsPlaceAgain) {
+    QWidget window;
+    auto* layout = new QHBoxLayout(&window);
+    auto *field = new NumberEdit, *neighbour = new NumberEdit;
+    for (NumberEdit* edit : {field, neighbour}) {
+        edit->setLayoutWidth(60);
+        layout->addWidget(edit);
+    }
+    window.resize(400, 50);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const QRect left = field->geometry(), right = neighbour->geometry();
+    for (NumberEdit* edit : {field, neighbour}) {
+        edit->setText("-4,16536766758345E+23");
+        edit->setFocus();
+        EXPECT_GT(edit->width(), edit->fontMetrics().horizontalAdvance(edit->text()));
+        EXPECT_TRUE(window.rect().contains(edit->geometry()));
+    }
+    EXPECT_EQ(field->geometry(), left);
+    neighbour->setText("1");
+    EXPECT_EQ(neighbour->geometry(), right);
 }
 
 }  // namespace tarvex

@@ -228,13 +228,16 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
 
     test::writeBytes(path, text.substr(0, text.find("№ эксперимента")) + "\xFF damaged");
     lab.plan.Xnul.fill(0);
-    lab.s.VXsys = 0;
+    lab.reduction.velocity.set(lab.s, {});
     plan.fileSource.choose();
     plan.loadPlan.press();
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
-    EXPECT_DOUBLE_EQ(lab.s.VXsys, 300.5);
+    EXPECT_DOUBLE_EQ(lab.reduction.velocity.of(lab.s).X, 300.5);
+    EXPECT_EQ(lab.s.VXsys, 0) << "the velocity of the plan is no matter of a run";
+    lab.s.VXsys = 20;
+    EXPECT_EQ(lab.reduction.velocity.of(lab.s).X, 20) << "set on Form4 since";
 
     std::string tooLarge = text;
     tooLarge.replace(text.find("149598500 "), 9, "1.5E308");

@@ -65,8 +65,8 @@ TEST(AberrationBench, CommonMotionShiftsSourceAndReceiverOppositely) {
     AberrationPrepare(s, rest, true, 0, 0);
     AberrationIterate(s, rest, false);
     AberrationPrepare(s, moving, true, 0, 0);
-    s.VXsys = 200;
-    s.VYsys = -150;
+    moving.VXsys = 200;
+    moving.VYsys = -150;
     AberrationIterate(s, moving, false);
     EXPECT_GT(std::abs(moving.AlfaIs - rest.AlfaIs), 0.003);
     EXPECT_NEAR(moving.AlfaIs + moving.AlfaPr, rest.AlfaIs + rest.AlfaPr, 2e-4);

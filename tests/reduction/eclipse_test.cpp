@@ -25,7 +25,6 @@ struct Sky {
         s.ObsB = B;
         s.IplSel = body;
         e.source = Eclipse::Source::JPL2;
-        EclipseMasses(s, e.source);
     }
     void at(double JDut0) {
         s.JDut0 = s.JDut = JDut0;
@@ -244,7 +243,6 @@ TEST(Eclipses, TheoriesAgreeWithTheEphemerisAndBadBodiesFail) {
          {std::tuple{Eclipse::Source::New0, 0.02, 0.1}, std::tuple{Eclipse::Source::JPL0, 0.02, 8.0},
           std::tuple{Eclipse::Source::Ser0Plus, 0.02, 8.0}}) {
         sky.e.source = source;
-        EclipseMasses(sky.s, source);
         sky.at(JD);
         EXPECT_NEAR(sky.e.sun.topo.L, sun.L, sunError) << static_cast<int>(source);
         EXPECT_NEAR(sky.e.body.topo.L, moon.L, moonError)
