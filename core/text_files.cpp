@@ -67,6 +67,25 @@ void writeAll(int fd, std::string_view bytes, const fs::path& target) {
     }
 }
 
+/// The data must be on the disk before the name points to them, or a power cut could leave an empty file.
+void renameWritten(const fs::path& finished, const fs::path& target) {
+    const int fd = ::open(finished.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool synced = fd >= 0 && ::fsync(fd) == 0;
+    std::error_code error(errno, std::generic_category());
+    if (fd >= 0) ::close(fd);
+    if (synced) fs::rename(finished, target, error);
+    if (!synced || error) throw FileFailure(fileTrouble(target, error.value(), FileUse::Write));
+}
+
+/// @return  false when there is nothing under this name; throws OpenFailure for what is no file.
+bool needFile(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status) || fs::is_regular_file(status)) return fs::exists(status);
+    throw OpenFailure((fs::is_directory(status) ? "на месте файла папка: " : "это не файл: ") +
+                      path.string());
+}
+
 /// True when the file holds these bytes and nothing else.
 bool holds(const fs::path& path, std::string_view bytes) {
     std::error_code error;
@@ -105,10 +124,7 @@ std::string decoded(std::string_view bytes) {
 }
 
 TextReader::TextReader(const fs::path& path) : name_(path.string()) {
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        throw OpenFailure(fileTrouble(path, EISDIR, FileUse::Read));
+    needFile(path);
     file_.rdbuf()->pubsetbuf(nullptr, 0);  // blocks are ours
     errno = ENOENT;
     file_.open(path, std::ios::binary);
@@ -232,11 +248,7 @@ fs::path linkTarget(fs::path path) {
 }
 
 Replacement::Replacement(const fs::path& target) : target_(linkTarget(target)) {
-    std::error_code error;
-    const fs::file_status status = fs::status(target_, error);
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        throw OpenFailure(fileTrouble(target_, EISDIR, FileUse::Write));
-    if (fs::exists(status) && access(target_.c_str(), W_OK) != 0)
+    if (needFile(target_) && access(target_.c_str(), W_OK) != 0)
         throw OpenFailure(fileTrouble(target_, errno, FileUse::Write));
     passing_ = passingName(target_);
     file_ = ::open(passing_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, newFileMode);
@@ -286,7 +298,7 @@ void keepOld(const fs::path& path, int headLines) {
     std::error_code ignored;
     try {
         if (error) throw FileFailure(fileTrouble(old, error.value(), FileUse::Write));
-        putInPlace(passing, old);
+        renameWritten(passing, old);
     } catch (const FileFailure&) {
         fs::remove(passing, ignored);
         throw;
@@ -295,20 +307,11 @@ void keepOld(const fs::path& path, int headLines) {
 }
 
 void putInPlace(const fs::path& finished, const fs::path& target) {
-    // The data must be on the disk before the name points to them, or a power cut could leave an empty file.
-    const int fd = ::open(finished.c_str(), O_RDONLY | O_CLOEXEC);
-    const bool synced = fd >= 0 && ::fsync(fd) == 0;
-    std::error_code error(errno, std::generic_category());
-    if (fd >= 0) ::close(fd);
-    if (synced) fs::rename(finished, linkTarget(target), error);
-    if (!synced || error) throw FileFailure(fileTrouble(target, error.value(), FileUse::Write));
+    renameWritten(finished, linkTarget(target));
 }
 
 void appendLine(const fs::path& path, std::string_view text) {
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        throw OpenFailure(fileTrouble(path, EISDIR, FileUse::Write));
+    needFile(path);
     const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, newFileMode);
     if (fd < 0) throw OpenFailure(fileTrouble(path, errno, FileUse::Write));
     const off_t before = ::lseek(fd, 0, SEEK_END);
