@@ -17,4 +17,8 @@ void gregorianToJulian(Laboratory& lab, const DateFields& fields);
 /// The Julian date into JD, and from it year, month and day.  Throws for a field that is no number.
 void julianToGregorian(Laboratory& lab, const DateFields& fields);
 
+/// Told where the Egyptian calendar is used with days from midnight: its conversion moves the date itself.
+inline constexpr const char* egyptianFromMidnight =
+    "Египетский календарь с днем от 0 час.: каждый перевод даты сдвигает ее на полдня. ";
+
 }  // namespace tarvex

@@ -139,7 +139,8 @@ public:
                                   .caption = "день от 0 час.",
                                   .group = "daystart",
                                   .on = true,
-                                  .hint = "Сутки начинаются в полночь"}};
+                                  .hint = "Сутки начинаются в полночь; в египетском календаре дата тогда "
+                                          "уходит на полдня при каждом шаге"}};
     OptionButton dayFromNoon{this,
                              {.name = "Option16",
                               .caption = "день от 12 час.",
@@ -176,10 +177,11 @@ public:
                           {.name = "Check13",
                            .caption = "+File TimeYer",
                            .hint = "Записывать равноденствия и солнцестояния в Dat\\TimeYer_data.txt"}};
-    CheckBox logWithoutRefraction{this,
-                                  {.name = "Check23",
-                                   .caption = "++Test",
-                                   .hint = "Без рефракции в записи; только вместе с +File TimeYer"}};
+    CheckBox logWithoutRefraction{
+        this,
+        {.name = "Check23",
+         .caption = "++Test",
+         .hint = "Без рефракции в записи, иначе она прибавлена дважды; только вместе с +File TimeYer"}};
     CheckBox logPlaces{this,
                        {.name = "Check30",
                         .caption = "+File Param",

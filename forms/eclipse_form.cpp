@@ -8,6 +8,7 @@
 #include "core/calendar.h"
 #include "core/et_ut.h"
 #include "core/text_files.h"
+#include "forms/date_fields.h"
 #include "forms/table_captions.h"
 #include "reduction/coordinate_chain.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr Color sunColor{240, 240, 0}, bodyGreen{0, 200, 0}, shadowColor{220, 220, 220}, white{255, 255, 255},
     black{0, 0, 0}, gridColor{235, 235, 235}, axisColor{150, 150, 150}, dayBlue{90, 110, 200};
+constexpr std::int16_t egyptianKalend = 2;
 constexpr double cellsOfSky = 30;          ///< degrees in a cell of the sky
 constexpr double sideOfBodies = 12;        ///< height of the side view
 constexpr double Mrow = 30000 * MK;        ///< metres in a cell of the picture of the bodies
@@ -145,7 +147,9 @@ bool EclipseForm::takeMoment() {
 /// Heads of the log files that are ticked and do not stand yet.
 void EclipseForm::beginLogs() {
     const ModelState& s = lab.s;
-    const auto isNew = [this](const std::string& file) { return !std::filesystem::exists(lab.tree.at(file)); };
+    const auto isNew = [this](const std::string& file) {
+        return !std::filesystem::exists(lab.tree.at(file));
+    };
     if (logPlaces.on() && isNew(paramFile)) {
         appendLine(lab.tree.at(paramFile), "планета  № " + toText(s.IplSel) + "   обсерватория " +
                                                s.NameData + "   данные умножены на 1000 ");
@@ -217,6 +221,7 @@ void EclipseForm::oneStep() {
     EclipseAt(s, lab.ephemeris, e_, [this] { drawBodies(); });
     guard.check();
     showPlaces();
+    tellCautions();
     noteRiseAndSet();
     if (kodRefresh == 1) {
         clearDisks();
@@ -228,6 +233,18 @@ void EclipseForm::oneStep() {
     if (logPlaces.on()) writeParam();
     if (e_.kodSolst) writeTimeYer();
     nextDate();
+}
+
+/// What a user may not expect of this step, for the status line.
+void EclipseForm::tellCautions() {
+    const ModelState& s = lab.s;
+    std::string text;
+    if (s.Lpl[0] < 0 || s.Lpl[s.IplSel] < 0)
+        text = "Прямые восхождения больше 350 град показаны меньшими на 360. ";
+    if (logSolstices.on() && !logWithoutRefraction.on())
+        text += "Журнал равноденствий без \"++Test\": обратный путь прибавляет рефракцию еще раз. ";
+    if (kalend_ == egyptianKalend && zone_ == 0) text += egyptianFromMidnight;
+    setStatus(text);
 }
 
 std::string EclipseForm::clockText(double moment) const { return hms(lab.s, moment); }
@@ -478,9 +495,8 @@ void EclipseForm::writeTimeYer() {
     const std::string date =
         Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000");
     appendLine(lab.tree.at(timeFile),
-               time + "  " + date + "  JDut= " +
-                   Format(s.JDut, "0000000.0000") + "   L= " + Format(e_.sun.geoJ2000.L, "000.000") +
-                   "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
+               time + "  " + date + "  JDut= " + Format(s.JDut, "0000000.0000") + "   L= " +
+                   Format(e_.sun.geoJ2000.L, "000.000") + "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
                    "   B= " + Format(e_.sun.ofDate.B, "00.00000000") + "   L= " + Format(back.L, "000.0000") +
                    "   B= " + Format(back.B, "00.00000000") + "   A= " + Format(e_.azimuth[0], "000.0") +
                    "   H= " + Format(e_.altitude[0], "00.0"));

@@ -47,6 +47,7 @@ private:
     void oneStep();
     void setClocks();
     void showPlaces();
+    void tellCautions();
     void noteContacts();
     void noteRiseAndSet();
     void drawSky();

@@ -92,11 +92,12 @@ public:
                  "команда расчета начальных данных",
          .isDefault = true,
          .disturbs = Disturbs::All}};
-    CommandButton saveParameters{this,
-                                 {.name = "Command4",
-                                  .caption = "Сохранить данные в файле №",
-                                  .hint = "Записать элементы, координаты и массы в Dat/Tarvex<N>.dat; режим "
-                                          "Земля-Луна при чтении не восстанавливается"}};
+    CommandButton saveParameters{
+        this,
+        {.name = "Command4",
+         .caption = "Сохранить данные в файле №",
+         .hint = "Записать элементы, координаты и массы в Dat/Tarvex<N>.dat; режим "
+                 "Земля-Луна при чтении не восстанавливается, а после JPL2 в строке 10 стоит X(10)"}};
 
     // --- table of bodies
     OptionButton viewElements{this,

@@ -343,6 +343,10 @@ void ElementsForm::writeFile() {
     } catch (const Failure&) {
         throw Refusal("Ошибка записи в файл " + name, boxTitle);
     }
+    const bool moonIsWritten =
+        s.X[rowXena] == s.X0[rowXena] && s.Y[rowXena] == s.Y0[rowXena] && s.Z[rowXena] == s.Z0[rowXena];
+    if (s.kodMoon == 1 && !moonIsWritten)
+        setStatus("В строке 10 файла - X(10), а не начальные данные Луны: они другие");
 }
 
 // ---------------------------------------------------------------- initial data

@@ -50,7 +50,7 @@ public:
                            .caption = "м , м/с",
                            .group = "unit",
                            .on = true,
-                           .hint = "Показать в метрах и метрах в секунду"}};
+                           .hint = "Показать в метрах и метрах в секунду; VX при J2000 - по строке Ipl"}};
     OptionButton inAstronomicalUnits{this,
                                      {.name = "Option2",
                                       .caption = "АЕ , АЕ/день",

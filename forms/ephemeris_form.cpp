@@ -83,6 +83,9 @@ void EphemerisForm::calculate() {
     if (inMetres.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z}) (*row)[i] = finite((*row)[i] * s.Lae);
         // the speed along X is of row Ipl, which the epoch of date or an earlier calculation has set
+        if (s.Ipl != i)
+            setStatus("VX - по строке Ipl = " + std::to_string(s.Ipl) + ", а не по объекту " +
+                      std::to_string(i));
         s.VX[i] = finite(s.Lae * s.VX.at(s.Ipl) / sekD);
         s.VY[i] = finite(s.Lae * s.VY[i] / sekD);
         s.VZ[i] = finite(s.Lae * s.VZ[i] / sekD);

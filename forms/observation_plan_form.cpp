@@ -102,6 +102,7 @@ void ObservationPlanForm::LoadPlan13() {
         fromFile();
     else
         stage("Ошибка при расчете параметров для шаблона", box, [this] { fromTemplate(); });
+    lab.reduction.planEpoch = lab.s.JDepoha;
     showSource();
     ShowPlanFields();
     lab.desk.get<ObservationsForm>().planSignal.setText(timeOfDay());

@@ -65,9 +65,12 @@ public:
                           .text = "11",
                           .hint = "Номер тела: 0 Солнце, 1, 2, 4..9 планеты, 11 Луна; идет в IplSel",
                           .width = 4}};
-    TextField day{
-        this,
-        {.name = "Text2", .label = "DMY", .text = "1,5", .hint = "День начала с долей, дни", .width = 9}};
+    TextField day{this,
+                  {.name = "Text2",
+                   .label = "DMY",
+                   .text = "1,5",
+                   .hint = "День начала с долей, дни; элементы плана отнесены к дате, с которой он загружен",
+                   .width = 9}};
     TextField month{this, {.name = "Text3", .text = "1", .hint = "Месяц начала, от 1 до 12", .width = 4}};
     TextField year{this,
                    {.name = "Text4", .text = "2000", .hint = "Год начала, астрономический счет", .width = 6}};
@@ -138,7 +141,8 @@ public:
                                   .caption = "день от 0 час.",
                                   .group = "daystart",
                                   .on = true,
-                                  .hint = "Сутки начинаются в полночь"}};
+                                  .hint = "Сутки начинаются в полночь; в египетском календаре дата тогда "
+                                          "уходит на полдня при каждом шаге"}};
     OptionButton dayFromNoon{this,
                              {.name = "Option16",
                               .caption = "день от 12 час.",

@@ -21,7 +21,7 @@ public:
     /// Empties the lower graph and sizes it for the plan.
     void clearGraph();
     /// Shows the last year of data or of a plan; what the user has typed in its place is gone.
-    void showLastYear(std::int32_t year);
+    void showLastYear(std::int32_t last);
     /// Top of the lower graph, picture units.
     double graphTop() const { return page_.rows; }
 
@@ -37,7 +37,7 @@ private:
     void fieldsOfTable(int i, const AncientTable& table);
     void openWorkbook(int i, const AncientTable& table);
     void chooseObservatory(int i);
-    void offerLastYear(std::int32_t year);
+    void offerLastYear(std::int32_t last);
     void typeDate(const char* startDay, const char* startMonth, const std::string& startYear);
     void closeSources();
 

@@ -135,6 +135,11 @@ bool ObservationsForm::ReadRunParams() {
         if (auto* signal = dynamic_cast<TextField*>(desk().form("Form13").find("Text16")))
             signal->setText(timeOfDay());
     s.kodStop = 0;
+    std::string text;
+    if (planetByPlan.on() && r.planEpoch != 0 && r.planEpoch != s.JDepoha)
+        text = "Уровни плана загружены для другой начальной даты (JD " + toText(r.planEpoch) + "). ";
+    if (egyptian.on() && !dayFromNoon.on()) text += egyptianFromMidnight;
+    setStatus(text);
     return true;
 }
 

@@ -43,14 +43,14 @@ void ObservationsForm::chooseKind(bool tables) {
     weightByCount.setEnabled(!tables);
 }
 
-void ObservationsForm::showLastYear(std::int32_t year) {
-    lastYear.show(year);
+void ObservationsForm::showLastYear(std::int32_t last) {
+    lastYear.show(last);
     offeredYear_ = lastYear.text();
 }
 
 /// The last year of the data, unless the user has typed another.
-void ObservationsForm::offerLastYear(std::int32_t year) {
-    if (lastYear.text() == offeredYear_) showLastYear(year);
+void ObservationsForm::offerLastYear(std::int32_t last) {
+    if (lastYear.text() == offeredYear_) showLastYear(last);
 }
 
 void ObservationsForm::typeDate(const char* startDay, const char* startMonth, const std::string& startYear) {

@@ -34,7 +34,10 @@ public:
     TextFields zeroLevel{
         this, 1, 7, [](int) {
             return TextField::Spec{
-                .name = "Text11", .text = "0", .hint = "Нулевой уровень фактора, в его единицах", .width = 9};
+                .name = "Text11",
+                .text = "0",
+                .hint = "Нулевой уровень фактора, в его единицах; Vgr, X6 и X7 равными нулю быть не могут",
+                .width = 9};
         }};
     TextFields interval{this, 1, 7, [](int) {
                             return TextField::Spec{.name = "Text12",

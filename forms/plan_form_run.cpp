@@ -51,6 +51,8 @@ void PlanForm::RunExperiments() {
     lab.s.NPlan = planNumber.int16();
     p.kodTestHead = 0;
     const Running calculation(*this);
+    if (useFactor(4).on() && !finiteGravitySpeed.on())
+        setStatus("Фактор X4 без отметки \"с учетом Vgr\": эксперименты от Vgr не зависят");
     try {
         NextExperiment();  // the end of each run starts the next inside this call
     } catch (...) {
@@ -105,6 +107,8 @@ void PlanForm::NextExperiment() {
     lab.motion.Vgr = finite(factor(4) * Vsv);
     lab.motion.kPgr1 = factor(5);
     lab.motion.kPgr2 = secondCoefficientZero.on() ? 0 : factor(5);
+    for (const int i : {4, 6, 7})
+        if (factor(i) == 0) desk().suspect(zeroLevel(i));  // a message to come is about it
     s.m[5] = ratio(s.m[0], factor(6));
     s.m[2] = ratio(s.m[0], factor(7));
     for (int i = 1; i <= gravityFactors; ++i) currentLevel(i).show(factor(i));

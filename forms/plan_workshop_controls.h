@@ -149,21 +149,22 @@ public:
         {.name = "Command1",
          .caption = "Найти коэффициенты уравнения регрессии",
          .hint = "Коэффициенты b0...b27 для закодированных факторов и качество регрессии"}};
-    CommandButton optimizeFactors{this,
-                                  {.name = "Command5",
-                                   .caption = "Оптимизировать параметры",
-                                   .hint = "Стационарная точка уравнения регрессии"}};
+    CommandButton optimizeFactors{
+        this,
+        {.name = "Command5",
+         .caption = "Оптимизировать параметры",
+         .hint = "Стационарная точка уравнения регрессии; значение в ней заменит отклик опыта 1"}};
     CommandButton drawPlots{this,
                             {.name = "Command13",
                              .caption = "Построить графики по уравнению регрессии при X(i)=X(i)opt",
                              .hint = "Уравнение вдоль каждого фактора от -1 до +1 через точку оптимума"}};
     CommandButton zeroOptimum{
         this, {.name = "Command6", .caption = "задать X(i)opt=0", .hint = "Обнулить оптимум факторов плана"}};
-    CommandButton evaluatePoint{
-        this,
-        {.name = "Command9",
-         .caption = "f (X1...X6)=",
-         .hint = "Значение уравнения при закодированных факторах из полей нулевых уровней"}};
+    CommandButton evaluatePoint{this,
+                                {.name = "Command9",
+                                 .caption = "f (X1...X6)=",
+                                 .hint = "Значение уравнения при закодированных факторах из полей нулевых "
+                                         "уровней; заменит отклик опыта 1"}};
     TextField pointResult{
         this, {.name = "Text9", .hint = "Значение уравнения регрессии в виде критерия", .readOnly = true}};
     CommandButton clearDrawing{

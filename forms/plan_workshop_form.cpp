@@ -201,6 +201,8 @@ double PlanWorkshopForm::pointValue(bool outside) {
     PlanBlock& p = lab.plan;
     p.Nexp = 1;
     EvalRegression(p);
+    setStatus(
+        "Значение в этой точке записано вместо отклика опыта 1: перед уравнением проведите опыты снова");
     // the evaluation has just set Yopt to the number of terms: that is the reference here
     return p.Yu[1] = pointCriterion(p, p.Z[1], criterionForm(), divideByReference.on(), outside);
 }

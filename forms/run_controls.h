@@ -64,12 +64,12 @@ public:
     OptionButton forward{
         this,
         {.name = "Option1", .caption = "Вперед", .group = "time", .on = true, .hint = "Время идет вперед"}};
-    OptionButton backward{
-        this,
-        {.name = "Option2",
-         .caption = "Назад",
-         .group = "time",
-         .hint = "Время идет назад: все скорости меняют знак; можно сменить и перед «Продолжить»"}};
+    OptionButton backward{this,
+                          {.name = "Option2",
+                           .caption = "Назад",
+                           .group = "time",
+                           .hint = "Время идет назад: все скорости меняют знак; можно сменить и перед "
+                                   "«Продолжить»; измерить орбиту так нельзя"}};
     TextField experimentNumber{this,
                                {.name = "Text8",
                                 .label = "эксперимент №",
@@ -180,11 +180,11 @@ public:
                            .caption = "Записать параметры орбиты в файл",
                            .hint = "Запись при каждой апсиде после второго оборота: Plan<k>/Txt<i>, для "
                                    "имитаторов NEW или JPL; файл начинается заново"}};
-    CheckBox writeTrack{
-        this,
-        {.name = "Check2",
-         .caption = "Записать координаты  X, Y, Z",
-         .hint = "Строка в Dat/Tarvex<i>XYZ<N>.txt при каждом показе; файл начинается заново"}};
+    CheckBox writeTrack{this,
+                        {.name = "Check2",
+                         .caption = "Записать координаты  X, Y, Z",
+                         .hint = "Строка в Dat/Tarvex<i>XYZ<N>.txt при каждом показе; файл начинается "
+                                 "заново; Rpl в ней - только с измерением"}};
     CheckBox watchEnergy{
         this,
         {.name = "Check12",

@@ -264,7 +264,18 @@ void RunForm::start() {
     ++runsShown_;
     if (writeRecords.on() && lab.run.kodTest == 1 && lab.plan.kodTestHead != headWritten) writeTestHead();
     lab.run.TimerStart = clockSeconds();
+    setStatus(cautions());
     run();
+}
+
+/// What the records of these settings do not hold, for the status line.
+std::string RunForm::cautions() const {
+    std::string text;
+    if (backward.on() && measureOrbit.on())
+        text = "Назад: окна измерения рассчитаны на ход вперед, апсиды и узлы не находятся. ";
+    if (writeTrack.on() && !measureOrbit.on())
+        text += "Координаты без измерения: Rpl в файле не обновляется. ";
+    return text;
 }
 
 void RunForm::writeTestHead() {

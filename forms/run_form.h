@@ -43,6 +43,7 @@ private:
     void stop();
     void run();
     void goOn();
+    std::string cautions() const;
     void writeTestHead();
     void leaveFor(CommandButton& command, const char* form);
     void closeEphemeris();

@@ -274,7 +274,10 @@ public:
                                   .hint = "Заполнить поля по теории или из файла",
                                   .disturbs = Disturbs::All}};
     CommandButton saveParameters{
-        this, {.name = "Command8", .caption = "Сохранить в файле", .hint = "Записать поля в файл пульсара"}};
+        this,
+        {.name = "Command8",
+         .caption = "Сохранить в файле",
+         .hint = "Записать поля в файл пульсара; масса меньше 0,000001 Msol станет нулем"}};
     CommandButton setInitialData{this,
                                  {.name = "Command6",
                                   .caption = "Задать координаты и скорости",

@@ -179,6 +179,10 @@ void TwoBodiesForm::saveFile() {
                           .Rsr = semiMajorAxis.number() * MK,
                           .P0 = step.number()};
     stage("Ошибка записи в файл " + name, "Tarvex7m", [&] { writePulsar(lab.tree.at(name), data); });
+    std::string lost;
+    if (data.m1 != 0 && Fix(MK * data.m1) == 0) lost = "m1";
+    if (data.m2 != 0 && Fix(MK * data.m2) == 0) lost += lost.empty() ? "m2" : " и m2";
+    if (!lost.empty()) setStatus("В файле масса " + lost + " меньше 0,000001 Msol и записана нулем");
 }
 
 void TwoBodiesForm::setData() {

@@ -55,12 +55,16 @@ void WeightsForm::LoadWeights() {
 }
 
 void WeightsForm::SaveWeights() {
-    const int N = planNumber.int16();
-    const LoadedPlan loaded = plan_ ? *plan_ : LoadedPlan{N, {}, lab.plan};
+    const int typed = planNumber.int16();
+    const LoadedPlan loaded = plan_ ? *plan_ : LoadedPlan{typed, {}, lab.plan};
+    const int N = loaded.number;
     for (int i = 1; i <= weightPlanets; ++i)
         for (int c = 1; c <= shiftParams; ++c) lab.shifts.Ves[i][c] = weightField(i, c).number();
     stage("Ошибка при записи данных в файл " + files::plan(N), box,
           [&] { writePlanFile(lab.tree, N, loaded.head, loaded.plan, lab.shifts); });
+    if (N == typed) return;
+    planNumber.show(N);
+    setStatus("Записан план № " + std::to_string(N) + ", который был загружен");
 }
 
 void WeightsForm::LoadModelData() {
@@ -115,8 +119,8 @@ void WeightsForm::SaveModelData() {
     if (shifts_) shifts_ = saved;
     std::int16_t reached = 0;
     try {
-        writePlanShiftsUnscaled(lab.tree, saved.plan, planet, saved.head, saved.shifts,
-                                saved.experiments, reached);
+        writePlanShiftsUnscaled(lab.tree, saved.plan, planet, saved.head, saved.shifts, saved.experiments,
+                                reached);
     } catch (const std::exception&) {
         recordsRead.show(reached);
         throw Refusal("Ошибка при записи данных в файл " + files::planShifts(saved.plan, planet), box);

@@ -115,6 +115,7 @@ struct ReductionState {
     std::int16_t NplDL = 1;      ///< by which perturbing planet, 1 or 2
     double dP11 = 0, dU11 = 0;   ///< rates of perihelion and node of the Moon, rad a century
     double PrecSek = 5029;       ///< rate of precession of a plan, arc seconds a century
+    double planEpoch = 0;        ///< date to which the levels of the plan were loaded, JD; 0 before that
     ToolVelocity velocity;       ///< of the whole system, as the plan or the laboratory has it
 
     /// Column of the criteria that counts.

@@ -32,8 +32,8 @@ protected:
 
 TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     prepare();
-    form.effectOff.choose();  // nothing has run: nothing to tell
-    EXPECT_TRUE(screen.messages.empty());
+    form.effectOff.choose();  // nothing has run
+    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     form.stepsPerDisplay.setText("2000");
     form.forceByFormula.choose();
     stopAfter(1);
@@ -52,6 +52,10 @@ TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
             for (const char* start : {"dT=", "dEks=", "dAlfaP=", "dRsr=", "dP="})
                 rates += d.text.starts_with(start);
     EXPECT_EQ(rates, 5);
+    lab.twoBody.PeriodNach = 2 * Pi * sekG, lab.twoBody.Period = Pi * sekG;  // 1 and 2 rad a year
+    form.effectOff.choose();
+    EXPECT_TRUE(test::drawnOn(form.shiftPlots).back().text.starts_with("dW= ( 1 - 2 ) / dT = "))
+        << test::drawnOn(form.shiftPlots).back().text;
 }
 
 TEST_F(Form25Test, ExactPassagesLeaveNoShiftToAnUndisturbedOrbit) {
