@@ -42,6 +42,7 @@ Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot)
     addNames(names, run);
     addNames(names, series);
     addNames(names, shifts);
+    addNames(names, answer);
     addNames(names, ephemeris);
     addNames(names, orbitCheck);
     desk.onActed([this](const std::string& form) {

@@ -15,6 +15,7 @@
 #include "reduction/reduction_state.h"
 #include "runtime/desk.h"
 #include "spreadsheet/spreadsheet.h"
+#include "stats/drift_results.h"
 #include "stats/plan_block.h"
 #include "stats/series.h"
 #include "stats/shifts.h"
@@ -34,11 +35,12 @@ struct Laboratory {
     Experiment experiment() { return {s, motion, run, ephemeris, tree}; }
 
     ModelState s;
-    PlanBlock plan;      ///< the plan of a multifactor experiment
-    Motion motion;       ///< what the equations of motion work on
-    RunState run;        ///< the experiment and the orbit it measures
-    SeriesData series;   ///< the loaded series of orbit elements
-    ShiftTables shifts;  ///< secular shifts, observed and calculated
+    PlanBlock plan;       ///< the plan of a multifactor experiment
+    Motion motion;        ///< what the equations of motion work on
+    RunState run;         ///< the experiment and the orbit it measures
+    SeriesData series;    ///< the loaded series of orbit elements
+    ShiftTables shifts;   ///< secular shifts, observed and calculated
+    DriftResults answer;  ///< what the last solution by drifts left behind
     Ephemeris ephemeris{tree};
     OrbitCheck orbitCheck;     ///< the orbit check of Form1 or Form20, whichever was begun last
     TwoBody twoBody;           ///< the two-body run of Form25

@@ -121,6 +121,7 @@ Layout ObservationsControls::planPage() {
         frame("Эксперименты",
               column({row({performExperiments, firstExperiment, lastExperiment}), testRegression})),
         frame("Регрессия", column({findCoefficients, drawFactorCurves})),
+        frame("Качество", quality.layout()),
         row({openPlan, openStatistics}),
     });
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 
+#include "forms/quality_panel.h"
 #include "reduction/reduction_run.h"
 #include "runtime/form.h"
 
@@ -524,6 +525,7 @@ public:
                                    {.name = "Command12",
                                     .caption = "Построить графики при X(i)=X(i)opt",
                                     .hint = "Регрессия вдоль каждого фактора через оптимум"}};
+    QualityPanel quality{this};
     CommandButton openPlan{
         this, {.name = "Command9", .caption = "План * ", .hint = "Открыть план экспериментов (форма 13)"}};
     CommandButton openMoonTerms{

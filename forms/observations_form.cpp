@@ -69,6 +69,16 @@ void ObservationsForm::bindPlan() {
                              orShow("Ошибка при обработке данных", "Tarvex7.0"));
     drawFactorCurves.onPress([this] { plotFactors(); },
                              orShow("Ошибка при построение графиков", "Tarvex7.0"));
+    quality.report.onPress([this] { qualityReport(); }, orShow("Ошибка при обработке данных", "Tarvex7.0"));
+    quality.addPoints.onPress(
+        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
+        badData());
+    quality.growPlan.onPress(
+        [this] {
+            const auto from = lab.plan.Xopt.begin() + 1;
+            growPlanAround({from, from + std::clamp<int>(lab.plan.Nf, 0, maxFactors)}, 0.5);
+        },
+        badData());
     planSignal.onChange([this] { ShowPlanSummary(); }, badData());
 }
 

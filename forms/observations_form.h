@@ -97,6 +97,8 @@ private:
     void printResponse(int k);
     void findRegression();
     void plotFactors();
+    void qualityReport();
+    void growPlanAround(const std::vector<double>& centre, double half);
     void ShowPlanSummary();
 
     Reduction reduction() { return {lab.s, lab.reduction, lab.plan, lab.tree}; }

@@ -85,6 +85,21 @@ void ObservationsForm::findRegression() {
         residualGraph.text(regressionColumn, top - k / 2.0, toText(cut6(plan.Yras[k])), regressionColor);
 }
 
+/// The report of the regression, on an empty graph.
+void ObservationsForm::qualityReport() {
+    const auto lines = quality.fill(lab.plan, !testRegression.on());
+    clearGraph();
+    residualGraph.lookAt(graphTop(), graphTop() - static_cast<double>(lines.size()) * planLine);
+    printLines(residualGraph, lines, graphTop());
+}
+
+/// More points for the plan; they are run next.
+void ObservationsForm::growPlanAround(const std::vector<double>& centre, double half) {
+    firstExperiment.show(quality.add(lab.plan, centre, half));
+    lastExperiment.show(lab.plan.Nplan);
+    ShowPlanSummary();
+}
+
 void ObservationsForm::plotFactors() {
     PlanBlock& plan = lab.plan;
     if (plan.Nplan < 1) throw Failure("план не создан");

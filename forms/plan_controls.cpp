@@ -83,9 +83,18 @@ void PlanControls::layOut() {
     const Layout regression =
         column({fitCoefficients, optimizeFactors, moveToOptimum, row({drawPlots, plotThroughOptimum}),
                 fields(2, {criterionMinimum, criterionScale}), fitQuality, stationaryPoint});
+    std::vector<Layout> solved;
+    for (SolvedFields* one :
+         {&solvedVX, &solvedVY, &solvedVZ, &solvedVgr, &solvedKPgr1, &solvedM5, &solvedM2})
+        solved.push_back(row({fields(1, {one->value}), "±", one->error}));
+    solved.push_back(fields(1, {solvedVgrLow}));
+    const Layout solution =
+        column({row({solveModel(0), solveModel(1), pairedErrors, solveShifts}), table(2, solved),
+                fields(2, {chiSquare, freedom}), verdict, row({confirmSolution, nextPlan})});
     layout_ = row({column({frame("План", plan),
                            pages({frame("Эксперименты", runs), frame("Критерий", criterion),
-                                  frame("Регрессия", regression)}),
+                                  frame("Регрессия", regression), frame("Качество", quality.layout()),
+                                  frame("Решение", solution)}),
                            planStatus, row({clearDrawing, openFiles, stretch(), closeForm})}),
                    scrolled(picture)});
 }

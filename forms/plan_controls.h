@@ -2,6 +2,7 @@
 // The controls of the plan screen, Form15, in tab order: the plan and its factors, its experiments and the
 // criterion, the regression, its optimum and the picture.
 
+#include "forms/quality_panel.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -181,6 +182,81 @@ public:
                               .text = "1",
                               .hint = "Единиц критерия в клетке графика",
                               .width = 9}};
+    QualityPanel quality{this};
+
+    // --- the answer by drifts
+    OptionButtons solveModel{this, 0, 1, [](int i) {
+                                 return OptionButton::Spec{
+                                     .name = "SolveModel",
+                                     .caption = i == 0 ? "по V/Vgr" : "квадратичная",
+                                     .group = "модель смещений",
+                                     .on = i == 0,
+                                     .hint = i == 0 ? "Каждое смещение линейно по V/Vgr и 1/Vgr"
+                                                    : "Каждое смещение квадратично по кодам факторов"};
+                             }};
+    CheckBox pairedErrors{this,
+                          {.name = "PairedErrors",
+                           .caption = "погрешности парные",
+                           .hint = "Погрешности расчета - разностей с наблюдениями по прохождениям: "
+                                   "погрешности наблюдений в них уже вошли"}};
+    CommandButton solveShifts{this,
+                              {.name = "SolveShifts",
+                               .caption = "Решить по смещениям",
+                               .hint = "Факторы плана, при которых модель смещается как наблюдения: по "
+                                       "смещениям отмеченных планет и параметров; уровни - те, с которыми "
+                                       "считался план"}};
+    struct SolvedFields {
+        TextField value, error;
+        SolvedFields(Form* form, const char* name, const char* caption, const char* unit)
+            : value(form, {.name = std::string("Solved") + name,
+                           .label = std::string(caption) + " =",
+                           .hint = std::string("Решение по смещениям, ") + unit + "; пусто - не определено",
+                           .readOnly = true,
+                           .width = 11}),
+              error(form, {.name = std::string("Solved") + name + "Error",
+                           .hint = std::string("Стандартная погрешность решения, ") + unit,
+                           .readOnly = true,
+                           .width = 9}) {}
+    };
+    SolvedFields solvedVX{this, "VX", "VX", "км/с"}, solvedVY{this, "VY", "VY", "км/с"},
+        solvedVZ{this, "VZ", "VZ", "км/с"}, solvedVgr{this, "Vgr", "Vgr", "в скоростях света"},
+        solvedKPgr1{this, "kPgr1", "kPgr1", "без единицы"}, solvedM5{this, "M0M5", "m0/m5", "отношение масс"},
+        solvedM2{this, "M0M2", "m0/m2", "отношение масс"};
+    TextField solvedVgrLow{this,
+                           {.name = "SolvedVgrLow",
+                            .label = "Vgr не меньше",
+                            .hint = "Нижняя граница Vgr с надежностью 95 %, когда 1/Vgr не отличается от 0",
+                            .readOnly = true,
+                            .width = 9}};
+    TextField chiSquare{this,
+                        {.name = "ChiSquare",
+                         .label = "хи-квадрат",
+                         .hint = "Сумма квадратов разностей смещений в их погрешностях",
+                         .readOnly = true,
+                         .width = 9}};
+    TextField freedom{this,
+                      {.name = "Freedom",
+                       .label = "степеней свободы",
+                       .hint = "Смещений меньше определенных неизвестных",
+                       .readOnly = true,
+                       .width = 4}};
+    TextField verdict{this,
+                      {.name = "Verdict",
+                       .hint = "Что определено, что нет и согласны ли смещения",
+                       .readOnly = true,
+                       .lines = 3}};
+    CommandButton confirmSolution{
+        this,
+        {.name = "ConfirmSolution",
+         .caption = "Проверить экспериментом",
+         .hint = "Эксперимент на форме 2 в точке решения по отмеченным планетам, его номер - следующий за "
+                 "планом; предсказанные и измеренные смещения - на рисунок"}};
+    CommandButton nextPlan{this,
+                           {.name = "NextPlan",
+                            .caption = "План вокруг решения",
+                            .hint = "Уровни - в решение, интервалы - вдвое меньше, но не меньше двух "
+                                    "погрешностей"}};
+
     CommandButton clearDrawing{
         this, {.name = "Command16", .caption = "Очистить", .hint = "Пустой рисунок с сеткой"}};
     CommandButton openFiles{this, {.name = "Command15", .caption = "Файлы*", .hint = "Открыть форму 9"}};

@@ -38,6 +38,20 @@ PlanForm::PlanForm(Laboratory& lab_)
     });
     drawPlots.onPress([this] { Plot15(); },
                       orShow("Ошибка при построение графиков\r\nПопробуйте увеличить масштаб", box));
+    quality.report.onPress([this] { QualityReport15(); }, orShow("Ошибка при обработке данных", box));
+    quality.addPoints.onPress(
+        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
+        badData);
+    quality.growPlan.onPress(
+        [this] {
+            std::vector<double> centre;
+            for (int i = 1; i <= lab.plan.Nf; ++i) centre.push_back(codedOptimum(lab.plan.Nfact[i]).number());
+            growPlanAround(centre, 0.5);
+        },
+        badData);
+    solveShifts.onPress([this] { SolveShifts(); }, orShow("Ошибка при решении по смещениям", box));
+    confirmSolution.onPress([this] { ConfirmSolution(); }, orShow("Ошибка при выполнение плана", box));
+    nextPlan.onPress([this] { NextPlan(); }, badData);
     clearDrawing.onPress([this] { page.drawEmpty(picture, true); });
     picture.onWipe([this] { page.drawEmpty(picture, true); });
     closeForm.onPress([this] { close(); });
@@ -45,6 +59,8 @@ PlanForm::PlanForm(Laboratory& lab_)
     opens(openFiles, "Form9");
     experimentEnd.onChange(
         [this] {
+            confirmed = confirming;
+            if (confirming) return;
             firstExperiment.show(lab.plan.Nexp + 1);
             NextExperiment();
         },
@@ -75,6 +91,7 @@ void PlanForm::tellState() {
 
 void PlanForm::CreatePlan15() {
     PlanBlock& p = lab.plan;
+    fittedCriterion = {};
     p.kodPlan = rotatablePlan.on() ? planRoto : planOrtho;
     p.Nf = 0;
     for (int i = 1; i <= gravityFactors; ++i)
@@ -187,8 +204,11 @@ void PlanForm::LoadObserved15() {
     } catch (const FileFailure&) {
         throw Refusal("Ошибка при чтении данных из файла " + name, box);
     }
+    stage("Ошибка при чтении данных из файла " + files::shiftErrors(d.DirImit), box,
+          [&] { readObservedErrors(lab.tree, d.DirImit, lab.shifts); });
     d.kodData = dataImitatorShifts;
     observedAtLoad = lab.shifts.dNab;
+    observedErrorsAtLoad = lab.shifts.dNabErr;
     observedLoaded = true;
     tellState();
     double y = page.rows - observedTop;
@@ -221,6 +241,7 @@ void PlanForm::LoadObserved15() {
 void PlanForm::ComputeCriterion() {
     PlanBlock& p = lab.plan;
     p.b.fill(1);
+    fittedCriterion = {};
     if (testExperiments.on())
         testCriterionOfPlan();
     else
@@ -253,12 +274,8 @@ void PlanForm::modelCriterion() {
     planRead = "Критерий по файлам плана № " + toText(N);
     if (planNumber.text() != toText(N)) planRead += " (в поле плана № " + planNumber.text() + ")";
     tellState();
-    std::vector<int> planets, params;
-    for (int c = 1; c <= shiftParams; ++c)
-        if (useParameter(c).on()) params.push_back(c);
-    for (int planet = 1; planet <= weightPlanets; ++planet) {
-        if (!usePlanet(planet).on()) continue;
-        planets.push_back(planet);
+    const std::vector<int> planets = tickedPlanets(), params = tickedParameters();
+    for (const int planet : planets) {
         const std::string name = files::planShifts(N, planet);
         std::int16_t count = 0;
         stage("Ошибка чтения данных из файла " + name, box,
@@ -274,6 +291,7 @@ void PlanForm::Fit15() {
     PlanBlock& p = lab.plan;
     FitRegression(p);
     evaluatePlan(p);
+    fittedCriterion = p.Yu;
     fitQuality.setCaption(fitQualityText(p));
     const double y = page.rows - planTop - 0.6;
     showPlan();
@@ -306,6 +324,20 @@ void PlanForm::Plot15() {
     plotAlongFactors(
         picture, p, [&](int i) { return plotThroughOptimum.on() ? codedOptimum(p.Nfact[i]).number() : 0; },
         color);
+}
+
+void PlanForm::QualityReport15() {
+    PlanBlock p = lab.plan;
+    if (fittedCriterion != std::array<double, 100>{}) p.Yu = fittedCriterion;
+    quality.show(p, criterionIsSquare.on() || criterionIsModulus.on(), picture, page);
+}
+
+void PlanForm::growPlanAround(const std::vector<double>& centre, double half) {
+    const int first = quality.add(lab.plan, centre, half);
+    firstExperiment.show(first);
+    lastExperiment.show(lab.plan.Nplan);
+    page.drawEmpty(picture, true);
+    printPlan();
 }
 
 }  // namespace tarvex

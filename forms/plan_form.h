@@ -7,6 +7,7 @@
 #include "forms/plan_controls.h"
 #include "forms/plan_picture.h"
 #include "stats/bench.h"
+#include "stats/drift_solution.h"
 
 namespace tarvex {
 
@@ -29,7 +30,24 @@ private:
     void Optimize15();
     void Plot15();
 
+    void QualityReport15();
+    void growPlanAround(const std::vector<double>& centre, double half);
+
+    // --- the answer by drifts (plan_form_solution.cpp)
+    void SolveShifts();
+    void ConfirmSolution();
+    void NextPlan();
+    DriftProblem problemOfPlan();
+    void showSolution(const std::vector<LeftOutDrift>& leftOut);
+    void drawContours(const ProfileMap& map, double top);
+    bool runSolution(const FactorValues& values, int planet, int number);
+    void measureSolution(int planet, int number);
+    std::vector<int> tickedPlanets() const;
+    std::vector<int> tickedParameters() const;
+
     void readLevels();
+    void startPlanCodes();
+    void startExperiment(const FactorValues& values, int number);
     void prepareForm2();
     void endBatch();
     void testCriterionOfPlan();
@@ -45,7 +63,12 @@ private:
     PlanPage page;
     ShiftTable observedAtLoad{};  ///< observed shifts as "3-" has read them
     bool observedLoaded = false;
-    std::string planRead;  ///< which plan the criterion was read from
+    std::string planRead;                       ///< which plan the criterion was read from
+    std::array<double, 100> fittedCriterion{};  ///< as it was when the regression was fitted
+    ShiftTable observedErrorsAtLoad{};
+    DriftProblem solvedProblem;
+    std::optional<DriftSolution> solution;
+    bool confirming = false, confirmed = false;  ///< an experiment at the solution runs; it has ended
 };
 
 }  // namespace tarvex

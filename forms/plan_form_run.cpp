@@ -36,18 +36,7 @@ void PlanForm::RunExperiments() {
     readLevels();
     setNaturalLevels(p);
     for (int i = 1; i <= p.Nf; ++i) currentLevel(p.Nfact[i]).show(p.XU[p.Nfact[i]][p.Nplan]);
-    // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
-    if (!elementsHandedOver(lab.s)) {
-        handOverElements(lab.s);
-        planRead = "Элементы орбит для измерений взяты с формы 1";
-        tellState();
-    }
-    prepareForm2();
-    lab.motion.kodVgr = 1;
-    lab.motion.kodDX = 2;
-    lab.motion.kodPgr = 5;
-    lab.s.provenance.wrote(Given::Laws, 15);
-    if (!useFactor(5).on() && p.Xnul[5] == 0) lab.motion.kodPgr = 0;
+    startPlanCodes();
     lab.s.NPlan = planNumber.int16();
     p.kodTestHead = 0;
     const Running calculation(*this);
@@ -60,6 +49,22 @@ void PlanForm::RunExperiments() {
         throw;
     }
     endBatch();
+}
+
+/// What every experiment of the plan has in common: the form of the experiment, the codes of the law.
+void PlanForm::startPlanCodes() {
+    // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
+    if (!elementsHandedOver(lab.s)) {
+        handOverElements(lab.s);
+        planRead = "Элементы орбит для измерений взяты с формы 1";
+        tellState();
+    }
+    prepareForm2();
+    lab.motion.kodVgr = 1;
+    lab.motion.kodDX = 2;
+    lab.motion.kodPgr = 5;
+    lab.s.provenance.wrote(Given::Laws, 15);
+    if (!useFactor(5).on() && lab.plan.Xnul[5] == 0) lab.motion.kodPgr = 0;
 }
 
 /// The batch is over: done, stopped, or ended by an error somewhere on the way.
@@ -92,7 +97,6 @@ void PlanForm::prepareForm2() {
 
 void PlanForm::NextExperiment() {
     PlanBlock& p = lab.plan;
-    ModelState& s = lab.s;
     p.Nexp = firstExperiment.int16();
     if (p.Nexp > p.NexpKon) {
         desk().screen().notify("Эксперименты плана выполнены   (\\Arhiv\\Zvuk_end1.wav)");
@@ -100,7 +104,16 @@ void PlanForm::NextExperiment() {
     }
     if (p.Nexp < 1 || p.Nexp > experiments(p))
         throw SubscriptFailure("нет в плане эксперимента № " + std::to_string(p.Nexp));
-    const auto factor = [&](int i) { return p.XU[i][p.Nexp]; };
+    FactorValues values{};
+    for (int i = 1; i <= gravityFactors; ++i) values[static_cast<std::size_t>(i)] = p.XU[i][p.Nexp];
+    progress((p.Nexp - 1.0) / p.NexpKon);
+    startExperiment(values, p.Nexp);
+}
+
+/// Sets the factors on the model and starts a run with this number of its record file.
+void PlanForm::startExperiment(const FactorValues& values, int number) {
+    ModelState& s = lab.s;
+    const auto factor = [&](int i) { return values[static_cast<std::size_t>(i)]; };
     s.VXsys = factor(1);
     s.VYsys = factor(2);
     s.VZsys = factor(3);
@@ -112,12 +125,37 @@ void PlanForm::NextExperiment() {
     s.m[5] = ratio(s.m[0], factor(6));
     s.m[2] = ratio(s.m[0], factor(7));
     for (int i = 1; i <= gravityFactors; ++i) currentLevel(i).show(factor(i));
-    progress((p.Nexp - 1.0) / p.NexpKon);
     desk().show(driven);
     Form& form = desk().form(driven);
-    controlOf<TextField>(form, "Text8").show(p.Nexp);
+    controlOf<TextField>(form, "Text8").show(number);
     controlOf<TextField>(form, "Text35").show(factor(4));
     controlOf<TextField>(form, "Text53").show(timer());
+}
+
+/// One experiment outside the plan for a planet; false where it was stopped.
+bool PlanForm::runSolution(const FactorValues& values, int planet, int number) {
+    PlanBlock& p = lab.plan;
+    p.Nexp = p.NexpKon = static_cast<std::int16_t>(number);
+    for (int i = 1; i <= gravityFactors; ++i) p.XU[i][number] = values[static_cast<std::size_t>(i)];
+    confirmed = false;
+    confirming = true;
+    try {
+        startPlanCodes();
+        lab.s.NPlan = planNumber.int16();
+        p.kodTestHead = 0;
+        auto& measured = controlOf<TextField>(desk().form(driven), "Text13");
+        const std::string before = measured.text();
+        measured.show(planet);
+        startExperiment(values, number);
+        measured.setText(before);
+    } catch (...) {
+        confirming = false;
+        endBatch();
+        throw;
+    }
+    confirming = false;
+    endBatch();
+    return confirmed;
 }
 
 }  // namespace tarvex

@@ -16,11 +16,13 @@ void PlanWorkshopControls::layOut() {
               column({row({standardTest, criterionFromFile, additionalTests}),
                       row({criterionIsValue, criterionIsDifference, criterionIsSquare, criterionIsModulus}),
                       divideByReference, fields(1, {referenceValue, criterionMinimum, criterionScale})}));
-    layout_ = row(
-        {column({row({kinds, criterion}), frame("Факторы", table(7, factorCells)), createPlan, runExperiments,
-                 fitCoefficients, optimizeFactors, drawPlots, row({zeroOptimum, evaluatePoint, pointResult}),
-                 row({clearDrawing, closeForm}), fitQuality, stationaryPoint, stretch()}),
-         scrolled(picture)});
+    const Layout commands =
+        column({createPlan, runExperiments, fitCoefficients, optimizeFactors, drawPlots,
+                row({zeroOptimum, evaluatePoint, pointResult}), fitQuality, stationaryPoint, stretch()});
+    layout_ = row({column({row({kinds, criterion}), frame("Факторы", table(7, factorCells)),
+                           pages({frame("Регрессия", commands), frame("Качество", quality.layout())}),
+                           row({clearDrawing, closeForm}), stretch()}),
+                   scrolled(picture)});
 }
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 // The controls of the plan workshop, Form18, in tab order: kind of the plan, factors, criterion, commands,
 // the regression's quality and the picture.
 
+#include "forms/quality_panel.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -180,6 +181,7 @@ public:
                           {.name = "Label2",
                            .caption = " ",
                            .hint = "Вид стационарной точки по собственным числам квадратичной формы"}};
+    QualityPanel quality{this};
     Picture picture{this,
                     {.name = "Picture1",
                      .width = 797,

@@ -35,6 +35,18 @@ PlanWorkshopForm::PlanWorkshopForm(Laboratory& lab_)
             }
         },
         orShow("Введите правильно нулевые уровни и интервалы", box));
+    quality.report.onPress([this] { QualityReport18(); }, orShow("Ошибка при обработке данных", box));
+    const Shown badPoints = orShow("Ошибка при составление плана", box);
+    quality.addPoints.onPress(
+        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
+        badPoints);
+    quality.growPlan.onPress(
+        [this] {
+            std::vector<double> centre;
+            for (int i = 1; i <= lab.plan.Nf; ++i) centre.push_back(codedOptimum(lab.plan.Nfact[i]).number());
+            growPlanAround(centre, 0.5);
+        },
+        badPoints);
     clearDrawing.onPress([this] { page.drawEmpty(picture, false); });
     closeForm.onPress([this] {
         close();
@@ -55,6 +67,7 @@ CriterionForm PlanWorkshopForm::criterionForm() const {
 
 void PlanWorkshopForm::CreatePlan18() {
     PlanBlock& p = lab.plan;
+    fittedCriterion = {};
     p.kodPlan = rotatablePlan.on()          ? planRoto
                 : uniformRotatablePlan.on() ? planUniform
                 : dOptimalPlan.on()         ? planDBox
@@ -136,6 +149,7 @@ void PlanWorkshopForm::printSizes(double y) {
 
 void PlanWorkshopForm::RunPlan18() {
     PlanBlock& p = lab.plan;
+    fittedCriterion = {};
     if (criterionFromFile.on()) {
         readCriterionFile();
     } else {
@@ -190,6 +204,7 @@ void PlanWorkshopForm::FitPlan18() {
     showPlan();
     printCoefficients(picture, p, coefficientsX, page.rows - 0.5);
     evaluatePlan(p);
+    fittedCriterion = p.Yu;
     fitQuality.setCaption(fitQualityText(p));
     drawLegend(picture);
     plotExperiments(picture, p, p.Yras, 0.2, regressionColor);
@@ -240,6 +255,19 @@ void PlanWorkshopForm::EvalPoint18() {
     PlanBlock& p = lab.plan;
     for (int i = 1; i <= p.Nf; ++i) p.X[i] = zeroLevel(p.Nfact[i]).number();  // taken as coded here
     pointResult.show(pointValue(true));
+}
+
+void PlanWorkshopForm::QualityReport18() {
+    PlanBlock p = lab.plan;
+    if (fittedCriterion != std::array<double, 100>{})
+        p.Yu = fittedCriterion;  // the optimum is put into row 1
+    quality.show(p, criterionIsSquare.on() || criterionIsModulus.on(), picture, page);
+}
+
+void PlanWorkshopForm::growPlanAround(const std::vector<double>& centre, double half) {
+    quality.add(lab.plan, centre, half);
+    page.drawEmpty(picture, false);
+    printPlan();
 }
 
 }  // namespace tarvex

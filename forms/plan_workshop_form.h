@@ -22,6 +22,8 @@ private:
     void OptimizePlan18();
     void PlotPlan18();
     void EvalPoint18();
+    void QualityReport18();
+    void growPlanAround(const std::vector<double>& centre, double half);
 
     void printPlan();
     void showPlan();
@@ -33,6 +35,7 @@ private:
 
     Laboratory& lab;
     PlanPage page;
+    std::array<double, 100> fittedCriterion{};  ///< as it was when the regression was fitted
 };
 
 }  // namespace tarvex

@@ -26,6 +26,15 @@ OptionButton::Spec StatisticsControls::paramSpec(int i) {
     return {.name = "Option4", .caption = captions[i], .group = "параметр", .on = i == 1, .hint = hints[i]};
 }
 
+OptionButton::Spec StatisticsControls::pairSpec(int i) {
+    constexpr const char* captions[] = {"модель", "New", "JPL", "Ser"};
+    constexpr const char* hints[] = {
+        "Второй ряд - эксперимент плана на модели", "Второй ряд - имитатор Ньюкома, папка NEW",
+        "Второй ряд - имитатор JPL, папка JPL", "Второй ряд - свой имитатор по наблюдениям, папка Ser\\Plan"};
+    return {
+        .name = "PairSource", .caption = captions[i], .group = "второй ряд", .on = i == 0, .hint = hints[i]};
+}
+
 void StatisticsControls::layOut() {
     std::vector<Layout> planets, params;
     for (int i = 1; i <= 11; ++i) planets.push_back(planet(i));
@@ -46,11 +55,18 @@ void StatisticsControls::layOut() {
         row({frame("критерий при переборе", row({searchMinimum, searchMaximin, searchMean})),
              fields(1, {searchSizeScale, searchShiftScale})}),
         fields(1, {epochYear, targetYear}),
-        row({equalWeights, weightsAsText, resultsAsText}),
+        row({equalWeights, weightsAsText, resultsAsText, withPeriods}),
         fitData,
         row({fields(2, {secularShift, secularShiftError}), secularShiftUnit}),
+        fields(3, {slopeError, slopeLow, slopeHigh}),
+        fields(4, {lagOne, effectivePoints, passagesFound, passagesExpected}),
+        row({fields(2, {resampledLow, resampledHigh}), passageNotice}),
         fields(2, {targetValue, coefficient0, coefficient1, coefficient2}),
     });
+    const Layout pairing =
+        column({frame("второй ряд", column({row({pairSource(0), pairSource(1), pairSource(2), pairSource(3)}),
+                                            fields(2, {pairPlan, pairExperiment})})),
+                pairedFit, fields(2, {pairedShift, pairedError, pairedCount}), pairedToTable, stretch()});
     const Layout testing = column({useTestSeries, fields(2, {testK0, testK1, testK2, testK3})});
     const Layout editing = column({row({deletePoint, markedRecord}), addPoint,
                                    fields(2, {newYear, newMonth, newDay, newEndYear, newValue})});
@@ -58,11 +74,12 @@ void StatisticsControls::layOut() {
         frame("Выборка", column({fields(3, {recordCount, firstRecord, lastRecord}),
                                  table(5, {"первая", firstYear, firstMonth, firstDay, firstValue, "последняя",
                                            lastYear, lastMonth, lastDay, lastValue})}));
-    layout_ = row({column({what, sample,
-                           pages({frame("Загрузка и смещения", loading), frame("Аппроксимация", fitting),
-                                  frame("Тест", testing), frame("Правка записей", editing)}),
-                           row({openPlan, openFiles, closeForm}), stretch()}),
-                   scrolled(picture)});
+    layout_ = row(
+        {column({what, sample,
+                 pages({frame("Загрузка и смещения", loading), frame("Аппроксимация", fitting),
+                        frame("Пары", pairing), frame("Тест", testing), frame("Правка записей", editing)}),
+                 row({openPlan, openFiles, closeForm}), stretch()}),
+         scrolled(picture)});
 }
 
 }  // namespace tarvex

@@ -183,11 +183,69 @@ public:
                             .hint = "Смещение параметра за век в единицах справа; идет в таблицы смещений"}};
     Label secularShiftUnit{
         this, {.name = "Label20", .caption = "угл.сек.", .hint = "Единица смещения и его погрешности"}};
-    TextField secularShiftError{this,
-                                {.name = "Text27",
-                                 .label = "2*Sigma",
-                                 .text = "0",
-                                 .hint = "Погрешность смещения с надежностью 95 %, в тех же единицах"}};
+    TextField secularShiftError{
+        this,
+        {.name = "Text27",
+         .label = "2*Sigma",
+         .text = "0",
+         .hint = "Разброс точек вокруг линии, два стандартных отклонения; это не погрешность "
+                 "смещения, она рядом"}};
+    TextField slopeError{this,
+                         {.name = "SlopeError",
+                          .label = "± погрешность",
+                          .hint = "Стандартная погрешность смещения с учетом связи соседних точек, в его "
+                                  "единицах; пишется в файл погрешностей"}};
+    TextField slopeLow{this,
+                       {.name = "SlopeLow",
+                        .label = "от",
+                        .hint = "Нижний конец интервала смещения, надежность 95 %",
+                        .readOnly = true}};
+    TextField slopeHigh{this,
+                        {.name = "SlopeHigh",
+                         .label = "до",
+                         .hint = "Верхний конец интервала смещения, надежность 95 %",
+                         .readOnly = true}};
+    TextField lagOne{this,
+                     {.name = "LagOne",
+                      .label = "связь соседних",
+                      .hint = "Корреляция соседних остатков: 0 - точки независимы, 1 - повторяют друг друга",
+                      .readOnly = true,
+                      .width = 7}};
+    TextField effectivePoints{this,
+                              {.name = "EffectivePoints",
+                               .label = "действ. точек",
+                               .hint = "Сколько независимых точек дали бы ту же погрешность",
+                               .readOnly = true,
+                               .width = 7}};
+    TextField resampledLow{this,
+                           {.name = "ResampledLow",
+                            .label = "по выборкам от",
+                            .hint = "Нижний конец интервала 95 % по повторным выборкам блоков остатков",
+                            .readOnly = true}};
+    TextField resampledHigh{this,
+                            {.name = "ResampledHigh",
+                             .label = "до",
+                             .hint = "Верхний конец интервала 95 % по повторным выборкам блоков остатков",
+                             .readOnly = true}};
+    CheckBox withPeriods{this,
+                         {.name = "WithPeriods",
+                          .caption = "с колебаниями от планет",
+                          .hint = "Прямая или парабола вместе с гармониками средних долгот возмущающих "
+                                  "планет; смещение и погрешность - по ней"}};
+    TextField passagesFound{this,
+                            {.name = "PassagesFound",
+                             .label = "прохождений",
+                             .hint = "Записей прохождений в выборке",
+                             .readOnly = true,
+                             .width = 6}};
+    TextField passagesExpected{this,
+                               {.name = "PassagesExpected",
+                                .label = "из",
+                                .hint = "Прохождений ожидалось между первым и последним в выборке",
+                                .readOnly = true,
+                                .width = 6}};
+    Label passageNotice{
+        this, {.name = "PassageNotice", .caption = " ", .hint = "Сколько прохождений эксперимент потерял"}};
     TextField targetValue{this,
                           {.name = "Text39",
                            .label = "параметр в  IG ",
@@ -222,6 +280,46 @@ public:
                       .text = "1",
                       .hint = "Размах случайной части теста, град",
                       .width = 7}};
+
+    // --- differences of two series, passage by passage
+    OptionButtons pairSource{this, 0, 3, [](int i) { return pairSpec(i); }};
+    TextField pairPlan{this,
+                       {.name = "PairPlan",
+                        .label = "план №",
+                        .text = "0",
+                        .hint = "Номер плана второго ряда: модели или Ser",
+                        .width = 4}};
+    TextField pairExperiment{this,
+                             {.name = "PairExperiment",
+                              .label = "эксперимент №",
+                              .text = "1",
+                              .hint = "Номер эксперимента второго ряда на модели",
+                              .width = 4}};
+    CommandButton pairedFit{this,
+                            {.name = "PairedFit",
+                             .caption = "Разность загруженного ряда и второго по прохождениям",
+                             .hint = "Общие колебания от планет вычитаются, остается разность смещений"}};
+    TextField pairedShift{this,
+                          {.name = "PairedShift",
+                           .label = "разность смещений за век",
+                           .hint = "Смещение загруженного ряда без смещения второго, в единицах смещения",
+                           .readOnly = true}};
+    TextField pairedError{this,
+                          {.name = "PairedError",
+                           .label = "± погрешность",
+                           .hint = "Стандартная погрешность разности с учетом связи соседних точек",
+                           .readOnly = true}};
+    TextField pairedCount{this,
+                          {.name = "PairedCount",
+                           .label = "пар",
+                           .hint = "Прохождений, найденных в обоих рядах",
+                           .readOnly = true,
+                           .width = 6}};
+    CheckBox pairedToTable{this,
+                           {.name = "PairedToTable",
+                            .caption = "погрешность пары - в таблицу смещений",
+                            .hint = "Погрешностью смещения считать погрешность разности: второй ряд - "
+                                    "наблюдения за те же годы"}};
 
     // --- editing and files
     CommandButton deletePoint{
@@ -296,6 +394,7 @@ protected:
 private:
     static OptionButton::Spec planetSpec(int i);
     static OptionButton::Spec paramSpec(int i);
+    static OptionButton::Spec pairSpec(int i);
 };
 
 }  // namespace tarvex

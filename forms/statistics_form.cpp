@@ -15,6 +15,8 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
     loadData.onPress([this] { LoadSeries(); }, badData);
     fitData.onPress([this] { FitSample(); },
                     orShow("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm"));
+    pairedFit.onPress([this] { PairedFit(); },
+                      orShow("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm"));
     deletePoint.onPress([this] { DeleteRecord(); }, orShow("Ошибка вычислений", "Tarvex7"));
     addPoint.onPress([this] { AddRecord(); }, orShow("Ошибка вычислений", "Tarvex7"));
     loadShiftFile.onPress([this] { LoadShifts(); }, badData);

@@ -7,6 +7,7 @@
 
 #include "forms/laboratory.h"
 #include "stats/fit.h"
+#include "stats/planet_terms.h"
 
 namespace tarvex {
 
@@ -59,6 +60,16 @@ private:
     void printResults();
     void GroupSearchReport(int last);
     void keepShift();
+
+    // --- errors and differences (statistics_form_error.cpp)
+    void tellError();
+    void clearError();
+    void tellPassages();
+    void printTerms(const std::vector<PlanetTerm>& terms, double scale);
+    double typedError() const;
+    SeriesData secondSeries();
+    void PairedFit();
+    void drawPairs(const std::vector<Group>& points, const FitResult& line, double scale);
 
     double placeX(double days) const { return days / 365.25 / MT + 1; }
     double placeY(double value) const;

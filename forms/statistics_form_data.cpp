@@ -315,11 +315,14 @@ void StatisticsForm::LoadShifts() {
     if (fromPlan) {
         const std::string name = files::planShifts(lab.s.NPlan, d.Npl);
         reading(name, [&] { head = readPlanShifts(lab.tree, lab.s.NPlan, d.Npl, t, lab.plan.Nplan); });
+        reading(files::planShiftErrors(lab.s.NPlan, d.Npl),
+                [&] { readPlanErrors(lab.tree, lab.s.NPlan, d.Npl, t); });
         drawEmpty(lab.plan.Nplan / 2.0 + 10, 42, false);
     } else {
         chooseImitator();
         reading(files::shifts(d.DirImit),
                 [&] { head = readObservedShifts(lab.tree, d.DirImit, shiftPlanets, t); });
+        reading(files::shiftErrors(d.DirImit), [&] { readObservedErrors(lab.tree, d.DirImit, t); });
         drawEmpty(20, 42, false);
     }
     d.kodData = fromPlan ? dataPlanShifts : dataImitatorShifts;
@@ -346,18 +349,26 @@ void StatisticsForm::SaveShifts() {
             experimentNumber.show(u);
             LoadSeries();
             if (d.kodData == dataNone) return;  // the user declined the picture
-            stage("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm", [this] { FitSample(); });
+            stage("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm", [this] {
+                FitSample();
+                if (pairedToTable.on()) PairedFit();
+            });
             desk().yield();
         }
     if (fromImitator.on()) {
         lab.shifts.observed(d.Npl, d.Nparam) = secularShift.number();
+        lab.shifts.dNabErr[d.Npl][d.Nparam] = typedError();
         chooseImitator();
         writing(files::shifts(d.DirImit), [&] { writeObservedShifts(lab.tree, d.DirImit, lab.shifts); });
+        writing(files::shiftErrors(d.DirImit), [&] { writeObservedErrors(lab.tree, d.DirImit, lab.shifts); });
         return;
     }
     lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = secularShift.number();
+    lab.shifts.dRasErr[d.Npl][d.Nparam][experimentNumber.int32()] = typedError();
     writing(files::planShifts(lab.s.NPlan, d.Npl),
             [&] { writePlanShifts(lab.tree, lab.s.NPlan, d.Npl, lab.shifts, experiments(lab.plan)); });
+    writing(files::planShiftErrors(lab.s.NPlan, d.Npl),
+            [&] { writePlanErrors(lab.tree, lab.s.NPlan, d.Npl, lab.shifts, experiments(lab.plan)); });
 }
 
 }  // namespace tarvex

@@ -56,7 +56,13 @@ void StatisticsForm::FitSample() {
     dYgr.assign(NCPmax + 1, 0);
     Sigma2gr.assign(NCPmax + 1, 0);
     for (int NCP = NCP0; NCP <= NCPmax; ++NCP) passOfSize(NCP, !search);
-    if (search) GroupSearchReport(NCPmax);
+    if (search) {
+        GroupSearchReport(NCPmax);
+        clearError();
+    } else {
+        tellError();
+    }
+    tellPassages();
     keepShift();
 }
 
@@ -224,7 +230,10 @@ void StatisticsForm::keepShift() {
     if (d.Nparam >= parAlfaL0) return;
     // kept whatever the data are: a fit of the model too goes into the observed shifts
     const double value = lab.shifts.observed(d.Npl, d.Nparam) = secularShift.number();
-    if (lab.s.NPlan > 0) lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = value;
+    lab.shifts.dNabErr[d.Npl][d.Nparam] = typedError();
+    if (lab.s.NPlan <= 0) return;
+    lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = value;
+    lab.shifts.dRasErr[d.Npl][d.Nparam][experimentNumber.int32()] = typedError();
 }
 
 }  // namespace tarvex

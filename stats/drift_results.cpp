@@ -1,5 +1,6 @@
 #include "stats/drift_results.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/name_table.h"
@@ -113,7 +114,11 @@ std::vector<std::string> solutionLines(const DriftProblem& problem, const DriftS
                         (leftOut[d].residual ? four(*leftOut[d].predicted) + "   " + two(*leftOut[d].residual)
                                              : "не определено"));
     }
-    lines.push_back(solution.verdict);
+    for (std::size_t from = 0; from < solution.verdict.size();) {  // a long sentence, part by part
+        const std::size_t end = std::min(solution.verdict.find("; ", from), solution.verdict.size() - 1) + 1;
+        lines.push_back(solution.verdict.substr(from, end - from));
+        from = end + (end < solution.verdict.size() ? 1 : 0);
+    }
     return lines;
 }
 

@@ -229,31 +229,40 @@ DriftSolution solveDrifts(const DriftProblem& problem) {
     return out;
 }
 
+namespace {
+
+/// The drift of a planet as the drifts of the others predict it.
+LeftOutDrift predictedByRest(const DriftProblem& problem, const Drift& left) {
+    LeftOutDrift one;
+    DriftProblem rest = problem, own = problem;
+    std::erase_if(rest.drifts, [&](const Drift& d) { return d.planet == left.planet; });
+    own.drifts = {left};
+    if (rest.drifts.empty()) return one;
+    DriftSolution solution;
+    try {
+        solution = solveDrifts(rest);
+    } catch (const ArithmeticFailure&) {
+        return one;  // the others agree on no solution
+    }
+    if (solution.determined < static_cast<int>(problem.factors.size())) return one;
+    const DriftSurfaces surfaces(own);
+    bool known = false;
+    const double sigma = sigmas(own, surfaces, solution.inner, known)[0];
+    const auto slope = surfaces.gradient(0, solution.inner);
+    double variance = sigma * sigma;
+    for (std::size_t i = 0; i < slope.size(); ++i)
+        for (std::size_t j = 0; j < slope.size(); ++j)
+            variance += slope[i] * solution.covariance[i][j] * slope[j];
+    one.predicted = surfaces.predicted(0, solution.inner);
+    one.residual = ratio(left.observed - *one.predicted, std::sqrt(variance));
+    return one;
+}
+
+}  // namespace
+
 std::vector<LeftOutDrift> leaveOnePlanetOut(const DriftProblem& problem) {
     std::vector<LeftOutDrift> out;
-    for (const Drift& left : problem.drifts) {
-        DriftProblem rest = problem;
-        std::erase_if(rest.drifts, [&](const Drift& d) { return d.planet == left.planet; });
-        LeftOutDrift one;
-        if (!rest.drifts.empty()) {
-            const DriftSolution solution = solveDrifts(rest);
-            if (solution.determined == static_cast<int>(problem.factors.size())) {
-                DriftProblem own = problem;
-                own.drifts = {left};
-                const DriftSurfaces surfaces(own);
-                bool known = false;
-                const double sigma = sigmas(own, surfaces, solution.inner, known)[0];
-                const auto slope = surfaces.gradient(0, solution.inner);
-                double variance = sigma * sigma;
-                for (std::size_t i = 0; i < slope.size(); ++i)
-                    for (std::size_t j = 0; j < slope.size(); ++j)
-                        variance += slope[i] * solution.covariance[i][j] * slope[j];
-                one.predicted = surfaces.predicted(0, solution.inner);
-                one.residual = ratio(left.observed - *one.predicted, std::sqrt(variance));
-            }
-        }
-        out.push_back(one);
-    }
+    for (const Drift& left : problem.drifts) out.push_back(predictedByRest(problem, left));
     return out;
 }
 
@@ -327,18 +336,21 @@ std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSol
                              : solution.chiSquare / solution.freedom;
     const VectorXd best =
         Eigen::Map<const VectorXd>(solution.inner.data(), static_cast<Eigen::Index>(solution.inner.size()));
+    const auto heightAt = [&](double x, double y) {
+        constexpr double nowhere = 1e9;
+        VectorXd inner = best;
+        if (!axes.place(x, y, inner)) return nowhere;
+        try {
+            inner = descend(problem, surfaces, inner, solution.sigma, free);
+        } catch (const ArithmeticFailure&) {
+            return nowhere;
+        }
+        const Equations here(problem, surfaces, inner, solution.sigma);
+        return (here.residual.squaredNorm() - solution.chiSquare) / scale;
+    };
     for (const double x : map.x) {
         std::vector<double> column;
-        for (const double y : map.y) {
-            VectorXd inner = best;
-            double height = 1e9;  // no such point
-            if (axes.place(x, y, inner)) {
-                inner = descend(problem, surfaces, inner, solution.sigma, free);
-                const Equations here(problem, surfaces, inner, solution.sigma);
-                height = (here.residual.squaredNorm() - solution.chiSquare) / scale;
-            }
-            column.push_back(height);
-        }
+        for (const double y : map.y) column.push_back(heightAt(x, y));
         map.chiSquare.push_back(std::move(column));
     }
     return map;

@@ -9,8 +9,8 @@ LinearFit linearFit(const Eigen::MatrixXd& X, const Eigen::VectorXd& y) {
     Eigen::VectorXd size = X.colwise().norm();
     for (double& one : size)
         if (one == 0) one = 1;
-    Eigen::BDCSVD<Eigen::MatrixXd> svd(X * size.cwiseInverse().asDiagonal(),
-                                       Eigen::ComputeThinU | Eigen::ComputeThinV);
+    Eigen::JacobiSVD<Eigen::MatrixXd> svd(X * size.cwiseInverse().asDiagonal(),
+                                          Eigen::ComputeThinU | Eigen::ComputeThinV);
     svd.setThreshold(1e-9);
     LinearFit fit;
     fit.rank = static_cast<int>(svd.rank());

@@ -133,7 +133,12 @@ std::vector<double> ridgePoint(const PlanBlock& p, const RegressionReport& repor
     VectorXd pull = eigen.eigenvectors().transpose() * (-surface.linear / 2);
     // a pull at right angles to the weakest axis leaves its sign open: it goes along
     const double scale = pull.norm() + curvature.cwiseAbs().maxCoeff();
-    if (scale > 0 && std::abs(pull[0]) < 1e-9 * scale) pull[0] = 1e-9 * scale;
+    if (!(scale > 0)) {  // a plain without slope: no way is better
+        std::vector<double> any(static_cast<std::size_t>(p.Nf), 0);
+        any[0] = radius;
+        return any;
+    }
+    if (std::abs(pull[0]) < 1e-9 * scale) pull[0] = 1e-9 * scale;
     const auto at = [&](double m) { return VectorXd(pull.cwiseQuotient((curvature.array() - m).matrix())); };
     // the distance falls from without end to 0 as the multiplier leaves the least curvature downwards
     double near = curvature[0] - 1e-12 * scale, far = curvature[0] - scale;

@@ -30,8 +30,8 @@ public:
         : Form(lab_.desk, "Form2", "стенд"), lab(lab_), runs(runs_) {
         Text53.onChange([this] { run(); }, orShow("прогон", "стенд"));
     }
-    TextField Text8{this, {.name = "Text8"}}, Text35{this, {.name = "Text35"}},
-        Text53{this, {.name = "Text53"}};
+    TextField Text8{this, {.name = "Text8"}}, Text13{this, {.name = "Text13"}},
+        Text35{this, {.name = "Text35"}}, Text53{this, {.name = "Text53"}};
     OptionButton Option3{this, {.name = "Option3", .group = "kind"}},
         Option4{this, {.name = "Option4", .group = "kind", .on = true}};
     CheckBox Check2{this, {.name = "Check2", .on = true}}, Check3{this, {.name = "Check3", .on = true}},
@@ -40,6 +40,7 @@ public:
         Check17{this, {.name = "Check17"}}, Check20{this, {.name = "Check20"}},
         Check22{this, {.name = "Check22"}};
     int failAt = 0, stopAt = 0;
+    std::function<void()> record;  ///< writes what a run measures
 
 private:
     void run() {
@@ -48,6 +49,7 @@ private:
         runs.push_back({p.Nexp, Text8.text(), Text35.text(), s.VXsys, s.VYsys, s.VZsys, lab.motion.kPgr1,
                         lab.motion.kPgr2, s.m[5], s.m[2], lab.motion.kodDX, lab.motion.kodPgr, s.NPlan});
         lab.run.kodTest = lab.desk.get<PlanForm>().testExperiments.on();
+        if (record) record();
         if (p.Nexp == failAt) throw Failure("no more");
         if (p.Nexp == stopAt) {
             s.NPlan = 0;
@@ -244,6 +246,72 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     lab.desk.show("Form6");
     lab.desk.show("Form15");
     EXPECT_NE(form->planStatus.caption().find("изменились"), std::string::npos);
+}
+
+TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
+    form->solveShifts.press();
+    expectMessage("Загрузите данные наблюдений");
+    create({1, 4});
+    for (int i = 1; i <= 4; ++i) form->zeroLevel(i).setText(i == 4 ? "200" : i == 3 ? "0" : "100");
+    form->interval(1).setText("50");
+    form->interval(4).setText("40");
+    form->useParameter(2).set(true);
+    const auto drift = [](int c, double VX, double Vgr) {  // linear in VX/Vgr and 1/Vgr
+        return 500 * c + (c == 1 ? 30 : -8) * VX / Vgr + (c == 1 ? 1000 : 5000) / Vgr;
+    };
+    for (int c = 1; c <= 2; ++c) {
+        lab.shifts.dNab[1][c] = drift(c, 120, 230);
+        lab.shifts.dNabErr[1][c] = 0.1;
+        for (int u = 1; u <= 9; ++u)
+            lab.shifts.dRas[1][c][u] =
+                drift(c, 100 + 50 * lab.plan.PlanX[1][u], 200 + 40 * lab.plan.PlanX[2][u]);
+    }
+    writePlanShifts(lab.tree, 1, 1, lab.shifts, 9);
+    writeObservedShifts(lab.tree, "\\Ser", lab.shifts);
+    writeObservedErrors(lab.tree, "\\Ser", lab.shifts);
+    form->ownImitator.choose();
+    form->loadObservedShifts.press();
+    lab.shifts.dNab[1][1] = 7;  // a fit meanwhile: the answer stands on what was loaded
+    form->confirmSolution.press();
+    expectMessage("Сначала решите по смещениям");
+    form->solveShifts.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NEAR(form->solvedVX.value.number(), 120, 0.01);
+    EXPECT_NEAR(form->solvedVgr.value.number(), 230, 0.01);
+    EXPECT_GT(form->solvedVgr.error.number(), 0);
+    EXPECT_EQ(form->solvedVY.value.text() + form->solvedVgrLow.text(), "");
+    EXPECT_EQ(form->freedom.text(), "0");
+    EXPECT_NE(form->verdict.text().find("определено только V/Vgr: заданы VY, VZ"), std::string::npos);
+    EXPECT_NE(lab.answer.SolvedCorrelation[1][4], 0);
+
+    folder.makeFolder("Plan1/Txt1");
+    form2().Text13.setText("5");
+    form2().record = [this] {  // what the run at the solution measures: 36 seconds a year
+        EXPECT_EQ(form2().Text13.text(), "1");
+        std::string text = "а\r\nб\r\nв\r\nг\r\n 5  245154450 \r\n";
+        for (int i = 0; i < 5; ++i)
+            text += fileItem(i + 3) + fileItem(36525 * i) + fileItem(1e6 * i) + " 0  0  0  0  0 \r\n";
+        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().Text8.text() + ".txt"), text);
+    };
+    form->confirmSolution.press();
+    EXPECT_TRUE(screen.messages.empty());
+    ASSERT_EQ(runs.size(), 1u);
+    EXPECT_EQ(runs[0].number, "10");
+    EXPECT_NEAR(runs[0].VX, 120, 0.01);
+    EXPECT_EQ(form2().Text13.text() + form->firstExperiment.text(), "51");
+    EXPECT_NEAR(lab.answer.Measured[1][1], 3600, 1e-6);
+    EXPECT_NEAR(lab.answer.Predicted[1][2], drift(2, 120, 230), 1e-5);
+    form2().failAt = 10;
+    form->confirmSolution.press();
+    expectMessage("Ошибка при выполнение плана");
+    form->nextPlan.press();
+    EXPECT_EQ(form->interval(1).text() + " " + form->interval(4).text(), "25 20");
+    EXPECT_NEAR(form->zeroLevel(4).number(), 230, 0.01);
+
+    create({1, 2, 3, 4});
+    form->solveShifts.press();  // the files are those of nine experiments
+    expectMessage("К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
+    EXPECT_EQ(form->verdict.text() + form->solvedVX.value.text(), "");
 }
 
 TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {

@@ -163,4 +163,33 @@ TEST_F(Form18Test, KindOfTheStationaryPointIsTold) {
     }
 }
 
+TEST_F(Form18Test, QualityIsReportedAndThePlanGrows) {
+    form.quality.report.press();
+    expectMessage("Ошибка при обработке данных");
+    create(form.orthogonalPlan, 2);
+    form.additionalTests.choose();
+    // the first of them: Y(u) = u, no quadratic
+    form.runExperiments.press();
+    form.fitCoefficients.press();
+    form.optimizeFactors.press();  // puts its criterion into the first experiment
+    form.quality.report.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NEAR(form.quality.coefficientError(0).number() * form.quality.coefficientT(0).number(),
+                lab.plan.b[0], 1e-5);
+    EXPECT_EQ(form.quality.coefficientT(6).text(), "");
+    EXPECT_LT(form.quality.predictiveR2.number(), form.quality.adjustedR2.number());
+    EXPECT_NE(form.quality.warning.caption(), " ");
+    form.quality.addPoints.press();
+    EXPECT_EQ(lab.plan.Nplan, 13);
+    form.quality.addedCount.setText("79");
+    form.quality.growPlan.press();
+    expectMessage("В плане не может быть больше 91 эксперимента");
+    form.standardTest.choose();
+    form.runExperiments.press();
+    form.fitCoefficients.press();
+    for (int c = 0; c <= 5; ++c) EXPECT_NEAR(lab.plan.b[c], 1, 1e-9);
+    form.quality.report.press();
+    EXPECT_EQ(form.quality.warning.caption(), " ");
+}
+
 }  // namespace tarvex

@@ -337,4 +337,81 @@ TEST_F(Form6Test, AllExperimentsOfAPlanAreFittedIntoItsFile) {
     EXPECT_EQ(bytes(files::planShifts(1, 1)), before);
 }
 
+TEST_F(Form6Test, AShiftHasItsErrorAndADifferenceOfTwoSeriesAFarSmallerOne) {
+    // 60 passages of a slope of 360" a century in a common wave; the other run is 36" slower and loses one
+    const auto passages = [](double slope, int lost) {
+        std::string text = "а\r\nб\r\nв\r\nг\r\n 60  245154450 \r\n";
+        for (int i = 0; i < 60; ++i)
+            if (i != lost)
+                text += fileItem(i + 3) + fileItem(4400 * i) +
+                        fileItem(Fix(1e8 * (50 + slope / 3600 * i * 44 / 36525 + 2e-3 * std::sin(0.3 * i) +
+                                            1e-5 * std::cos(37.0 * i * (lost + 2))))) +
+                        " 200000000  700000000  20560000  5790000  1000000 \r\n";
+        return text;
+    };
+    loadModel(passages(360, -1));
+    put("\\Plan1\\Txt1\\Tarvex1Ras2.txt", passages(324, 20));
+    form.groupSize.setText("1");
+    form.fitData.press();
+    const double error = form.slopeError.number();
+    EXPECT_GT(error, 10);
+    EXPECT_GT(form.lagOne.number(), 0.8);
+    EXPECT_LT(form.effectivePoints.number(), 60);
+    EXPECT_LT(form.slopeLow.number(), form.secularShift.number() - error);
+    EXPECT_GT(form.slopeHigh.number(), form.secularShift.number() + error);
+    EXPECT_NE(form.resampledLow.text(), "");
+    EXPECT_EQ(lab.shifts.dRasErr[1][1][1], error);
+    EXPECT_EQ(form.passageNotice.caption(), " ");
+
+    form.pairExperiment.setText("2");
+    form.pairPlan.setText("1");
+    form.pairedToTable.set(true);
+    form.pairedFit.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_NEAR(form.pairedShift.number(), 36, 1);
+    EXPECT_LT(form.pairedError.number(), 0.5);
+    EXPECT_EQ(form.pairedCount.text(), "59");
+    EXPECT_EQ(lab.shifts.dRasErr[1][1][1], form.pairedError.number());
+
+    form.experimentNumber.setText("2");
+    form.loadData.press();
+    form.fitData.press();
+    EXPECT_EQ(form.passagesFound.text() + form.passagesExpected.text(), "5960");
+    EXPECT_EQ(form.passageNotice.caption(), "потеряно прохождений: 1");
+    form.withPeriods.set(true);
+    form.fitData.press();
+    EXPECT_NEAR(form.secularShift.number(), 324, 3 * form.slopeError.number());
+
+    lab.shifts.dNab[1][1] = 1;  // the file of errors goes with that of the shifts
+    put(
+        "\\Ser\\TarvexNab.dat", "а\r\nб\r\n" + [] {
+            std::string rows;
+            for (int i = 1; i <= 11; ++i) rows += " 1  0  0  0  0  0  0 \r\n";
+            return rows;
+        }());
+    form.fromImitator.choose();
+    form.loadShiftFile.press();
+    form.secularShift.setText("5");
+    form.slopeError.setText("0,25");
+    form.saveShiftFile.press();
+    EXPECT_EQ(
+        bytes("\\Ser\\TarvexNabErr.dat").substr(bytes("\\Ser\\TarvexNabErr.dat").find(" 1  ")).substr(0, 11),
+        " 1  250000 ");
+    lab.shifts.dNabErr = {};
+    form.loadShiftFile.press();
+    EXPECT_EQ(lab.shifts.dNabErr[1][1], 0.25);
+    EXPECT_TRUE(screen.messages.empty());
+
+    form.pairedFit.press();
+    expectMessage("У Вас не загружены первичные данные");
+    form.fromModel.choose();
+    form.loadData.press();
+    form.pairSource(2).choose();
+    form.pairedFit.press();
+    expectMessage("Не могу найти файл\r\n\\JPL\\Tarvex1Nab.txt");
+    form.fitConstant.choose();
+    form.fitData.press();
+    EXPECT_EQ(form.slopeError.text(), "");  // a constant has no slope
+}
+
 }  // namespace tarvex
