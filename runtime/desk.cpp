@@ -35,7 +35,8 @@ void Desk::suspect(const Control& field) {
     suspectField_ = field.name();
 }
 
-/// The user acts inside a handler: what he does is begun and ended at this depth.
+/// The user acts inside a handler: what he does is begun and ended at this depth, and an error in it is none
+/// of the calculation's.
 class Desk::GivingWay {
 public:
     explicit GivingWay(Desk& desk)
@@ -43,7 +44,8 @@ public:
           actor_(desk.actor_),
           base_(std::exchange(desk.base_, desk.depth_)),
           givingWay_(std::exchange(desk.givingWay_, true)),
-          disturbing_(std::exchange(desk.disturbing_, false)) {
+          disturbing_(std::exchange(desk.disturbing_, false)),
+          acting_(std::exchange(desk.acting_, nullptr)) {
         desk.acted_(actor_);
     }
     ~GivingWay() {
@@ -51,6 +53,7 @@ public:
         desk_.base_ = base_;
         desk_.givingWay_ = givingWay_;
         desk_.disturbing_ = disturbing_;
+        desk_.acting_ = acting_;
     }
     GivingWay(const GivingWay&) = delete;
     GivingWay& operator=(const GivingWay&) = delete;
@@ -61,18 +64,11 @@ private:
     std::string actor_;
     int base_;
     bool givingWay_, disturbing_;
+    Form* acting_;
 };
 
 void Desk::yield() {
     const GivingWay way(*this);
-    // What the user does meanwhile is another action; an error in it is none of the calculation's.
-    struct Meanwhile {
-        explicit Meanwhile(Form*& acting) : acting_(acting), calculating_(std::exchange(acting, nullptr)) {}
-        ~Meanwhile() { acting_ = calculating_; }
-        Form*& acting_;
-        Form* calculating_;
-    };
-    const Meanwhile meanwhile(acting_);
     screen_.yield();
 }
 

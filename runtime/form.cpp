@@ -69,13 +69,6 @@ Form::Running::~Running() {
     form_.progress(-1);
 }
 
-Form::Running::Running(Form& form) : form_(form) { form.desk_.calculationBegins(form); }
-
-Form::Running::~Running() {
-    form_.desk_.calculationEnds(form_);
-    form_.progress(-1);
-}
-
 void Form::Running::giveWay() {
     form_.progress(endless);
     form_.desk_.yield();
