@@ -11,9 +11,9 @@ namespace tarvex {
 namespace {
 
 using test::RecordingScreen;
-using Message = RecordingScreen::Message;
+using Told = RecordingScreen::Message;
 
-const Message badData{"Задайте правильно данные", "Tarvex7m"};
+const Told badData{"Задайте правильно данные", "Tarvex7m"};
 
 struct ElementsFormTest : test::LabTest {
     ElementsForm& open() {
@@ -111,7 +111,7 @@ TEST_F(ElementsFormTest, SourcesSetWhatGoesWithThem) {
         form.loadParameters.press();
         EXPECT_EQ(s.R0sr[10], 384402000);
         if (*c.moonText) {
-            EXPECT_EQ(screen.onlyMessage(), (Message{c.moonText, "Tarvex7"}));
+            EXPECT_EQ(screen.onlyMessage(), (Told{c.moonText, "Tarvex7"}));
         }
     }
 }
@@ -143,7 +143,7 @@ TEST_F(ElementsFormTest, EphemerisThatDoesNotServeTheDate) {
     EXPECT_EQ(form.status(), "нет файла эфемериды ascp1800.405");
     form.year.setText("1500");
     form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"В файлах DE405 нет такой даты", "Tarvex7m"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"В файлах DE405 нет такой даты", "Tarvex7m"}));
     EXPECT_EQ(s.kodStop, 1);
 }
 
@@ -270,7 +270,7 @@ TEST_F(ElementsFormTest, DamagedFilesAreReadAsFarAsTheyGo) {
         test::writeBytes(parameterFile(7), bytes);
         form.loadParameters.press();
         EXPECT_EQ(screen.onlyMessage(),
-                  (Message{"Ошибка чтения данных из файла \\Dat\\Tarvex7.dat", "Tarvex7m"}))
+                  (Told{"Ошибка чтения данных из файла \\Dat\\Tarvex7.dat", "Tarvex7m"}))
             << what;
         EXPECT_TRUE(std::isfinite(s.m[6])) << what;
     }
@@ -283,7 +283,7 @@ TEST_F(ElementsFormTest, DamagedFilesAreReadAsFarAsTheyGo) {
 TEST_F(ElementsFormTest, FilesThatCannotBeOpenedOrNumbersThatAreNone) {
     ElementsForm& form = open();
     form.fromFile.choose();
-    const Message notFound{"Не могу найти файл \\Dat\\Tarvex5.dat", "Tarvex7m"};
+    const Told notFound{"Не могу найти файл \\Dat\\Tarvex5.dat", "Tarvex7m"};
     form.fileNumber.setText("5");
     form.loadParameters.press();
     EXPECT_EQ(screen.onlyMessage(), notFound);
@@ -306,7 +306,7 @@ TEST_F(ElementsFormTest, FilesThatCannotBeOpenedOrNumbersThatAreNone) {
     for (const char* bad : {"", "x", "32768", "-40000"}) {
         form.fileNumber.setText(bad);
         form.saveParameters.press();
-        EXPECT_EQ(screen.onlyMessage(), (Message{"Задайте номер файла", "Tarvex7m"})) << bad;
+        EXPECT_EQ(screen.onlyMessage(), (Told{"Задайте номер файла", "Tarvex7m"})) << bad;
     }
 }
 
@@ -392,7 +392,7 @@ TEST_F(ElementsFormTest, CentreOfMassAndTheSunsVelocity) {
     EXPECT_EQ(s.NPlOn, 0);
     for (CommandButton* command : {&form.findCentre, &form.moveCentreToOrigin}) {
         command->press();
-        EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка", "Tarvex7m"}));
+        EXPECT_EQ(screen.onlyMessage(), (Told{"Ошибка", "Tarvex7m"}));
     }
 }
 
@@ -418,11 +418,11 @@ TEST_F(ElementsFormTest, DateCommands) {
     form.month.setText("1");
     form.year.setText("40000");
     form.dateToJulian.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно дату", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно дату", "Tarvex7.0"}));
     EXPECT_EQ(form.julianDate.text(), "0");
     form.julianDate.setText("1e13");
     form.julianToDate.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно юлианскую дату", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно юлианскую дату", "Tarvex7.0"}));
 }
 
 }  // namespace tarvex

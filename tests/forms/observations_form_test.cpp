@@ -15,7 +15,7 @@ namespace tarvex {
 
 namespace {
 
-using Message = test::RecordingScreen::Message;
+using Told = test::RecordingScreen::Message;
 
 struct Form10Test : test::LabTest {
     Form10Test() {
@@ -48,38 +48,38 @@ struct Form10Test : test::LabTest {
 TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
     auto& form = lab.desk.get<ObservationsForm>();
     form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете имитатор", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Выберете имитатор", "Tarvex7.0"}));
     form.tableChoice(8).choose();
     EXPECT_EQ(screen.onlyMessage(),
-              (Message{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
+              (Told{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
     form.tableChoice(8).choose();
     EXPECT_EQ(screen.onlyMessage().title, "Tarvex6") << "a missing one can be tried again";
 
     form.fromObservatories.choose();
     lab.s.kodStop = 0;
     form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Выберете обсерваторию", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Выберете обсерваторию", "Tarvex7.0"}));
     form.bodyNumber.setText("0");
     form.observatoryChoice(6).choose();
     EXPECT_EQ(screen.onlyMessage(),
-              (Message{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
+              (Told{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
     writeSun();
     form.observatoryChoice(6).choose();
     EXPECT_TRUE(screen.messages.empty());
     form.bodyNumber.setText("3");
     form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Землю не наблюдали", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Землю не наблюдали", "Tarvex7.0"}));
     lab.s.kodStop = 0;
     for (const char* bad : {"ж", "12", "-1"}) {
         form.bodyNumber.setText(bad);
         form.startRun.press();
-        EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7.0"})) << bad;
+        EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно данные", "Tarvex7.0"})) << bad;
         lab.s.kodStop = 0;
     }
     test::writeBytes(folder.path() / "Obs/GREN0_G_100.txt", "a\r\nb\r\nc\r\nd\r\nyears\r\n");
     form.bodyNumber.setText("0");
     form.observatoryChoice(1).choose();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Введите правильно данные", "Tarvex7"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно данные", "Tarvex7"}));
 }
 
 TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
@@ -93,7 +93,7 @@ TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(form.acceptedCount.text(), "2") << "stopped at the second observation";
     form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Надо открыть файл снова", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Надо открыть файл снова", "Tarvex7.0"}));
     form.continueRun.press();
     EXPECT_EQ(form.acceptedCount.text(), "3");
     EXPECT_EQ(lab.s.JDut, 2451564);
@@ -164,7 +164,7 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
 
     kill(lab.office.process(), 9);
     form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Message{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
+    EXPECT_EQ(screen.onlyMessage(), (Told{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
     EXPECT_EQ(lab.s.kodStop, 1);
     form.tableChoice(9).choose();
     form.startRun.press();
@@ -245,7 +245,7 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
         test::writeBytes(path, bad);
         plan.loadPlan.press();
         EXPECT_EQ(screen.onlyMessage(),
-                  (Message{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
+                  (Told{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
     }

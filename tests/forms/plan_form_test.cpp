@@ -12,7 +12,7 @@ namespace tarvex {
 
 namespace {
 
-using Message = test::RecordingScreen::Message;
+using Told = test::RecordingScreen::Message;
 
 /// What an experiment starts from.
 struct Started {
@@ -78,7 +78,7 @@ struct Form15Test : test::LabTest {
         form->createPlan.press();
     }
     void expectMessage(const std::string& text) {
-        EXPECT_EQ(screen.onlyMessage(), (Message{text, "Tarvex7m"}));
+        EXPECT_EQ(screen.onlyMessage(), (Told{text, "Tarvex7m"}));
     }
 
     std::vector<Started> runs;

@@ -9,7 +9,7 @@ namespace tarvex {
 
 namespace {
 
-using Message = test::RecordingScreen::Message;
+using Told = test::RecordingScreen::Message;
 
 struct Form18Test : test::LabTest {
     Form18Test() : form(lab.desk.get<PlanWorkshopForm>()) {}
@@ -25,7 +25,7 @@ struct Form18Test : test::LabTest {
         return false;
     }
     void expectMessage(const std::string& text) {
-        EXPECT_EQ(screen.onlyMessage(), (Message{text, "Tarvex7m"}));
+        EXPECT_EQ(screen.onlyMessage(), (Told{text, "Tarvex7m"}));
     }
 
     PlanWorkshopForm& form;

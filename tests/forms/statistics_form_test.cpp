@@ -6,7 +6,7 @@ namespace tarvex {
 
 namespace {
 
-using Message = test::RecordingScreen::Message;
+using Told = test::RecordingScreen::Message;
 
 struct Form6Test : test::LabTest {
     Form6Test() : form(lab.desk.get<StatisticsForm>()) {
@@ -17,7 +17,7 @@ struct Form6Test : test::LabTest {
     void put(const std::string& name, const std::string& bytes) { test::writeBytes(at(name), bytes); }
     std::string bytes(const std::string& name) { return test::readBytes(at(name)); }
     void expectMessage(const std::string& text, const std::string& title = "Tarvex7") {
-        EXPECT_EQ(screen.onlyMessage(), (Message{text, title}));
+        EXPECT_EQ(screen.onlyMessage(), (Told{text, title}));
     }
 
     /// A short series of 12 records, one a year, AlfaP growing by 36 seconds (0.01 degree) a year.
