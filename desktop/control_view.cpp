@@ -258,15 +258,30 @@ private:
     ScrollBar& bar_;
 };
 
+/// A label of so many lines in small letters, whatever its width: it stands beside a full window.
+class StripLabel final : public QLabel {
+public:
+    explicit StripLabel(int lines) : lines_(lines) {
+        QFont small = font();
+        small.setPointSizeF(small.pointSizeF() * 0.85);
+        setFont(small);
+        setWordWrap(true);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    QSize sizeHint() const override { return {0, lines_ * fontMetrics().lineSpacing()}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+    bool hasHeightForWidth() const override { return false; }
+
+private:
+    int lines_;
+};
+
 class LabelView final : public ControlView {
 public:
-    LabelView(Label& label, const Density& density) : ControlView(label, new QLabel, density) {
+    LabelView(Label& label, const Density& density)
+        : ControlView(label, label.lines() == 1 ? new QLabel : new StripLabel(label.lines()), density) {
         text()->setTextFormat(Qt::PlainText);
-        if (label.lines() == 1) return;
-        text()->setWordWrap(true);
-        text()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::MinimumExpanding);
-        text()->setMinimumHeight(label.lines() * text()->fontMetrics().lineSpacing());
-        text()->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
 
 private:

@@ -44,10 +44,15 @@ bool isLabelledRow(const Layout& part) {
 }
 
 /// Parts that fill the width they are given; others keep their own at the left.
+/// A label on several lines breaks its words at the width that it is given.
+bool isBroken(const Layout& part) {
+    return isControl(part, Control::Kind::Label) && static_cast<const Label*>(part.control)->lines() > 1;
+}
+
 bool fillsWidth(const Layout& part) {
     return part.kind != Kind::Text &&
-           (part.kind != Kind::Item || isBox(part) || isControl(part, Control::Kind::Picture) ||
-            isControl(part, Control::Kind::Scroll));
+           (part.kind != Kind::Item || isBox(part) || isBroken(part) ||
+            isControl(part, Control::Kind::Picture) || isControl(part, Control::Kind::Scroll));
 }
 
 /// A scrolled area that asks for the room of what it holds.

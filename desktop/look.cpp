@@ -82,7 +82,7 @@ private:
 void setLook(QApplication& application) {
     QApplication::setStyle(new ReadableStyle);
     QFont font = application.font();
-    font.setPointSizeF(std::max(readablePoints, font.pointSizeF()));  // a user who has chosen larger ones
+    font.setPointSizeF(readablePoints);
     QApplication::setFont(font);
 }
 

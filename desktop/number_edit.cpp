@@ -20,9 +20,7 @@ QString shownNumber(const QString& text, const std::function<bool(const QString&
     return text;
 }
 
-NumberEdit::NumberEdit() {
-    connect(this, &QLineEdit::textChanged, this, &NumberEdit::fit);
-}
+NumberEdit::NumberEdit() { connect(this, &QLineEdit::textChanged, this, &NumberEdit::fit); }
 
 void NumberEdit::setLayoutWidth(int width) {
     layoutWidth_ = width;

@@ -68,6 +68,11 @@ void AberrationForm::load() {
     drawing.setScale(-10, 10, 10, -10);
     showScale();
     clearPicture();
+    // what is iterated before any places were found: the initial data of the laboratory
+    const ModelState& s = lab.s;
+    for (const int row : {3, bench_.body})
+        (row == 3 ? bench_.earth : bench_.object) = {s.X0[row],  s.Y0[row],  s.Z0[row],  s.VX0[row],
+                                                     s.VY0[row], s.VZ0[row], s.R0sr[row]};
 }
 
 void AberrationForm::unload() { gone_ = true; }

@@ -29,7 +29,8 @@ void EclipseForm::chooseData(bool tables) {
     dayCountLabel.setCaption("день от 1.1.1 г. н.э.");
 }
 
-/// The tables are read with the first relation of ET-UT, and that of the Earth's rotation as it stands at first.
+/// The tables are read with the first relation of ET-UT, and that of the Earth's rotation as it stands at
+/// first.
 void EclipseForm::useFirstRelation() {
     constexpr int jones = 1, earthTurns = 4;
     if (!desk().isLoaded("Form17")) {

@@ -136,11 +136,10 @@ void ElementsForm::arrange() {
         frame("Формы", table(3, {openRun, openObservations, openSystemVelocity, openNotation, openHelp,
                                  openEclipses, openPlanWorkshop, openConverter, openEccentric, openAberration,
                                  openMoon, openEphemeris, openTwoBodies, exitProgram}));
-    layout_ =
-        column({given, row({column({row({viewElements, viewState, stretch(),
-                                         fields(3, {sunMass, gravityConstant, astronomicalUnit})}),
-                                    table(9, std::move(cells)), row({column({loading, initial}), check})}),
-                            column({orbitPicture, row({scaleLabel, scale}), forms})})});
+    layout_ = row({column({row({viewElements, viewState, stretch(),
+                                fields(3, {sunMass, gravityConstant, astronomicalUnit})}),
+                           table(9, std::move(cells)), row({column({loading, initial}), check})}),
+                   column({given, orbitPicture, row({scaleLabel, scale}), forms})});
 }
 
 void ElementsForm::load() {

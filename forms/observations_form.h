@@ -108,7 +108,7 @@ private:
     bool running_ = false, gone_ = false;  ///< a run goes on; the form has been closed
     int passes_ = 0;
     std::string offeredYear_;  ///< text of the last year's field as the user has not typed it
-    /// Experiments that one press was to run: the first of them, and at which a stop interrupted it (0: none).
+    /// Experiments that one press was to run: the first, and at which a stop interrupted it (0: none).
     int firstOfBatch_ = 1, stoppedAt_ = 0;
     // scales of the lower graph, of one cell: years, degrees, arc seconds, thousand km; and its shift up,
     // cells

@@ -13,11 +13,10 @@ PulsarForm::PulsarForm(Laboratory& lab_)
     layOut();
 }
 
-void PulsarForm::load() {
-    showPulseRate();
-}
+void PulsarForm::load() { showPulseRate(); }
 
-/// One pulse a step: the rate follows the step as it is typed; while that is no number, or 0, the last one stays.
+/// One pulse a step: the rate follows the step as it is typed; while that is no number, or 0, the last one
+/// stays.
 void PulsarForm::showPulseRate() {
     double Dt = lab.twoBody.Dt;
     try {

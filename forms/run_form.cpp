@@ -136,7 +136,7 @@ void RunForm::arrange() {
         "Измерение и записи",
         column({table(3, {measureOrbit, bodyNumber, blank(), Layout(windowDegrees.caption()), windowDegrees,
                           renewBaselines}),
-                row({exactPassages, highOrder}), writeRecords, row({writeTrack, debugText}), watchEnergy}));
+                row({exactPassages, highOrder}), writeRecords, row({writeTrack, debugText, watchEnergy})}));
     const Layout plots =
         frame("Графики",
               column({table(3, {drawPerihelion, drawNode, drawInclination, drawEccentricity, drawSemiAxis,
@@ -153,9 +153,9 @@ void RunForm::arrange() {
                                          "AlfaU пройден", nodeYear, nodeMonth, nodeDay})}));
     const Layout place =
         frame("Положение", fields(1, {longitude, turns, bodyX, bodyY, bodyZ, energyShift, momentumShift}));
-    layout_ = column({given, row({column({kind, stepping, measuring, plots, commands, stretch()}),
-                                  column({clock, elementTable(), row({place, systemView})}),
-                                  column({orbitPicture, row({orbitScaleLabel, orbitScale})})})});
+    layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
+                   column({given, clock, elementTable(), row({place, systemView}), stretch()}),
+                   column({orbitPicture, row({orbitScaleLabel, orbitScale})})});
 }
 
 void RunForm::load() {

@@ -58,13 +58,14 @@ void StatisticsControls::layOut() {
         row({equalWeights, weightsAsText, resultsAsText, withPeriods}),
         fitData,
         row({fields(2, {secularShift, secularShiftError}), secularShiftUnit}),
-        fields(3, {slopeError, slopeLow, slopeHigh}),
-        fields(4, {lagOne, effectivePoints, passagesFound, passagesExpected}),
-        row({fields(2, {resampledLow, resampledHigh}), passageNotice}),
         fields(2, {targetValue, coefficient0, coefficient1, coefficient2}),
     });
     const Layout pairing =
-        column({frame("второй ряд", column({row({pairSource(0), pairSource(1), pairSource(2), pairSource(3)}),
+        column({frame("ошибка смещения за век",
+                      column({fields(3, {slopeError, slopeLow, slopeHigh}),
+                              fields(4, {lagOne, effectivePoints, passagesFound, passagesExpected}),
+                              row({fields(2, {resampledLow, resampledHigh}), passageNotice})})),
+                frame("второй ряд", column({row({pairSource(0), pairSource(1), pairSource(2), pairSource(3)}),
                                             fields(2, {pairPlan, pairExperiment})})),
                 pairedFit, fields(2, {pairedShift, pairedError, pairedCount}), pairedToTable, stretch()});
     const Layout testing = column({useTestSeries, fields(2, {testK0, testK1, testK2, testK3})});
@@ -74,12 +75,12 @@ void StatisticsControls::layOut() {
         frame("Выборка", column({fields(3, {recordCount, firstRecord, lastRecord}),
                                  table(5, {"первая", firstYear, firstMonth, firstDay, firstValue, "последняя",
                                            lastYear, lastMonth, lastDay, lastValue})}));
-    layout_ = row(
-        {column({what, sample,
-                 pages({frame("Загрузка и смещения", loading), frame("Аппроксимация", fitting),
-                        frame("Пары", pairing), frame("Тест", testing), frame("Правка записей", editing)}),
-                 row({openPlan, openFiles, closeForm}), stretch()}),
-         scrolled(picture)});
+    layout_ = row({column({what, sample,
+                           pages({frame("Загрузка и смещения", loading), frame("Аппроксимация", fitting),
+                                  frame("Ошибка и пары", pairing), frame("Тест", testing),
+                                  frame("Правка записей", editing)}),
+                           row({openPlan, openFiles, closeForm}), stretch()}),
+                   scrolled(picture)});
 }
 
 }  // namespace tarvex

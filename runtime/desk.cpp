@@ -90,7 +90,8 @@ bool Desk::calculating(const std::string& formName) const {
 }
 
 bool Desk::disturbs(const Form& form, Disturbs what) const {
-    if (!givingWay_) return false;  // what a calculation does itself is its own affair
+    // what a calculation does itself is its own affair, and so is what a form presses while it opens
+    if (!givingWay_ || opening_ > 0) return false;
     return std::any_of(calculations_.begin(), calculations_.end(), [&](const Form* one) {
         return what == Disturbs::All || (what == Disturbs::Own && one == &form) ||
                (what == Disturbs::Others && one != &form);
@@ -116,9 +117,11 @@ public:
         : held(desk.calculating() && !desk.disturbing_ && desk.keeper_), desk_(desk), actor_(desk.actor_) {
         desk.acted_(actor_);
         desk.actor_ = form;
+        ++desk.opening_;
         if (held) putBack_ = desk.keeper_();
     }
     ~Opening() {
+        --desk_.opening_;
         if (held) putBack_();
         desk_.acted_(desk_.actor_);
         desk_.actor_ = actor_;

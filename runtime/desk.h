@@ -146,6 +146,7 @@ private:
     int base_ = 0;  ///< depth at which the user acts: of the innermost handler that has given way
     std::vector<const Form*> calculations_;
     bool givingWay_ = false, disturbing_ = false, settling_ = false;
+    int opening_ = 0;  ///< loads and activations that run: what they press is their own doing
     std::function<std::function<void()>()> keeper_;
     std::string heldBack_;  ///< form whose activation was put back: it is repeated after the calculation
 };

@@ -73,7 +73,7 @@ void readSeries(const DataTree& tree, const std::string& name, DataKind kind, Se
 /// Rewrites d.FileData with d.header, count, origin and records numbered from 1; long records for dataLong.
 void writeSeries(const DataTree& tree, const SeriesData& d);
 
-/// Folds parameter p of all records into 0..360 degrees in memory; the file keeps its turns when it is rewritten.
+/// Folds parameter p of all records into 0..360 degrees in memory; a rewritten file keeps its turns.
 void foldAngles(SeriesData& d, std::int16_t p);
 /// Gives a parameter of a record its value, in memory and for the file.
 void setValue(const SeriesData& d, Record& record, int p, double value);

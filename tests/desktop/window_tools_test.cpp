@@ -195,6 +195,13 @@ TEST_F(WindowTools, TablesAreCopiedAsTextForASpreadsheet) {
     EXPECT_EQ(QApplication::clipboard()->text(), "i\tV, км/с\n1\t30,1\n");
     EXPECT_EQ(form->Text5.text(), "30,1");
 
+    window->activateWindow();
+    find<QLineEdit>("Text1")->setFocus();
+    form->Text2.setText("итог\r\nв две строки");
+    QTest::keyClick(find<QLineEdit>("Text1"), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              "V & W, км/с\t19,4\tИтог\tитог  в две строки\n- A & B\tнет\n");
+
     // And back: a block fills the cells from the chosen one on.
     QApplication::clipboard()->setText("2\t31,5\t9\r\n7\n");
     auto* first = find<QLineEdit>("Text4");
@@ -207,13 +214,6 @@ TEST_F(WindowTools, TablesAreCopiedAsTextForASpreadsheet) {
     first->selectAll();
     QTest::keyClick(first, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(first->text() + "," + find<QLineEdit>("Text5")->text(), "8,31,5");
-
-    window->activateWindow();
-    find<QLineEdit>("Text1")->setFocus();
-    form->Text2.setText("итог\r\nв две строки");
-    QTest::keyClick(find<QLineEdit>("Text1"), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(),
-              "V & W, км/с\t19,4\tИтог\tитог  в две строки\n- A & B\tнет\n");
 }
 
 TEST_F(WindowTools, WindowsAreListedAndTurnedToByKeys) {

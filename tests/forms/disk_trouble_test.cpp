@@ -53,6 +53,7 @@ struct DiskTrouble : test::LabTest {
         folder.makeFolder("Plan0/Txt1");
         lab.desk.show("Form1");
         press("Form1", "Command1");  // elements for the run
+        static_cast<CheckBox&>(*lab.desk.form("Form2").find("Check20")).set(true);
         static_cast<TextField&>(*lab.desk.form("Form15").find("Text4")).setText("0");
         screen.atYield = [this](int) { lab.s.kodStop = 1; };
     }

@@ -238,7 +238,7 @@ TEST_F(ElementsFormTest, SavedFileReadsBack) {
     EXPECT_EQ(s.IplSel, 12345);
     EXPECT_TRUE(screen.messages.empty());
     static_cast<CommandButton&>(*lab.desk.form("Form2").find("Command5")).press();
-    EXPECT_EQ(screen.onlyMessage().title, "Tarvex7mm");
+    EXPECT_EQ(screen.onlyMessage().title, "Tarvex7");
     EXPECT_EQ(screen.causes, std::vector<std::string>{"нет тела № 12345"});
 }
 

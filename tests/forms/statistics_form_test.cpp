@@ -226,7 +226,7 @@ TEST_F(Form6Test, RecordsAreDeletedFromTheFile) {
     EXPECT_EQ(bytes(model), before);
     form.markedRecord.setText("2");
     std::filesystem::remove(at(model));  // the folder goes with it: the write must fail
-    std::filesystem::remove(at("\\Plan1\\Txt1"));
+    std::filesystem::remove_all(at("\\Plan1\\Txt1"));
     form.deletePoint.press();
     expectMessage("Ошибка записи данных в файл\r\n" + model);
     EXPECT_EQ(lab.series.NP1max(), 11);

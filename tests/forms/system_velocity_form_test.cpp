@@ -29,8 +29,8 @@ TEST_F(SystemVelocityFormTest, SumsTheTickedVelocities) {
     form.sunLatitude.setText("30");
     form.addSun.set(true);
     form.sumVelocities.press();
-    EXPECT_NEAR(form.sunVy.number(), 100 * std::sqrt(0.75), 1e-7);
-    EXPECT_NEAR(form.sunVz.number(), 50, 1e-7);
+    EXPECT_NEAR(form.sunVy.number(), 100 * std::sqrt(0.75), 1e-6);
+    EXPECT_NEAR(form.sunVz.number(), 50, 1e-6);
     EXPECT_EQ(s.kodStop, 1);
     form.addBackground.set(true);
     form.backgroundReversed.choose();

@@ -359,7 +359,7 @@ TEST_F(PlayerTest, PicturesAreSavedAsVectorsAndNumbersToo) {
     for (const double y : {0.25, 0.5}) bench().Picture2.as(series).disc(y, y, 0.01, {255, 0, 0});
     std::string script;
     for (const std::string& file : {csv, svg, pdf}) script += "export Bench.Picture2 " + file + "\n";
-    EXPECT_EQ(play(script).failure, "");
+    EXPECT_EQ(play(script, true).failure, "");
     EXPECT_EQ(test::readBytes(csv),
               "\xEF\xBB\xBF"
               "dAlfaP, эксп. 1\r\nвремя, год; dAlfaP, сек\r\n1925;0,5\r\n1950;1\r\n");

@@ -119,7 +119,7 @@ TEST(Drifts, KnownParametersComeBackWithinTheirErrors) {
                 left += std::pow(*one.residual, 2) / 1200;
         }
         EXPECT_NEAR(within, 0.954 * all, 0.025 * all);  // of the normal distribution, by 200 trials
-        EXPECT_NEAR(chi, 4, 0.6);    // its degrees of freedom
+        EXPECT_NEAR(chi, 4, 0.6);                       // its degrees of freedom
         EXPECT_NEAR(left, 1, 0.15);  // a planet that took no part is predicted within its error
     }
 }

@@ -72,7 +72,7 @@ public:
     std::vector<std::string> causes;     ///< of the error messages
     std::vector<std::string> pointedAt;  ///< the controls that messages were about
     std::vector<Message> questions;
-    std::deque<bool> answers;  ///< none left: the answer is no
+    std::deque<bool> answers;             ///< none left: the answer is no
     std::vector<std::string> disturbing;  ///< questions before commands that would disturb a calculation
     bool disturb = true;                  ///< the answer to all of them
     std::vector<std::string> notices;
