@@ -1,6 +1,7 @@
 #include "forms/system_velocity_form.h"
 
 #include <chrono>
+#include <cmath>
 
 #include "core/arithmetic.h"
 #include "forms/elements_form.h"
@@ -96,9 +97,11 @@ SystemVelocityForm::SystemVelocityForm(Laboratory& lab_)
 }
 
 void SystemVelocityForm::load() {
-    systemVx.show(cut6(lab.s.VXsys));
-    systemVy.show(cut6(lab.s.VYsys));
-    systemVz.show(cut6(lab.s.VZsys));
+    // a number too large to be cut is shown whole: opening a form has no message to end in
+    const auto shown = [](double v) { return std::isfinite(cut6(v)) ? cut6(v) : v; };
+    systemVx.show(shown(lab.s.VXsys));
+    systemVy.show(shown(lab.s.VYsys));
+    systemVz.show(shown(lab.s.VZsys));
     clearPicture();
 }
 

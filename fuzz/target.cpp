@@ -39,7 +39,6 @@ void feed(Reader reader, std::string_view input) {
     try {
         reader(input);
     } catch (const Failure&) {
-    } catch (const Refusal&) {
     } catch (const LineFailure&) {
     }
 }

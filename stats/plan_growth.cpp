@@ -23,6 +23,7 @@ std::size_t mostTelling(const MatrixXd& information, const std::vector<VectorXd>
     const MatrixXd whole =
         information + 1e-9 * information.trace() * MatrixXd::Identity(information.rows(), information.cols());
     const Eigen::LLT<MatrixXd> factor(whole);
+    if (factor.info() != Eigen::Success) throw ArithmeticFailure("точки плана ничего не определяют");
     std::size_t best = 0;
     double most = -1;
     for (std::size_t i = 0; i < candidates.size(); ++i) {
@@ -59,6 +60,7 @@ std::vector<std::vector<double>> dOptimalPoints(const PlanBlock& p,
     for (const auto& codes : candidates) terms.push_back(termsOf(codes));
     if (terms.empty()) return {};
     MatrixXd information = MatrixXd::Zero(lastColumn(p.Nf) + 1, lastColumn(p.Nf) + 1);
+    if (p.Nf < 1 || terms[0].size() != information.rows()) throw ArithmeticFailure("план еще не создан");
     for (int u = 1; u <= experiments(p); ++u) {
         const VectorXd x = termsOf(codesOf(p, u));
         information += x * x.transpose();

@@ -41,9 +41,13 @@ void withoutRights(const fs::path& file, const std::function<void()>& body) {
     const bool root = geteuid() == 0;
     fs::permissions(file, fs::perms::none);
     fs::permissions(file.parent_path(), fs::perms(0555));
-    if (root) EXPECT_EQ(seteuid(nobody), 0);
+    if (root) {
+        EXPECT_EQ(seteuid(nobody), 0);
+    }
     body();
-    if (root) EXPECT_EQ(seteuid(0), 0);
+    if (root) {
+        EXPECT_EQ(seteuid(0), 0);
+    }
     fs::permissions(file.parent_path(), fs::perms(0755));
     fs::permissions(file, fs::perms(0644));
 }

@@ -87,14 +87,14 @@ TEST_F(Form24Test, DateCommandsUseTheirOwnCalendar) {
 }
 
 TEST_F(Form24Test, EveryBadInputHasItsMessage) {
-    using Message = test::RecordingScreen::Message;
-    const Message badData{"Задайте правильно данные", "Tarvex7m"},
+    using Told = test::RecordingScreen::Message;
+    const Told badData{"Задайте правильно данные", "Tarvex7m"},
         noDate{"В файлах DE405 нет такой даты", "Tarvex7m"}, reading{"Ошибка чтения файлов JPL", "Tarvex7"};
     const auto kept = calculated("4");
     struct Case {
         TextField* field;
         const char* text;
-        Message message;
+        Told message;
         int stops;
     };
     for (const Case& c : {Case{&form.year, "", badData, 0},
