@@ -137,24 +137,26 @@ bool PlanForm::runSolution(const FactorValues& values, int planet, int number) {
     PlanBlock& p = lab.plan;
     p.Nexp = p.NexpKon = static_cast<std::int16_t>(number);
     for (int i = 1; i <= gravityFactors; ++i) p.XU[i][number] = values[static_cast<std::size_t>(i)];
+    auto& measured = controlOf<TextField>(desk().form(driven), "Text13");
+    const std::string before = measured.text();
+    const auto end = [&] {
+        confirming = false;
+        measured.setText(before);
+        endBatch();
+    };
     confirmed = false;
     confirming = true;
     try {
         startPlanCodes();
         lab.s.NPlan = planNumber.int16();
         p.kodTestHead = 0;
-        auto& measured = controlOf<TextField>(desk().form(driven), "Text13");
-        const std::string before = measured.text();
         measured.show(planet);
         startExperiment(values, number);
-        measured.setText(before);
     } catch (...) {
-        confirming = false;
-        endBatch();
+        end();
         throw;
     }
-    confirming = false;
-    endBatch();
+    end();
     return confirmed;
 }
 

@@ -302,6 +302,7 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
     form2().failAt = 10;
     form->confirmSolution.press();
     EXPECT_EQ(screen.onlyMessage(), (Told{"прогон", "стенд"}));
+    EXPECT_EQ(form2().Text13.text(), "5");  // the body that was measured before
     form->nextPlan.press();
     EXPECT_EQ(form->interval(1).text() + " " + form->interval(4).text(), "25 20");
     EXPECT_NEAR(form->zeroLevel(4).number(), 230, 0.01);
