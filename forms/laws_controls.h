@@ -80,6 +80,14 @@ public:
               "След тела по его сохраненным положениям, kodDX = 3; шаг не делить: kDt = 1; "
               "действует с «Начать» на форме 2")};
 
+    // --- relativity beside a finite speed
+    CheckBox withRelativity{
+        this,
+        {.name = "WithRelativity",
+         .caption = "с постньютоновскими членами",
+         .hint = "Классика плюс постньютоновские члены ОТО между нынешними местами тел, при любом законе и "
+                 "запаздывании (kodRelativity); в ОТО они и так есть"}};
+
     // --- energy and centre of mass
     CheckBox pairEnergies{
         this,

@@ -27,13 +27,14 @@ struct Tick {
     CheckBox LawsForm::*box;
     std::int16_t Motion::*code;
 };
-constexpr std::array<Tick, 7> ticks = {{{&LawsForm::ratesEachStage, &Motion::kodDiffurV},
+constexpr std::array<Tick, 8> ticks = {{{&LawsForm::ratesEachStage, &Motion::kodDiffurV},
                                         {&LawsForm::pairEnergies, &Motion::kodEpot},
                                         {&LawsForm::showCentre, &Motion::kodXcm},
                                         {&LawsForm::centreNow, &Motion::kodCMnow},
                                         {&LawsForm::ratesFromAccelerations, &Motion::kodAA},
                                         {&LawsForm::shortLienardWiechert, &Motion::kodLVsimple},
-                                        {&LawsForm::sunFromCentre, &Motion::kodSun}}};
+                                        {&LawsForm::sunFromCentre, &Motion::kodSun},
+                                        {&LawsForm::withRelativity, &Motion::kodRelativity}}};
 
 /// Whether gravity has a speed on Form2; a form that is not loaded has its box off, and is not loaded for
 /// this.
@@ -62,6 +63,7 @@ LawsForm::LawsForm(Laboratory& lab_)
                               ratesFromAccelerations, shortLienardWiechert})),
                 frame("выбор варианта рассчета для учета запаздывания потенциала по координатам",
                       column({noDelay, delayBySpeed, delayByAcceleration, delayByTrace})),
+                withRelativity,
                 frame("энергия и центр масс", column({pairEnergies, showCentre, centreNow, sunFromCentre})),
                 row({storeChoice, stretch(), closeForm})});
 }

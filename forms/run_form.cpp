@@ -174,7 +174,7 @@ void RunForm::load() {
     drawMarkers();
     julianDate.show(cut6(s.JDstart));
     motion.kodPgr = motion.kodDX = motion.kodEpot = motion.kodXcm = motion.kodCMnow = 0;
-    motion.kodSun = motion.kodDiffurV = 0;
+    motion.kodSun = motion.kodDiffurV = motion.kodRelativity = 0;
     motion.kPgr1 = motion.kPgr2 = 0;
     lab.s.provenance.wrote(Given::Laws, 2);
     lab.run.kodTest = 0;

@@ -257,6 +257,11 @@ void Diffur(ModelState& s, Motion& motion) {
     if (pressed) ++motion.NDiffur;
     if (pressed || motion.kodDebug == 0) kernel::forces(s, motion, b, pressed ? motion.kodPgr : 0);
     if (pressed && motion.kodDiffurV == 1) motion.fullQuadrant = true;
+    if (motion.kodRelativity == 1) {
+        kernel::Watch watch;
+        kernel::addPostNewtonian(s, motion, b, watch);
+        kernel::checkWatch(motion, watch);
+    }
 }
 
 }  // namespace tarvex

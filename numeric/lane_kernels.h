@@ -174,6 +174,9 @@ void unpack(const Motion& m, ModelState& s, BodyLanes& b);
 /// The present state in lanes.
 void toLanes(const ModelState& s, BodyLanes& b);
 
+/// Adds to the accelerations in dU what relativity has beyond Newton, between present places, with AX..AZ.
+void addPostNewtonian(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch);
+
 /// Clears what a failed call left and throws, unless the watch has seen nothing wrong.
 void checkWatch(Motion& m, const Watch& watch);
 

@@ -69,8 +69,9 @@ struct Motion {
     alignas(32) BodyArray AX{}, AY{}, AZ{};  ///< accelerations of the last finished step, mean of the stages
 
     // --- mode codes
-    std::int16_t kodVgr = 0;  ///< 1: gravity has the speed Vgr
-    std::int16_t kodOTO = 0;  ///< 1: relativistic right-hand side
+    std::int16_t kodVgr = 0;         ///< 1: gravity has the speed Vgr
+    std::int16_t kodOTO = 0;         ///< 1: relativistic right-hand side
+    std::int16_t kodRelativity = 0;  ///< 1: post-Newtonian terms beside the classical forces
     std::int16_t kodDX = 0;   ///< retardation by coordinates: 0 none, 1 speeds, 2 and accelerations, 3 trace
     std::int16_t kodPgr = 0;  ///< law of dynamic pressure: 0 none, 2..7
     std::int16_t kodSun = 0;  ///< 1: the Sun follows from the centre of mass
@@ -129,8 +130,9 @@ struct Motion {
 };
 
 /// Right-hand side of the classical model: Newtonian pair forces with the exponent nR, retardation by kodDX
-/// and the pressure law kodPgr when kodVgr is 1.  Reads U, masses, ticks, codes, AX..AZ, the trace; writes
-/// dU, the pair arrays and the copies X..VZ of s.
+/// and the pressure law kodPgr when kodVgr is 1.  With kodRelativity the post-Newtonian terms of DiffurOTO
+/// come on top, between present places: dU alone has them, the pair arrays are those of the forces.  Reads U,
+/// masses, ticks, codes, AX..AZ, the trace; writes dU, the pair arrays and the copies X..VZ of s.
 /// @throws ArithmeticFailure for Vgr = 0, two bodies at one place or with equal X and Y, a zero mass, an
 /// overflow;
 ///         nothing that is not a number stays behind

@@ -85,6 +85,7 @@ void addNames(NameTable& table, const Motion& motion) {
     NAME(kodSun);
     NAME(kodDiffurV);
     NAME(kodAA);
+    NAME(kodRelativity);
     NAME(kodLVsimple);
     NAME(kodEpot);
     NAME(kodXcm);

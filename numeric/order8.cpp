@@ -33,15 +33,13 @@ void takeAccelerations(Motion& motion) {
     std::copy_n(a + 2 * bodies, bodies, motion.AZ.begin());
 }
 
-/// dU at the present U; the relativistic equations with the accelerations of this very point.
+/// dU at the present U; the relativistic terms with the accelerations of this very point.
 void slopeOf(ModelState& s, Motion& motion) {
-    if (motion.kodOTO == 0) {
-        Diffur(s, motion);
-        return;
-    }
-    DiffurOTO(s, motion);  // with accelerations of a point nearby
-    takeAccelerations(motion);
-    DiffurOTO(s, motion);
+    const auto equations = motion.kodOTO == 0 ? Diffur : DiffurOTO;
+    equations(s, motion);
+    if (motion.kodOTO == 0 && motion.kodRelativity == 0) return;
+    takeAccelerations(motion);  // those it has used were of a point nearby
+    equations(s, motion);
 }
 
 void evaluate(ModelState& s, Motion& motion, Order8Stages& stages, int stage) {

@@ -19,7 +19,7 @@ struct Order8Stages {
 };
 
 /// Advances U by DtCur through the right-hand side of kodOTO and leaves in dU(33..65) the mean of the stage
-/// accelerations with the weights of the step.  The relativistic equations get the accelerations of the stage
+/// accelerations with the weights of the step.  The relativistic terms get the accelerations of the stage
 /// itself: each stage is evaluated twice, which leaves an error of the second order in their smallness, 1E-8.
 /// @throws ArithmeticFailure where the right-hand side does
 void order8Step(ModelState& s, Motion& motion, Order8Stages& stages);

@@ -68,6 +68,9 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
               "   dAlfa= " + toText(run.dAlfa) + "   kodBary= " + whole(s.kodBary) + "   kodMoon= " +
               whole(s.kodMoon) + "   kodDX= " + whole(motion.kodDX) + "   kodPgr= " + whole(motion.kodPgr) +
               "   kodOTO=  " + whole(motion.kodOTO) + "   kodSun=  " + whole(motion.kodSun) +
+              (run.kodModel == 1 && motion.kodOTO == 0 && motion.kodRelativity == 1
+                   ? "   постньютоновские члены"
+                   : "") +
               (run.measuring == Measuring::ExactPassages ? "   точные прохождения" : "") +
               (run.stepper == Stepper::Order8 ? "   высокий порядок" : ""));
     file.line(run.ModelName + "    VXsys=  " + toText(s.VXsys) + "   VYsys= " + toText(s.VYsys) +

@@ -47,11 +47,15 @@ TEST_F(LawsFormTest, OptionsPutTheirCoefficientsAndOnlyTheCommandStores) {
     form.weber.choose();
     form.k1.setText("0,7");
     form.delayByAcceleration.choose();
-    for (CheckBox* box : {&form.ratesEachStage, &form.centreNow, &form.shortLienardWiechert}) box->set(true);
+    for (CheckBox* box :
+         {&form.ratesEachStage, &form.centreNow, &form.shortLienardWiechert, &form.withRelativity})
+        box->set(true);
+    EXPECT_EQ(lab.motion.kodRelativity, 0);
     form.storeChoice.press();
     EXPECT_EQ(lab.motion.kPgr1, 0.7);
     EXPECT_EQ(lab.motion.kodDX, 2);
-    EXPECT_EQ(lab.motion.kodDiffurV + lab.motion.kodCMnow + lab.motion.kodLVsimple, 3);
+    EXPECT_EQ(lab.motion.kodDiffurV + lab.motion.kodCMnow + lab.motion.kodLVsimple + lab.motion.kodRelativity,
+              4);
 
     // opening the form again shows what is stored, also a coefficient that is not the usual one
     form.closeForm.press();

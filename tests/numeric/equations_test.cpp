@@ -180,6 +180,27 @@ TEST(Equations, RelativisticAgreesWithTheLiteralEquations) {
     EXPECT_EQ(twin.motion.FXik[5][4], 0);
     EXPECT_NE(twin.motion.FXik[4][5], 0);
     EXPECT_NE(twin.motion.dU[33], 0);
+    // beside the classical forces of any law: what relativity has beyond Newton, between present places
+    Motion& m = twin.motion;
+    twin.s.kodPair[4][5] = twin.s.kodPair[0][9] = 1;
+    DiffurOTO(twin.s, m);
+    const auto einstein = m.dU;
+    Diffur(twin.s, m);
+    const auto newton = m.dU;
+    m.kodVgr = 1, m.Vgr = 50 * Vsv;
+    for (const int law : {0, 4, 5})
+        for (const int delay : {0, 1, 2}) {
+            m.kodPgr = static_cast<std::int16_t>(law), m.kodDX = static_cast<std::int16_t>(delay);
+            m.kodRelativity = 0;
+            Diffur(twin.s, m);
+            const auto plain = m.dU;
+            const auto pairs = std::pair(m.DXp, m.FXik);
+            m.kodRelativity = 1;
+            Diffur(twin.s, m);
+            EXPECT_EQ(std::pair(m.DXp, m.FXik), pairs);
+            for (int n = 33; n < 66; ++n)
+                EXPECT_NEAR(m.dU[n] - plain[n], einstein[n] - newton[n], 3e-15 * std::fabs(newton[n])) << n;
+        }
 }
 
 TEST(Equations, LinesAlongTheAxes) {

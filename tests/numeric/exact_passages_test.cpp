@@ -143,6 +143,43 @@ TEST(ExactPassages, AgreeWithAnIndependentSolution) {
     }
 }
 
+// Post-Newtonian terms beside classical forces without retardation are the relativistic model: the perihelia
+// of a century are the same to a millionth of a second of arc, and 43" from Newton's.
+TEST(ExactPassages, ClassicalForcesWithRelativityAreTheRelativisticModel) {
+    struct Way {
+        bool relativistic;
+        std::int16_t terms;
+        bool gravitySpeed;
+        Stepper stepper;
+    };
+    const auto perihelia = [](const Way& way) {
+        TestRun t;
+        t.settings.measuring = Measuring::ExactPassages;
+        t.settings.stepper = way.stepper;
+        t.settings.relativistic = way.relativistic;
+        t.settings.gravitySpeed = way.gravitySpeed;
+        t.settings.Text38 = way.stepper == Stepper::Order8 ? "86400" : "10800";
+        t.settings.Text40 = way.stepper == Stepper::Order8 ? "1900" : "1806";
+        t.start();
+        t.motion.kodRelativity = way.terms;
+        std::vector<double> all;
+        for (const Apse& apse : apsesOf(t)) all.push_back(3600 * apse.perihelion);
+        return all;
+    };
+    for (const Stepper stepper : {Stepper::Order8, Stepper::RungeKutta4}) {
+        const bool high = stepper == Stepper::Order8;
+        const auto einstein = perihelia({true, 0, false, stepper}),
+                   both = perihelia({false, 1, !high, stepper}),
+                   newton = perihelia({false, 0, false, stepper});
+        ASSERT_EQ(einstein.size(), both.size());
+        ASSERT_EQ(einstein.size(), newton.size());
+        ASSERT_GE(einstein.size(), high ? 829u : 48u);
+        const double century = high ? 1 : 0.06;
+        for (std::size_t k = 0; k < both.size(); ++k) EXPECT_NEAR(both[k], einstein[k], 1e-6 * century) << k;
+        EXPECT_NEAR(einstein.back() - newton.back(), 43 * century, high ? 0.2 : 0.3);
+    }
+}
+
 // A known orbit from a quarter of an hour before its perihelion: what is passed in the first step counts.
 TEST(ExactPassages, MeasureAKeplerOrbitFromItsFirstStep) {
     struct Case {
