@@ -6,7 +6,6 @@
 #include <iterator>
 #include <map>
 
-#include "core/failure.h"
 #include "core/private_folder.h"
 #include "script/line_failure.h"
 
@@ -21,12 +20,12 @@ std::map<std::string, Reader>& readers() {
     return all;
 }
 
-[[noreturn]] void finding(const std::string& text) {
+}  // namespace
+
+void finding(const std::string& text) {
     std::fprintf(stderr, "finding: %s\n", text.c_str());
     std::abort();
 }
-
-}  // namespace
 
 Target::Target(const char* name, Reader reader) { readers()[name] = reader; }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "core/data_tree.h"
+#include "core/failure.h"
 #include "core/model_state.h"
 
 namespace tarvex::fuzz {
@@ -33,6 +34,17 @@ const DataTree& tree();
 void put(const std::string& name, std::string_view bytes);
 std::string fetch(const std::string& name);
 
+/// Ends the process: a finding.
+[[noreturn]] void finding(const std::string& text);
+/// What the laboratory has written it reads again.
+template <class Read>
+void expectReadable(const char* what, Read&& read) {
+    try {
+        read();
+    } catch (const Failure& failure) {
+        finding(std::string(what) + " is written so that it cannot be read: " + failure.what());
+    }
+}
 /// A number that is not finite ends the process: a finding.
 void expectFinite(double value, const char* what);
 template <class Values>

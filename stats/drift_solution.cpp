@@ -330,7 +330,7 @@ std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSol
                        : gridOf(*two.value, *two.error, reach, points);
     const MapAxes axes{problem, surfaces, first, second, map.ratios};
     std::vector<Eigen::Index> free = everyCoordinate(static_cast<Eigen::Index>(problem.factors.size()));
-    std::erase_if(free, [&](Eigen::Index i) { return i == first || i == second; });
+    std::erase_if(free, [&](Eigen::Index i) { return i == axes.first || i == axes.second; });
     const double scale = solution.errorsKnown || solution.freedom == 0 || solution.chiSquare == 0
                              ? 1
                              : solution.chiSquare / solution.freedom;
