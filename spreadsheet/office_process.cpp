@@ -41,6 +41,28 @@ std::vector<fs::path> socketsOf(pid_t process) {
     return paths;
 }
 
+/// A profile that trusts no workbook: no macro runs, nothing is fetched from outside (pictures and links of a
+/// file are, by the program's own settings), no link is brought up to date.
+void writeProfile(const fs::path& profile) {
+    fs::create_directories(profile / "user");
+    std::ofstream settings(profile / "user" / "registrymodifications.xcu");
+    settings << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\""
+                " xmlns:xs=\"http://www.w3.org/2001/XMLSchema\""
+                " xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\">\n";
+    const struct {
+        const char *node, *name, *value;
+    } items[] = {{"Common/Security/Scripting", "DisableMacrosExecution", "true"},
+                 {"Common/Security/Scripting", "MacroSecurityLevel", "3"},
+                 {"Common/Security/Scripting", "BlockUntrustedRefererLinks", "true"},
+                 {"Calc/Content/Update", "Link", "2"}};
+    for (const auto& [node, name, value] : items)
+        settings << "<item oor:path=\"/org.openoffice.Office." << node << "\"><prop oor:name=\"" << name
+                 << "\" oor:op=\"fuse\"><value>" << value << "</value></prop></item>\n";
+    settings << "</oor:items>\n";
+    if (!settings.flush()) throw OfficeFailure("не пишется профиль LibreOffice: " + profile.string());
+}
+
 /// The environment of the child: ours, with the drawing that needs no screen and the folder for all that it
 /// leaves about.
 std::vector<std::string> childEnvironment(const fs::path& folder) {
@@ -73,6 +95,7 @@ OfficeProcess::OfficeProcess(const fs::path& programFolder)
     // A message to a process that has died must come back as an error, here and at the end of the program,
     // when the client libraries put back what they found.
     signal(SIGPIPE, SIG_IGN);
+    writeProfile(folder_.path() / "profile");
     start();
 }
 

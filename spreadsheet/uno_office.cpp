@@ -6,6 +6,8 @@
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/document/MacroExecMode.hpp>
+#include <com/sun/star/document/UpdateDocMode.hpp>
 #include <com/sun/star/frame/XComponentLoader.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
@@ -67,7 +69,8 @@ auto asFailure(const char* what, Body&& body) {
     }
 }
 
-beans::PropertyValue property(const char* name, bool value) {
+template <class T>
+beans::PropertyValue property(const char* name, T value) {
     beans::PropertyValue p;
     p.Name = rtl::OUString::createFromAscii(name);
     p.Value <<= value;
@@ -273,9 +276,13 @@ struct SpreadsheetOffice::Running {
         rtl::OUString url;
         osl::FileBase::getFileURLFromSystemPath(toOffice(std::filesystem::absolute(path).string()), url);
         return asFailure("таблица не открывается", [&]() -> std::unique_ptr<Workbook> {
-            // As a template the file is neither locked nor changed.
-            const beans::PropertyValue how[] = {property("Hidden", true), property("AsTemplate", true)};
-            const auto document = loader->loadComponentFromURL(url, "_blank", 0, {how, 2});
+            // As a template the file is neither locked nor changed.  What it brings along does nothing: no
+            // macro runs, no link is followed.
+            const beans::PropertyValue how[] = {
+                property("Hidden", true), property("AsTemplate", true),
+                property("MacroExecutionMode", com::sun::star::document::MacroExecMode::NEVER_EXECUTE),
+                property("UpdateDocMode", com::sun::star::document::UpdateDocMode::NO_UPDATE)};
+            const auto document = loader->loadComponentFromURL(url, "_blank", 0, {how, std::size(how)});
             if (!document.is()) throw FileFailure("не таблица: " + path.string());
             return std::make_unique<OfficeWorkbook>(document, sheets);
         });
