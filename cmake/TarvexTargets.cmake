@@ -58,13 +58,13 @@ function(tarvex_library name)
     target_link_libraries(${name} PUBLIC ${ARG_LINK})
 endfunction()
 
-# tarvex_tests(NAME SOURCES... [LINK targets...]): one test program, its cases run in parallel by CTest.
+# tarvex_tests(NAME SOURCES... [LINK targets...] [LABEL label]): one test program, its cases run in parallel by CTest.
 function(tarvex_tests name)
-    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "LABEL" "LINK" ${ARGN})
     add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
     tarvex_include_directory(${name} PRIVATE tests)
     target_compile_definitions(${name} PRIVATE TARVEX_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 LABELS "${ARG_LABEL}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
