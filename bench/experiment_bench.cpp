@@ -37,12 +37,12 @@ void mercuryFrom1801(benchmark::State& state) {
     long steps = 0;
     for (auto _ : state) {
         test::TestRun t;
-        t.settings.Text13 = "1";
-        t.settings.Text17 = "1";
-        t.settings.Text38 = "3600";
-        t.settings.Text39 = "1000";
-        t.settings.Text37 = "10000";
-        t.settings.Text40 = "1802";
+        t.settings.body = 1;
+        t.settings.windowDegrees = 1;
+        t.settings.step = 3600;
+        t.settings.stepDivider = 1000;
+        t.settings.stepsPerDisplay = 10000;
+        t.settings.lastYear = 1802;
         t.start();
         literal::Equations plain;
         plain.s = &t.s;

@@ -16,23 +16,24 @@ namespace {
 
 struct Way {
     const char* name;
-    const char *body, *step;
+    int body;
+    double step;
     Measuring measuring;
     Stepper stepper;
     bool relativistic;
 };
 
 constexpr Way ways[] = {
-    {"Mercury windows, Newton", "1", "3600", Measuring::Windows, Stepper::RungeKutta4, false},
-    {"Mercury exact, Newton", "1", "3600", Measuring::ExactPassages, Stepper::RungeKutta4, false},
-    {"Mercury order 8, Newton", "1", "86400", Measuring::ExactPassages, Stepper::Order8, false},
-    {"Mercury windows, relativity", "1", "3600", Measuring::Windows, Stepper::RungeKutta4, true},
-    {"Mercury exact, relativity", "1", "3600", Measuring::ExactPassages, Stepper::RungeKutta4, true},
-    {"Mercury order 8, relativity", "1", "86400", Measuring::ExactPassages, Stepper::Order8, true},
-    {"Jupiter windows, Newton", "5", "3600", Measuring::Windows, Stepper::RungeKutta4, false},
-    {"Jupiter exact, Newton", "5", "3600", Measuring::ExactPassages, Stepper::RungeKutta4, false},
-    {"Neptune windows, Newton", "8", "3600", Measuring::Windows, Stepper::RungeKutta4, false},
-    {"Neptune exact, Newton", "8", "3600", Measuring::ExactPassages, Stepper::RungeKutta4, false},
+    {"Mercury windows, Newton", 1, 3600, Measuring::Windows, Stepper::RungeKutta4, false},
+    {"Mercury exact, Newton", 1, 3600, Measuring::ExactPassages, Stepper::RungeKutta4, false},
+    {"Mercury order 8, Newton", 1, 86400, Measuring::ExactPassages, Stepper::Order8, false},
+    {"Mercury windows, relativity", 1, 3600, Measuring::Windows, Stepper::RungeKutta4, true},
+    {"Mercury exact, relativity", 1, 3600, Measuring::ExactPassages, Stepper::RungeKutta4, true},
+    {"Mercury order 8, relativity", 1, 86400, Measuring::ExactPassages, Stepper::Order8, true},
+    {"Jupiter windows, Newton", 5, 3600, Measuring::Windows, Stepper::RungeKutta4, false},
+    {"Jupiter exact, Newton", 5, 3600, Measuring::ExactPassages, Stepper::RungeKutta4, false},
+    {"Neptune windows, Newton", 8, 3600, Measuring::Windows, Stepper::RungeKutta4, false},
+    {"Neptune exact, Newton", 8, 3600, Measuring::ExactPassages, Stepper::RungeKutta4, false},
 };
 constexpr std::size_t wayCount = std::size(ways);
 
@@ -69,10 +70,10 @@ double seconds() {
 }
 
 void prepare(test::TestRun& t, const Way& way, int years) {
-    t.settings.Text13 = way.body;
-    t.settings.Text38 = way.step;
-    t.settings.Text37 = "10000";
-    t.settings.Text40 = std::to_string(1800 + years);
+    t.settings.body = way.body;
+    t.settings.step = way.step;
+    t.settings.stepsPerDisplay = 10000;
+    t.settings.lastYear = 1800 + years;
     t.settings.measuring = way.measuring;
     t.settings.stepper = way.stepper;
     t.settings.relativistic = way.relativistic;

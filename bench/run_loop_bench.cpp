@@ -27,7 +27,7 @@ void stepShare(benchmark::State& state) {
     test::TestRun t;
     t.settings.boxes.endAtYear = false;
     t.settings.relativistic = state.range(0) == 1;
-    t.settings.Text37 = std::to_string(stepsInBatch);
+    t.settings.stepsPerDisplay = stepsInBatch;
     t.start();
     OneBatch port;
     double step = 1, sides = 1;

@@ -4,6 +4,7 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "forms/elements_form.h"
 #include "forms/run_form.h"
@@ -12,16 +13,6 @@
 namespace tarvex {
 
 namespace {
-
-/// A typed number as it is, or the text in doubt.
-template <class Read>
-auto typed(const std::string& text, Read read, decltype(read(0.)) otherwise) {
-    try {
-        return read(toNumber(text));
-    } catch (const Failure&) {
-        return otherwise;
-    }
-}
 
 // ------------------------------------------------------------------ what is given
 
@@ -41,10 +32,10 @@ std::string lawWords(const RunSettings& set, const Laboratory& lab) {
         return set.boxes.theory == Imitator::New0   ? "имитатор New0"
                : set.boxes.theory == Imitator::JPL2 ? "имитатор JPL2"
                                                     : "имитатор JPL0";
-    if (set.relativistic) return "ОТО, Vgr=" + set.Text35 + " Vsv";
-    std::string words = "Классика, 1/R^" + set.Text45;
-    if (!set.gravitySpeed) return words + ", без Vgr";
-    words += ", Vgr=" + set.Text35 + " Vsv";
+    if (set.relativistic) return "ОТО, Vgr=" + set.gravitySpeed.text() + " Vsv";
+    std::string words = "Классика, 1/R^" + set.distanceExponent.text();
+    if (!set.finiteGravitySpeed) return words + ", без Vgr";
+    words += ", Vgr=" + set.gravitySpeed.text() + " Vsv";
     const Motion& motion = lab.motion;
     if (motion.kodDX != 0) words += fmt::format(", kodDX={}", motion.kodDX);
     if (motion.kodPgr != 0) words += fmt::format(", kodPgr={}", motion.kodPgr);
@@ -63,10 +54,10 @@ std::string fileWords(const DataTree& tree, std::string name) {
 
 std::string recordWords(const RunSettings& set, const Laboratory& lab) {
     if (!set.boxes.records && !set.boxes.track) return "без записи";
-    const auto whole = [](double v) { return static_cast<int>(toInt16(v)); };
-    const int experiment = typed(set.Text8, whole, -1);
-    const int body = lab.s.kodMoon == 1 ? rowMoon : typed(set.Text13, whole, -1);
-    if (experiment < 0 || body < 0) return "файл не назван";
+    const int experiment = set.experiment.orElse(-1);
+    const int body = lab.s.kodMoon == 1 ? rowMoon : set.body.orElse(-1);
+    if (experiment < 0 || body < 0 || body > std::numeric_limits<std::int16_t>::max())
+        return "файл не назван";
     std::string words = "файл ";
     if (set.boxes.records)
         words += fileWords(lab.tree, recordFile(set.model, set.boxes.theory, lab.s.NPlan, body, experiment));
@@ -89,7 +80,7 @@ std::string givenWords(const RunSettings& set, const Laboratory& lab) {
         sourceWords(p), toText(p.day), p.month, p.year, initial.form, *initial.how != 0 ? ", " : "",
         initial.how, massWords(p), s.kodMoon == 1 ? "Земля и Луна отдельно" : "Земля с Луной вместе",
         velocityWords(s), lawWords(set, lab), s.NPlan == 0 ? "вне плана" : fmt::format("план № {}", s.NPlan),
-        set.Text8, recordWords(set, lab));
+        set.experiment.text(), recordWords(set, lab));
 }
 
 // ------------------------------------------------------------------ what stands out

@@ -2,7 +2,7 @@
 // The controls of the experiment screen, Form2, in tab order: what is run, how it steps, what is measured and
 // written, what is drawn, the commands and the results.
 
-#include "numeric/experiment_start.h"
+#include "numeric/run_settings.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -73,7 +73,7 @@ public:
     TextField experimentNumber{this,
                                {.name = "Text8",
                                 .label = "эксперимент №",
-                                .text = runDefaults().Text8,
+                                .text = runDefaults().experiment.text(),
                                 .hint = "Номер эксперимента NFile в именах файлов, целое число",
                                 .width = 6}};
     CheckBox useGravitySpeed{
@@ -84,14 +84,14 @@ public:
     TextField gravitySpeed{
         this,
         {.name = "Text35",
-         .text = runDefaults().Text35,
+         .text = runDefaults().gravitySpeed.text(),
          .hint = "Скорость гравитации Vgr в скоростях света; ноль недопустим и без отметки",
          .width = 9}};
     TextField distanceExponent{
         this,
         {.name = "Text45",
          .label = "F=G*m*M/R^",
-         .text = runDefaults().Text45,
+         .text = runDefaults().distanceExponent.text(),
          .hint = "Показатель степени расстояния nR в законе тяготения; в законе Л-В не участвует",
          .width = 6}};
 
@@ -99,21 +99,21 @@ public:
     TextField step{this,
                    {.name = "Text38",
                     .label = "Шаг решения, с",
-                    .text = runDefaults().Text38,
+                    .text = runDefaults().step.text(),
                     .hint = "Основной шаг решения Dt, секунды",
                     .width = 8}};
     TextField stepDivider{
         this,
         {.name = "Text39",
          .label = "уменьшить в, раз",
-         .text = runDefaults().Text39,
+         .text = runDefaults().stepDivider.text(),
          .hint = "Делитель шага kDt у апсид и узлов, целое; 1 - шаг постоянен, так и надо с "
                  "DX3; ноль остановит прогон",
          .width = 7}};
     TextField stepsPerDisplay{this,
                               {.name = "Text37",
                                .label = "с выводом через",
-                               .text = runDefaults().Text37,
+                               .text = runDefaults().stepsPerDisplay.text(),
                                .hint = "Шагов NC0 между показами; остановка видна при следующем показе",
                                .width = 7}};
     CheckBox endAtYear{
@@ -124,7 +124,7 @@ public:
     TextField lastYear{
         this,
         {.name = "Text40",
-         .text = runDefaults().Text40,
+         .text = runDefaults().lastYear.text(),
          .hint = "Последний год прогона, целое число; планеты за Сатурном за 200 лет записей не дают",
          .width = 7}};
     CheckBox originSun{this,
@@ -149,14 +149,14 @@ public:
          .hint = "Измерять орбиту и уменьшать шаг у апсид и узлов; без отметки шаг не меняется"}};
     TextField bodyNumber{this,
                          {.name = "Text13",
-                          .text = runDefaults().Text13,
+                          .text = runDefaults().body.text(),
                           .hint = "Номер объекта, от 1 до 10; 0 (Солнце) - только без измерения",
                           .width = 4}};
     TextField windowDegrees{
         this,
         {.name = "Text17",
          .label = "при +/- dAlfa, град=",
-         .text = runDefaults().Text17,
+         .text = runDefaults().windowDegrees.text(),
          .hint = "Половина окна апсид и узлов, градусы; больше угла одного шага; с 1 Юпитер "
                  "теряет перигелии, 10 их сохраняет",
          .width = 6}};
@@ -225,26 +225,26 @@ public:
     TextField angleScale{this,
                          {.name = "Text5",
                           .label = "MdAlfa, сек/см",
-                          .text = runDefaults().Text5,
+                          .text = runDefaults().angleScale.text(),
                           .hint = "Масштаб углов на графиках, секунд дуги в клетке",
                           .width = 7}};
     TextField timeScale{this,
                         {.name = "Text9",
                          .label = "MT, лет/см",
-                         .text = runDefaults().Text9,
+                         .text = runDefaults().timeScale.text(),
                          .hint = "Масштаб времени на графиках, лет в клетке",
                          .width = 7}};
     TextField plotScale{
         this,
         {.name = "Text21",
          .label = "Mx, тыс.км/см ",
-         .text = runDefaults().Text21,
+         .text = runDefaults().plotScale.text(),
          .hint = "Масштаб графиков: тыс. км или процентов в клетке; сдвиг эксцентриситета на него умножается",
          .width = 9}};
     TextField plotShift{this,
                         {.name = "Text36",
                          .label = "dY, см",
-                         .text = runDefaults().Text36,
+                         .text = runDefaults().plotShift.text(),
                          .hint = "Сдвиг графиков вверх, клетки",
                          .width = 6}};
     Picture orbitPicture{

@@ -216,23 +216,23 @@ RunBoxes RunForm::boxes() const {
 
 RunSettings RunForm::settings() const {
     RunSettings set;
-    set.Text13 = bodyNumber.text();
-    set.Text17 = windowDegrees.text();
-    set.Text8 = experimentNumber.text();
-    set.Text35 = gravitySpeed.text();
-    set.Text45 = distanceExponent.text();
-    set.Text38 = step.text();
-    set.Text39 = stepDivider.text();
-    set.Text37 = stepsPerDisplay.text();
-    set.Text5 = angleScale.text();
-    set.Text9 = timeScale.text();
-    set.Text21 = plotScale.text();
-    set.Text36 = plotShift.text();
-    set.Text40 = lastYear.text();
+    set.body = TypedText{bodyNumber.text()};
+    set.windowDegrees = TypedText{windowDegrees.text()};
+    set.experiment = TypedText{experimentNumber.text()};
+    set.gravitySpeed = TypedText{gravitySpeed.text()};
+    set.distanceExponent = TypedText{distanceExponent.text()};
+    set.step = TypedText{step.text()};
+    set.stepDivider = TypedText{stepDivider.text()};
+    set.stepsPerDisplay = TypedText{stepsPerDisplay.text()};
+    set.angleScale = TypedText{angleScale.text()};
+    set.timeScale = TypedText{timeScale.text()};
+    set.plotScale = TypedText{plotScale.text()};
+    set.plotShift = TypedText{plotShift.text()};
+    set.lastYear = TypedText{lastYear.text()};
     set.forward = forward.on();
     set.model = model.on();
     set.relativistic = relativistic.on();
-    set.gravitySpeed = useGravitySpeed.on();
+    set.finiteGravitySpeed = useGravitySpeed.on();
     set.test = optionOn(desk(), "Form15", "Option5");
     set.measuring = exactPassages.on() ? Measuring::ExactPassages : Measuring::Windows;
     set.stepper = highOrder.on() ? Stepper::Order8 : Stepper::RungeKutta4;
@@ -242,12 +242,17 @@ RunSettings RunForm::settings() const {
 
 void RunForm::start() {
     showGiven(lab, given, true);
-    const RunSettings set = settings();
-    takeSettings(lab.experiment(), set);
+    beginExperiment(lab.experiment(), {.run = settings()}, *this);
+    run();
+}
+
+void RunForm::settingsTaken() {
     for (TextField* shift :
          {&perihelionShift, &nodeShift, &inclinationShift, &eccentricityShift, &semiAxisShift, &periodShift})
         shift->setText("0");
-    const StartNotes notes = prepareExperiment(lab.experiment(), set);
+}
+
+void RunForm::started(const StartNotes& notes) {
     ModelState& s = lab.s;
     if (s.NPlan > 0) clearPictures();
     eraseBodies();
@@ -265,7 +270,6 @@ void RunForm::start() {
     if (writeRecords.on() && lab.run.kodTest == 1 && lab.plan.kodTestHead != headWritten) writeTestHead();
     lab.run.TimerStart = clockSeconds();
     setStatus(cautions());
-    run();
 }
 
 /// What the records of these settings do not hold, for the status line.

@@ -6,15 +6,15 @@
 #include <map>
 #include <optional>
 
+#include "experiment/experiment_run.h"
 #include "forms/laboratory.h"
 #include "forms/picture_axes.h"
 #include "forms/run_controls.h"
-#include "numeric/experiment_start.h"
 #include "numeric/run_pause.h"
 
 namespace tarvex {
 
-class RunForm final : public RunControls, private RunPort {
+class RunForm final : public RunControls, private ExperimentPort {
 public:
     static constexpr const char* formName = "Form2";
     explicit RunForm(Laboratory& lab);
@@ -48,7 +48,9 @@ private:
     void leaveFor(CommandButton& command, const char* form);
     void closeEphemeris();
 
-    // --- what the run tells (RunPort)
+    // --- what the run tells (ExperimentPort)
+    void settingsTaken() override;
+    void started(const StartNotes& notes) override;
     void passed(const Passage& seen) override;
     void showDate() override;
     void drawBodies() override;
@@ -90,7 +92,6 @@ private:
     /// Prints a line on the plot; the line printed before in its place goes.
     void note(int place, double x, double y, const std::string& text);
     double timeOnPlot() const;
-    double shareDone() const;
 
     Laboratory& lab;
     std::map<int, std::string> notes_;       ///< lines that stand on the plot, by their place

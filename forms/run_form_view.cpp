@@ -90,16 +90,7 @@ void RunForm::showDate() {
     showDateIn(s, year, month, day);
     julianDate.show(cut6(s.JD));
     longitude.show(Fix(1000 * s.LonPl[s.IplSel]) / 1000);
-    progress(run.boxes.endAtYear ? shareDone() : endless);
-}
-
-/// Share of the run that ends with its year.
-double RunForm::shareDone() const {
-    const RunState& run = lab.run;
-    const double begun = lab.s.God0 + (lab.s.Mes0 - 1) / 12.;
-    const bool back = run.measuring == Measuring::ExactPassages && run.kodTime == -1;
-    const double all = (back ? begun - run.GodEnd : run.GodEnd + 1 - begun) * sekG;
-    return all > 0 ? std::clamp(run.Tsec / all, 0., 1.) : 0;
+    progress(run.boxes.endAtYear ? shareDone(lab.experiment()) : endless);
 }
 
 bool RunForm::giveWay() {

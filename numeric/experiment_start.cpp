@@ -13,28 +13,6 @@ namespace tarvex {
 
 namespace {
 
-/// What is typed for a setting; a failure tells which.
-double typed(const std::string& text, const char* meaning) {
-    try {
-        return toNumber(text);
-    } catch (const Failure& failure) {
-        throw ConversionFailure(std::string(meaning) + ": " + failure.what());
-    }
-}
-
-template <class Whole>
-Whole whole(const std::string& text, const char* meaning) {
-    try {
-        const double v = typed(text, meaning);
-        if constexpr (sizeof(Whole) == sizeof(std::int16_t))
-            return toInt16(v);
-        else
-            return toInt32(v);
-    } catch (const OverflowFailure& failure) {
-        throw OverflowFailure(std::string(meaning) + ": " + failure.what());
-    }
-}
-
 /// The codes of the run from the options and boxes.
 void takeCodes(const Experiment& e, const RunSettings& set) {
     RunState& run = e.run;
@@ -47,7 +25,7 @@ void takeCodes(const Experiment& e, const RunSettings& set) {
     e.motion.kodOTO = set.relativistic ? 1 : 0;
     run.kodJPL2 = set.boxes.theory == Imitator::JPL2 ? 1 : 0;
     run.kodTime = set.forward ? 1 : -1;
-    e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
+    e.motion.kodVgr = set.finiteGravitySpeed ? 1 : 0;
     run.kodTest = set.test ? 1 : 0;
     run.NPlanStart = e.s.NPlan;
     run.boxes = set.boxes;
@@ -64,8 +42,8 @@ void checkStepper(const RunState& run, const Motion& motion) {
 
 void takeGravitySpeed(const Experiment& e, const RunSettings& set) {
     Motion& motion = e.motion;
-    motion.Vgr = finite(typed(set.Text35, "скорость гравитации") * Vsv);
-    motion.nR = typed(set.Text45, "степень nR");
+    motion.Vgr = finite(set.gravitySpeed.take("скорость гравитации") * Vsv);
+    motion.nR = set.distanceExponent.take("степень nR");
     motion.Vsv2 = Vsv * Vsv;
     if (motion.Vgr == 0 && motion.kodVgr == 1)
         throw Refusal("Надо задать скорость гравитации отличную от нуля", "Tarvex7mmm");
@@ -75,20 +53,20 @@ void takeGravitySpeed(const Experiment& e, const RunSettings& set) {
 
 /// The settings that Continue reads too.
 void takeScales(const Experiment& e, const RunSettings& set) {
-    e.run.MdAlfa = typed(set.Text5, "MdAlfa");
-    e.run.MT = typed(set.Text9, "MT");
-    e.run.MxPlot = typed(set.Text21, "Mx");
-    e.s.NFile = whole<std::int16_t>(set.Text8, "эксперимент №");
+    e.run.MdAlfa = set.angleScale.take("MdAlfa");
+    e.run.MT = set.timeScale.take("MT");
+    e.run.MxPlot = set.plotScale.take("Mx");
+    e.s.NFile = set.experiment.take("эксперимент №");
     // a run that does not go on would never end, neither a new one nor one that these settings interrupt:
     // back in time goes by kodTime, never by the step's sign
-    const double Dt = typed(set.Text38, "шаг решения");
+    const double Dt = set.step.take("шаг решения");
     if (!(Dt > 0)) throw ArithmeticFailure("шаг решения " + toText(Dt) + " сек, нужен больше нуля");
     e.s.Dt = Dt;
-    e.s.NC0 = whole<std::int16_t>(set.Text37, "вывод через, шагов");
-    const std::int16_t kDt = whole<std::int16_t>(set.Text39, "уменьшение шага");
+    e.s.NC0 = set.stepsPerDisplay.take("вывод через, шагов");
+    const std::int16_t kDt = set.stepDivider.take("уменьшение шага");
     if (kDt < 0) throw ArithmeticFailure("делитель шага меньше нуля: " + toText(kDt));
     e.s.kDt = kDt;
-    e.run.dYplot = typed(set.Text36, "dY");
+    e.run.dYplot = set.plotShift.take("dY");
     e.s.NC = 0;
 }
 
@@ -104,7 +82,7 @@ void takeClock(const Experiment& e, const RunSettings& set) {
     s.God0 = s.GodR;
     s.Mes0 = s.MesR;
     s.Den0 = s.DenR;
-    run.GodEnd = whole<std::int32_t>(set.Text40, "последний год");
+    run.GodEnd = set.lastYear.take("последний год");
     run.Tper0 = run.Tsec = run.Tmod = e.motion.Tsled = 0;
 }
 
@@ -227,7 +205,7 @@ std::vector<std::string> energyNotes(const RunState& run) {
 }  // namespace
 
 void takeSettings(const Experiment& e, const RunSettings& set) {
-    const std::int32_t body = whole<std::int32_t>(set.Text13, "номер объекта");
+    const std::int32_t body = set.body.take("номер объекта");
     if (body < 0 || body > NPlanetMax) throw Refusal("номер объекта должен быть от 0 до 10", "Tarvex7.0");
     e.s.IplSel = body;
     takeCodes(e, set);
@@ -243,7 +221,7 @@ StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
     if (run.boxes.measure) {
         if (s.IplSel < 1)
             throw Refusal("Номер планеты для вычисления параметров должен быть от 1 до 10", "Tarvex7");
-        run.dAlfa = typed(set.Text17, "dAlfa");
+        run.dAlfa = set.windowDegrees.take("dAlfa");
         startMeasurement(s, run);
     }
     if (run.kodModel == 0) {
@@ -285,7 +263,7 @@ StartNotes startExperiment(const Experiment& e, const RunSettings& set) {
 void continueExperiment(const Experiment& e, const RunSettings& set) {
     needSelectedBody(e.s);
     takeScales(e, set);
-    e.motion.kodVgr = set.gravitySpeed ? 1 : 0;
+    e.motion.kodVgr = set.finiteGravitySpeed ? 1 : 0;
     checkStepper(e.run, e.motion);
     e.run.boxes = set.boxes;
     if (!e.run.FileRas.empty()) claimRecords(e.tree, e.run);

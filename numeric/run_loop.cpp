@@ -104,12 +104,6 @@ bool displayPass(const Experiment& e, RunPort& port) {
     return port.giveWay();
 }
 
-bool reachedEnd(const Experiment& e) {
-    if (!e.run.boxes.endAtYear) return false;
-    if (exact(e) && e.run.kodTime == -1) return e.s.GodR < e.run.GodEnd;
-    return e.run.GodEnd + 1.0 <= e.s.GodR;
-}
-
 /// The step, the windows around apses and nodes with the choice of the next step, and the clock.
 void windowsPass(const Experiment& e, RunPort& port, const ArithmeticGuard& guard, RunDate& date) {
     advance(e, guard);
@@ -167,6 +161,12 @@ void runPasses(const Experiment& e, RunPort& port) {
 }
 
 }  // namespace
+
+bool reachedEnd(const Experiment& e) {
+    if (!e.run.boxes.endAtYear) return false;
+    if (exact(e) && e.run.kodTime == -1) return e.s.GodR < e.run.GodEnd;
+    return e.run.GodEnd + 1.0 <= e.s.GodR;
+}
 
 void RunLoop(const Experiment& e, RunPort& port) {
     stage("Ошибка решения уравнений", "Tarvex7mmm", [&] {

@@ -41,4 +41,7 @@ public:
 ///         step and holds no value that is not a number.  Messages of the ephemeris pass unchanged.
 void RunLoop(const Experiment& e, RunPort& port);
 
+/// True when the date of the run is past its last year, and the run ends with one.
+bool reachedEnd(const Experiment& e);
+
 }  // namespace tarvex

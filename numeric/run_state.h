@@ -25,20 +25,20 @@ enum class Measuring { Windows, ExactPassages };
 /// What advances the model.
 enum class Stepper { RungeKutta4, Order8 };
 
-/// The boxes of the experiment's screen.  A running loop reads them in every pass, so a tick acts at once.
+/// Choices that a running loop reads in every pass, so a change acts at once.
 struct RunBoxes {
-    bool measure = false;              ///< Check4: measure the orbit of IplSel and let it set the step
-    bool records = false;              ///< Check20: append a record at each apse
-    bool track = false;                ///< Check2: append coordinates at each display pass
-    bool energy = false;               ///< Check12: energy and moment of momentum at each display pass
-    bool animation = false;            ///< Check3: draw the bodies at each display pass
-    bool originSun = true;             ///< Check17: the Sun in the origin
-    bool originEarth = false;          ///< Check19: the Earth in the origin
-    bool originCentre = false;         ///< Check18: the centre of mass in the origin
-    bool endAtYear = false;            ///< Check14: end after the year GodEnd
-    bool renewBaselines = false;       ///< Check22: take the baselines again after the first turns
-    bool debugText = false;            ///< Check21: keep the state of the pair N1, N2
-    Imitator theory = Imitator::New0;  ///< Option5, Option6, Option9
+    bool measure = false;              ///< measure the orbit of IplSel and let it set the step
+    bool records = false;              ///< append a record at each apse
+    bool track = false;                ///< append coordinates at each display pass
+    bool energy = false;               ///< energy and moment of momentum at each display pass
+    bool animation = false;            ///< draw the bodies at each display pass
+    bool originSun = true;             ///< the Sun in the origin
+    bool originEarth = false;          ///< the Earth in the origin
+    bool originCentre = false;         ///< the centre of mass in the origin
+    bool endAtYear = false;            ///< end after the year GodEnd
+    bool renewBaselines = false;       ///< take the baselines again after the first turns
+    bool debugText = false;            ///< keep the state of the pair N1, N2
+    Imitator theory = Imitator::New0;  ///< of an imitator
 };
 
 struct RunState : Energy {

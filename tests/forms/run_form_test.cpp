@@ -1,5 +1,6 @@
 #include "forms/run_form.h"
 
+#include "experiment/experiment_run.h"
 #include "forms/elements_form.h"
 #include "stats/test_plan.h"
 #include "tests/forms/lab_fixture.h"
@@ -63,6 +64,90 @@ protected:
 };
 
 }  // namespace
+
+// An experiment without any form writes the files of the screen, byte for byte.
+TEST_F(RunFormTest, AnExperimentAsAValueWritesTheFilesOfTheScreen) {
+    struct Case {
+        const char* name;
+        void (*onScreen)(RunForm&, Motion&);
+        void (*asValue)(ExperimentSettings&);
+    };
+    const Case cases[] = {
+        {"windows, no speed of gravity", [](RunForm&, Motion&) {}, [](ExperimentSettings&) {}},
+        {"relativity, order 8",
+         [](RunForm& form2, Motion&) {
+             form2.relativistic.choose();
+             form2.highOrder.set(true);
+             form2.step.setText("86400");
+             form2.stepsPerDisplay.setText("90");
+         },
+         [](ExperimentSettings& set) {
+             set.run.relativistic = true;
+             set.run.stepper = Stepper::Order8;
+             set.run.step = 86400;
+             set.run.stepsPerDisplay = 90;
+         }},
+        {"Lienard and Wiechert, the trace",
+         [](RunForm& form2, Motion& motion) {
+             form2.useGravitySpeed.set(true);
+             form2.gravitySpeed.setText("20,5");
+             motion.kodPgr = 5, motion.kodDX = 3, motion.kPgr1 = motion.kPgr2 = 0.7;
+         },
+         [](ExperimentSettings& set) {
+             set.laws = LawSettings{.pressure = Pressure::LienardWiechert,
+                                    .retardation = Retardation::ByTrace,
+                                    .k1 = 0.7,
+                                    .k2 = 0.7};
+             set.run.finiteGravitySpeed = true;
+             set.run.gravitySpeed = 20.5;
+         }},
+        {"a theory, with energy",
+         [](RunForm& form2, Motion&) {
+             form2.imitator.choose();
+             form2.theoryJpl0.choose();
+             form2.watchEnergy.set(true);
+         },
+         [](ExperimentSettings& set) {
+             set.run.model = false;
+             set.run.boxes.theory = Imitator::JPL0;
+             set.run.boxes.energy = true;
+         }},
+    };
+    for (const CheckBox* box : {&form->measureOrbit, &form->writeRecords, &form->writeTrack})
+        const_cast<CheckBox*>(box)->set(true);
+    form->stepsPerDisplay.setText("500");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.onScreen(*form, lab.motion);
+        form->startRun.press();
+        ASSERT_TRUE(screen.messages.empty()) << screen.messages.front().text;
+
+        const test::TempFolder other;
+        for (const char* name : {"Dat", "JPL", "Plan0/Txt1"}) other.makeFolder(name);
+        const DataTree tree(other.path());
+        const auto model = std::make_unique<Model>(tree);
+        ExperimentSettings set{.initial = InitialSettings{}, .laws = LawSettings{}};
+        set.run.boxes = {.measure = true, .records = true, .track = true, .endAtYear = true};
+        set.run.lastYear = 1801;
+        set.run.stepDivider = 100;
+        set.run.stepsPerDisplay = 500;
+        c.asValue(set);
+        const ExperimentResult seen = runExperiment(model->experiment(), set);
+        EXPECT_TRUE(seen.complete);
+        for (const std::string& name : {seen.record, seen.track}) {
+            const std::string bytes = readBytes(tree.at(name));
+            EXPECT_GT(bytes.size(), 900u) << name;
+            EXPECT_TRUE(bytes == readBytes(lab.tree.at(name))) << name;
+        }
+        form->classical.choose();
+        form->exactPassages.set(false);
+        form->useGravitySpeed.set(false);
+        form->step.setText("3600");
+        form->stepsPerDisplay.setText("500");
+        lab.motion.kodPgr = lab.motion.kodDX = 0;
+        lab.motion.kPgr1 = lab.motion.kPgr2 = 0;
+    }
+}
 
 TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
     const auto& all = form->orbitPicture.plot().all();

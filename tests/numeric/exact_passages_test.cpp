@@ -90,7 +90,10 @@ void earthAndMoon(TestRun& t) {
 // eighth.
 TEST(ExactPassages, AgreeWithAnIndependentSolution) {
     struct Case {
-        const char *name, *body, *step, *lastYear;
+        const char* name;
+        int body;
+        double step;
+        int lastYear;
         Stepper stepper;
         bool relativistic, back;
         double referenceStep;
@@ -100,23 +103,23 @@ TEST(ExactPassages, AgreeWithAnIndependentSolution) {
     constexpr double arcSeconds = 2e-3;
     constexpr Stepper four = Stepper::RungeKutta4, eight = Stepper::Order8;
     const Case cases[] = {
-        {"Mercury", "1", "3600", "1806", four, false, false, 2, 49},
-        {"Mercury back, relativity", "1", "86400", "1791", eight, true, true, 2, 80},
-        {"Venus", "2", "3600", "1808", four, false, false, 4, 25},
-        {"Earth", "3", "3600", "1808", four, false, false, 4, 15},
-        {"Mars", "4", "86400", "1820", eight, false, false, 4, 20},
-        {"Jupiter", "1", "432000", "2000", eight, false, false, 10, 32, onlyGiants},
-        {"Saturn", "2", "432000", "2000", eight, false, false, 10, 11, onlyGiants},
-        {"Moon", "10", "21600", "1806", eight, false, false, 1, 130, earthAndMoon},
-        {"Neptune", "4", "432000", "2481", eight, false, false, 10, 7, onlyGiants},
+        {"Mercury", 1, 3600, 1806, four, false, false, 2, 49},
+        {"Mercury back, relativity", 1, 86400, 1791, eight, true, true, 2, 80},
+        {"Venus", 2, 3600, 1808, four, false, false, 4, 25},
+        {"Earth", 3, 3600, 1808, four, false, false, 4, 15},
+        {"Mars", 4, 86400, 1820, eight, false, false, 4, 20},
+        {"Jupiter", 1, 432000, 2000, eight, false, false, 10, 32, onlyGiants},
+        {"Saturn", 2, 432000, 2000, eight, false, false, 10, 11, onlyGiants},
+        {"Moon", 10, 21600, 1806, eight, false, false, 1, 130, earthAndMoon},
+        {"Neptune", 4, 432000, 2481, eight, false, false, 10, 7, onlyGiants},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         TestRun t;
         if (c.system != nullptr) c.system(t);
-        t.settings.Text13 = c.body;
-        t.settings.Text38 = c.step;
-        t.settings.Text40 = c.lastYear;
+        t.settings.body = c.body;
+        t.settings.step = c.step;
+        t.settings.lastYear = c.lastYear;
         t.settings.measuring = Measuring::ExactPassages;
         t.settings.stepper = c.stepper;
         t.settings.relativistic = c.relativistic;
@@ -204,8 +207,8 @@ TEST(ExactPassages, MeasureAKeplerOrbitFromItsFirstStep) {
         t.settings.measuring = Measuring::ExactPassages;
         t.settings.boxes.records = true;
         t.settings.forward = !c.back;
-        t.settings.Text40 = c.back ? "1800" : "1801";
-        t.settings.Text38 = "1800";
+        t.settings.lastYear = c.back ? 1800 : 1801;
+        t.settings.step = 1800;
         t.start();
         const auto apses = apsesOf(t);
         ASSERT_GE(apses.size(), 8u) << c.P;
@@ -243,9 +246,9 @@ TEST(ExactPassages, LeaveTheRunAsItIs) {
         TestRun measured, plain;
         for (TestRun* t : {&measured, &plain}) {
             t->settings.measuring = Measuring::ExactPassages;
-            t->settings.gravitySpeed = true;
-            t->settings.Text35 = "100";
-            t->settings.Text40 = "1801";
+            t->settings.finiteGravitySpeed = true;
+            t->settings.gravitySpeed = 100;
+            t->settings.lastYear = 1801;
             t->motion.kodPgr = law.kodPgr, t->motion.kodDX = law.kodDX;
             t->motion.kodDiffurV = law.kodDiffurV, t->motion.kodAA = law.kodAA;
             t->motion.kPgr1 = t->motion.kPgr2 = 1;
@@ -269,8 +272,8 @@ TEST(ExactPassages, ImitatorsAreAskedAtThePassage) {
         t.settings.forward = forward;
         t.settings.boxes.theory = Imitator::JPL0;
         t.settings.measuring = Measuring::ExactPassages;
-        t.settings.Text38 = "86400";
-        t.settings.Text40 = forward ? "1803" : "1799";
+        t.settings.step = 86400;
+        t.settings.lastYear = forward ? 1803 : 1799;
         t.start();
         const auto apses = apsesOf(t);
         ASSERT_GE(apses.size(), 15u);
@@ -295,8 +298,8 @@ TEST(ExactPassages, ImitatorsAreAskedAtThePassage) {
         t.settings.forward = forward;
         t.settings.boxes.theory = Imitator::JPL2;
         t.settings.measuring = Measuring::ExactPassages;
-        t.settings.Text38 = "21600";
-        t.settings.Text40 = forward ? "2000" : "1999";
+        t.settings.step = 21600;
+        t.settings.lastYear = forward ? 2000 : 1999;
         t.s.JD0 = t.s.JDstart = 2451545.0 + (forward ? -366 : 366);  // the files meet at 2451536.5
         t.start();
         way[forward ? 0 : 1] = apsesOf(t);
@@ -318,7 +321,7 @@ TEST(ExactPassages, ImitatorsAreAskedAtThePassage) {
 TEST(ExactPassages, TurnRoundWithTheRun) {
     TestRun t;
     t.settings.measuring = Measuring::ExactPassages;
-    t.settings.Text40 = "1802";
+    t.settings.lastYear = 1802;
     t.start();
     const auto there = apsesOf(t);
     const double end = t.run.Tsec;
@@ -347,7 +350,7 @@ TEST(ExactPassages, HighOrderKnowsOnlyLawsOfTheMoment) {
         t.settings.stepper = Stepper::Order8;
         t.settings.model = c.model;
         t.settings.relativistic = c.relativistic;
-        t.settings.gravitySpeed = c.gravitySpeed;
+        t.settings.finiteGravitySpeed = c.gravitySpeed;
         std::string message;
         try {
             t.start();
@@ -361,7 +364,7 @@ TEST(ExactPassages, HighOrderKnowsOnlyLawsOfTheMoment) {
     TestRun t;
     t.settings.stepper = Stepper::Order8;
     t.start();
-    t.settings.gravitySpeed = true;  // Continue reads it too
+    t.settings.finiteGravitySpeed = true;  // Continue reads it too
     EXPECT_THROW(continueExperiment(t.experiment(), t.settings), Refusal);
 }
 

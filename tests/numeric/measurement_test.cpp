@@ -34,8 +34,8 @@ void onKeplerOrbit(TestRun& t, const KeplerOrbit& o) {
     t.s.VX0[1] = t.s.VX[1], t.s.VY0[1] = t.s.VY[1], t.s.VZ0[1] = t.s.VZ[1];
     const double start[] = {0, t.s.AlfaP0[1], t.s.AlfaU0[1], t.s.Betta0[1], o.e, o.a};
     for (int k = 1; k <= 5; ++k) t.s.ElemStart[k][1] = start[k];
-    t.settings.Text40 = "1802";
-    t.settings.Text39 = "200";
+    t.settings.lastYear = 1802;
+    t.settings.stepDivider = 200;
 }
 
 }  // namespace
@@ -88,8 +88,8 @@ TEST(Measurement, BaselinesAreTakenAgainAfterTheFirstTurns) {
     for (const bool renew : {false, true}) {
         TestRun t;
         t.settings.boxes.renewBaselines = renew;
-        t.settings.Text39 = "50";
-        t.settings.Text40 = "1801";
+        t.settings.stepDivider = 50;
+        t.settings.lastYear = 1801;
         t.start();
         const double Eks = t.run.Eks;
         EXPECT_EQ(t.run.EksNach, Eks);
@@ -120,8 +120,8 @@ TEST(Measurement, RelativityMovesThePerihelionOfMercury) {
         TestRun t;
         t.settings.relativistic = relativistic;
         t.settings.stepper = Stepper::Order8;
-        t.settings.Text38 = "86400";
-        t.settings.Text40 = "1825";
+        t.settings.step = 86400;
+        t.settings.lastYear = 1825;
         Aphelia port(t);
         t.start();
         RunLoop(t.experiment(), port);

@@ -31,10 +31,10 @@ std::string outcome(TestRun& t) {
 TEST(Records, RunFileByteForByte) {
     TestRun t;
     t.settings.boxes.records = true;
-    t.settings.Text8 = "7";
-    t.settings.Text17 = "0,5";
-    t.settings.Text39 = "100";
-    t.settings.Text40 = "1801";
+    t.settings.experiment = 7;
+    t.settings.windowDegrees = 0.5;
+    t.settings.stepDivider = 100;
+    t.settings.lastYear = 1801;
     t.s.VXsys = -12.5;
     t.startAndGo();
     EXPECT_EQ(
@@ -82,8 +82,8 @@ TEST(Records, EnergyRunWritesPercentsAtEachDisplay) {
     t.settings.boxes = {};
     t.settings.boxes.energy = t.settings.boxes.records = t.settings.boxes.track = t.settings.boxes.endAtYear =
         true;
-    t.settings.Text37 = "2000";
-    t.settings.Text40 = "1801";
+    t.settings.stepsPerDisplay = 2000;
+    t.settings.lastYear = 1801;
     t.motion.kodEpot = t.motion.kodCMnow = 1;
     t.startAndGo();
     const std::string file = readBytes(t.folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt");
@@ -128,7 +128,7 @@ TEST(Records, EnergyRunWritesPercentsAtEachDisplay) {
 TEST(Records, AFolderThatVanishesEndsTheRun) {
     TestRun t;
     t.settings.boxes.records = true;
-    t.settings.Text39 = "50";
+    t.settings.stepDivider = 50;
     t.start();
     std::filesystem::remove_all(t.folder.path() / "Plan0");
     EXPECT_THROW(t.go(), Refusal);
@@ -153,10 +153,10 @@ TEST(Records, AFileThatAnotherProgramWritesIsRefusedAtStart) {
         for (TestRun* t : {&first, &second}) {
             t->tree = first.tree;
             c.choose(*t);
-            t->settings.Text39 = "50";
-            t->settings.Text40 = "1801";
+            t->settings.stepDivider = 50;
+            t->settings.lastYear = 1801;
         }
-        second.settings.Text38 = "1800";
+        second.settings.step = 1800;
         const auto file = first.folder.path() / c.file;
         struct Stopper : RunPort {
             bool giveWay() override { return false; }
@@ -215,44 +215,46 @@ TEST(ExperimentStart, RefusesWithTheMessageOfTheFirstFault) {
     };
     const std::string number = "номер объекта должен быть от 0 до 10|Tarvex7.0";
     const Case cases[] = {
-        {"object 11", [](TestRun& t) { t.settings.Text13 = "11", t.settings.Text38 = "abc"; }, number},
-        {"object -1", [](TestRun& t) { t.settings.Text13 = "-1"; }, number},
+        {"object 11", [](TestRun& t) { t.settings.body = 11, t.settings.step = TypedText{"abc"}; }, number},
+        {"object -1", [](TestRun& t) { t.settings.body = -1; }, number},
         {"object 10,4 is 10",
          [](TestRun& t) {
-             t.settings.Text13 = "10,4";
+             t.settings.body = 10.4;
              t.s.ElemStart[5][10] = 1e12;
          },
          ""},
-        {"object text", [](TestRun& t) { t.settings.Text13 = ""; }, data},
-        {"object 0", [](TestRun& t) { t.settings.Text13 = "0"; },
+        {"object text", [](TestRun& t) { t.settings.body = TypedText{""}; }, data},
+        {"object 0", [](TestRun& t) { t.settings.body = 0; },
          "Номер планеты для вычисления параметров должен быть от 1 до 10|Tarvex7"},
-        {"no speed", [](TestRun& t) { t.settings.Text35 = "0", t.settings.gravitySpeed = true; },
+        {"no speed", [](TestRun& t) { t.settings.gravitySpeed = 0, t.settings.finiteGravitySpeed = true; },
          "Надо задать скорость гравитации отличную от нуля|Tarvex7mmm"},
         {"no speed in relativity",
-         [](TestRun& t) { t.settings.Text35 = "0", t.settings.relativistic = true; },
+         [](TestRun& t) { t.settings.gravitySpeed = 0, t.settings.relativistic = true; },
          "Скорость гравитации в ОТО не может быть равна нулю|Tarvex7mmm"},
-        {"speed huge", [](TestRun& t) { t.settings.Text35 = "1e301"; }, data},
-        {"exponent", [](TestRun& t) { t.settings.Text45 = "два"; }, data},
-        {"file number", [](TestRun& t) { t.settings.Text8 = "40000"; }, data},
-        {"step", [](TestRun& t) { t.settings.Text38 = "час"; }, data},
-        {"step of nothing", [](TestRun& t) { t.settings.Text38 = "0"; }, data},
-        {"step backwards", [](TestRun& t) { t.settings.Text38 = "-3600"; }, data},
-        {"divider below zero", [](TestRun& t) { t.settings.Text39 = "-10"; }, data},
-        {"divider", [](TestRun& t) { t.settings.Text39 = "32768"; }, data},
-        {"batch", [](TestRun& t) { t.settings.Text37 = "-"; }, data},
-        {"scale", [](TestRun& t) { t.settings.Text5 = ""; }, data},
-        {"years", [](TestRun& t) { t.settings.Text9 = "1 000"; }, data},
-        {"plot", [](TestRun& t) { t.settings.Text21 = "x"; }, data},
-        {"shift", [](TestRun& t) { t.settings.Text36 = "x"; }, data},
-        {"end", [](TestRun& t) { t.settings.Text40 = "3e9"; }, data},
-        {"window", [](TestRun& t) { t.settings.Text17 = "один"; }, data},
+        {"speed huge", [](TestRun& t) { t.settings.gravitySpeed = 1e301; }, data},
+        {"exponent", [](TestRun& t) { t.settings.distanceExponent = TypedText{"два"}; }, data},
+        {"file number", [](TestRun& t) { t.settings.experiment = 40000; }, data},
+        {"step", [](TestRun& t) { t.settings.step = TypedText{"час"}; }, data},
+        {"step of nothing", [](TestRun& t) { t.settings.step = 0; }, data},
+        {"step backwards", [](TestRun& t) { t.settings.step = -3600; }, data},
+        {"divider below zero", [](TestRun& t) { t.settings.stepDivider = -10; }, data},
+        {"divider", [](TestRun& t) { t.settings.stepDivider = 32768; }, data},
+        {"batch", [](TestRun& t) { t.settings.stepsPerDisplay = TypedText{"-"}; }, data},
+        {"scale", [](TestRun& t) { t.settings.angleScale = TypedText{""}; }, data},
+        {"years", [](TestRun& t) { t.settings.timeScale = TypedText{"1 000"}; }, data},
+        {"plot", [](TestRun& t) { t.settings.plotScale = TypedText{"x"}; }, data},
+        {"shift", [](TestRun& t) { t.settings.plotShift = TypedText{"x"}; }, data},
+        {"end", [](TestRun& t) { t.settings.lastYear = 3e9; }, data},
+        {"window", [](TestRun& t) { t.settings.windowDegrees = TypedText{"один"}; }, data},
         {"missing folder", [](TestRun& t) { t.s.NPlan = 9, t.settings.boxes.records = true; }, data},
         {"nothing ticked", [](TestRun& t) { test::tick(t.s, -1); }, data},
         {"trace too long",
-         [](TestRun& t) { t.motion.kodDX = 3, t.settings.Text35 = "1e-6", t.settings.gravitySpeed = true; },
+         [](TestRun& t) {
+             t.motion.kodDX = 3, t.settings.gravitySpeed = 1e-6, t.settings.finiteGravitySpeed = true;
+         },
          data},
-        {"origin on the body",
-         [](TestRun& t) { t.settings.Text13 = "3", t.settings.boxes.originEarth = true; }, data},
+        {"origin on the body", [](TestRun& t) { t.settings.body = 3, t.settings.boxes.originEarth = true; },
+         data},
         {"energy with the Moon",
          [](TestRun& t) { t.settings.model = false, t.s.kodMoon = 1, t.settings.boxes.energy = true; },
          "В имитаторах энергия системы считается только для Луны вместе с Землей\r\n      (если надо то "
@@ -264,7 +266,7 @@ TEST(ExperimentStart, RefusesWithTheMessageOfTheFirstFault) {
          "отдельно движение Луны и Земли|Tarvex7"},
         {"JPL2 with Xena",
          [](TestRun& t) {
-             t.settings.model = false, t.settings.boxes.theory = Imitator::JPL2, t.settings.Text13 = "10";
+             t.settings.model = false, t.settings.boxes.theory = Imitator::JPL2, t.settings.body = 10;
          },
          "     В имитаторе JPL2 объектом 10 может быть только Луна\r\n(если надо то задайте на форме 1 "
          "отдельно движение "

@@ -129,7 +129,7 @@ TEST(Integrator, KeepsEnergyAndMomentOfMomentum) {
     TestRun t;
     t.settings.boxes.energy = true;
     t.settings.boxes.measure = false;
-    t.settings.Text40 = "1806";
+    t.settings.lastYear = 1806;
     t.motion.kodEpot = t.motion.kodCMnow = 1;
     t.startAndGo();
     measureEnergy(t.s, t.motion, t.run, 10);
@@ -142,8 +142,8 @@ TEST(RunLoop, StopAndContinueEqualAnUnbrokenRun) {
     for (const int law : {0, 5}) {  // the Lienard-Wiechert law carries state from step to step
         TestRun whole, broken;
         for (TestRun* t : {&whole, &broken}) {
-            t->settings.gravitySpeed = law != 0;
-            t->settings.Text37 = "500";
+            t->settings.finiteGravitySpeed = law != 0;
+            t->settings.stepsPerDisplay = 500;
             t->motion.kodPgr = static_cast<std::int16_t>(law);
             t->motion.kodDX = law == 0 ? 0 : 3;
             t->motion.kPgr1 = t->motion.kPgr2 = 1;
@@ -167,7 +167,7 @@ TEST(RunLoop, StopAndContinueEqualAnUnbrokenRun) {
 TEST(RunLoop, AStopIsSeenAtTheNextDisplayAndABatchMakesNC0Steps) {
     TestRun t;
     t.settings.boxes.measure = false;
-    t.settings.Text37 = "7";
+    t.settings.stepsPerDisplay = 7;
     t.start();
     struct StopAtFirst : RunPort {
         explicit StopAtFirst(ModelState& s_) : s(s_) {}
@@ -189,7 +189,7 @@ TEST(RunLoop, GoesBackInTimeAndReturns) {
     TestRun t;
     t.settings.boxes.measure = false;
     t.settings.forward = false;
-    t.settings.Text37 = "100";
+    t.settings.stepsPerDisplay = 100;
     t.start();
     EXPECT_DOUBLE_EQ(t.s.VY[1], -t.s.VY0[1]);
     const auto begin = t.motion.U;
@@ -214,7 +214,7 @@ TEST(RunLoop, GoesBackInTimeAndReturns) {
 TEST(RunLoop, OriginFollowsTheLastTickedBox) {
     TestRun t;
     t.settings.boxes.measure = false;
-    t.settings.Text37 = "1";
+    t.settings.stepsPerDisplay = 1;
     RunBoxes& boxes = t.settings.boxes;
     struct Case {
         bool sun, earth, centre;
@@ -251,9 +251,9 @@ TEST(RunLoop, OriginFollowsTheLastTickedBox) {
 
 TEST(RunLoop, StepsAllocateNothing) {
     TestRun t;
-    t.settings.Text37 = "100";
-    t.settings.Text39 = "10";
-    t.settings.gravitySpeed = true;
+    t.settings.stepsPerDisplay = 100;
+    t.settings.stepDivider = 10;
+    t.settings.finiteGravitySpeed = true;
     t.motion.kodPgr = 5;
     t.motion.kodDX = 3;
     t.start();
@@ -281,12 +281,12 @@ TEST(RunLoop, WhateverFailsEndsTheRunAndLeavesNumbers) {
         {"coinciding bodies",
          [](TestRun& t) { t.s.X0[2] = t.s.X0[1], t.s.Y0[2] = t.s.Y0[1], t.s.Z0[2] = t.s.Z0[1]; }},
         {"equal X and Y", [](TestRun& t) { t.s.X0[2] = t.s.X0[1], t.s.Y0[2] = t.s.Y0[1]; }},
-        {"zero speed of gravity that is off", [](TestRun& t) { t.settings.Text35 = "0"; }},
-        {"zero divider", [](TestRun& t) { t.settings.Text39 = "0"; }},
+        {"zero speed of gravity that is off", [](TestRun& t) { t.settings.gravitySpeed = 0; }},
+        {"zero divider", [](TestRun& t) { t.settings.stepDivider = 0; }},
         {"zero mass", [](TestRun& t) { t.s.m[4] = 0; }},
-        {"step that leaves the calendar", [](TestRun& t) { t.settings.Text38 = "1e30"; }},
-        {"step that overflows", [](TestRun& t) { t.settings.Text38 = "1e300"; }},
-        {"exponent that overflows", [](TestRun& t) { t.settings.Text45 = "-40"; }},
+        {"step that leaves the calendar", [](TestRun& t) { t.settings.step = 1e30; }},
+        {"step that overflows", [](TestRun& t) { t.settings.step = 1e300; }},
+        {"exponent that overflows", [](TestRun& t) { t.settings.distanceExponent = -40; }},
         {"relativistic coincidence",
          [](TestRun& t) {
              t.settings.relativistic = true;
@@ -321,7 +321,7 @@ TEST(RunLoop, AFailedStepGivesBackTheLastGoodState) {
     test::tick(t.s, 10);
     t.settings.boxes = {};
     t.settings.boxes.originSun = false;
-    t.settings.Text38 = "1000";
+    t.settings.step = 1000;
     // Xena flies straight along X and meets a resting Pluto at the end of the third step; forces are off
     for (int i = 0; i < bodies; ++i) {
         t.s.X0[i] = i * 1e9, t.s.Y0[i] = i * i * 1e8, t.s.VX0[i] = t.s.VY0[i] = t.s.VZ0[i] = 0;
@@ -341,8 +341,8 @@ TEST(RunLoop, ImitatorsFollowTheirTheory) {
     TestRun t;
     t.settings.model = false;
     t.settings.boxes.theory = Imitator::JPL0;
-    t.settings.Text39 = "200";
-    t.settings.Text40 = "1803";
+    t.settings.stepDivider = 200;
+    t.settings.lastYear = 1803;
     t.start();
     EXPECT_EQ(t.run.ModelName, "JPL_0");
     t.go();
@@ -362,10 +362,10 @@ TEST(RunLoop, TheEphemerisImitatorCrossesFileBorders) {
     test::linkEphemeris(t.folder);
     t.settings.model = false;
     t.settings.boxes.theory = Imitator::JPL2;
-    t.settings.Text38 = "7200";
-    t.settings.Text13 = "4";
-    t.settings.Text40 = "2001";
-    t.settings.Text39 = "10";
+    t.settings.step = 7200;
+    t.settings.body = 4;
+    t.settings.lastYear = 2001;
+    t.settings.stepDivider = 10;
     t.s.JD0 = t.s.JDstart = 2451545.0 - 400;  // the files meet at 2451536.5
     t.start();
     EXPECT_EQ(t.ephemeris.DEyear, 1980);
