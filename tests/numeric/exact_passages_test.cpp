@@ -161,8 +161,8 @@ TEST(ExactPassages, ClassicalForcesWithRelativityAreTheRelativisticModel) {
         t.settings.stepper = way.stepper;
         t.settings.relativistic = way.relativistic;
         t.settings.gravitySpeed = way.gravitySpeed;
-        t.settings.Text38 = way.stepper == Stepper::Order8 ? "86400" : "10800";
-        t.settings.Text40 = way.stepper == Stepper::Order8 ? "1900" : "1806";
+        t.settings.step = way.stepper == Stepper::Order8 ? 86400 : 10800;
+        t.settings.lastYear = way.stepper == Stepper::Order8 ? 1900 : 1806;
         t.start();
         t.motion.kodRelativity = way.terms;
         std::vector<double> all;
