@@ -160,7 +160,7 @@ TEST(ExactPassages, ClassicalForcesWithRelativityAreTheRelativisticModel) {
         t.settings.measuring = Measuring::ExactPassages;
         t.settings.stepper = way.stepper;
         t.settings.relativistic = way.relativistic;
-        t.settings.gravitySpeed = way.gravitySpeed;
+        t.settings.finiteGravitySpeed = way.gravitySpeed;
         t.settings.step = way.stepper == Stepper::Order8 ? 86400 : 10800;
         t.settings.lastYear = way.stepper == Stepper::Order8 ? 1900 : 1806;
         t.start();
