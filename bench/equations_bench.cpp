@@ -20,6 +20,7 @@ struct Law {
     std::int16_t kodVgr, kodDX, kodPgr;
     double nR;
     bool atStage = true;  // speeds along the lines at every stage, the dearest form
+    double Vgr = 1;       // speeds of light
 };
 constexpr Law laws[] = {
     {"classical", false, 0, 0, 0, 2},
@@ -30,6 +31,8 @@ constexpr Law laws[] = {
     {"DX2", false, 1, 2, 0, 2},
     {"DX2 Weber", false, 1, 2, 2, 2},
     {"DX3 Gerber", false, 1, 3, 4, 2},
+    {"DX3 Gerber, Vgr 10", false, 1, 3, 4, 2, true, 10},
+    {"DX3 alone, Vgr 10", false, 1, 3, 0, 2, true, 10},
     {"free exponent", false, 0, 0, 0, 2.1},
 };
 
@@ -46,6 +49,7 @@ struct Experiment {
         motion.kodPgr = law.kodPgr;
         motion.kodDiffurV = law.kodPgr != 0 && law.atStage ? 1 : 0;
         motion.nR = law.nR;
+        motion.Vgr = law.Vgr * Vsv;
         motion.kPgr1 = motion.kPgr2 = 1;
         motion.dTstage = s.Dt / 2;
         test::pack(s, motion);
@@ -56,6 +60,7 @@ struct Experiment {
         plain.kodPgr = motion.kodPgr;
         plain.kodDiffurV = motion.kodDiffurV;
         plain.nR = motion.nR;
+        plain.Vgr = motion.Vgr;
         plain.kPgr1 = plain.kPgr2 = 1;
         plain.dTstage = motion.dTstage;
         plain.unpack();

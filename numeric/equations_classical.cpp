@@ -1,8 +1,10 @@
 // Right-hand side of the classical model.
 
 #include <cstring>
+#include <utility>
 
 #include "core/failure.h"
+#include "numeric/integrator.h"
 #include "numeric/lane_kernels.h"
 #include "numeric/pressure_laws.h"
 #include "numeric/trace_lines.h"
@@ -15,7 +17,7 @@ struct Sums {
     alignas(32) BodyArray x{}, y{}, z{};
 };
 
-TARVEX_LANES void keepForce(Motion& m, int i, int j, const Force& force, Sums& sums) {
+TARVEX_LANES void keepForce(const Motion& m, int i, int j, const Force& force, Sums& sums) {
     put(m.Fik[i], j, force.f);
     put(m.FXik[i], j, force.x);
     put(m.FYik[i], j, force.y);
@@ -54,8 +56,8 @@ TARVEX_LANES Force forceOf(Motion& m, const BodyLanes& b, const Actor& a, int i,
         return factorLaw<kodPgr>(m, b, a, i, j, line, inverse, f0, law);
 }
 
-/// The plain law in one pass: lines, forces and sums.
-TARVEX_LANES void newtonPairs(Motion& m, const BodyLanes& b, Watch& seen, Sums& sums) {
+/// The plain law in one pass over every ordered pair: lines, forces and sums.
+TARVEX_LANES void newtonPairs(const Motion& m, const BodyLanes& b, Watch& seen, Sums& sums) {
     Watch watch = seen;  // in registers
     for (int i = 0; i < bodies; ++i) {
         const Actor a(m, b, i);
@@ -67,6 +69,47 @@ TARVEX_LANES void newtonPairs(Motion& m, const BodyLanes& b, Watch& seen, Sums& 
             keepForce(m, i, j, pull(line, inverse, f), sums);
         }
     }
+    seen = watch;
+}
+
+/// The forces between body i and the bodies j > i by the plain law: on those in the lanes they go to the
+/// sums, and the pull of each of them on i, equal and opposite in every bit, to `onActor` after that of the
+/// bodies before i.  So every body gets its pulls in the order of `newtonPairs`.
+template <int i>
+TARVEX_LANES void newtonRow(const Motion& m, const BodyLanes& b, Watch& watch, Sums& sums, Sums& onActor) {
+    Sums row;
+    for (int j = (i + 1) / 4 * 4; j < lanes; j += 4) {
+        const Line line =
+            lineOf(at(b.x, j) - b.x[i], at(b.y, j) - b.y[i], at(b.z, j) - b.z[i], at(idleTable.idle[i], j));
+        watch.nonZero(line.flat);
+        watch.notHuge(line.r);
+        const Four inverse = 1 / line.r;
+        const Force force = pull(line, inverse, at(m.weights.upper[i], j) * (inverse * inverse));
+        put(row.x, j, force.x);
+        put(row.y, j, force.y);
+        put(row.z, j, force.z);
+        put(sums.x, j, at(sums.x, j) + force.x);
+        put(sums.y, j, at(sums.y, j) + force.y);
+        put(sums.z, j, at(sums.z, j) + force.z);
+    }
+    double x = sums.x[i], y = sums.y[i], z = sums.z[i];
+    for (int j = i + 1; j < bodies; ++j) {
+        x -= row.x[j];
+        y -= row.y[j];
+        z -= row.z[j];
+    }
+    onActor.x[i] = x;
+    onActor.y[i] = y;
+    onActor.z[i] = z;
+}
+
+/// The plain law on the 55 pairs; nothing of a pair is kept.
+template <int... i>
+TARVEX_LANES void newtonTriangle(const Motion& m, const BodyLanes& b, Watch& seen, Sums& total,
+                                 std::integer_sequence<int, i...>) {
+    Watch watch = seen;  // in registers
+    Sums sums;
+    (newtonRow<i>(m, b, watch, sums, total), ...);
     seen = watch;
 }
 
@@ -85,13 +128,16 @@ TARVEX_LANES void linePairs(Motion& m, const BodyLanes& b, Watch& seen) {
 }
 
 /// The lines of every pair by the traces.
+template <bool atOnce>
 TARVEX_LANES void tracePairs(const ModelState& s, Motion& m, const BodyLanes& b, Watch& seen) {
     const double Vgr = m.Vgr;
     Watch watch = seen;
     for (int i = 0; i < bodies; ++i) {
         const Actor a(m, b, i);
-        const TracedActor traced(s, m, a, i);
-        for (int j = 0; j < lanes; j += 4) keepLine(m, i, j, tracedLine(Vgr, b, a, traced, i, j, watch));
+        const TracedActor<atOnce> traced(s, m, a, i);
+        Line lines[3];
+        tracedLines(Vgr, b, a, traced, i, lines, watch);
+        for (int n = 0; n < 3; ++n) keepLine(m, i, 4 * n, lines[n]);
     }
     seen = watch;
 }
@@ -128,6 +174,20 @@ TARVEX_LANES void accelerations(Motion& m, Sums& sums, Watch& watch) {
     std::memcpy(&m.dU[5 * bodies], sums.z.data(), sizeof(double) * bodies);
 }
 
+TARVEX_KERNEL void newtonAlone(Motion& m, const BodyLanes& b, Watch& watch) {
+    Sums sums;
+    newtonTriangle(m, b, watch, sums, std::make_integer_sequence<int, bodies>());
+    accelerations(m, sums, watch);
+}
+
+/// The pairs of the bodies at b, without dU.
+TARVEX_KERNEL void keepPairs(const Motion& m, const BodyLanes& b) {
+    Watch watch;
+    Sums sums;
+    newtonPairs(m, b, watch, sums);
+}
+
+/// With every pair kept.
 TARVEX_KERNEL void newton(Motion& m, const BodyLanes& b, Watch& watch) {
     Sums sums;
     newtonPairs(m, b, watch, sums);
@@ -141,8 +201,10 @@ TARVEX_KERNEL void retardedLines(const ModelState& s, Motion& m, const BodyLanes
         linePairs<1>(m, b, watch);
     else if (form == 2)
         linePairs<2>(m, b, watch);
+    else if (m.NSled <= shortTrace)
+        tracePairs<true>(s, m, b, watch);
     else
-        tracePairs(s, m, b, watch);
+        tracePairs<false>(s, m, b, watch);
 }
 
 template <bool square>
@@ -220,16 +282,35 @@ void keepForDebug(const ModelState& s, Motion& m) {
     m.AZsave = m.AZ;
 }
 
-/// Forces and accelerations by the codes; law 0 leaves the forces of the distances alone.
+/// The plain law.  The pairs wait until they are read, unless something is wrong with them.
+void plainForces(ModelState& s, Motion& m) {
+    BodyLanes& b = m.latePairs.bodies;
+    unpack(m, s, b);
+    Watch watch;
+    m.fullQuadrant = false;
+    m.latePairs.waiting = LatePairs::Of::None;
+    if (m.weights.symmetric) {
+        newtonAlone(m, b, watch);
+        if (watch.distancesFine() && watch.numbersFine()) {
+            m.latePairs.waiting = LatePairs::Of::Plain;
+            return;
+        }
+        watch = {};
+    }
+    newton(m, b, watch);
+    checkWatch(m, watch);
+}
+
+/// Forces and accelerations by the codes, with all their pairs.
 void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
     const int form = m.kodVgr != 0 ? m.kodDX : 0;
+    if (form == 3 && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
+        throw SubscriptFailure("нет следа движения для DX3");
     Watch watch;
     m.fullQuadrant = false;
     if (form == 0 && kodPgr == 0 && m.nR == 2) {
         newton(m, b, watch);
     } else {
-        if (form == 3 && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
-            throw SubscriptFailure("нет следа движения для DX3");
         retardedLines(s, m, b, form, watch);
         if (m.nR == 2)
             squareForces(s, m, b, kodPgr, watch);
@@ -242,24 +323,39 @@ void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
 }  // namespace
 }  // namespace kernel
 
+void formPairs(const Motion& motion) {
+    const auto late = std::exchange(motion.latePairs.waiting, LatePairs::Of::None);
+    if (late == LatePairs::Of::Plain) kernel::keepPairs(motion, motion.latePairs.bodies);
+    if (late == LatePairs::Of::Relativistic) kernel::keepRelativisticPairs(motion);
+}
+
 void Diffur(ModelState& s, Motion& motion) {
-    kernel::BodyLanes b;
-    kernel::unpack(motion, s, b);
-    if (motion.Vgr == 0) throw ArithmeticFailure("скорость гравитации равна нулю");
-    kernel::formWeights(s, motion.weights);
+    if (motion.Vgr == 0) {
+        unpackState(s, motion);
+        throw ArithmeticFailure("скорость гравитации равна нулю");
+    }
+    kernel::needWeights(s, motion);
     std::memcpy(motion.dU.data(), &motion.U[3 * bodies], sizeof(double) * 3 * bodies);
     const bool pressed = motion.kodPgr != 0 && motion.kodVgr != 0;
-    if (motion.kodDebug != 0) {
-        // the debug text shows the forces as they are before any pressure
-        kernel::forces(s, motion, b, 0);
-        kernel::keepForDebug(s, motion);
+    const bool retarded = motion.kodDX != 0 && motion.kodVgr != 0;
+    if (!pressed && !retarded && motion.nR == 2 && motion.kodDebug == 0) {
+        kernel::plainForces(s, motion);
+    } else {
+        formPairs(motion);
+        BodyLanes b;
+        kernel::unpack(motion, s, b);
+        if (motion.kodDebug != 0) {
+            // the debug text shows the forces as they are before any pressure
+            kernel::forces(s, motion, b, 0);
+            kernel::keepForDebug(s, motion);
+        }
+        if (pressed) ++motion.NDiffur;
+        if (pressed || motion.kodDebug == 0) kernel::forces(s, motion, b, pressed ? motion.kodPgr : 0);
+        if (pressed && motion.kodDiffurV == 1) motion.fullQuadrant = true;
     }
-    if (pressed) ++motion.NDiffur;
-    if (pressed || motion.kodDebug == 0) kernel::forces(s, motion, b, pressed ? motion.kodPgr : 0);
-    if (pressed && motion.kodDiffurV == 1) motion.fullQuadrant = true;
     if (motion.kodRelativity == 1) {
         kernel::Watch watch;
-        kernel::addPostNewtonian(s, motion, b, watch);
+        kernel::addPostNewtonian(s, motion, watch);
         kernel::checkWatch(motion, watch);
     }
 }

@@ -137,6 +137,7 @@ std::string modelName(bool relativistic, Source source) {
 
 /// Differences and distances of every pair as the run begins; an imitator leaves them so.
 void takePairs(const ModelState& s, Motion& motion) {
+    formPairs(motion);  // the forces of the run before stay
     for (int i = 0; i < bodies; ++i)
         for (int j = 0; j < bodies; ++j) {
             if (i == j) continue;

@@ -10,19 +10,40 @@
 #include "numeric/motion.h"
 
 #define TARVEX_LANES [[gnu::always_inline]] inline
-#define TARVEX_KERNEL [[gnu::target_clones("default", "avx2")]]
+#define TARVEX_KERNEL [[gnu::target_clones("default", "avx2", "arch=x86-64-v4")]]
+#define TARVEX_WIDE_KERNEL [[gnu::target("avx512f,avx512vl,avx512dq")]]
 
 namespace tarvex::kernel {
 
+/// The processor runs the kernels of eight lanes.
+inline bool wideLanes() {
+    static const bool has = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl") &&
+                            __builtin_cpu_supports("avx512dq");
+    return has;
+}
+
 using Four [[gnu::vector_size(32)]] = double;
 using FourInMemory [[gnu::vector_size(32), gnu::aligned(8), gnu::may_alias]] = double;
+using Eight [[gnu::vector_size(64)]] =
+    double;  ///< for kernels of their own on processors that have such registers
+using EightInMemory [[gnu::vector_size(64), gnu::aligned(8), gnu::may_alias]] = double;
+template <class V>
+struct InMemory {
+    using Type = FourInMemory;
+};
+template <>
+struct InMemory<Eight> {
+    using Type = EightInMemory;
+};
 
-/// Four cells of an array of lanes from j on.
-TARVEX_LANES Four at(const BodyArray& cells, int j) {
-    return *reinterpret_cast<const FourInMemory*>(cells.data() + j);
+/// Four (eight) cells of an array of lanes from j on.
+template <class V = Four>
+TARVEX_LANES V at(const BodyArray& cells, int j) {
+    return *reinterpret_cast<const typename InMemory<V>::Type*>(cells.data() + j);
 }
-TARVEX_LANES void put(BodyArray& cells, int j, Four v) {
-    *reinterpret_cast<FourInMemory*>(cells.data() + j) = v;
+template <class V>
+TARVEX_LANES void put(BodyArray& cells, int j, V v) {
+    *reinterpret_cast<typename InMemory<V>::Type*>(cells.data() + j) = v;
 }
 TARVEX_LANES Four root(Four v) {
     return Four{std::sqrt(v[0]), std::sqrt(v[1]), std::sqrt(v[2]), std::sqrt(v[3])};
@@ -31,21 +52,18 @@ TARVEX_LANES Four absolute(Four v) { return v < 0 ? -v : v; }
 
 struct IdleTable {
     alignas(32) PairArray idle{}, busy{};
+    alignas(32) PairArray later{};  ///< 1 for the bodies j after i
     constexpr IdleTable() {
         for (int i = 0; i < bodies; ++i)
             for (int j = 0; j < lanes; ++j) {
                 const bool is = i == j || j == bodies;
                 idle[i][j] = is ? 1 : 0;
                 busy[i][j] = is ? 0 : 1;
+                later[i][j] = i < j && j < bodies ? 1 : 0;
             }
     }
 };
 inline constexpr IdleTable idleTable;
-
-/// The state of the bodies in lanes; the idle lane holds some finite neighbour of the array copied.
-struct BodyLanes {
-    alignas(32) BodyArray x, y, z, vx, vy, vz;
-};
 
 /// What a pass saw at its edges: a zero or an infinite distance, or a value that is not finite, makes it
 /// fail.
@@ -139,7 +157,7 @@ TARVEX_LANES void rowLines(double perVgr, const BodyLanes& b, const Actor& a, in
     lines[2] = three;
 }
 
-TARVEX_LANES void keepLine(Motion& m, int i, int j, const Line& line) {
+TARVEX_LANES void keepLine(const Motion& m, int i, int j, const Line& line) {
     put(m.DXp[i], j, line.dx);
     put(m.DYp[i], j, line.dy);
     put(m.DZp[i], j, line.dz);
@@ -175,12 +193,17 @@ void unpack(const Motion& m, ModelState& s, BodyLanes& b);
 void toLanes(const ModelState& s, BodyLanes& b);
 
 /// Adds to the accelerations in dU what relativity has beyond Newton, between present places, with AX..AZ.
-void addPostNewtonian(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch);
+void addPostNewtonian(ModelState& s, Motion& m, Watch& watch);
 
 /// Clears what a failed call left and throws, unless the watch has seen nothing wrong.
 void checkWatch(Motion& m, const Watch& watch);
 
 /// Forms the products of masses, ticks and gamma again if one of them has changed.
-void formWeights(const ModelState& s, PairWeights& w);
+void formWeights(const ModelState& s, Motion& motion);
+/// The pairs that a relativistic right-hand side did not keep.
+void keepRelativisticPairs(const Motion& m);
+inline void needWeights(const ModelState& s, Motion& motion) {
+    if (!motion.weights.held) formWeights(s, motion);
+}
 
 }  // namespace tarvex::kernel

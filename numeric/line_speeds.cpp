@@ -131,7 +131,8 @@ TARVEX_KERNEL void lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b
 void SpeedUpdate(ModelState& s, Motion& motion) {
     if (motion.kodPgr == 0) return;
     if (motion.Vgr == 0) throw ArithmeticFailure("скорость гравитации равна нулю");
-    kernel::BodyLanes b;
+    formPairs(motion);  // the forces stay
+    BodyLanes b;
     kernel::toLanes(s, b);
     kernel::Watch watch;
     if (motion.kodPgr == 5) kernel::jerks(s, motion);

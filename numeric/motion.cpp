@@ -43,6 +43,7 @@ void pushTrace(const ModelState& s, Motion& motion, double Tsec) {
 }
 
 double AlfaIK(const Motion& motion, int i, int j) {
+    formPairs(motion);
     const double dx = motion.DXp[i][j], dy = motion.DYp[i][j];
     double alfa = dy < 0 ? 3 * Pi / 2 : Pi / 2;
     if (dx != 0) alfa = std::atan(dy / dx);
@@ -52,6 +53,7 @@ double AlfaIK(const Motion& motion, int i, int j) {
 }
 
 double BettaIK(const Motion& motion, int i, int j) {
+    formPairs(motion);
     const double flat = std::hypot(motion.DXp[i][j], motion.DYp[i][j]);
     return flat == 0 ? 0 : std::atan(motion.DZp[i][j] / flat);
 }
@@ -93,22 +95,34 @@ void checkWatch(Motion& m, const Watch& watch) {
                                 : "два тела в одном месте, одно над другим или слишком далеко друг от друга");
 }
 
-void formWeights(const ModelState& s, PairWeights& w) {
+void formWeights(const ModelState& s, Motion& motion) {
+    PairWeights& w = motion.weights;
     if (w.formed && w.gamma == s.gamma && std::equal(w.m.begin(), w.m.end(), s.m.begin()) &&
-        w.kodPair == s.kodPair)
+        std::memcmp(&w.kodPair, &s.kodPair, sizeof w.kodPair) == 0)
         return;
+    formPairs(motion);  // with the weights that the forces had
     std::copy_n(s.m.begin(), bodies, w.m.begin());
     w.gamma = s.gamma;
     w.kodPair = s.kodPair;
+    w.symmetric = true;
     for (int j = 0; j < bodies; ++j) {
         w.perMass[j] = 1 / s.m[j];
         for (int i = 0; i < bodies; ++i) {
+            const double other = s.kodPair[j][i] * s.m[j] * s.m[i] * s.gamma;
             w.force[i][j] = i == j ? 0 : s.kodPair[i][j] * s.m[i] * s.m[j] * s.gamma;
+            w.upper[i][j] = i < j ? w.force[i][j] : 0;
             w.active[j][i] = s.kodPair[i][j] != 0 ? 1 : 0;
+            w.symmetric &= i == j || w.force[i][j] == other;
         }
     }
     w.formed = true;
 }
 
 }  // namespace kernel
+
+WeightsHeld::WeightsHeld(const ModelState& s, Motion& motion) : motion_(motion) {
+    kernel::formWeights(s, motion);
+    motion.weights.held = true;
+}
+
 }  // namespace tarvex

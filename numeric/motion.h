@@ -48,12 +48,31 @@ private:
 /// Products of the masses as the kernels read them, formed again only when a mass or a tick has changed.
 struct PairWeights {
     alignas(32) PairArray force{};    ///< kodPair(i,j)*m(i)*m(j)*gamma, 0 in idle cells
+    alignas(32) PairArray upper{};    ///< force where i < j, else 0
     alignas(32) PairArray active{};   ///< row j, lane i: 1 where kodPair(i,j) is not 0, else 0
     alignas(32) BodyArray perMass{};  ///< 1/m(j)
     std::array<double, bodies> m{};   ///< what the products were formed from
     double gamma = 0;
     Row2<std::int32_t, 13, 13> kodPair{};
     bool formed = false;
+    bool symmetric = false;  ///< force(i,j) and force(j,i) are the same number in every bit
+    bool held = false;       ///< nobody changes masses or ticks until the holder says so: no need to compare
+};
+
+/// The state of the bodies in lanes; the idle lane holds some finite neighbour of the array copied.
+struct BodyLanes {
+    alignas(32) BodyArray x{}, y{}, z{}, vx{}, vy{}, vz{};
+};
+
+/// What a right-hand side that keeps no pairs read, so that its pairs can be formed when somebody reads them.
+struct LatePairs {
+    enum class Of { None, Plain, Relativistic };
+    Of waiting = Of::None;
+    BodyLanes bodies;
+    // of the relativistic one besides
+    alignas(32) BodyArray ax{}, ay{}, az{};
+    std::array<double, lanes> gm{};
+    double c2 = 0;
 };
 
 /// State of the pair N1, N2 as the last right-hand side saw it before the pressure law: the debug text.
@@ -88,11 +107,12 @@ struct Motion {
     double nR = 2;     ///< exponent of the distance
     double Vsv2 = Vsv * Vsv;
 
-    // --- pairs: from i to j, after retardation from the trace of i
-    alignas(32) PairArray DXp{}, DYp{}, DZp{};     ///< m
-    alignas(32) PairArray Rik{};                   ///< m
-    alignas(32) PairArray Fik{};                   ///< N
-    alignas(32) PairArray FXik{}, FYik{}, FZik{};  ///< N; accelerations in the relativistic model
+    // --- pairs: from i to j, after retardation from the trace of i; read them after formPairs()
+    alignas(32) mutable PairArray DXp{}, DYp{}, DZp{};     ///< m
+    alignas(32) mutable PairArray Rik{};                   ///< m
+    alignas(32) mutable PairArray Fik{};                   ///< N
+    alignas(32) mutable PairArray FXik{}, FYik{}, FZik{};  ///< N; accelerations in the relativistic model
+    mutable LatePairs latePairs;
     bool fullQuadrant = false;         ///< AlfaIK has been put into its quadrant by the speeds along the line
     std::array<double, bodies> Phi{};  ///< potential of the relativistic model, m^2/s^2
 
@@ -137,6 +157,23 @@ struct Motion {
 /// overflow;
 ///         nothing that is not a number stays behind
 void Diffur(ModelState& s, Motion& motion);
+
+/// Forms the pairs of the last Diffur where it went without them: for plain Newtonian gravity nothing but dU
+/// needs them, so whoever reads DXp..FZik asks for them first.
+void formPairs(const Motion& motion);
+
+/// Forms the products of masses and ticks, and tells Diffur until the end of this object that they stand:
+/// comparing them takes longer than a tenth of a right-hand side.
+class WeightsHeld {
+public:
+    WeightsHeld(const ModelState& s, Motion& motion);
+    ~WeightsHeld() { motion_.weights.held = false; }
+    WeightsHeld(const WeightsHeld&) = delete;
+    WeightsHeld& operator=(const WeightsHeld&) = delete;
+
+private:
+    Motion& motion_;
+};
 
 /// Right-hand side of the relativistic model (Einstein, Infeld and Hoffmann, point masses): FXik(j,i) is the
 /// acceleration of i by j.  Vgr, nR, kodDX and kodPgr play no part.

@@ -22,6 +22,7 @@ namespace tarvex {
     EACH(AX) EACH(AY) EACH(AZ) EACH(AXold) EACH(AYold) EACH(AZold) EACH(JX) EACH(JY) EACH(JZ)
 
 void dropNonNumbers(Motion& motion) {
+    formPairs(motion);
     const auto drop = [](auto& values) {
         for (double& v : values)
             if (!std::isfinite(v)) v = 0;
@@ -105,7 +106,7 @@ void addNames(NameTable& table, const Motion& motion) {
     NAME(N2);
 #undef NAME
 #define NAME_BODY(name) addBody(table, #name, [m](int i) { return m->name[i]; });
-#define NAME_PAIR(name) addPair(table, #name, [m](int i, int j) { return m->name[i][j]; });
+#define NAME_PAIR(name) addPair(table, #name, [m](int i, int j) { return formPairs(*m), m->name[i][j]; });
     TARVEX_BODY_ARRAYS(NAME_BODY)
     TARVEX_PAIR_ARRAYS(NAME_PAIR)
 #undef NAME_BODY
@@ -124,8 +125,10 @@ void addNames(NameTable& table, const Motion& motion) {
     addBody(table, "AlfaVX", [vx](int i) { return AlfaVX(vx(i)); });
     addBody(table, "AlfaVY", [vy](int i) { return AlfaVY(vy(i)); });
     addBody(table, "BettaVZ", [vz](int i) { return BettaVZ(vz(i)); });
-    addPair(table, "Rxy", [m](int i, int j) { return std::hypot(m->DXp[i][j], m->DYp[i][j]); });
-    addPair(table, "Tik", [m](int i, int j) { return m->Vgr == 0 ? 0 : m->Rik[i][j] / m->Vgr; });
+    addPair(table, "Rxy",
+            [m](int i, int j) { return formPairs(*m), std::hypot(m->DXp[i][j], m->DYp[i][j]); });
+    addPair(table, "Tik",
+            [m](int i, int j) { return formPairs(*m), m->Vgr == 0 ? 0 : m->Rik[i][j] / m->Vgr; });
     addPair(table, "AlfaIK", [m](int i, int j) { return AlfaIK(*m, i, j); });
     addPair(table, "BettaIK", [m](int i, int j) { return BettaIK(*m, i, j); });
     addPair(table, "dAlfaVX1", [=](int i, int j) { return wrapped(AlfaVX(vx(i)) - AlfaIK(*m, i, j)); });

@@ -134,10 +134,11 @@ void lookAtPlace(const Experiment& e) {
     if (exact(e) && e.run.boxes.measure) look(e.s);
 }
 
-void runPasses(const Experiment& e, RunPort& port) {
-    const ArithmeticGuard guard;
-    RunDate date;
-    for (;;) {
+/// Passes to the next display; nobody else has a turn meanwhile.
+/// @return  false when one of them was the last of the run
+bool passesToDisplay(const Experiment& e, RunPort& port, const ArithmeticGuard& guard, RunDate& date) {
+    const WeightsHeld weights(e.s, e.motion);
+    do {
         e.motion.kodDebug = e.run.boxes.debugText ? 1 : 0;
         if (exact(e)) {
             exactPass(e, port, guard, date);
@@ -145,19 +146,24 @@ void runPasses(const Experiment& e, RunPort& port) {
             windowsPass(e, port, guard, date);
         }
         keepTrace(e.motion);
-        if (reachedEnd(e)) {
-            lookAtPlace(e);
-            if (exact(e)) endPassages(e, port);
-            port.showDate();  // the fields tell the pass that ended the run
-            dropRecords(e.run);
-            return;
-        }
-        if (e.s.NC < e.s.NC0) continue;
+        if (reachedEnd(e)) return false;
+    } while (e.s.NC < e.s.NC0);
+    return true;
+}
+
+void runPasses(const Experiment& e, RunPort& port) {
+    const ArithmeticGuard guard;
+    RunDate date;
+    while (passesToDisplay(e, port, guard, date)) {
         lookAtPlace(e);
         if (!displayPass(e, port)) return;
         needSelectedBody(e.s);  // the user has had his turn
         date.forget();
     }
+    lookAtPlace(e);
+    if (exact(e)) endPassages(e, port);
+    port.showDate();  // the fields tell the pass that ended the run
+    dropRecords(e.run);
 }
 
 }  // namespace

@@ -46,7 +46,9 @@ bool allNumbers(const TestRun& t) {
     look(t.motion.dU);
     look(t.motion.AX);
     look(t.run.K4);
-    for (const auto* pairs : {&t.motion.Rik, &t.motion.Fik, &t.motion.FXik, &t.motion.dV1, &t.motion.AV1})
+    formPairs(t.motion);
+    for (const auto* pairs : std::initializer_list<const PairArray*>{
+             &t.motion.Rik, &t.motion.Fik, &t.motion.FXik, &t.motion.dV1, &t.motion.AV1})
         for (const auto& row : *pairs) look(row);
     return fine && std::isfinite(t.run.Vpl) && std::isfinite(t.run.AlfaP);
 }
