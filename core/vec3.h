@@ -1,5 +1,5 @@
 #pragma once
-// A vector of three components.
+// Vectors of three components, and what turns them.
 
 #include <cmath>
 
@@ -12,6 +12,11 @@ struct Vec3 {
         x += b.x, y += b.y, z += b.z;
         return *this;
     }
+    Vec3& operator-=(const Vec3& b) {
+        x -= b.x, y -= b.y, z -= b.z;
+        return *this;
+    }
+    friend Vec3 operator-(const Vec3& a) { return {-a.x, -a.y, -a.z}; }
     friend Vec3 operator+(Vec3 a, const Vec3& b) { return a += b; }
     friend Vec3 operator-(const Vec3& a, const Vec3& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
     friend Vec3 operator*(double k, const Vec3& a) { return {k * a.x, k * a.y, k * a.z}; }
@@ -19,5 +24,19 @@ struct Vec3 {
 
 inline double dot(const Vec3& a, const Vec3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline double length(const Vec3& a) { return std::sqrt(dot(a, a)); }
+
+/// A matrix by its rows.
+struct Mat3 {
+    Vec3 first, second, third;
+
+    friend Vec3 operator*(const Mat3& M, const Vec3& v) {
+        return {dot(M.first, v), dot(M.second, v), dot(M.third, v)};
+    }
+};
+
+/// Position, m, and velocity, m/s, of one body as seen from another or in a frame.
+struct StateVector {
+    Vec3 r, v;
+};
 
 }  // namespace tarvex

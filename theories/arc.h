@@ -9,9 +9,7 @@
 namespace tarvex {
 
 /// A body as seen from its centre: position, m, and velocity, m/s.
-struct OrbitPoint {
-    Vec3 r, v;
-};
+using OrbitPoint = StateVector;
 
 /// The motion inside a step, by the share of the step that has passed, 0..1.
 class Track {

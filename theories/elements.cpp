@@ -4,28 +4,11 @@
 
 #include "core/arithmetic.h"
 #include "core/numbers.h"
+#include "core/rows.h"
 
 namespace tarvex {
 
 namespace {
-
-/// Longitude reduced to a turn less the perihelion, with one turn added to a negative result and no more.
-double meanAnomaly(const ModelState& s, int i) {
-    const double M = inOneTurn(s.AlfaL[i]) - s.AlfaP0[i];
-    return M < 0 ? M + 2 * Pi : M;
-}
-
-void solveKepler(ModelState& s, double e, double M) {
-    constexpr double EpsKep = 1e-10;
-    s.Ekep[0] = M;
-    for (int k = 1; k <= 99; ++k) {
-        s.Ekep[k] = e * std::sin(s.Ekep[k - 1]) + M;
-        if (std::abs(s.Ekep[k - 1] - s.Ekep[k]) <= EpsKep) {
-            s.Escr = s.Ekep[k];
-            return;
-        }
-    }
-}
 
 /// Mass that pulls body i in its two-body motion.
 double gravitatingMass(const ModelState& s, int i) {
@@ -33,6 +16,22 @@ double gravitatingMass(const ModelState& s, int i) {
     if (s.kodBary == 1) return both;                           // relative orbit
     if (s.kodBary == 2) return ratio(M * M * M, both * both);  // orbit about the centre of mass of the pair
     return M;
+}
+
+/// Semi-latus rectum, m.
+double parameterOf(const Elements& e) {
+    return finite((1 - e.eccentricity * e.eccentricity) * e.semiMajorAxis);
+}
+
+/// Unit of speed of an orbit, m/s: across the radius of a circle of that parameter.
+double speedOf(double mu, double parameter) { return root(ratio(mu, parameter)); }
+
+double radialSpeed(const Elements& e, double anomaly, double speed) {
+    return finite(speed * e.eccentricity * std::sin(anomaly));
+}
+
+double transverseSpeed(const Elements& e, double anomaly, double speed) {
+    return finite(speed * (1 + e.eccentricity * std::cos(anomaly)));
 }
 
 }  // namespace
@@ -47,21 +46,102 @@ double Frac0(double x) { return x - Fix(x); }
 
 double inOneTurn(double angle) { return 2 * Pi * Frac1(angle / 2 / Pi); }
 
+double meanAnomaly(const Elements& e) {
+    const double M = inOneTurn(e.meanLongitude) - e.perihelion;
+    return finite(M < 0 ? M + 2 * Pi : M);
+}
+
+double eccentricAnomaly(double M, double eccentricity, double unmet, KeplerIterates& iterates) {
+    constexpr double EpsKep = 1e-10;
+    iterates[0] = M;
+    for (int k = 1; k <= 99; ++k) {
+        iterates[k] = eccentricity * std::sin(iterates[k - 1]) + M;
+        if (std::abs(iterates[k - 1] - iterates[k]) <= EpsKep) return iterates[k];
+    }
+    return unmet;
+}
+
+double trueAnomaly(double E, double eccentricity) {
+    return 2 * std::atan(root(ratio(1 + eccentricity, 1 - eccentricity)) * std::tan(E / 2));
+}
+
+double radiusOf(const Elements& e, double anomaly) {
+    return ratio((1 - e.eccentricity * e.eccentricity) * e.semiMajorAxis,
+                 1 + e.eccentricity * std::cos(anomaly));
+}
+
+double argumentOf(const Elements& e, double anomaly) { return finite(anomaly + e.perihelion - e.node); }
+
+Vec3 pointOf(const Elements& e, double argument, double radius) {
+    const double sinU = std::sin(argument), cosU = std::cos(argument);
+    const double sinO = std::sin(e.node), cosO = std::cos(e.node);
+    const double sinB = std::sin(e.inclination), cosB = std::cos(e.inclination);
+    return {(cosU * cosO - sinU * sinO * cosB) * radius, (cosU * sinO + sinU * cosO * cosB) * radius,
+            sinU * radius * sinB};
+}
+
+Vec3 acrossOf(const Elements& e, double argument, double transverse) {
+    const double sinU = std::sin(argument), cosU = std::cos(argument);
+    const double sinO = std::sin(e.node), cosO = std::cos(e.node);
+    const double sinB = std::sin(e.inclination), cosB = std::cos(e.inclination);
+    return {(-sinU * cosO - cosU * sinO * cosB) * transverse,
+            (-sinU * sinO + cosU * cosO * cosB) * transverse, transverse * cosU * sinB};
+}
+
+OrbitPlace positionOf(const Elements& e, double unmet) {
+    OrbitPlace p;
+    KeplerIterates iterates;
+    p.mean = meanAnomaly(e);
+    p.eccentric = eccentricAnomaly(p.mean, e.eccentricity, unmet, iterates);
+    p.anomaly = trueAnomaly(p.eccentric, e.eccentricity);
+    p.radius = radiusOf(e, p.anomaly);
+    p.argument = argumentOf(e, p.anomaly);
+    p.position = pointOf(e, p.argument, p.radius);
+    return p;
+}
+
+OrbitMotion velocityOf(const Elements& e, const OrbitPlace& place, double mu) {
+    OrbitMotion m;
+    m.parameter = parameterOf(e);
+    const double speed = speedOf(mu, m.parameter);
+    m.radial = radialSpeed(e, place.anomaly, speed);
+    m.transverse = transverseSpeed(e, place.anomaly, speed);
+    const Vec3 across = acrossOf(e, place.argument, m.transverse);
+    m.velocity = {ratio(m.radial * place.position.x, place.radius) + across.x,
+                  ratio(m.radial * place.position.y, place.radius) + across.y,
+                  ratio(m.radial * place.position.z, place.radius) + across.z};
+    return m;
+}
+
+Elements elementsOf(const ModelState& s, int row) {
+    return {.meanLongitude = s.AlfaL[row],
+            .semiMajorAxis = s.R0sr[row],
+            .meanMotion = s.W0sr[row],
+            .eccentricity = s.Eks0[row],
+            .inclination = s.Betta0[row],
+            .perihelion = s.AlfaP0[row],
+            .node = s.AlfaU0[row]};
+}
+
+void setElements(ModelState& s, int row, const Elements& e) {
+    s.AlfaL[row] = e.meanLongitude;
+    s.R0sr[row] = e.semiMajorAxis;
+    s.W0sr[row] = e.meanMotion;
+    s.Eks0[row] = e.eccentricity;
+    s.Betta0[row] = e.inclination;
+    s.AlfaP0[row] = e.perihelion;
+    s.AlfaU0[row] = e.node;
+}
+
 void ElementsToXYZ(ModelState& s) {
     const int i = s.Ipl;
-    const double e = s.Eks0[i];
-    s.Mean[i] = finite(meanAnomaly(s, i));
-    solveKepler(s, e, s.Mean[i]);
-    s.Anom[i] = 2 * std::atan(root(ratio(1 + e, 1 - e)) * std::tan(s.Escr / 2));
-    s.Rr[i] = ratio((1 - e * e) * s.R0sr[i], 1 + e * std::cos(s.Anom[i]));
-    s.Uarg[i] = finite(s.Anom[i] + s.AlfaP0[i] - s.AlfaU0[i]);
-
-    const double sinU = std::sin(s.Uarg[i]), cosU = std::cos(s.Uarg[i]);
-    const double sinO = std::sin(s.AlfaU0[i]), cosO = std::cos(s.AlfaU0[i]);
-    const double sinB = std::sin(s.Betta0[i]), cosB = std::cos(s.Betta0[i]), r = s.Rr[i];
-    s.X[i] = (cosU * cosO - sinU * sinO * cosB) * r;
-    s.Y[i] = (cosU * sinO + sinU * cosO * cosB) * r;
-    s.Z[i] = sinU * r * sinB;
+    const Elements e = elementsOf(s, i);
+    s.Mean[i] = meanAnomaly(e);
+    s.Escr = eccentricAnomaly(s.Mean[i], e.eccentricity, s.Escr, s.Ekep);
+    s.Anom[i] = trueAnomaly(s.Escr, e.eccentricity);
+    s.Rr[i] = radiusOf(e, s.Anom[i]);
+    s.Uarg[i] = argumentOf(e, s.Anom[i]);
+    setPlace(s, i, pointOf(e, s.Uarg[i], s.Rr[i]));
 }
 
 void ElementsToVXYZ(ModelState& s) {
@@ -69,18 +149,15 @@ void ElementsToVXYZ(ModelState& s) {
     s.Icentr = s.kodMoon == 1 ? int{rowEarth} : int{rowSun};
     s.m[rowWork] = finite(gravitatingMass(s, i));
 
-    const double e = s.Eks0[i];
-    s.pKep = finite((1 - e * e) * s.R0sr[i]);
-    const double speed = root(ratio(s.gamma * s.m[rowWork], s.pKep));
-    s.Vr = finite(speed * e * std::sin(s.Anom[i]));
-    s.Vn = finite(speed * (1 + e * std::cos(s.Anom[i])));
-
-    const double sinU = std::sin(s.Uarg[i]), cosU = std::cos(s.Uarg[i]);
-    const double sinO = std::sin(s.AlfaU0[i]), cosO = std::cos(s.AlfaU0[i]);
-    const double sinB = std::sin(s.Betta0[i]), cosB = std::cos(s.Betta0[i]), r = s.Rr[i];
-    s.VX[i] = ratio(s.Vr * s.X[i], r) + (-sinU * cosO - cosU * sinO * cosB) * s.Vn;
-    s.VY[i] = ratio(s.Vr * s.Y[i], r) + (-sinU * sinO + cosU * cosO * cosB) * s.Vn;
-    s.VZ[i] = ratio(s.Vr * s.Z[i], r) + s.Vn * cosU * sinB;
+    const Elements e = elementsOf(s, i);
+    s.pKep = parameterOf(e);
+    const double speed = speedOf(s.gamma * s.m[rowWork], s.pKep), r = s.Rr[i];
+    s.Vr = radialSpeed(e, s.Anom[i], speed);
+    s.Vn = transverseSpeed(e, s.Anom[i], speed);
+    const Vec3 across = acrossOf(e, s.Uarg[i], s.Vn);
+    s.VX[i] = ratio(s.Vr * s.X[i], r) + across.x;
+    s.VY[i] = ratio(s.Vr * s.Y[i], r) + across.y;
+    s.VZ[i] = ratio(s.Vr * s.Z[i], r) + across.z;
 }
 
 }  // namespace tarvex

@@ -1,7 +1,11 @@
 #pragma once
-// From the seven elements of the body in Ipl to its rectangular coordinates and velocities.
+// From the seven elements of an orbit to rectangular coordinates and velocities: as plain functions of
+// values, and, on top of them, the routines that work on the shared rows.
+
+#include <array>
 
 #include "core/model_state.h"
+#include "core/vec3.h"
 
 namespace tarvex {
 
@@ -14,6 +18,72 @@ double Frac0(double x);
 
 /// An angle reduced to one turn, 0..2*Pi, rad.
 double inOneTurn(double angle);
+
+/// Elements of an elliptic orbit, in the frame in which its places are wanted.
+struct Elements {
+    double meanLongitude = 0;  ///< rad
+    double semiMajorAxis = 0;  ///< m
+    double meanMotion = 0;     ///< rad/s
+    double eccentricity = 0;
+    double inclination = 0;  ///< rad
+    double perihelion = 0;   ///< its longitude, rad
+    double node = 0;         ///< longitude of the ascending node, rad
+};
+
+/// Where a body stands in its orbit.
+struct OrbitPlace {
+    double mean = 0, eccentric = 0, anomaly = 0;  ///< mean, eccentric and true anomaly, rad
+    double radius = 0;                            ///< m
+    double argument = 0;                          ///< argument of latitude, rad
+    Vec3 position;                                ///< m
+};
+
+/// How it moves there.
+struct OrbitMotion {
+    double parameter = 0;               ///< semi-latus rectum, m
+    double radial = 0, transverse = 0;  ///< speed along the radius and across it, m/s
+    Vec3 velocity;                      ///< m/s
+};
+
+/// Iterates of Kepler's equation, the mean anomaly first.
+using KeplerIterates = std::array<double, 101>;
+
+// --- the steps from elements to a place and a velocity; each throws ArithmeticFailure where it has no number
+
+/// Longitude reduced to a turn less the perihelion, with one turn added to a negative result and no more,
+/// rad.
+double meanAnomaly(const Elements& e);
+/// Kepler's equation by at most 99 simple iterations to 1e-10 rad.
+/// @param M          mean anomaly, rad
+/// @param unmet      what is returned where the iterates do not meet
+/// @param iterates   filled as far as they go
+double eccentricAnomaly(double M, double eccentricity, double unmet, KeplerIterates& iterates);
+/// @param E  eccentric anomaly, rad; throws for an eccentricity of 1 or above
+double trueAnomaly(double E, double eccentricity);
+/// Length of the radius vector, m.
+double radiusOf(const Elements& e, double anomaly);
+/// Argument of latitude, rad.
+double argumentOf(const Elements& e, double anomaly);
+/// The point of an orbit, m.
+/// @param argument  argument of latitude, rad
+/// @param radius    m
+Vec3 pointOf(const Elements& e, double argument, double radius);
+/// A velocity across the radius in the plane of the orbit, m/s.
+Vec3 acrossOf(const Elements& e, double argument, double transverse);
+
+/// Place by elements: all of these steps.
+/// @param unmet  eccentric anomaly taken where Kepler's iteration does not meet, rad
+OrbitPlace positionOf(const Elements& e, double unmet = 0);
+/// Velocity at a place of the orbit.
+/// @param mu  gravitational constant times the mass that pulls, m^3/s^2
+/// Throws ArithmeticFailure for a zero orbit or radius and for the root of a negative number.
+OrbitMotion velocityOf(const Elements& e, const OrbitPlace& place, double mu);
+
+/// Elements as the rows of the state hold them.
+Elements elementsOf(const ModelState& s, int row);
+void setElements(ModelState& s, int row, const Elements& e);
+
+// --- the same on the shared rows
 
 /// Coordinates X, Y, Z of body Ipl, m, in the frame of its elements; leaves Mean, Anom, Rr, Uarg and Escr.
 /// Kepler's equation by at most 99 simple iterations; where they do not meet, Escr keeps its last value:

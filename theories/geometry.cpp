@@ -3,34 +3,68 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/rows.h"
 
 namespace tarvex {
 
-void PairGeometry(ModelState& s, int a, int b) {
-    s.DXcur = s.X[b] - s.X[a];
-    s.DYcur = s.Y[b] - s.Y[a];
-    s.DZcur = s.Z[b] - s.Z[a];
-    const double Rxy2 = s.DXcur * s.DXcur + s.DYcur * s.DYcur;
-    s.Rxycur = finite(std::sqrt(Rxy2));
-    s.Rcur = finite(std::sqrt(s.Rxycur * s.Rxycur + s.DZcur * s.DZcur));
+namespace {
 
-    s.LonPl[b] = s.DYcur < 0 ? 270 : 90;
-    if (s.DXcur != 0) {
-        s.LonPl[b] = std::atan(ratio(s.DYcur, s.DXcur)) * kUgol;
-        if (s.DXcur < 0) {
-            s.LonPl[b] += 180;
-        } else if (s.DYcur < 0) {
-            s.LonPl[b] += 360;
-        }
+double lengthInPlane(const Vec3& d) { return finite(std::sqrt(d.x * d.x + d.y * d.y)); }
+double lengthFrom(double inPlane, double z) { return finite(std::sqrt(inPlane * inPlane + z * z)); }
+
+/// A quotient that is no number leaves the longitude of a vector with x = 0.
+void findLongitude(const Vec3& d, double& longitude) {
+    longitude = d.y < 0 ? 270 : 90;
+    if (d.x == 0) return;
+    longitude = std::atan(ratio(d.y, d.x)) * kUgol;
+    if (d.x < 0) {
+        longitude += 180;
+    } else if (d.y < 0) {
+        longitude += 360;
     }
-    s.LatPl = std::atan(ratio(s.DZcur, s.Rxycur)) * kUgol;
+}
+
+}  // namespace
+
+double longitudeOf(const Vec3& d) {
+    double longitude = 0;
+    findLongitude(d, longitude);
+    return longitude;
+}
+
+double latitudeOf(double z, double inPlane) { return std::atan(ratio(z, inPlane)) * kUgol; }
+
+Direction directionOf(const Vec3& d) {
+    Sight sight;
+    sight.look(d);
+    return sight.direction;
+}
+
+Vec3 vectorOf(const Direction& d) {
+    const double l = d.longitude / kUgol, b = d.latitude / kUgol;
+    return {std::cos(b) * d.distance * std::cos(l), std::cos(b) * d.distance * std::sin(l),
+            std::sin(b) * d.distance};
+}
+
+void Sight::look(const Vec3& d) {
+    difference = d;
+    inPlane = lengthInPlane(d);
+    direction.distance = lengthFrom(inPlane, d.z);
+    findLongitude(d, direction.longitude);
+    direction.latitude = latitudeOf(d.z, inPlane);
+}
+
+void PairGeometry(ModelState& s, int a, int b) {
+    const Vec3 d = placeOf(s, b) - placeOf(s, a);
+    s.DXcur = d.x, s.DYcur = d.y, s.DZcur = d.z;
+    s.Rxycur = lengthInPlane(d);
+    s.Rcur = lengthFrom(s.Rxycur, d.z);
+    findLongitude(d, s.LonPl[b]);
+    s.LatPl = latitudeOf(d.z, s.Rxycur);
 }
 
 void SpherToXYZ(ModelState& s, int row, double L, double B, double R) {
-    const double l = L / kUgol, b = B / kUgol;
-    s.X[row] = std::cos(b) * R * std::cos(l);
-    s.Y[row] = std::cos(b) * R * std::sin(l);
-    s.Z[row] = std::sin(b) * R;
+    setPlace(s, row, vectorOf({L, B, R}));
 }
 
 void TiltYZ(ModelState& s, double a) {
