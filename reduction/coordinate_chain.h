@@ -1,17 +1,7 @@
 #pragma once
-// The astronomical routines through which every reduction passes: ecliptic and equator, precession, nutation,
-// sidereal time, horizon, refraction and the low-precision Moon.  Angles are degrees unless a comment says
-// otherwise; T, T0, T1 are Julian centuries from J2000.  Most routines work on the row named by Ipl, which
-// the caller sets.
-//
-// Aberration and parallax have no routine of their own, they are vector steps of the callers:
-//  - of the source: the body moves back along its own velocity (with the system's) by the light time, which
-//  is then
-//    formed anew from the new distance;
-//  - of the receiver: the geocentric place moves along the Earth's velocity by the light time as it stands;
-//  - parallax: the observer (row 12, a sphere of radius REarth, latitude ObsB, longitude LMST) is taken off
-//  the
-//    geocentric equatorial vector of date.
+// The routines of reduction/sky.h on the shared rows.  Angles are degrees unless a comment says otherwise; T,
+// T0, T1 are Julian centuries from J2000.  Most routines work on the row named by Ipl, which the caller sets.
+// Aberration, parallax and the order of all steps are those of ApparentPlace.
 
 #include "core/model_state.h"
 
