@@ -3,7 +3,10 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/rows.h"
 #include "core/run_inputs.h"
+#include "reduction/apparent_place.h"
+#include "reduction/sky_rows.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
@@ -16,7 +19,7 @@ namespace {
 double within180(double d) { return d > 180 ? d - 360 : d < -180 ? d + 360 : d; }
 
 void placeByTheory(ModelState& s, int body, bool byTheory, double L) {
-    s.Ipl = static_cast<std::int16_t>(body);
+    setCurrent(s, body);
     ElementsNew0(s);
     if (!byTheory) s.AlfaL[body] = L;
     ElementsToXYZ(s);
@@ -31,6 +34,25 @@ AberrationBench::Place placeFrom(const ModelState& s, int row) {
     return p;
 }
 
+/// Velocities of the Earth and the object with that of the system, into their rows.
+void velocities(ModelState& s, const AberrationBench& a) {
+    for (const int i : {int{rowTerra}, a.body}) {
+        const bool own = i == AberrationBench::star;  // a star keeps its own velocity
+        const AberrationBench::Place& p = a.placeOf(i);
+        s.VX[i] = finite((own ? 0 : 1000 * a.VXsys) + p.VX);
+        s.VY[i] = finite((own ? 0 : 1000 * a.VYsys) + p.VY);
+        s.VZ[i] = finite((own ? 0 : 1000 * a.VZsys) + p.VZ);
+    }
+}
+
+/// Longitude of a step made with the cosine of the latitude; Z of its row stays.
+double longitudeBy(ApparentSky& sky, ApparentPlace& step, double x, double y) {
+    step.position.x = x;
+    step.position.y = y;
+    sky.look(step);
+    return step.longitude;
+}
+
 }  // namespace
 
 void AberrationPrepare(ModelState& s, AberrationBench& a, bool byTheory, double L3, double Lbody) {
@@ -40,61 +62,50 @@ void AberrationPrepare(ModelState& s, AberrationBench& a, bool byTheory, double 
     const RunInputsKept kept(s);
     s.kodMoon = s.kodBary = 0;
     InitMassesNew0(s);
-    placeByTheory(s, 3, byTheory, L3);
-    for (Rows* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[0] = 0;
-    if (b != 0 && b != AberrationBench::star) placeByTheory(s, b, byTheory, Lbody);
-    a.earth = placeFrom(s, 3);
+    placeByTheory(s, rowTerra, byTheory, L3);
+    setPlace(s, rowSun, {});
+    setVelocity(s, rowSun, {});
+    if (b != rowSun && b != AberrationBench::star) placeByTheory(s, b, byTheory, Lbody);
+    a.earth = placeFrom(s, rowTerra);
     a.object = placeFrom(s, b);
-    PairGeometry(s, 3, b);
+    PairGeometry(s, rowTerra, b);
     a.GeoL = s.LonPl[b];
     a.GeoB = s.LatPl;
-    s.Tsv[3][b] = ratio(s.Rcur, a.Vc);
+    s.Tsv[rowTerra][b] = ratio(s.Rcur, a.Vc);
 }
 
 void AberrationIterate(ModelState& s, AberrationBench& a, bool withCosB) {
-    const int b = a.body;
+    velocities(s, a);
+    ApparentSky sky(0);
+    ApparentPlace earth{.row = rowTerra}, other{.row = a.body}, earthBefore{.row = rowEarthBefore};
+    ApparentPlace bySource{.row = rowSourceByCosine}, byReceiver{.row = rowReceiverByCosine};
+    ApparentPlace& object = a.body == rowTerra ? earth : other;
+    const SkyCells cells(s, sky, {&earth, &object, &earthBefore, &bySource, &byReceiver});
+    sky.centre = &earth.position;
+    sky.earthVelocity = earth.velocity;
     const double cosB = std::cos(a.GeoB / kUgol);
-    for (const int i : {3, b}) {
-        const bool own = i == AberrationBench::star;  // a star keeps its own velocity
-        const AberrationBench::Place& p = a.placeOf(i);
-        s.VX[i] = finite((own ? 0 : 1000 * a.VXsys) + p.VX);
-        s.VY[i] = finite((own ? 0 : 1000 * a.VYsys) + p.VY);
-        s.VZ[i] = finite((own ? 0 : 1000 * a.VZsys) + p.VZ);
-    }
+    const Vec3 V = object.velocity, E = earth.velocity;
 
-    const AberrationBench::Place& real = a.placeOf(b);
-    s.X[b] = a.XIs = real.X - s.VX[b] * s.Tsv[3][b];
-    s.Y[b] = a.YIs = real.Y - s.VY[b] * s.Tsv[3][b];
-    s.Z[b] = a.ZIs = real.Z - s.VZ[b] * s.Tsv[3][b];
-    PairGeometry(s, 3, b);
-    a.Rgeo = s.Rcur;
-    const double T = s.Tsv[3][b] = ratio(s.Rcur, a.Vc);
-    double La = s.LonPl[b];
-    const double Ba = s.LatPl;
-    if (withCosB) {
-        s.X[12] = real.X - cosB * s.VX[b] * T;
-        s.Y[12] = real.Y - cosB * s.VY[b] * T;
-        PairGeometry(s, 3, 12);
-        La = s.LonPl[12];
-    }
+    const AberrationBench::Place& real = a.placeOf(a.body);
+    object.position = placeBefore({real.X, real.Y, real.Z}, V, object.lightTime);
+    a.XIs = object.position.x, a.YIs = object.position.y, a.ZIs = object.position.z;
+    sky.look(object);
+    a.Rgeo = sky.sight.distance;
+    const double T = object.lightTime = ratio(a.Rgeo, a.Vc);
+    const double Ba = sky.sight.latitude;
+    const double La = withCosB ? longitudeBy(sky, bySource, real.X - cosB * V.x * T, real.Y - cosB * V.y * T)
+                               : object.longitude;
     a.AlfaIs = within180(La - a.GeoL);
     a.BettaIs = within180(Ba - a.GeoB);
 
-    s.X[13] = a.XPr = s.X[3] - s.VX[3] * T;
-    s.Y[13] = a.YPr = s.Y[3] - s.VY[3] * T;
-    s.Z[13] = a.ZPr = s.Z[3] - s.VZ[3] * T;
-    s.X[b] += s.VX[3] * T;
-    s.Y[b] += s.VY[3] * T;
-    s.Z[b] += s.VZ[3] * T;
-    PairGeometry(s, 3, b);
-    double Lo = s.LonPl[b];
-    const double Bo = s.LatPl;
-    if (withCosB) {
-        s.X[11] = s.X[12] + cosB * s.VX[3] * T;
-        s.Y[11] = s.Y[12] + cosB * s.VY[3] * T;
-        PairGeometry(s, 3, 11);
-        Lo = s.LonPl[11];
-    }
+    earthBefore.position = placeBefore(earth.position, E, T);
+    a.XPr = earthBefore.position.x, a.YPr = earthBefore.position.y, a.ZPr = earthBefore.position.z;
+    sky.go(Step::Receiver, object);
+    sky.look(object);
+    const double Bo = sky.sight.latitude;
+    const double Lo = withCosB ? longitudeBy(sky, byReceiver, bySource.position.x + cosB * E.x * T,
+                                             bySource.position.y + cosB * E.y * T)
+                               : object.longitude;
     a.AlfaPr = within180(Lo - La);
     a.BettaPr = within180(Bo - Ba);
     ++a.iterations;

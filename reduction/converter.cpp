@@ -2,8 +2,11 @@
 
 #include <cmath>
 
+#include "core/rows.h"
 #include "core/run_inputs.h"
+#include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
@@ -15,46 +18,33 @@ namespace {
 
 double centuries(double JD) { return (JD - JD2000) / 36525; }
 
-void copyRow(ModelState& s, int from, int to) {
-    s.X[to] = s.X[from];
-    s.Y[to] = s.Y[from];
-    s.Z[to] = s.Z[from];
-}
+using Base = std::array<double, 3>;
 
 void keepBase(const ModelState& s, ConvBase& base, int row) {
     base.row.at(row) = {s.X[row], s.Y[row], s.Z[row]};
 }
 
-void takeBase(ModelState& s, const ConvBase& base, int row) {
-    s.X[row] = base.row.at(row)[0];
-    s.Y[row] = base.row.at(row)[1];
-    s.Z[row] = base.row.at(row)[2];
-}
-
-void zeroRow(ModelState& s, int row) { s.X[row] = s.Y[row] = s.Z[row] = 0; }
-
-void addRow(ModelState& s, int row, int other, double sign) {
-    s.X[row] += sign * s.X[other];
-    s.Y[row] += sign * s.Y[other];
-    s.Z[row] += sign * s.Z[other];
-}
+Vec3 baseVector(const Base& v) { return {v[0], v[1], v[2]}; }
 
 /// The parallax of this system: the cosine of the latitude on X and Y, none on Z, as meant.
-void addObserver(ModelState& s, int body, int observer, double sign) {
-    const double cosB = std::cos(s.LatPl / kUgol);
-    s.X[body] += sign * cosB * s.X[observer];
-    s.Y[body] += sign * cosB * s.Y[observer];
-    s.Z[body] += sign * s.Z[observer];
+void addObserver(ApparentSky& sky, ApparentPlace& p, const Vec3& observer, double sign) {
+    const double cosB = std::cos(sky.sight.latitude / kUgol);
+    p.position += Vec3{sign * cosB * observer.x, sign * cosB * observer.y, sign * observer.z};
+}
+
+/// Row of the observer in the plane of a frame.
+int observerRow(const ConvFrame& frame) {
+    return frame.base() + (frame.plane == ConvFrame::Plane::Ecliptic ? plusObserverEcliptic : plusObserver);
 }
 
 void precessRow(ModelState& s, int row) {
-    s.Ipl = static_cast<std::int16_t>(row);
+    setCurrent(s, row);
     ApplyPrecessXYZ(s);
 }
 
 /// Heliocentric place of the body on the ecliptic of the date.
 void placeOnDate(ModelState& s, int body) {
-    s.Ipl = static_cast<std::int16_t>(body);
+    setCurrent(s, body);
     s.JD = s.JDet;
     ElementsJPL0(s);
     ElementsToXYZ(s);
@@ -69,108 +59,102 @@ void ConvPrepare(ModelState& s, ConvBase& base) {
     const RunInputsKept kept(s);
     const double T = centuries(s.JDut0);
     InitMassesJPL0(s);
-    zeroRow(s, 0);
-    zeroRow(s, 15);
-    keepBase(s, base, 0);
+    setPlace(s, rowSun, {});
+    setPlace(s, rowOrigin, {});
+    keepBase(s, base, rowSun);
 
-    placeOnDate(s, 3);
+    placeOnDate(s, rowTerra);
     s.JD = s.JDet;
     MoonInequalities(s, centuries(s.JDet));
     s.JD = s.JDut0;
-    s.Lpl[10] = s.Lpl[11];
-    s.Bpl[10] = s.Bpl[11];
-    SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], s.Rpl[3][11] * s.m[11] / s.m[3]);
-    addRow(s, 3, 14, -1);  // from the common centre of the Earth and the Moon to the Earth
-    keepBase(s, base, 3);
-    SpherToXYZ(s, 10, s.Lpl[10], s.Bpl[10], s.Rpl[3][11]);
-    addRow(s, 10, 3, 1);
-    keepBase(s, base, 10);
-    SpherToXYZ(s, 14, s.Lpl[10], s.Bpl[10], 2.5);
+    const double L = s.Lpl[rowConverterMoon] = s.Lpl[rowMoon];
+    const double B = s.Bpl[rowConverterMoon] = s.Bpl[rowMoon];
+    const double R = s.Rpl[rowTerra][rowMoon];
+    // from the common centre of the Earth and the Moon to the Earth
+    const Vec3 offset = vectorOf({L, B, R * s.m[rowMoon] / s.m[rowEarthMoon]});
+    const Vec3 earth = placeOf(s, rowTerra) - offset;
+    setPlace(s, rowTerra, earth);
+    keepBase(s, base, rowTerra);
+    setPlace(s, rowConverterMoon, vectorOf({L, B, R}) + earth);
+    keepBase(s, base, rowConverterMoon);
+    SpherToXYZ(s, rowMoonDrawn, L, B, 2.5);
 
     ObserverRow(s, s.JDut0);
-    copyRow(s, 12, 16);
-    s.Ipl = 16;
+    setPlace(s, rowsOfDate + plusObserverEcliptic, placeOf(s, rowObserver));
+    setCurrent(s, rowsOfDate + plusObserverEcliptic);
     EquToEcl(s, T);
 
-    copyRow(s, 3, 13);
-    copyRow(s, 13, 23);
-    copyRow(s, 12, 22);
-    copyRow(s, 16, 26);
+    setPlace(s, rowsOfDate + plusEarth, earth);
+    for (const int row : {plusObserver, plusEarth, plusObserverEcliptic})
+        setPlace(s, rowsOfJ2000 + row, placeOf(s, rowsOfDate + row));
     PrecessMatrixEcl(s, T, 0);
-    precessRow(s, 23);
-    precessRow(s, 26);
+    precessRow(s, rowsOfJ2000 + plusEarth);
+    precessRow(s, rowsOfJ2000 + plusObserverEcliptic);
     PrecessMatrixEqu(s, T, 0);
-    precessRow(s, 22);
+    precessRow(s, rowsOfJ2000 + plusObserver);
 }
 
 void ConvBodyByTheory(ModelState& s, ConvBase& base, int body) {
-    if (body == 0 || body == 3 || body == 10) return;
+    if (body == rowSun || body == rowTerra || body == rowConverterMoon) return;
     const RunInputsKept kept(s);
     placeOnDate(s, body);
     keepBase(s, base, body);
 }
 
 void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame& frame) {
-    const double T = centuries(s.JDut0);
-    takeBase(s, base, 0);
-    takeBase(s, base, 3);
-    takeBase(s, base, body);
+    ApparentSky sky(centuries(s.JDut0));
+    ApparentPlace sun{.row = rowSun}, earth{.row = rowTerra}, other{.row = body};
+    ApparentPlace& place = body == rowSun ? sun : body == rowTerra ? earth : other;
+    const SkyCells cells(s, sky, {&sun, &earth, &place});
+    for (ApparentPlace* const p : {&sun, &earth, &place}) p->position = baseVector(base.row.at(p->row));
+    const auto turn = [&](Step step) {
+        sky.go(step, earth);
+        if (body != rowTerra) sky.go(step, place);
+    };
     if (frame.j2000) {
-        PrecessMatrixEcl(s, T, 0);
-        precessRow(s, 3);
-        if (body != 3) precessRow(s, body);
+        sky.precession = sky::eclipticPrecession(sky.T, 0);
+        turn(Step::Precession);
     }
-    if (frame.plane != ConvFrame::Plane::Ecliptic) {
-        // the obliquity is that of the date also for J2000, as meant
-        s.Ipl = 3;
-        EclToEqu(s, T);
-        if (body != 3) {
-            s.Ipl = static_cast<std::int16_t>(body);
-            EclToEqu(s, T);
-        }
-    }
+    // the obliquity is that of the date also for J2000, as meant
+    if (frame.plane != ConvFrame::Plane::Ecliptic) turn(Step::Equator);
     if (frame.origin != ConvFrame::Origin::Sun) {
-        zeroRow(s, 0);
-        addRow(s, 0, 3, -1);
-        if (body != 0 && body != 3) addRow(s, body, 3, -1);
-        zeroRow(s, 3);
+        sun.position = Vec3{} - earth.position;
+        if (body != rowSun && body != rowTerra) place.position -= earth.position;
+        earth.position = {};
     }
     if (frame.origin != ConvFrame::Origin::Observer) return;
 
-    PairGeometry(s, 3, body);
-    addObserver(s, body, frame.base() + (frame.plane == ConvFrame::Plane::Ecliptic ? 6 : 2), -1);
+    sky.look(place);
+    addObserver(sky, place, placeOf(s, observerRow(frame)), -1);
     if (frame.plane != ConvFrame::Plane::Horizon) return;
-    PairGeometry(s, 15, body);
-    s.Lpl[body] = s.LonPl[body];
-    s.Bpl[body] = s.LatPl;
-    const double Rgeo = s.Rcur;
-    s.TAU = s.LMST - s.Lpl[body];
-    HorizonToXYZ1(s, body);
-    PairGeometry(s, 15, body);
-    SpherToXYZ(s, body, s.LonPl[body], s.LatPl, Rgeo);
+    sky.keep(place);
+    const double Rgeo = sky.sight.distance;
+    sky.horizon.hourAngle = s.LMST - place.L;
+    place.position = sky::horizonFromEquator(sky.horizon.hourAngle, place.B, s.ObsB);
+    sky.look(place);
+    place.position = vectorOf({place.longitude, sky.sight.latitude, Rgeo});
 }
 
 void ConvToBase(ModelState& s, ConvBase& base, int body, const ConvFrame& frame) {
-    const double T = centuries(s.JDut0), Rgeo = s.Rcur;
-    if (frame.origin == ConvFrame::Origin::Observer) {
-        if (frame.plane == ConvFrame::Plane::Horizon) {
-            s.Vys = s.LatPl;
-            s.Azim = s.LonPl[body];
-            HorizonToXYZ2(s, body);
-            PairGeometry(s, 15, body);
-            s.TAU = s.LonPl[body];
-            s.Lpl[body] = s.LMST - s.TAU;
-            if (s.Lpl[body] < 0) s.Lpl[body] += 360;
-            SpherToXYZ(s, body, s.Lpl[body], s.LatPl, Rgeo);
+    {
+        ApparentSky sky(centuries(s.JDut0));
+        sky.latitude = s.ObsB;
+        sky.siderealTime = s.LMST;
+        ApparentPlace place{.row = body};
+        const SkyCells cells(s, sky, {&place});
+        if (frame.origin == ConvFrame::Origin::Observer) {
+            if (frame.plane == ConvFrame::Plane::Horizon) {
+                sky.horizon.altitude = sky.sight.latitude;
+                sky.horizon.azimuth = place.longitude;
+                place.L = sky.fromHorizon(place, sky.sight.distance);
+                sky.horizon.hourAngle = place.longitude;
+            }
+            addObserver(sky, place, placeOf(s, observerRow(frame)), 1);
         }
-        addObserver(s, body, frame.base() + (frame.plane == ConvFrame::Plane::Ecliptic ? 6 : 2), 1);
-    }
-    s.Ipl = static_cast<std::int16_t>(body);
-    if (frame.plane != ConvFrame::Plane::Ecliptic) EquToEcl(s, T);
-    if (frame.origin != ConvFrame::Origin::Sun) addRow(s, body, frame.base() + 3, 1);
-    if (frame.j2000) {
-        PrecessMatrixEcl(s, 0, T);
-        ApplyPrecessXYZ(s);
+        sky.current = body;
+        if (frame.plane != ConvFrame::Plane::Ecliptic) sky.go(Step::Ecliptic, place);
+        if (frame.origin != ConvFrame::Origin::Sun) place.position += placeOf(s, frame.base() + plusEarth);
+        if (frame.j2000) sky.go(Step::Precession, place);
     }
     keepBase(s, base, body);
 }

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "core/model_state.h"
+#include "reduction/sky_rows.h"
 
 namespace tarvex {
 
@@ -25,9 +26,11 @@ struct ConvFrame {
     Origin origin = Origin::Sun;
     bool j2000 = false;  ///< equinox of J2000, else of the date
 
-    int base() const { return j2000 ? 20 : 10; }
+    int base() const { return j2000 ? rowsOfJ2000 : rowsOfDate; }
     /// Row from which polar coordinates of this frame count.
-    int originRow() const { return origin == Origin::Sun ? 0 : origin == Origin::Earth ? 3 : 15; }
+    int originRow() const {
+        return origin == Origin::Sun ? int{rowSun} : origin == Origin::Earth ? rowTerra : int{rowOrigin};
+    }
 };
 
 /// Rows of the Sun, the Earth, the Moon and the observer for universal time s.JDut0 and s.JDet, place s.ObsB,

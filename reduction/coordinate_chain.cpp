@@ -5,7 +5,6 @@
 
 #include "core/numbers.h"
 #include "core/rows.h"
-#include "reduction/sky.h"
 
 namespace tarvex {
 
@@ -35,10 +34,13 @@ void EclToEqu(ModelState& s, double T) {
     setPlace(s, s.Ipl, sky::toEquator(placeOf(s, s.Ipl), o));
 }
 
-void PrecessMatrixEcl(ModelState& s, double T0, double T1) {
-    const sky::Precession p = sky::eclipticPrecession(T0, T1);
+void setPrecession(ModelState& s, const sky::Precession& p) {
     s.Prec = p.accumulated;
     setMatrix(s, p.matrix);
+}
+
+void PrecessMatrixEcl(ModelState& s, double T0, double T1) {
+    setPrecession(s, sky::eclipticPrecession(T0, T1));
 }
 
 void PrecessMatrixEqu(ModelState& s, double T0, double T1) { setMatrix(s, sky::equatorPrecession(T0, T1)); }

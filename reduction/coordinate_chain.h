@@ -4,6 +4,7 @@
 // Aberration, parallax and the order of all steps are those of ApparentPlace.
 
 #include "core/model_state.h"
+#include "reduction/sky.h"
 
 namespace tarvex {
 
@@ -16,6 +17,8 @@ void EclToEqu(ModelState& s, double T);
 /// Mprec and Prec for ecliptic coordinates from the epoch T0 to the epoch T1: (T, 0) goes from the date to
 /// J2000. Source: Lieske et al. 1977, Astron. Astrophys. 58, 1.
 void PrecessMatrixEcl(ModelState& s, double T0, double T1);
+/// Puts a precession into Mprec and Prec.
+void setPrecession(ModelState& s, const sky::Precession& p);
 /// Mprec for equatorial coordinates from the epoch T0 to the epoch T1.  Source: the same.
 void PrecessMatrixEqu(ModelState& s, double T0, double T1);
 /// Mprec on the position (velocity) in row Ipl.

@@ -4,11 +4,15 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/rows.h"
 #include "core/run_inputs.h"
+#include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/ephemeris.h"
 #include "theories/geometry.h"
+#include "theories/longitudes.h"
 #include "theories/secular_theories.h"
 
 namespace tarvex {
@@ -16,23 +20,6 @@ namespace tarvex {
 namespace {
 
 double centuries(double JD) { return (JD - JD2000) / 36525; }
-
-void addRow(ModelState& s, int row, int other, double factor) {
-    s.X[row] += factor * s.X[other];
-    s.Y[row] += factor * s.Y[other];
-    s.Z[row] += factor * s.Z[other];
-}
-
-void addVelocity(ModelState& s, int row, int other, double factor) {
-    s.VX[row] += factor * s.VX[other];
-    s.VY[row] += factor * s.VY[other];
-    s.VZ[row] += factor * s.VZ[other];
-}
-
-void zeroRow(ModelState& s, int row) { s.X[row] = s.Y[row] = s.Z[row] = 0; }
-void zeroVelocity(ModelState& s, int row) { s.VX[row] = s.VY[row] = s.VZ[row] = 0; }
-
-void setBody(ModelState& s, int row) { s.Ipl = static_cast<std::int16_t>(row); }
 
 /// Angles of row b from row a into Lpl and Bpl.
 Eclipse::Sky anglesOf(ModelState& s, int a, int b) {
@@ -42,27 +29,38 @@ Eclipse::Sky anglesOf(ModelState& s, int a, int b) {
     return {s.Lpl[b], s.Bpl[b]};
 }
 
+/// Adds the place of a row, and its velocity, to another.
+void addPlace(ModelState& s, int row, int other) { setPlace(s, row, placeOf(s, row) + placeOf(s, other)); }
+void subtractPlace(ModelState& s, int row, int other) {
+    setPlace(s, row, placeOf(s, row) - placeOf(s, other));
+}
+
+/// The Sun in the origin, at rest.
+void sunInOrigin(ModelState& s) {
+    setPlace(s, rowSun, {});
+    setVelocity(s, rowSun, {});
+}
+
 double angularRadius(double size, double distance) { return std::atan(ratio(size / 2, distance)) * kUgol; }
 
 void placesByEphemeris(ModelState& s, Ephemeris& ephemeris) {
     ephemeris.JDjpl = s.JD;
     DESeek(s, ephemeris);
-    std::array rows = {0, 3, 11, static_cast<int>(s.IplSel)};
-    const int count = s.IplSel == 0 || s.IplSel == 11 ? 3 : 4;
+    const std::array<int, 4> rows = {rowSun, rowTerra, rowMoon, s.IplSel};
+    const int count = s.IplSel == rowSun || s.IplSel == rowMoon ? 3 : 4;
     for (int k = 0; k < count; ++k) DEEvaluate(s, ephemeris, rows[k], 1);
-    anglesOf(s, 15, 11);
-    s.Rpl[3][11] = s.Rcur;
-    const double share = s.m[11] / s.m[13];
-    addRow(s, 3, 11, -share);
-    addVelocity(s, 3, 11, -share);
-    addRow(s, 11, 3, 1);
-    addVelocity(s, 11, 3, 1);
+    anglesOf(s, rowOrigin, rowMoon);
+    s.Rpl[rowTerra][rowMoon] = s.Rcur;
+    const double share = s.m[rowMoon] / s.m[rowEarth];
+    setPlace(s, rowTerra, placeOf(s, rowTerra) + -share * placeOf(s, rowMoon));
+    setVelocity(s, rowTerra, velocityOf(s, rowTerra) + -share * velocityOf(s, rowMoon));
+    addPlace(s, rowMoon, rowTerra);
+    setVelocity(s, rowMoon, velocityOf(s, rowMoon) + velocityOf(s, rowTerra));
     for (int k = 1; k < count; ++k) {
-        addRow(s, rows[k], 0, -1);
-        addVelocity(s, rows[k], 0, -1);
+        subtractPlace(s, rows[k], rowSun);
+        setVelocity(s, rows[k], velocityOf(s, rows[k]) - velocityOf(s, rowSun));
     }
-    zeroRow(s, 0);
-    zeroVelocity(s, 0);
+    sunInOrigin(s);
 }
 
 void placeBy(ModelState& s, Eclipse::Source source) {
@@ -76,13 +74,17 @@ void placeBy(ModelState& s, Eclipse::Source source) {
     }
 }
 
+/// The Moon's row at its longitude, latitude and distance.
+void moonToRow(ModelState& s) {
+    SpherToXYZ(s, rowMoon, s.Lpl[rowMoon], s.Bpl[rowMoon], s.Rpl[rowTerra][rowMoon]);
+}
+
 void moonByTheory(ModelState& s, const Eclipse& e) {
     if (e.source == Eclipse::Source::New0) {
         MoonInequalities(s, centuries(s.JDet));
-        SpherToXYZ(s, 11, s.Lpl[11], s.Bpl[11], s.Rpl[3][11]);
-        return;
+        return moonToRow(s);
     }
-    setBody(s, 11);
+    setCurrent(s, rowMoon);
     s.kodBary = 0;
     s.kodMoon = 1;
     placeBy(s, e.source);
@@ -90,16 +92,16 @@ void moonByTheory(ModelState& s, const Eclipse& e) {
         PrecessMatrixEcl(s, centuries(s.JDut0), 0);
         ApplyPrecessXYZ(s);
     }
-    anglesOf(s, 15, 11);
-    s.Rpl[3][11] = s.Rcur;
+    anglesOf(s, rowOrigin, rowMoon);
+    s.Rpl[rowTerra][rowMoon] = s.Rcur;
     if (!e.moonTerms) return;
     MoonPerturbApply(s);
-    SpherToXYZ(s, 11, s.Lpl[11], s.Bpl[11], s.Rpl[3][11]);
+    moonToRow(s);
 }
 
 /// Periodic terms of a planet on its heliocentric longitude.
 void perturbPlanet(ModelState& s, int b) {
-    anglesOf(s, 0, b);
+    anglesOf(s, rowSun, b);
     const double R = s.Rcur;
     PlanetPerturbApply(s, b);
     SpherToXYZ(s, b, s.Lpl[b], s.Bpl[b], R);
@@ -108,65 +110,79 @@ void perturbPlanet(ModelState& s, int b) {
 void placesByTheory(ModelState& s, const Eclipse& e) {
     s.JD = s.JDet;
     for (int i = 1; i <= 9; ++i) {
-        setBody(s, i);
+        setCurrent(s, i);
         ElementsSer0Plus(s);
     }
     moonByTheory(s, e);
-    SpherToXYZ(s, 14, s.Lpl[11], s.Bpl[11], s.Rpl[3][11] * s.m[11] / s.m[3]);
+    SpherToXYZ(s, rowMoonOffset, s.Lpl[rowMoon], s.Bpl[rowMoon],
+               s.Rpl[rowTerra][rowMoon] * s.m[rowMoon] / s.m[rowEarthMoon]);
     s.kodMoon = 0;
-    setBody(s, 3);
+    setCurrent(s, rowTerra);
     placeBy(s, e.source);
-    addRow(s, 3, 14, -1);
-    addRow(s, 11, 3, 1);
-    s.VX[11] = s.VX[3], s.VY[11] = s.VY[3], s.VZ[11] = s.VZ[3];
-    if (e.planetTerms) perturbPlanet(s, 3);
-    zeroRow(s, 0);
-    zeroVelocity(s, 0);
+    subtractPlace(s, rowTerra, rowMoonOffset);
+    addPlace(s, rowMoon, rowTerra);
+    setVelocity(s, rowMoon, velocityOf(s, rowTerra));
+    if (e.planetTerms) perturbPlanet(s, rowTerra);
+    sunInOrigin(s);
     const int b = s.IplSel;
-    if (b == 11) return;
-    setBody(s, b);
+    if (b == rowMoon) return;
+    setCurrent(s, b);
     placeBy(s, e.source);
     if (e.planetTerms) perturbPlanet(s, b);
 }
 
 /// Distances and light times of the Sun and the body from the Earth.
 void lightTimes(ModelState& s) {
-    for (const int b : {0, static_cast<int>(s.IplSel)}) {
-        PairGeometry(s, 3, b);
-        s.Rpl[3][b] = s.Rcur;
-        s.Tsv[3][b] = s.Rcur / Vsv;
+    for (const int b : {int{rowSun}, int{s.IplSel}}) {
+        PairGeometry(s, rowTerra, b);
+        s.Rpl[rowTerra][b] = s.Rcur;
+        s.Tsv[rowTerra][b] = s.Rcur / Vsv;
     }
 }
 
 /// Rows 0 and the body from the angles of an ancient table at the theory's distances, heliocentric again.
 void placesByTable(ModelState& s, const Eclipse& e) {
     const int b = s.IplSel;
-    const double RSun = s.Rpl[3][0], R = s.Rpl[3][b];
+    const double RSun = s.Rpl[rowTerra][rowSun], R = s.Rpl[rowTerra][b];
     e.readTable();
-    SpherToXYZ(s, 0, s.Lpl[0], s.Bpl[0], RSun);
-    if (b != 0) SpherToXYZ(s, b, s.Lpl[b], s.Bpl[b], R);
-    zeroRow(s, 3);
-    addRow(s, 3, 0, -1);
-    if (b != 0) addRow(s, b, 3, 1);
-    zeroRow(s, 0);
+    SpherToXYZ(s, rowSun, s.Lpl[rowSun], s.Bpl[rowSun], RSun);
+    if (b != rowSun) SpherToXYZ(s, b, s.Lpl[b], s.Bpl[b], R);
+    setPlace(s, rowTerra, Vec3{} - placeOf(s, rowSun));
+    if (b != rowSun) addPlace(s, b, rowTerra);
+    setPlace(s, rowSun, {});
 }
 
-/// Where the body was when the light left it.
-void AberrSource16(ModelState& s) {
-    const int b = s.IplSel;
-    AberrSource(s, b, s.X[b], s.Y[b], s.Z[b]);
-}
+/// The Sun, the body, the shadow and a limb on the sky of one moment.
+struct Disks {
+    explicit Disks(const ModelState& s)
+        : sky(centuries(s.JDut0)), other{.row = s.IplSel}, body(s.IplSel == rowSun ? sun : other) {
+        for (int n = 0; n < limbPoints; ++n) limb[n].row = rowLimb + n;
+    }
 
-/// The Sun and the body as the moving Earth sees them.
-void AberrReceiver16(ModelState& s) {
-    AberrReceiver(s, 0);
-    AberrReceiver(s, s.IplSel);
-}
+    /// Where the body was when the light left it.
+    void AberrSource16() { sky.go(Step::Source, body); }
+    /// The Sun and the body as the moving Earth sees them.
+    void AberrReceiver16() { both(Step::Receiver); }
+    /// From the mean equator of the date to the true one.
+    void Nut16() { both(Step::Nutation); }
+    void both(Step step) {
+        for (ApparentPlace* const p : {&sun, &body}) sky.go(step, *p);
+    }
+    /// Angles of both at a stage of the chain.
+    void reach(Eclipse& e, Eclipse::Sky Eclipse::Stages::*stage) {
+        e.sun.*stage = seen(sun);
+        e.body.*stage = seen(body);
+    }
+    Eclipse::Sky seen(ApparentPlace& p) {
+        sky.keep(p);
+        return {p.L, p.B};
+    }
 
-/// From the mean equator of the date to the true one.
-void Nut16(ModelState& s, double T) {
-    for (const int row : {0, int{s.IplSel}}) Nutation(T, s.X[row], s.Y[row], s.Z[row], 0);
-}
+    ApparentSky sky;
+    ApparentPlace sun{.row = rowSun}, other, shadow{.row = rowShadow};
+    std::array<ApparentPlace, limbPoints> limb;
+    ApparentPlace& body;
+};
 
 /// Masses of a source.
 void setMasses(ModelState& s, Eclipse::Source source) {
@@ -175,87 +191,89 @@ void setMasses(ModelState& s, Eclipse::Source source) {
     if (source == Eclipse::Source::Ser0Plus) InitMassesSer0(s);
 }
 
-/// Steps of the chain up to the true equator of the date, geocentric.
-void chainToEquator(ModelState& s, Eclipse& e) {
-    const int b = s.IplSel;
-    const double T = centuries(s.JDut0);
-    const bool theory = e.source != Eclipse::Source::Tables;
-    const auto both = [&](Eclipse::Sky Eclipse::Stages::*stageOf, int from) {
-        e.sun.*stageOf = anglesOf(s, from, 0);
-        e.body.*stageOf = anglesOf(s, from, b);
-    };
-    if (theory) {
-        both(&Eclipse::Stages::geoJ2000, 3);
-        AberrSource16(s);
-        both(&Eclipse::Stages::source, 3);
-        AberrReceiver16(s);
-        both(&Eclipse::Stages::receiver, 3);
-        if (e.source != Eclipse::Source::New0) {
-            PrecessMatrixEcl(s, 0, T);
-            for (const int row : {0, b}) {
-                setBody(s, row);
-                ApplyPrecessXYZ(s);
-            }
-        }
-    }
-    both(&Eclipse::Stages::ofDate, 3);
-    const double L = s.Lpl[0];
-    e.kodSolst = e.solstices &&
-                 (L > 359 || L < 1 || std::abs(L - 90) < 1 || std::abs(L - 180) < 1 || std::abs(L - 270) < 1);
-    for (const int row : {0, b}) {
-        setBody(s, row);
-        EclToEqu(s, T);
-    }
-    both(&Eclipse::Stages::equator, 3);
-    for (const int row : {0, b}) {
-        PairGeometry(s, 3, row);
-        s.Rpl[3][row] = s.Rpl[12][row] = s.Rcur;
-    }
-    if (theory) Nut16(s, T);
-    both(&Eclipse::Stages::nutation, 3);
+bool nearSolstice(double L) {
+    return L > 359 || L < 1 || std::abs(L - 90) < 1 || std::abs(L - 180) < 1 || std::abs(L - 270) < 1;
 }
 
-void shadowRow(ModelState& s, Eclipse& e) {
-    double& L = s.Lpl[rowShadow];
-    L = s.Lpl[0] - 180;
-    if (L < 0) L += 360;
-    s.Bpl[rowShadow] = -s.Bpl[0];
-    const double R = s.Rpl[3][11];
-    SpherToXYZ(s, rowShadow, L, s.Bpl[rowShadow], R);
-    const double cone = std::atan(ratio((s.Diam[0] - s.Diam[3]) / 2, s.Rpl[3][0]));
-    s.Diam[rowShadow] = s.Diam[3] - 2 * R * std::tan(cone);
+/// Steps of the chain up to the true equator of the date, geocentric.
+void chainToEquator(ModelState& s, Eclipse& e, Disks& d) {
+    const bool theory = e.source != Eclipse::Source::Tables;
+    if (theory) {
+        d.reach(e, &Eclipse::Stages::geoJ2000);
+        d.AberrSource16();
+        d.reach(e, &Eclipse::Stages::source);
+        d.AberrReceiver16();
+        d.reach(e, &Eclipse::Stages::receiver);
+        if (e.source != Eclipse::Source::New0) d.both(Step::Precession);
+    }
+    d.reach(e, &Eclipse::Stages::ofDate);
+    e.kodSolst = e.solstices && nearSolstice(d.sun.L);
+    d.both(Step::Equator);
+    d.reach(e, &Eclipse::Stages::equator);
+    for (ApparentPlace* const p : {&d.sun, &d.body}) {
+        d.sky.look(*p);
+        s.Rpl[rowTerra][p->row] = s.Rpl[rowObserver][p->row] = d.sky.sight.distance;
+    }
+    if (theory) d.Nut16();
+    d.reach(e, &Eclipse::Stages::nutation);
+}
+
+void shadowRow(ModelState& s, Eclipse& e, Disks& d) {
+    ApparentPlace& shadow = d.shadow;
+    shadow.L = notNegative(d.sun.L - 180);
+    shadow.B = -d.sun.B;
+    const double R = s.Rpl[rowTerra][rowMoon];
+    shadow.position = vectorOf({shadow.L, shadow.B, R});
+    const double cone = std::atan(ratio((s.Diam[rowSun] - s.Diam[rowTerra]) / 2, s.Rpl[rowTerra][rowSun]));
+    s.Diam[rowShadow] = s.Diam[rowTerra] - 2 * R * std::tan(cone);
     e.Rshadow = angularRadius(s.Diam[rowShadow], R);
 }
 
-/// From the observer: directions, radii of the disks, the limb.
-void Topo16(ModelState& s, Eclipse& e) {
-    const int b = s.IplSel;
-    ObserverRow(s, s.JDut);
-    for (const int row : {0, b, rowShadow}) {
-        if (row == b && b == 0) continue;
-        addRow(s, row, 12, -1);
-        const auto sky = anglesOf(s, 15, row);
-        s.Rpl[12][row] = s.Rcur;
-        if (row == 0) e.sun.topo = sky;
-        if (row == b) e.body.topo = sky;
-    }
-    for (int row = 0; row <= 13; ++row)
-        if (s.Lpl[row] > 350) s.Lpl[row] -= 360;  // so that an eclipse is not split at 0
-    e.Rsun = angularRadius(s.Diam[0], s.Rpl[12][0]);
-    e.Rbody = angularRadius(s.Diam[b], s.Rpl[12][b]);
-    e.RshadowSeen = b == 11 ? e.Rshadow * s.Rpl[3][11] / s.Rpl[12][11] : e.Rshadow;
+/// Longitudes just below 360 count from 0 downwards, so that an eclipse is not split there.
+void aboutZero(ModelState& s, Disks& d) {
+    const auto about = [](double& L) {
+        if (L > 350) L -= 360;
+    };
+    for (int row = 0; row <= rowShadow; ++row) about(s.Lpl[row]);
+    about(d.sun.L);
+    if (&d.body != &d.sun) about(d.body.L);
+    about(d.shadow.L);
+}
 
-    const int centre = e.lunar ? b : 0;
-    const double radius = e.lunar ? e.Rbody : e.Rsun, secant = 1 / std::cos(s.Bpl[centre] / kUgol);
+/// From the observer: directions, radii of the disks, the limb.
+void Topo16(ModelState& s, Eclipse& e, Disks& d) {
+    ObserverRow(s, s.JDut);
+    d.sky.observer = placeOf(s, rowObserver);
+    d.sky.siderealTime = s.LMST;
+    const auto fromObserver = [&](ApparentPlace& p) {
+        d.sky.go(Step::Parallax, p);
+        const Eclipse::Sky seen = d.seen(p);
+        s.Rpl[rowObserver][p.row] = d.sky.sight.distance;
+        return seen;
+    };
+    if (&d.body != &d.sun) {  // the Sun by itself stays as seen from the centre
+        e.sun.topo = fromObserver(d.sun);
+        e.body.topo = fromObserver(d.body);
+    }
+    fromObserver(d.shadow);
+    aboutZero(s, d);
+    const int b = d.body.row;
+    e.Rsun = angularRadius(s.Diam[rowSun], s.Rpl[rowObserver][rowSun]);
+    e.Rbody = angularRadius(s.Diam[b], s.Rpl[rowObserver][b]);
+    e.RshadowSeen =
+        b == rowMoon ? e.Rshadow * s.Rpl[rowTerra][rowMoon] / s.Rpl[rowObserver][rowMoon] : e.Rshadow;
+
+    const ApparentPlace& centre = e.lunar ? d.body : d.sun;
+    const double radius = e.lunar ? e.Rbody : e.Rsun, secant = 1 / std::cos(centre.B / kUgol);
     for (int n = 0; n < limbPoints; ++n) {
         const double angle = 45.0 * n / kUgol;
-        s.Lpl[rowLimb + n] = s.Lpl[centre] + radius * std::cos(angle) * secant;
-        s.Bpl[rowLimb + n] = s.Bpl[centre] + radius * std::sin(angle);
+        d.limb[n].L = centre.L + radius * std::cos(angle) * secant;
+        d.limb[n].B = centre.B + radius * std::sin(angle);
     }
 }
 
-double separationOf(const ModelState& s, int a, int b) {
-    const double d1 = s.Bpl[a] / kUgol, d2 = s.Bpl[b] / kUgol, dL = (s.Lpl[a] - s.Lpl[b]) / kUgol;
+double separationOf(const ApparentPlace& a, const ApparentPlace& b) {
+    const double d1 = a.B / kUgol, d2 = b.B / kUgol, dL = (a.L - b.L) / kUgol;
     // half-angle form: exact also for the small angles that matter here
     const double h =
         std::pow(std::sin((d1 - d2) / 2), 2) + std::cos(d1) * std::cos(d2) * std::pow(std::sin(dL / 2), 2);
@@ -263,18 +281,20 @@ double separationOf(const ModelState& s, int a, int b) {
 }
 
 /// Azimuths and altitudes of the bodies, the shadow and the limb.
-void ToHorizon16(ModelState& s, Eclipse& e) {
-    std::array<int, 3 + limbPoints> rows{};
-    rows[0] = 0;
-    rows[1] = s.IplSel;
-    rows[2] = rowShadow;
-    for (int n = 0; n < limbPoints; ++n) rows[3 + n] = rowLimb + n;
-    for (const int row : rows) {
-        ToHorizon(s, row);
-        if (row == rowLimb) e.Tsol = s.TAU / 15;
-        e.azimuth[row] = s.Azim > 180 ? s.Azim - 360 : s.Azim;
+void ToHorizon16(Eclipse& e, Disks& d) {
+    const auto turn = [&](ApparentPlace& p) {
+        d.sky.toHorizon(p);
+        const Horizon& h = d.sky.horizon;
+        e.azimuth[p.row] = h.azimuth > 180 ? h.azimuth - 360 : h.azimuth;
         // the air raises: a real sky is shown here
-        e.altitude[row] = s.Vys + (e.refraction ? Refraction(90 - s.Vys) : 0);
+        e.altitude[p.row] = h.altitude + (e.refraction ? Refraction(90 - h.altitude) : 0);
+    };
+    turn(d.sun);
+    turn(d.body);
+    turn(d.shadow);
+    for (ApparentPlace& p : d.limb) {
+        turn(p);
+        if (&p == d.limb.data()) e.Tsol = d.sky.horizon.hourAngle / 15;
     }
 }
 
@@ -285,7 +305,7 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
     needSelectedBody(s);
     const int b = s.IplSel;
     e.sun = e.body = {};  // stages that a source skips are not those of another
-    zeroRow(s, 15);
+    setPlace(s, rowOrigin, {});
     s.JD = s.JDet;
     {
         const RunInputsKept kept(s);
@@ -299,37 +319,45 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
     lightTimes(s);
     if (e.source == Eclipse::Source::Tables) placesByTable(s, e);
     if (drawHeliocentric) drawHeliocentric();
-    addRow(s, 0, 3, -1);
-    if (b != 0) addRow(s, b, 3, -1);
-    if (b != 11) addRow(s, 11, 3, -1);
-    zeroRow(s, 3);
+    subtractPlace(s, rowSun, rowTerra);
+    if (b != rowSun) subtractPlace(s, b, rowTerra);
+    if (b != rowMoon) subtractPlace(s, rowMoon, rowTerra);
+    setPlace(s, rowTerra, {});
 
-    chainToEquator(s, e);
-    shadowRow(s, e);
-    Topo16(s, e);
-    e.separation = e.lunar ? separationOf(s, b, rowShadow) : separationOf(s, 0, b);
+    Disks d(s);
+    auto& limb = d.limb;
+    const SkyCells cells(s, d.sky,
+                         {&d.sun, &d.body, &d.shadow, &limb[0], &limb[1], &limb[2], &limb[3], &limb[4],
+                          &limb[5], &limb[6], &limb[7]});
+    d.sky.earthVelocity = velocityOf(s, rowTerra);
+    d.sky.latitude = s.ObsB;
+    chainToEquator(s, e, d);
+    shadowRow(s, e, d);
+    Topo16(s, e, d);
+    e.separation = separationOf(e.lunar ? d.body : d.sun, e.lunar ? d.shadow : d.body);
     const double covering = e.lunar ? e.RshadowSeen : e.Rbody, covered = e.lunar ? e.Rbody : e.Rsun;
     e.magnitude = std::max(0.0, ratio(covering + covered - e.separation, 2 * covered));
-    ToHorizon16(s, e);
+    ToHorizon16(e, d);
 }
 
 Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, bool withNutation) {
-    const double T = centuries(s.JDut0);
-    s.Azim = e.azimuth[0];
-    s.Vys = e.altitude[0];
-    if (withRefraction) s.Vys += Refraction(90 - s.Vys);  // added once more and not taken off: meant
-    HorizonToXYZ2(s, 18);
-    PairGeometry(s, 15, 18);
-    const double dec = s.LatPl;
-    double ra = s.LMST - s.LonPl[18];
-    if (ra < 0) ra += 360;
-    SpherToXYZ(s, 16, ra, dec, s.Rpl[12][0]);
-    addRow(s, 16, 12, 1);
-    if (withNutation) Nutation(T, s.X[16], s.Y[16], s.Z[16], 1);
-    setBody(s, 16);
-    EquToEcl(s, T);
-    PairGeometry(s, 3, 16);
-    return {s.LonPl[16], s.LatPl};
+    ApparentSky sky(centuries(s.JDut0));
+    ApparentPlace seen{.row = rowSeenSun}, back{.row = rowTrueSun};
+    const SkyCells cells(s, sky, {&seen, &back});
+    Horizon& h = sky.horizon;
+    h.azimuth = e.azimuth[rowSun];
+    h.altitude = e.altitude[rowSun];
+    if (withRefraction)
+        h.altitude += Refraction(90 - h.altitude);  // added once more and not taken off: meant
+    seen.position = sky::equatorFromHorizon(h.azimuth, h.altitude, s.ObsB);
+    sky.look(seen);
+    back.position =
+        vectorOf({sky::hourAngle(s.LMST, seen.longitude), sky.sight.latitude, s.Rpl[rowObserver][rowSun]});
+    back.position += placeOf(s, rowObserver);
+    if (withNutation) back.position -= sky::nutation(sky.T, back.position);
+    sky.go(Step::Ecliptic, back);
+    sky.look(back, placeOf(s, rowTerra));
+    return {back.longitude, sky.sight.latitude};
 }
 
 std::array<Contacts::Contact, 2> Contacts::step(double JDut0, double separation, double sum,

@@ -7,13 +7,11 @@
 #include <functional>
 
 #include "core/model_state.h"
+#include "reduction/sky_rows.h"
 
 namespace tarvex {
 
 struct Ephemeris;
-
-/// Rows of the sky beside the bodies: centre of the Earth's shadow, and eight points of a limb.
-inline constexpr int rowShadow = 13, rowLimb = 30, limbPoints = 8;
 
 struct Eclipse {
     enum class Source { Tables, New0, JPL0, JPL2, Ser0Plus };

@@ -4,7 +4,10 @@
 
 #include "core/arithmetic.h"
 #include "core/et_ut.h"
+#include "core/rows.h"
+#include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
@@ -13,9 +16,6 @@
 namespace tarvex {
 
 namespace {
-
-constexpr int rowObserver = 12;
-constexpr int savedEarth = 23, savedBody = 20;  ///< rows of the J2000 copies; the body's is 20 + IplSel
 
 /// One pass; holds what its steps share.
 class Pass {
@@ -47,17 +47,15 @@ private:
         if (log) log(label, s.Lpl[body], s.Bpl[body], R);
     }
     SkyPlace horizon(int body);
-    void copyRow(int to, int from) { s.X[to] = s.X[from], s.Y[to] = s.Y[from], s.Z[to] = s.Z[from]; }
-    void subtractRow(int from, int what, int sign = 1) {
-        s.X[from] -= sign * s.X[what], s.Y[from] -= sign * s.Y[what], s.Z[from] -= sign * s.Z[what];
-    }
+    void copyPlace(int to, int from) { setPlace(s, to, placeOf(s, from)); }
     void addSystemVelocity(int body) {
         s.VX[body] = finite(s.VX[body] + system.X * 1000);
         s.VY[body] = finite(s.VY[body] + system.Y * 1000);
         s.VZ[body] = finite(s.VZ[body] + system.Z * 1000);
     }
-    void reach(ChainStage stage, const char* label);
-    void refraction();
+    void geocentric();
+    void reach(ApparentPlace& p, ChainStage stage, const char* label);
+    void refraction(ApparentPlace& p);
 
     ModelState& s;
     ReductionState& r;
@@ -67,6 +65,7 @@ private:
     const ToolVelocity::Value system;  ///< velocity of the whole system, km/s
     const int b;                       ///< the observed body
     const double T;                    ///< centuries from J2000, universal time
+    ApparentSky sky{T};
 };
 
 /// Longitude, latitude and distance of a body as seen from an origin.
@@ -96,23 +95,23 @@ void Pass::perturb(int body) {
 }
 
 void Pass::earth() {
-    s.Ipl = 3;
+    setCurrent(s, rowTerra);
     if (c.planet == PlanetTheory::Plan && b == rowSun) {
         PosByPlan(s, r, plan);
         if (!c.epochJ2000) ApplyPrecessXYZ(s);
     } else {
         byEarthTheory();
     }
-    place(0, 3);
-    tell("  Zem Gelio Ecl J2000  ", 3, s.Rpl[0][3]);
+    place(rowSun, rowTerra);
+    tell("  Zem Gelio Ecl J2000  ", rowTerra, s.Rpl[rowSun][rowTerra]);
     if (!c.earthMoonTerms) return;
-    perturb(3);
-    sphere(3, s.Rpl[0][3]);
-    tell("  Zem_dLdB    GEЛИO ECL JD-J2000 ", 3, s.Rpl[0][3]);
+    perturb(rowTerra);
+    sphere(rowTerra, s.Rpl[rowSun][rowTerra]);
+    tell("  Zem_dLdB    GEЛИO ECL JD-J2000 ", rowTerra, s.Rpl[rowSun][rowTerra]);
 }
 
 void Pass::moon() {
-    s.Ipl = rowMoon;
+    setCurrent(s, rowMoon);
     s.kodMoon = 1;
     if (c.planet == PlanetTheory::Plan && b == rowMoon) {
         PosByPlan(s, r, plan);
@@ -122,31 +121,29 @@ void Pass::moon() {
         if (c.earth == EarthTheory::JPL0) ApplyPrecessXYZ(s);  // the Moon of that theory is of the date
     }
     s.JD = s.JDut0;
-    place(0, rowMoon);
-    s.Rpl[3][rowMoon] = s.Rcur;
+    place(rowSun, rowMoon);
+    s.Rpl[rowTerra][rowMoon] = s.Rcur;
     tell("  Moon  GEO ECL JD-J2000 ", rowMoon, s.Rcur);
     if (!c.earthMoonTerms) return;
     MoonPerturbApply(s);
-    sphere(rowMoon, s.Rpl[3][rowMoon]);
-    tell(" MOON_dLdB_012    GEO ECL JD-J2000 ", rowMoon, s.Rpl[3][rowMoon]);
+    sphere(rowMoon, s.Rpl[rowTerra][rowMoon]);
+    tell(" MOON_dLdB_012    GEO ECL JD-J2000 ", rowMoon, s.Rpl[rowTerra][rowMoon]);
 }
 
 /// From the centre of mass to the Earth itself, and the Moon from geocentric to heliocentric.
 void Pass::earthAndMoon() {
     const double share = ratio(s.m[rowMoon], s.m[rowEarth]);
-    s.X[3] -= s.X[rowMoon] * share;
-    s.Y[3] -= s.Y[rowMoon] * share;
-    s.Z[3] -= s.Z[rowMoon] * share;
-    addSystemVelocity(3);
-    subtractRow(rowMoon, 3, -1);
-    s.VX[rowMoon] += s.VX[3], s.VY[rowMoon] += s.VY[3], s.VZ[rowMoon] += s.VZ[3];
-    place(3, rowMoon);
+    setPlace(s, rowTerra, placeOf(s, rowTerra) - share * placeOf(s, rowMoon));
+    addSystemVelocity(rowTerra);
+    setPlace(s, rowMoon, placeOf(s, rowMoon) + placeOf(s, rowTerra));
+    setVelocity(s, rowMoon, velocityOf(s, rowMoon) + velocityOf(s, rowTerra));
+    place(rowTerra, rowMoon);
     tell("  Moon  GEO ECL J2000 ", rowMoon, s.Rcur);
-    place(0, 3);
+    place(rowSun, rowTerra);
 }
 
 void Pass::planet() {
-    s.Ipl = static_cast<std::int16_t>(b);
+    setCurrent(s, b);
     s.kodMoon = 0;
     switch (c.planet) {
         case PlanetTheory::Plan:
@@ -163,16 +160,16 @@ void Pass::planet() {
             break;
     }
     addSystemVelocity(b);
-    place(0, b);
+    place(rowSun, b);
     tell("  Ras Gelio Ecl     ", b, s.Rcur);
     if (!c.planetTerms) return;
     perturb(b);
-    sphere(b, s.Rpl[0][b]);
-    tell("  Planeta_dLdB    GEO ECL JD-J2000 ", b, s.Rpl[0][b]);
+    sphere(b, s.Rpl[rowSun][b]);
+    tell("  Planeta_dLdB    GEO ECL JD-J2000 ", b, s.Rpl[rowSun][b]);
 }
 
 void Pass::theory() {
-    s.X[0] = s.Y[0] = s.Z[0] = 0;
+    setPlace(s, rowSun, {});
     s.VX[0] = finite(system.X * 1000), s.VY[0] = finite(system.Y * 1000), s.VZ[0] = finite(system.Z * 1000);
     s.JDet = s.JDut0 + EtUt1900(s) / 24 / 3600;
     s.kodBary = 0;
@@ -185,39 +182,42 @@ void Pass::theory() {
     if (b != rowSun && b != rowMoon) planet();
     s.JD = s.JDut0;
     ObserverRow(s, s.JDut0);
-    copyRow(savedEarth, 3);
-    copyRow(savedBody + b, b);
+    copyPlace(rowKeptEarth, rowTerra);
+    copyPlace(rowKeptBody + b, b);
+    sky.observer = placeOf(s, rowObserver);
+    sky.latitude = s.ObsB;
+    sky.siderealTime = s.LMST;
 }
 
 /// Azimuth (-180..180, 0 south) and altitude of a heliocentric row of the date; the row is turned into the
 /// horizon.
 SkyPlace Pass::horizon(int body) {
-    subtractRow(body, 3);
-    s.Ipl = static_cast<std::int16_t>(body);
-    EclToEqu(s, T);
-    subtractRow(body, rowObserver);
-    PairGeometry(s, rowOrigin, body);
-    const double R = s.Rcur;
-    s.Lpl[body] = s.LonPl[body];
-    s.Bpl[body] = s.LatPl;
-    ToHorizon(s, body);
-    SpherToXYZ(s, body, s.Azim, s.Vys, R);
-    if (s.Azim > 180) s.Azim -= 360;
-    return {s.Azim, s.Vys};
+    ApparentPlace p{.row = body};
+    const SkyCells cells(s, sky, {&p});
+    p.position -= placeOf(s, rowTerra);
+    sky.go(Step::Equator, p);
+    sky.go(Step::Parallax, p);
+    sky.keep(p);
+    const double R = sky.sight.distance;
+    sky.toHorizon(p);
+    p.position = vectorOf({sky.horizon.azimuth, sky.horizon.altitude, R});
+    if (sky.horizon.azimuth > 180) sky.horizon.azimuth -= 360;
+    return {sky.horizon.azimuth, sky.horizon.altitude};
 }
 
 bool Pass::VisibilityTest(const HeliocentricView& view) {
-    PrecessMatrixEcl(s, 0, T);
-    s.Ipl = 3;
-    ApplyPrecessXYZ(s);
-    s.Ipl = static_cast<std::int16_t>(b);
-    ApplyPrecessXYZ(s);
+    sky.precession = sky::eclipticPrecession(0, T);
+    setPrecession(s, *sky.precession);
+    for (const int row : {int{rowTerra}, b}) {
+        setCurrent(s, row);
+        ApplyPrecessXYZ(s);
+    }
     if (view) {
         const FlagsKept flags;
         view();
     }
     if (!c.visibility && !c.horizonPicture) return true;
-    const SkyPlace keptSun{s.Lpl[0], s.Bpl[0]}, keptBody{s.Lpl[b], s.Bpl[b]};
+    const SkyPlace keptSun{s.Lpl[rowSun], s.Bpl[rowSun]}, keptBody{s.Lpl[b], s.Bpl[b]};
     r.body = horizon(b);
     bool seen = r.body.B >= c.HplMin;
     if (b == rowSun) {
@@ -228,82 +228,68 @@ bool Pass::VisibilityTest(const HeliocentricView& view) {
         if (c.darkSky && r.sun.B > c.HsolMax) seen = false;
         s.Azim = azimuth, s.Vys = altitude, s.TAU = hourAngle;
     }
-    s.Lpl[0] = keptSun.L, s.Bpl[0] = keptSun.B;
+    s.Lpl[rowSun] = keptSun.L, s.Bpl[rowSun] = keptSun.B;
     s.Lpl[b] = keptBody.L, s.Bpl[b] = keptBody.B;
     return seen || !c.visibility;
 }
 
+/// The Earth into the origin, with the Sun and the body seen from it.
+void Pass::geocentric() {
+    copyPlace(rowTerra, rowKeptEarth);
+    copyPlace(b, rowKeptBody + b);
+    const Vec3 earth = placeOf(s, rowTerra);
+    setPlace(s, b, placeOf(s, b) - earth);
+    setPlace(s, rowSun, -placeOf(s, rowTerra));
+    setPlace(s, rowTerra, {});
+}
+
 /// A stage of the chain is done: its place is kept, and logged.
-void Pass::reach(ChainStage stage, const char* label) {
-    PairGeometry(s, 3, b);
-    s.Lpl[b] = s.LonPl[b];
-    s.Bpl[b] = s.LatPl;
-    r.stage[stage] = {s.Lpl[b], s.Bpl[b]};
+void Pass::reach(ApparentPlace& p, ChainStage stage, const char* label) {
+    sky.keep(p);
+    r.stage[stage] = {p.L, p.B};
     r.reached[stage] = true;
-    tell(label, b, s.Rcur);
+    if (log) log(label, p.L, p.B, sky.sight.distance);
 }
 
 /// Refraction lowers the theory here, and the vector goes back to the geocentric distance: meant.
-void Pass::refraction() {
-    if (!c.parallax) subtractRow(b, rowObserver);
-    PairGeometry(s, 3, b);
-    s.Lpl[b] = s.LonPl[b];
-    s.Bpl[b] = s.LatPl;
-    ToHorizon(s, b);
-    s.Vys -= Refraction(90 - s.Vys);
-    HorizonToXYZ2(s, b);
-    PairGeometry(s, rowOrigin, b);
-    s.TAU = s.LonPl[b];
-    double ascension = s.LMST - s.TAU;
-    if (ascension < 0) ascension += 360;
-    SpherToXYZ(s, b, ascension, s.LatPl, r.Rgeo);
-    if (!c.parallax) subtractRow(b, rowObserver, -1);
+void Pass::refraction(ApparentPlace& p) {
+    if (!c.parallax) sky.go(Step::Parallax, p);
+    sky.keep(p);
+    sky.toHorizon(p);
+    sky.horizon.altitude -= Refraction(90 - sky.horizon.altitude);
+    sky.fromHorizon(p, r.Rgeo);
+    sky.horizon.hourAngle = p.longitude;
+    if (!c.parallax) p.position += sky.observer;
 }
 
 void Pass::chain() {
-    copyRow(3, savedEarth);
-    copyRow(b, savedBody + b);
     r.reached.fill(false);
-
-    subtractRow(b, 3);
-    s.X[0] = -s.X[3], s.Y[0] = -s.Y[3], s.Z[0] = -s.Z[3];
-    s.X[3] = s.Y[3] = s.Z[3] = 0;
-    reach(stageJ2000, "  Ras GEO ECL J2000   ");
-    r.Rgeo = s.Rcur;
-    s.Rpl[3][b] = s.Rcur;
-    s.Tsv[3][b] = s.Rcur / Vsv;
-    if (c.aberrSource) {
-        AberrSource(s, b, s.X[b], s.Y[b], s.Z[b]);
-        reach(stageSource, "  GEO ECL Ras Apl    ");
-    }
-    if (c.aberrReceiver) {
-        AberrReceiver(s, b);
-        reach(stageReceiver, "  GEO ECL Ras Azv    ");
-    }
-    PrecessMatrixEcl(s, 0, T);
-    s.Ipl = static_cast<std::int16_t>(b);
-    ApplyPrecessXYZ(s);
-    reach(stageOfDate, "  J2000 -> JD   ");
-    EclToEqu(s, T);
-    reach(stageEquator, "  GEO ECL -> GEO EQU   ");
-    if (c.parallax) {
-        subtractRow(b, rowObserver);
-        reach(stageParallax, "  GEO EQU Ras Par   ");
-    }
+    geocentric();
+    ApparentPlace p{.row = b};
+    const SkyCells cells(s, sky, {&p});
+    sky.earthVelocity = velocityOf(s, rowTerra);
+    reach(p, stageJ2000, "  Ras GEO ECL J2000   ");
+    r.Rgeo = sky.sight.distance;
+    s.Rpl[rowTerra][b] = r.Rgeo;
+    p.lightTime = r.Rgeo / Vsv;
+    const auto pass = [&](bool wanted, Step step, ChainStage stage, const char* label) {
+        if (!wanted) return;
+        sky.go(step, p);
+        reach(p, stage, label);
+    };
+    pass(c.aberrSource, Step::Source, stageSource, "  GEO ECL Ras Apl    ");
+    pass(c.aberrReceiver, Step::Receiver, stageReceiver, "  GEO ECL Ras Azv    ");
+    pass(true, Step::Precession, stageOfDate, "  J2000 -> JD   ");
+    pass(true, Step::Equator, stageEquator, "  GEO ECL -> GEO EQU   ");
+    pass(c.parallax, Step::Parallax, stageParallax, "  GEO EQU Ras Par   ");
     if (c.refraction) {
-        refraction();
-        reach(stageRefraction, "  GEO EQU Ras Ref   ");
+        refraction(p);
+        reach(p, stageRefraction, "  GEO EQU Ras Ref   ");
     }
-    if (c.nutation) {
-        Nutation(T, s.X[b], s.Y[b], s.Z[b], 0);
-        reach(stageNutation, "  GEO EQU Ras Nut   ");
-    }
-    if (c.tables) {
-        EquToEcl(s, T);
-        reach(stageEcliptic, "  GEO EQU -> GEO ECL   ");
-    }
-    r.Lt = s.Lpl[b];
-    r.Bt = s.Bpl[b];
+    pass(c.nutation, Step::Nutation, stageNutation, "  GEO EQU Ras Nut   ");
+    pass(c.tables, Step::Ecliptic, stageEcliptic, "  GEO EQU -> GEO ECL   ");
+    r.Lt = p.L;
+    r.Bt = p.B;
 }
 
 double halfTurn(double difference) {

@@ -74,7 +74,7 @@ Vec3 horizonFromEquator(double hourAngle, double declination, double latitude);
 /// @param altitude, latitude  degrees
 Vec3 equatorFromHorizon(double azimuth, double altitude, double latitude);
 
-/// Hour angle of a right ascension, 0..360 where both are, degrees.
+/// Hour angle of a right ascension, or right ascension of an hour angle: 0..360 where both are, degrees.
 inline double hourAngle(double siderealTime, double ascension) {
     const double angle = siderealTime - ascension;
     return angle < 0 ? angle + 360 : angle;

@@ -4,7 +4,9 @@
 
 #include "core/arithmetic.h"
 #include "core/failure.h"
-#include "reduction/coordinate_chain.h"
+#include "core/rows.h"
+#include "reduction/sky.h"
+#include "reduction/sky_rows.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
@@ -63,39 +65,11 @@ void PlanetPerturbApply(ModelState& s, int b) {
     PlanetPerturbFromColumns(s, b);
 }
 
-void AberrSource(ModelState& s, int b, double x0, double y0, double z0) {
-    for (int pass = 1; pass <= 3; ++pass) {
-        const double T = s.Tsv[3][b];
-        s.X[b] = x0 - s.VX[b] * T;
-        s.Y[b] = y0 - s.VY[b] * T;
-        s.Z[b] = z0 - s.VZ[b] * T;
-        PairGeometry(s, 3, b);
-        s.Tsv[3][b] = s.Rcur / Vsv;
-    }
-}
-
-void AberrReceiver(ModelState& s, int b) {
-    const double T = s.Tsv[3][b];
-    s.X[b] += s.VX[3] * T;
-    s.Y[b] += s.VY[3] * T;
-    s.Z[b] += s.VZ[3] * T;
-}
-
 void ObserverRow(ModelState& s, double JDut) {
-    s.GMST = 24 * Frac1(SiderealTime(JDut - 2400000.5) / 24);
-    s.LMST = s.ObsL / 15 + s.GMST;
-    if (s.LMST > 24) s.LMST -= 24;
-    s.LMST *= 15;
-    SpherToXYZ(s, 12, s.LMST, s.ObsB, REarth);
-}
-
-void ToHorizon(ModelState& s, int b) {
-    s.TAU = s.LMST - s.Lpl[b];
-    if (s.TAU < 0) s.TAU += 360;
-    HorizonToXYZ1(s, b);
-    PairGeometry(s, 15, b);
-    s.Azim = s.LonPl[b];
-    s.Vys = s.LatPl;
+    const sky::Observer observer = sky::observerAt(JDut, s.ObsB, s.ObsL);
+    s.GMST = observer.greenwich;
+    s.LMST = observer.local;
+    setPlace(s, rowObserver, observer.place);
 }
 
 }  // namespace tarvex

@@ -1,7 +1,6 @@
 #pragma once
-// Where a theory puts a body, and the steps that every reduction makes of such places: periodic
-// perturbations, aberration of the source and of the receiver, the observer's parallax.  All act on the
-// shared rows.
+// Where a theory puts a body, its periodic perturbations, and the observer.  All act on the shared rows; what
+// is made of such places stands in reduction/apparent_place.h.
 
 #include "core/model_state.h"
 
@@ -22,20 +21,8 @@ void PlanetPerturbColumns(ModelState& s, int b);
 /// Adds the terms with the amplitudes that stand in columns 1..8.
 void PlanetPerturbFromColumns(ModelState& s, int b);
 
-/// Source aberration: row b, geocentric at (x0, y0, z0), goes back along its own velocity by the light time,
-/// which is renewed from row 3 at each of three passes.  Leaves Tsv(3,b), s, and LonPl(b), LatPl, Rcur.
-void AberrSource(ModelState& s, int b, double x0, double y0, double z0);
-
-/// Receiver aberration: row b moves along the Earth's velocity by the light time Tsv(3,b) as it stands.
-void AberrReceiver(ModelState& s, int b);
-
 /// Sidereal times for universal time JDut: GMST in hours, LMST in degrees, and the observer in row 12, m, on
 /// the equator of the date: a sphere, without height.
 void ObserverRow(ModelState& s, double JDut);
-
-/// Right ascension and declination of row b (LonPl, LatPl as PairGeometry left them, in Lpl, Bpl) into the
-/// horizon: TAU in 0..360, the row becomes a unit vector of the horizon frame, Azim and Vys its angles,
-/// degrees.
-void ToHorizon(ModelState& s, int b);
 
 }  // namespace tarvex

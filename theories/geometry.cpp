@@ -35,9 +35,12 @@ double longitudeOf(const Vec3& d) {
 double latitudeOf(double z, double inPlane) { return std::atan(ratio(z, inPlane)) * kUgol; }
 
 Direction directionOf(const Vec3& d) {
+    Direction direction;
     Sight sight;
-    sight.look(d);
-    return sight.direction;
+    sight.look(d, direction.longitude);
+    direction.latitude = sight.latitude;
+    direction.distance = sight.distance;
+    return direction;
 }
 
 Vec3 vectorOf(const Direction& d) {
@@ -46,12 +49,12 @@ Vec3 vectorOf(const Direction& d) {
             std::sin(b) * d.distance};
 }
 
-void Sight::look(const Vec3& d) {
+void Sight::look(const Vec3& d, double& longitude) {
     difference = d;
     inPlane = lengthInPlane(d);
-    direction.distance = lengthFrom(inPlane, d.z);
-    findLongitude(d, direction.longitude);
-    direction.latitude = latitudeOf(d.z, inPlane);
+    distance = lengthFrom(inPlane, d.z);
+    findLongitude(d, longitude);
+    latitude = latitudeOf(d.z, inPlane);
 }
 
 void PairGeometry(ModelState& s, int a, int b) {

@@ -22,16 +22,18 @@ Direction directionOf(const Vec3& d);
 /// The vector of a direction, in the unit of its distance.
 Vec3 vectorOf(const Direction& d);
 
-/// One place as seen from another; each value stands once its step is done, so that a failure leaves the
-/// later ones as they were.
+/// What one look from place to place leaves.  Each value stands once its step is done, so that a failure
+/// leaves the later ones as they were.
 struct Sight {
-    Vec3 difference;     ///< m
-    double inPlane = 0;  ///< its length in the plane, m
-    Direction direction;
+    Vec3 difference;      ///< m
+    double inPlane = 0;   ///< its length in the plane, m
+    double distance = 0;  ///< m
+    double latitude = 0;  ///< degrees
 
-    /// @param d  from the observing place to the seen one, m
-    /// Throws ArithmeticFailure as directionOf does; the longitude stands by then.
-    void look(const Vec3& d);
+    /// @param d          from the observing place to the seen one, m
+    /// @param longitude  degrees, 0..360; it stands also after a look along Z
+    /// Throws ArithmeticFailure as directionOf does.
+    void look(const Vec3& d, double& longitude);
 };
 
 /// Row b as seen from row a: LonPl(b) in 0..360 and LatPl, degrees, Rcur, m; the differences stay in DXcur,
