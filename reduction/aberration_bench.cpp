@@ -22,8 +22,7 @@ void placeByTheory(ModelState& s, int body, bool byTheory, double L) {
     setCurrent(s, body);
     ElementsNew0(s);
     if (!byTheory) s.AlfaL[body] = L;
-    ElementsToXYZ(s);
-    ElementsToVXYZ(s);
+    ElementsToState(s);
 }
 
 AberrationBench::Place placeFrom(const ModelState& s, int row) {

@@ -14,11 +14,11 @@ namespace tarvex {
 
 /// A body on its way through the steps.
 struct ApparentPlace {
-    int row = 0;              ///< of the shared arrays in which it is shown
+    int row = 0;                  ///< of the shared arrays in which it is shown
     Vec3 position{}, velocity{};  ///< m, m/s; the velocity is the body's own with that of the system
-    double lightTime = 0;     ///< from the body to the Earth, s
-    double longitude = 0;     ///< of the last look, degrees
-    double L = 0, B = 0;      ///< longitude or right ascension, latitude or declination last kept, degrees
+    double lightTime = 0;         ///< from the body to the Earth, s
+    double longitude = 0;         ///< of the last look, degrees
+    double L = 0, B = 0;  ///< longitude or right ascension, latitude or declination last kept, degrees
 };
 
 /// Where a body stood when it sent its light.
@@ -53,7 +53,7 @@ public:
     const Vec3* centre = nullptr;  ///< where all is seen from, m; none: the origin
     Vec3 earthVelocity;            ///< m/s
     Vec3 observer;                 ///< m, on the equator of the date
-    double latitude = 0;           ///< of the observer, degrees
+    sky::Latitude latitude;        ///< of the observer
     double siderealTime = 0;       ///< local, degrees
 
     /// One step.  Throws ArithmeticFailure when the source step meets a body in the centre or along Z of it.

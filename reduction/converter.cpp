@@ -130,7 +130,7 @@ void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame
     sky.keep(place);
     const double Rgeo = sky.sight.distance;
     sky.horizon.hourAngle = s.LMST - place.L;
-    place.position = sky::horizonFromEquator(sky.horizon.hourAngle, place.B, s.ObsB);
+    place.position = sky::horizonFromEquator(sky.horizon.hourAngle, place.B, sky::latitudeOf(s.ObsB));
     sky.look(place);
     place.position = vectorOf({place.longitude, sky.sight.latitude, Rgeo});
 }
@@ -138,7 +138,7 @@ void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame
 void ConvToBase(ModelState& s, ConvBase& base, int body, const ConvFrame& frame) {
     {
         ApparentSky sky(centuries(s.JDut0));
-        sky.latitude = s.ObsB;
+        sky.latitude = sky::latitudeOf(s.ObsB);
         sky.siderealTime = s.LMST;
         ApparentPlace place{.row = body};
         const SkyCells cells(s, sky, {&place});

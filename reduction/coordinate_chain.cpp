@@ -63,11 +63,11 @@ double SiderealTime(double MJD) {
 }
 
 void HorizonToXYZ1(ModelState& s, int row) {
-    setPlace(s, row, sky::horizonFromEquator(s.TAU, s.Bpl[row], s.ObsB));
+    setPlace(s, row, sky::horizonFromEquator(s.TAU, s.Bpl[row], sky::latitudeOf(s.ObsB)));
 }
 
 void HorizonToXYZ2(ModelState& s, int row) {
-    setPlace(s, row, sky::equatorFromHorizon(s.Azim, s.Vys, s.ObsB));
+    setPlace(s, row, sky::equatorFromHorizon(s.Azim, s.Vys, sky::latitudeOf(s.ObsB)));
 }
 
 double Refraction(double z) {

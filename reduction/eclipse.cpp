@@ -330,7 +330,7 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
                          {&d.sun, &d.body, &d.shadow, &limb[0], &limb[1], &limb[2], &limb[3], &limb[4],
                           &limb[5], &limb[6], &limb[7]});
     d.sky.earthVelocity = velocityOf(s, rowTerra);
-    d.sky.latitude = s.ObsB;
+    d.sky.latitude = sky::latitudeOf(s.ObsB);
     chainToEquator(s, e, d);
     shadowRow(s, e, d);
     Topo16(s, e, d);
@@ -349,7 +349,7 @@ Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, b
     h.altitude = e.altitude[rowSun];
     if (withRefraction)
         h.altitude += Refraction(90 - h.altitude);  // added once more and not taken off: meant
-    seen.position = sky::equatorFromHorizon(h.azimuth, h.altitude, s.ObsB);
+    seen.position = sky::equatorFromHorizon(h.azimuth, h.altitude, sky::latitudeOf(s.ObsB));
     sky.look(seen);
     back.position =
         vectorOf({sky::hourAngle(s.LMST, seen.longitude), sky.sight.latitude, s.Rpl[rowObserver][rowSun]});

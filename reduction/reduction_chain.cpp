@@ -185,7 +185,7 @@ void Pass::theory() {
     copyPlace(rowKeptEarth, rowTerra);
     copyPlace(rowKeptBody + b, b);
     sky.observer = placeOf(s, rowObserver);
-    sky.latitude = s.ObsB;
+    sky.latitude = sky::latitudeOf(s.ObsB);
     sky.siderealTime = s.LMST;
 }
 
@@ -321,8 +321,7 @@ void PosByPlan(ModelState& s, const ReductionState& r, const PlanBlock& plan) {
         s.AlfaU0[i] += precession;
     }
     InitMassesSer0(s);
-    ElementsToXYZ(s);
-    ElementsToVXYZ(s);
+    ElementsToState(s);
 }
 
 void reduceTheory(ModelState& s, ReductionState& r, const PlanBlock& plan, const StageLog& log,

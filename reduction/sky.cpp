@@ -88,16 +88,18 @@ Observer observerAt(double JDut, double latitude, double longitude) {
     return o;
 }
 
-Vec3 horizonFromEquator(double hourAngle, double declination, double latitude) {
-    const double d = radians(declination), f = radians(latitude), H = radians(hourAngle);
-    return {std::cos(d) * std::sin(f) * std::cos(H) - std::sin(d) * std::cos(f), std::cos(d) * std::sin(H),
-            std::cos(d) * std::cos(f) * std::cos(H) + std::sin(d) * std::sin(f)};
+Latitude latitudeOf(double latitude) { return {std::sin(radians(latitude)), std::cos(radians(latitude))}; }
+
+Vec3 horizonFromEquator(double hourAngle, double declination, const Latitude& f) {
+    const double d = radians(declination), H = radians(hourAngle);
+    return {std::cos(d) * f.sine * std::cos(H) - std::sin(d) * f.cosine, std::cos(d) * std::sin(H),
+            std::cos(d) * f.cosine * std::cos(H) + std::sin(d) * f.sine};
 }
 
-Vec3 equatorFromHorizon(double azimuth, double altitude, double latitude) {
-    const double h = radians(altitude), f = radians(latitude), A = radians(azimuth);
-    return {std::cos(h) * std::sin(f) * std::cos(A) + std::sin(h) * std::cos(f), std::cos(h) * std::sin(A),
-            std::sin(h) * std::sin(f) - std::cos(h) * std::cos(f) * std::cos(A)};
+Vec3 equatorFromHorizon(double azimuth, double altitude, const Latitude& f) {
+    const double h = radians(altitude), A = radians(azimuth);
+    return {std::cos(h) * f.sine * std::cos(A) + std::sin(h) * f.cosine, std::cos(h) * std::sin(A),
+            std::sin(h) * f.sine - std::cos(h) * f.cosine * std::cos(A)};
 }
 
 Moon moonAt(double T) {

@@ -66,13 +66,20 @@ struct Observer {
 /// Source of the sidereal time: Aoki et al. 1982, Astron. Astrophys. 105, 359.
 Observer observerAt(double JDut, double latitude, double longitude);
 
+/// The latitude of a horizon, by what its turns need.
+struct Latitude {
+    double sine = 0, cosine = 1;
+};
+/// @param latitude  degrees
+Latitude latitudeOf(double latitude);
+
 /// Unit vector in the horizon frame (X south, Y west, Z zenith).
-/// @param hourAngle, declination, latitude  degrees
-Vec3 horizonFromEquator(double hourAngle, double declination, double latitude);
+/// @param hourAngle, declination  degrees
+Vec3 horizonFromEquator(double hourAngle, double declination, const Latitude& latitude);
 /// The inverse: unit vector of hour angle (westward) and declination.
-/// @param azimuth  from the south westward, degrees
-/// @param altitude, latitude  degrees
-Vec3 equatorFromHorizon(double azimuth, double altitude, double latitude);
+/// @param azimuth   from the south westward, degrees
+/// @param altitude  degrees
+Vec3 equatorFromHorizon(double azimuth, double altitude, const Latitude& latitude);
 
 /// Hour angle of a right ascension, or right ascension of an hour angle: 0..360 where both are, degrees.
 inline double hourAngle(double siderealTime, double ascension) {

@@ -20,8 +20,7 @@ constexpr int bodiesWithTable = 4, terms = 8;
 void placeAt(ModelState& s, double JD, void (*theory)(ModelState&)) {
     s.JD = JD;
     theory(s);
-    ElementsToXYZ(s);
-    ElementsToVXYZ(s);
+    ElementsToState(s);
 }
 
 /// An angle of the element rows in 0..2 pi.

@@ -72,20 +72,19 @@ double radiusOf(const Elements& e, double anomaly) {
 
 double argumentOf(const Elements& e, double anomaly) { return finite(anomaly + e.perihelion - e.node); }
 
-Vec3 pointOf(const Elements& e, double argument, double radius) {
-    const double sinU = std::sin(argument), cosU = std::cos(argument);
-    const double sinO = std::sin(e.node), cosO = std::cos(e.node);
-    const double sinB = std::sin(e.inclination), cosB = std::cos(e.inclination);
-    return {(cosU * cosO - sinU * sinO * cosB) * radius, (cosU * sinO + sinU * cosO * cosB) * radius,
-            sinU * radius * sinB};
+Orientation orientationOf(const Elements& e, double argument) {
+    return {std::sin(argument), std::cos(argument),      std::sin(e.node),
+            std::cos(e.node),   std::sin(e.inclination), std::cos(e.inclination)};
 }
 
-Vec3 acrossOf(const Elements& e, double argument, double transverse) {
-    const double sinU = std::sin(argument), cosU = std::cos(argument);
-    const double sinO = std::sin(e.node), cosO = std::cos(e.node);
-    const double sinB = std::sin(e.inclination), cosB = std::cos(e.inclination);
-    return {(-sinU * cosO - cosU * sinO * cosB) * transverse,
-            (-sinU * sinO + cosU * cosO * cosB) * transverse, transverse * cosU * sinB};
+Vec3 pointOf(const Orientation& o, double radius) {
+    return {(o.cosU * o.cosO - o.sinU * o.sinO * o.cosB) * radius,
+            (o.cosU * o.sinO + o.sinU * o.cosO * o.cosB) * radius, o.sinU * radius * o.sinB};
+}
+
+Vec3 acrossOf(const Orientation& o, double transverse) {
+    return {(-o.sinU * o.cosO - o.cosU * o.sinO * o.cosB) * transverse,
+            (-o.sinU * o.sinO + o.cosU * o.cosO * o.cosB) * transverse, transverse * o.cosU * o.sinB};
 }
 
 OrbitPlace positionOf(const Elements& e, double unmet) {
@@ -96,7 +95,7 @@ OrbitPlace positionOf(const Elements& e, double unmet) {
     p.anomaly = trueAnomaly(p.eccentric, e.eccentricity);
     p.radius = radiusOf(e, p.anomaly);
     p.argument = argumentOf(e, p.anomaly);
-    p.position = pointOf(e, p.argument, p.radius);
+    p.position = pointOf(orientationOf(e, p.argument), p.radius);
     return p;
 }
 
@@ -106,7 +105,7 @@ OrbitMotion velocityOf(const Elements& e, const OrbitPlace& place, double mu) {
     const double speed = speedOf(mu, m.parameter);
     m.radial = radialSpeed(e, place.anomaly, speed);
     m.transverse = transverseSpeed(e, place.anomaly, speed);
-    const Vec3 across = acrossOf(e, place.argument, m.transverse);
+    const Vec3 across = acrossOf(orientationOf(e, place.argument), m.transverse);
     m.velocity = {ratio(m.radial * place.position.x, place.radius) + across.x,
                   ratio(m.radial * place.position.y, place.radius) + across.y,
                   ratio(m.radial * place.position.z, place.radius) + across.z};
@@ -133,31 +132,49 @@ void setElements(ModelState& s, int row, const Elements& e) {
     s.AlfaU0[row] = e.node;
 }
 
-void ElementsToXYZ(ModelState& s) {
+namespace {
+
+Orientation placeInRow(ModelState& s, const Elements& e) {
     const int i = s.Ipl;
-    const Elements e = elementsOf(s, i);
     s.Mean[i] = meanAnomaly(e);
     s.Escr = eccentricAnomaly(s.Mean[i], e.eccentricity, s.Escr, s.Ekep);
     s.Anom[i] = trueAnomaly(s.Escr, e.eccentricity);
     s.Rr[i] = radiusOf(e, s.Anom[i]);
     s.Uarg[i] = argumentOf(e, s.Anom[i]);
-    setPlace(s, i, pointOf(e, s.Uarg[i], s.Rr[i]));
+    const Orientation o = orientationOf(e, s.Uarg[i]);
+    setPlace(s, i, pointOf(o, s.Rr[i]));
+    return o;
 }
 
-void ElementsToVXYZ(ModelState& s) {
+/// @param orientation  gives that of the place in the row
+template <class Orient>
+void velocityInRow(ModelState& s, const Elements& e, Orient orientation) {
     const int i = s.Ipl;
     s.Icentr = s.kodMoon == 1 ? int{rowEarth} : int{rowSun};
     s.m[rowWork] = finite(gravitatingMass(s, i));
-
-    const Elements e = elementsOf(s, i);
     s.pKep = parameterOf(e);
     const double speed = speedOf(s.gamma * s.m[rowWork], s.pKep), r = s.Rr[i];
     s.Vr = radialSpeed(e, s.Anom[i], speed);
     s.Vn = transverseSpeed(e, s.Anom[i], speed);
-    const Vec3 across = acrossOf(e, s.Uarg[i], s.Vn);
+    const Vec3 across = acrossOf(orientation(), s.Vn);
     s.VX[i] = ratio(s.Vr * s.X[i], r) + across.x;
     s.VY[i] = ratio(s.Vr * s.Y[i], r) + across.y;
     s.VZ[i] = ratio(s.Vr * s.Z[i], r) + across.z;
+}
+
+}  // namespace
+
+void ElementsToXYZ(ModelState& s) { placeInRow(s, elementsOf(s, s.Ipl)); }
+
+void ElementsToVXYZ(ModelState& s) {
+    const Elements e = elementsOf(s, s.Ipl);
+    velocityInRow(s, e, [&] { return orientationOf(e, s.Uarg[s.Ipl]); });
+}
+
+void ElementsToState(ModelState& s) {
+    const Elements e = elementsOf(s, s.Ipl);
+    const Orientation o = placeInRow(s, e);
+    velocityInRow(s, e, [&] { return o; });
 }
 
 }  // namespace tarvex

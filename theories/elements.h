@@ -64,12 +64,18 @@ double trueAnomaly(double E, double eccentricity);
 double radiusOf(const Elements& e, double anomaly);
 /// Argument of latitude, rad.
 double argumentOf(const Elements& e, double anomaly);
-/// The point of an orbit, m.
+
+/// Sines and cosines of the argument of latitude, the node and the inclination.
+struct Orientation {
+    double sinU = 0, cosU = 1, sinO = 0, cosO = 1, sinB = 0, cosB = 1;
+};
 /// @param argument  argument of latitude, rad
-/// @param radius    m
-Vec3 pointOf(const Elements& e, double argument, double radius);
+Orientation orientationOf(const Elements& e, double argument);
+/// The point of an orbit, m.
+/// @param radius  m
+Vec3 pointOf(const Orientation& o, double radius);
 /// A velocity across the radius in the plane of the orbit, m/s.
-Vec3 acrossOf(const Elements& e, double argument, double transverse);
+Vec3 acrossOf(const Orientation& o, double transverse);
 
 /// Place by elements: all of these steps.
 /// @param unmet  eccentric anomaly taken where Kepler's iteration does not meet, rad
@@ -95,5 +101,8 @@ void ElementsToXYZ(ModelState& s);
 /// which is left in m(12); leaves Icentr, pKep, Vr, Vn too.
 /// Throws ArithmeticFailure for a zero orbit or radius and for the root of a negative number.
 void ElementsToVXYZ(ModelState& s);
+
+/// Both in turn.
+void ElementsToState(ModelState& s);
 
 }  // namespace tarvex

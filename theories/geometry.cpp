@@ -13,7 +13,7 @@ double lengthInPlane(const Vec3& d) { return finite(std::sqrt(d.x * d.x + d.y * 
 double lengthFrom(double inPlane, double z) { return finite(std::sqrt(inPlane * inPlane + z * z)); }
 
 /// A quotient that is no number leaves the longitude of a vector with x = 0.
-void findLongitude(const Vec3& d, double& longitude) {
+[[gnu::always_inline]] inline void findLongitude(const Vec3& d, double& longitude) {
     longitude = d.y < 0 ? 270 : 90;
     if (d.x == 0) return;
     longitude = std::atan(ratio(d.y, d.x)) * kUgol;
