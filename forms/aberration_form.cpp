@@ -284,8 +284,8 @@ void AberrationForm::drawComponents() {
     const bool byLongitude = planeXY.on();
     const double is = byLongitude ? bench_.AlfaIs : bench_.BettaIs,
                  pr = byLongitude ? bench_.AlfaPr : bench_.BettaPr;
-    PairGeometry(s, 0, 3);
-    const double l = s.LonPl[3] / kUgol;
+    PairGeometry(s, rowSun, rowEarthMoon);
+    const double l = s.LonPl[rowEarthMoon] / kUgol;
     tellAxes();
     const auto point = [&](int series, double c, Color color) {
         if (viewAgainstTime.on()) {

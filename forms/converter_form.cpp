@@ -135,7 +135,7 @@ void ConverterForm::typedToBase(int i, const ConvFrame& frame) {
         s.X[i] = finite(sourceX.number() * MK);
         s.Y[i] = finite(sourceY.number() * MK);
         s.Z[i] = finite(sourceZ.number() * MK);
-        PairGeometry(s, 15, i);
+        PairGeometry(s, rowOrigin, i);
         sourceLongitude.show(s.LonPl[i]);
         sourceLatitude.show(s.LatPl);
         sourceDistance.show(s.Rcur / MK);
@@ -234,21 +234,22 @@ void ConverterForm::ConvDraw(int body, const ConvFrame& frame) {
     const ModelState& s = lab.s;
     if (clearBeforeDrawing.on()) clearPicture();
     const double Mx = s.Mx;
+    constexpr int observer = rowsOfDate + plusObserverEcliptic;
     for (const bool side : {false, true}) {
         const auto y = [&](int row) { return side ? s.Z[row] / Mx + sideView : s.Y[row] / Mx; };
         const auto x = [&](int row) { return s.X[row] / Mx; };
         const auto offset = [&](int row, double unit) { return (side ? s.Z[row] : s.Y[row]) / unit; };
         const int origin = frame.originRow();
-        drawing.disc(x(3), y(3), earthRadius, blue);
-        drawing.cross(x(3), y(3), earthRadius, grey);
-        drawing.disc(x(0), y(0), 0.6, yellow);
-        const double moonX = x(3) + s.X[14], moonY = y(3) + offset(14, 1);
+        drawing.disc(x(rowTerra), y(rowTerra), earthRadius, blue);
+        drawing.cross(x(rowTerra), y(rowTerra), earthRadius, grey);
+        drawing.disc(x(rowSun), y(rowSun), 0.6, yellow);
+        const double moonX = x(rowTerra) + s.X[rowMoonDrawn], moonY = y(rowTerra) + offset(rowMoonDrawn, 1);
         drawing.disc(moonX, moonY, 0.4, yellow);
         drawing.disc(moonX + 0.12, moonY, 0.28, black);
-        drawing.disc(x(3) + earthRadius * s.X[16] / REarth, y(3) + earthRadius * offset(16, REarth), 0.1,
-                     black);
+        drawing.disc(x(rowTerra) + earthRadius * s.X[observer] / REarth,
+                     y(rowTerra) + earthRadius * offset(observer, REarth), 0.1, black);
         drawing.line(x(origin), y(origin), x(body), y(body), black);
-        if (body != 0 && body != 3)
+        if (body != rowSun && body != rowTerra)
             drawing.disc(x(body), y(body), 0.3, {s.ColorR[body], s.ColorG[body], s.ColorB[body]});
     }
 }

@@ -4,6 +4,7 @@
 #include "core/calendar.h"
 #include "core/et_ut.h"
 #include "core/numbers.h"
+#include "core/rows.h"
 #include "initial/initial_data.h"
 #include "theories/elements.h"
 #include "theories/ephemeris.h"
@@ -38,14 +39,13 @@ void xenaDefault(ModelState& s) {
     s.R0sr[i] = s.Lae * s.Aae[i];
 }
 
+void initialFromCurrent(ModelState& s, int i) { setInitial(s, i, {placeOf(s, i), velocityOf(s, i)}); }
+
 void xenaFarAway(ModelState& s) {
     constexpr int i = rowXena;
-    s.X0[i] = s.X[i] = 7555444333222;
-    s.Y0[i] = s.Y[i] = 0;
-    s.Z0[i] = s.Z[i] = 0;
-    s.VX0[i] = s.VX[i] = 0;
-    s.VY0[i] = s.VY[i] = 4333;
-    s.VZ0[i] = s.VZ[i] = 0;
+    setPlace(s, i, {7555444333222, 0, 0});
+    setVelocity(s, i, {0, 4333, 0});
+    initialFromCurrent(s, i);
 }
 
 /// Masses and planets of a theory, with what goes with them.
@@ -58,15 +58,6 @@ void massesAndPlanets(ModelState& s, Theory masses, double gamma, Theory element
 }
 
 constexpr double gammaNew0 = 1e-12 * 66.7006, gammaJ2000 = 1e-12 * 66.7259;
-
-void initialFromCurrent(ModelState& s, int i) {
-    s.X0[i] = s.X[i];
-    s.Y0[i] = s.Y[i];
-    s.Z0[i] = s.Z[i];
-    s.VX0[i] = s.VX[i];
-    s.VY0[i] = s.VY[i];
-    s.VZ0[i] = s.VZ[i];
-}
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include "core/arithmetic.h"
 #include "core/name_table.h"
 #include "core/numbers.h"
+#include "core/rows.h"
 #include "theories/geometry.h"
 #include "theories/longitudes.h"
 #include "theories/passages.h"
@@ -21,10 +22,10 @@ constexpr double seam = 5;  ///< longitudes of two steps further apart lie on bo
 void unpack(ModelState& s, const OrbitCheck& c) {
     const int p = c.IplSel;
     const auto& U = c.U;
-    s.X[0] = U[1], s.Y[0] = U[2], s.Z[0] = U[3];
-    s.X[p] = U[4], s.Y[p] = U[5], s.Z[p] = U[6];
-    s.VX[0] = U[7], s.VY[0] = U[8], s.VZ[0] = U[9];
-    s.VX[p] = U[10], s.VY[p] = U[11], s.VZ[p] = U[12];
+    setPlace(s, rowSun, {U[1], U[2], U[3]});
+    setPlace(s, p, {U[4], U[5], U[6]});
+    setVelocity(s, rowSun, {U[7], U[8], U[9]});
+    setVelocity(s, p, {U[10], U[11], U[12]});
 }
 
 void speeds(OrbitCheck& c) {
@@ -102,11 +103,11 @@ void passPerihelion(ModelState& s, OrbitCheck& c, double latitude, OrbitCheckPor
     if (dPer <= 0) dPer += 360;
     c.LonPer = c.AlfaPcur;
     // the point of perihelion turned into the plane of the orbit
-    SpherToXYZ(s, 12, dPer, latitude * kUgol, s.Rcur);
-    s.Ipl = 12;
+    SpherToXYZ(s, rowWork, dPer, latitude * kUgol, s.Rcur);
+    setCurrent(s, rowWork);
     TiltYZ(s, c.BettaMax);
-    PairGeometry(s, 15, 12);
-    c.AlfaPcur = below360(c.AlfaUcur + s.LonPl[12]);
+    PairGeometry(s, rowOrigin, rowWork);
+    c.AlfaPcur = below360(c.AlfaUcur + s.LonPl[rowWork]);
     if (c.moonBench) c.AlfaPcur = notNegative(c.AlfaPcur);
     c.PerHi = below360(c.dAlfa + c.LonPer);
     c.PerLo = notNegative(c.LonPer - c.dAlfa);
@@ -262,20 +263,23 @@ void addNames(NameTable& table, const OrbitCheck& c) {
 
 void orbitCheckCentre(ModelState& s, const OrbitCheck& c) {
     const double a = s.m[c.Icentr], b = s.m[c.IplJ], sum = a + b;
-    s.X[14] = ratio(s.X[0] * a + s.X[c.IplSel] * b, sum);
-    s.Y[14] = ratio(s.Y[0] * a + s.Y[c.IplSel] * b, sum);
-    s.Z[14] = ratio(s.Z[0] * a + s.Z[c.IplSel] * b, sum);
+    for (Rows* const axis : {&s.X, &s.Y, &s.Z}) {
+        Rows& x = *axis;
+        x[rowCentre] = ratio(x[rowSun] * a + x[c.IplSel] * b, sum);
+    }
 }
 
 void startOrbitCheck(ModelState& s, OrbitCheck& c) {
     const int p = c.IplSel;
     if (c.kDt == 0) throw ArithmeticFailure("делитель шага равен нулю");
-    s.X[15] = s.Y[15] = s.Z[15] = 0;
+    setPlace(s, rowOrigin, {});
     c.Zprev = s.Z[p] - s.Z[c.Iobs];
     PairGeometry(s, c.Iobs, p);
     c.Rprev = s.Rcur;
-    c.U = {0,       s.X[0],  s.Y[0],  s.Z[0],  s.X[p],  s.Y[p], s.Z[p],
-           s.VX[0], s.VY[0], s.VZ[0], s.VX[p], s.VY[p], s.VZ[p]};
+    const Vec3 centre = placeOf(s, rowSun), planet = placeOf(s, p);
+    const Vec3 vCentre = velocityOf(s, rowSun), vPlanet = velocityOf(s, p);
+    c.U = {0,         centre.x,  centre.y,  centre.z,  planet.x,  planet.y, planet.z,
+           vCentre.x, vCentre.y, vCentre.z, vPlanet.x, vPlanet.y, vPlanet.z};
     s.Rcur = length(c.U[4] - c.U[1], c.U[5] - c.U[2], c.U[6] - c.U[3]);
     c.R00 = s.Rcur;
     ratio(1, c.R00);
@@ -331,7 +335,7 @@ void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
     c.NC = 0;
     guard.check();
     speeds(c);
-    s.Rcur = length(s.X[c.IplSel] - s.X[0], s.Y[c.IplSel] - s.Y[0], s.Z[c.IplSel] - s.Z[0]);
+    s.Rcur = length(placeOf(s, c.IplSel) - placeOf(s, rowSun));
     c.Esys = finite(c.Vc * c.Vc * s.m[c.Icentr] / 2 + c.Vp * c.Vp * s.m[c.IplJ] / 2 +
                     s.gamma * s.m[c.Icentr] * s.m[c.IplJ] * (1 / c.R00 - 1 / s.Rcur));
 }

@@ -183,16 +183,16 @@ double ReadTableCells(ModelState& s, const TableInUse& t, const ObservedDate& da
         s.Bpl[b] = B;
     }
     if (sun != nullptr) {
-        s.Lpl[0] = numberIn(*value);
-        s.Bpl[0] = 0;
+        s.Lpl[rowSun] = numberIn(*value);
+        s.Bpl[rowSun] = 0;
     }
     if (table.addsPrecession) {
-        s.Lpl[0] += s.Prec;
+        s.Lpl[rowSun] += s.Prec;
         if (b > 0) s.Lpl[b] += s.Prec;
     }
     if (correct) {
         const double change = t.PrecTab0 + PrecNow - s.Prec;
-        s.Lpl[0] += change;
+        s.Lpl[rowSun] += change;
         if (b > 0) s.Lpl[b] += change;
     }
     return t.PrecTab0 + PrecNow;

@@ -1,9 +1,5 @@
 #include "reduction/coordinate_chain.h"
 
-#include <array>
-#include <cmath>
-
-#include "core/numbers.h"
 #include "core/rows.h"
 
 namespace tarvex {
@@ -56,32 +52,12 @@ void Nutation(double T, double& X, double& Y, double& Z, int mode) {
     Z += sign * shift.z;
 }
 
-double SiderealTime(double MJD) {
-    const double UT = (MJD - Fix(MJD)) * 24;
-    const double Tc = (Fix(MJD) - 51544.5) / 36525;
-    return 1.0027379093 * UT + 6.697374558 + ((0.093104 - 0.0000062 * Tc) * Tc + 8640184.812866) * Tc / 3600;
-}
-
 void HorizonToXYZ1(ModelState& s, int row) {
     setPlace(s, row, sky::horizonFromEquator(s.TAU, s.Bpl[row], sky::latitudeOf(s.ObsB)));
 }
 
 void HorizonToXYZ2(ModelState& s, int row) {
     setPlace(s, row, sky::equatorFromHorizon(s.Azim, s.Vys, sky::latitudeOf(s.ObsB)));
-}
-
-double Refraction(double z) {
-    // arc seconds at 86, 86.5 ... 90 degrees
-    constexpr std::array<double, 9> low = {755.74, 832.67, 925, 1026, 1147, 1321.5, 1536, 1788, 2040};
-    if (z <= 86) {
-        const double t = std::tan(z / kUgol);
-        return (57.1 * t - 0.0208 * t * t * t) / 3600;
-    }
-    if (z > 90) return low.back() / 3600;
-    int i = 0;
-    while (i < 7 && z > 86.5 + 0.5 * i) ++i;
-    const double z0 = 86 + 0.5 * i;
-    return (2 * (z - z0) * (low[i + 1] - low[i]) + low[i]) / 3600;
 }
 
 void MoonInequalities(ModelState& s, double T) {

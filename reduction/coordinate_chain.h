@@ -30,11 +30,7 @@ void ApplyPrecessVXYZ(ModelState& s);
 /// on the Personal Computer.
 void Nutation(double T, double& X, double& Y, double& Z, int mode);
 
-/// Mean sidereal time at Greenwich.
-/// @param MJD  Julian date - 2400000.5, universal time, days
-/// @return     hours, not reduced to 0..24
-/// Source: Aoki et al. 1982, Astron. Astrophys. 105, 359.
-double SiderealTime(double MJD);
+inline double SiderealTime(double MJD) { return sky::siderealTime(MJD); }
 
 /// Unit vector in the horizon frame (X south, Y west, Z zenith) into a row, from the hour angle TAU, the
 /// declination Bpl(row) and the latitude ObsB.
@@ -42,9 +38,7 @@ void HorizonToXYZ1(ModelState& s, int row);
 /// The inverse: unit vector of hour angle and declination into a row, from Azim, Vys and ObsB.
 void HorizonToXYZ2(ModelState& s, int row);
 
-/// Refraction, degrees, at an apparent zenith distance z, degrees: two terms of tan z to 86, straight lines
-/// to 90, and constant below the horizon.  No term of pressure or temperature.
-double Refraction(double z);
+inline double Refraction(double z) { return sky::refraction(z); }
 
 /// The Moon in the ecliptic of date: Lpl(11), Bpl(11), Rpl(3, 11), and its rows of elements.  T in ephemeris
 /// time. Source: Montenbruck, Pfleger, Astronomy on the Personal Computer (after Brown).

@@ -170,7 +170,9 @@ void Pass::planet() {
 
 void Pass::theory() {
     setPlace(s, rowSun, {});
-    s.VX[0] = finite(system.X * 1000), s.VY[0] = finite(system.Y * 1000), s.VZ[0] = finite(system.Z * 1000);
+    s.VX[rowSun] = finite(system.X * 1000);
+    s.VY[rowSun] = finite(system.Y * 1000);
+    s.VZ[rowSun] = finite(system.Z * 1000);
     s.JDet = s.JDut0 + EtUt1900(s) / 24 / 3600;
     s.kodBary = 0;
     s.kodMoon = 0;

@@ -1,10 +1,10 @@
 #include "reduction/sky.h"
 
+#include <array>
 #include <cmath>
 
 #include "core/constants.h"
 #include "core/numbers.h"
-#include "reduction/coordinate_chain.h"
 #include "theories/geometry.h"
 
 namespace tarvex::sky {
@@ -78,9 +78,15 @@ Vec3 nutation(double T, const Vec3& v) {
     return {-c * v.y - sn * v.z, c * v.x - deps * v.z, sn * v.x + deps * v.y};
 }
 
+double siderealTime(double MJD) {
+    const double UT = (MJD - Fix(MJD)) * 24;
+    const double Tc = (Fix(MJD) - 51544.5) / 36525;
+    return 1.0027379093 * UT + 6.697374558 + ((0.093104 - 0.0000062 * Tc) * Tc + 8640184.812866) * Tc / 3600;
+}
+
 Observer observerAt(double JDut, double latitude, double longitude) {
     Observer o;
-    o.greenwich = 24 * Frac1(SiderealTime(JDut - 2400000.5) / 24);
+    o.greenwich = 24 * Frac1(siderealTime(JDut - 2400000.5) / 24);
     o.local = longitude / 15 + o.greenwich;
     if (o.local > 24) o.local -= 24;
     o.local *= 15;
@@ -100,6 +106,20 @@ Vec3 equatorFromHorizon(double azimuth, double altitude, const Latitude& f) {
     const double h = radians(altitude), A = radians(azimuth);
     return {std::cos(h) * f.sine * std::cos(A) + std::sin(h) * f.cosine, std::cos(h) * std::sin(A),
             std::sin(h) * f.sine - std::cos(h) * f.cosine * std::cos(A)};
+}
+
+double refraction(double z) {
+    // arc seconds at 86, 86.5 ... 90 degrees
+    constexpr std::array<double, 9> low = {755.74, 832.67, 925, 1026, 1147, 1321.5, 1536, 1788, 2040};
+    if (z <= 86) {
+        const double t = std::tan(z / kUgol);
+        return (57.1 * t - 0.0208 * t * t * t) / 3600;
+    }
+    if (z > 90) return low.back() / 3600;
+    int i = 0;
+    while (i < 7 && z > 86.5 + 0.5 * i) ++i;
+    const double z0 = 86 + 0.5 * i;
+    return (2 * (z - z0) * (low[i + 1] - low[i]) + low[i]) / 3600;
 }
 
 Moon moonAt(double T) {

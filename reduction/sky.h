@@ -53,6 +53,12 @@ Vec3 nutation(double T, const Vec3& v);
 
 // ------------------------------------------------------------------ the observer and his horizon
 
+/// Mean sidereal time at Greenwich.
+/// @param MJD  Julian date - 2400000.5, universal time, days
+/// @return     hours, not reduced to 0..24
+/// Source: Aoki et al. 1982, Astron. Astrophys. 105, 359.
+double siderealTime(double MJD);
+
 /// An observer on a turning sphere, at one moment.
 struct Observer {
     double greenwich = 0;  ///< mean sidereal time of Greenwich, hours, 0..24
@@ -63,7 +69,6 @@ struct Observer {
 /// @param JDut       universal time, Julian date
 /// @param latitude   degrees
 /// @param longitude  degrees, east positive; beyond -360..360 the local time is not reduced
-/// Source of the sidereal time: Aoki et al. 1982, Astron. Astrophys. 105, 359.
 Observer observerAt(double JDut, double latitude, double longitude);
 
 /// The latitude of a horizon, by what its turns need.
@@ -80,6 +85,10 @@ Vec3 horizonFromEquator(double hourAngle, double declination, const Latitude& la
 /// @param azimuth   from the south westward, degrees
 /// @param altitude  degrees
 Vec3 equatorFromHorizon(double azimuth, double altitude, const Latitude& latitude);
+
+/// Refraction, degrees, at an apparent zenith distance z, degrees: two terms of tan z to 86, straight lines
+/// to 90, and constant below the horizon.  No term of pressure or temperature.
+double refraction(double z);
 
 /// Hour angle of a right ascension, or right ascension of an hour angle: 0..360 where both are, degrees.
 inline double hourAngle(double siderealTime, double ascension) {

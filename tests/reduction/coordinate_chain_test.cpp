@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "reduction/apparent_place.h"
 #include "tests/support/ephemeris_files.h"
 #include "theories/elements.h"
 #include "theories/ephemeris.h"
@@ -97,6 +98,34 @@ TEST_F(ChainTest, RefractionMeetsAtItsJoints) {
 }
 
 // The short series against the ephemeris: some minutes of arc, and the distance of an ellipse only.
+/// What a chain has done stands in the shared cells also when its next step fails.
+TEST_F(ChainTest, CellsAreWrittenByAFailureToo) {
+    put(30, 40);
+    s.LonPl[row] = 1, s.LatPl = 2, s.Lpl[row] = 3, s.Mprec[1][1] = 4;
+    ApparentSky sky(0.5);
+    ApparentPlace place{.row = row};
+    const auto chain = [&](bool precess) {
+        const SkyCells cells(s, sky, {&place});
+        sky.go(Step::Equator, place);
+        sky.keep(place);
+        if (precess) sky.go(Step::Precession, place);
+        place.position = {0, 0, -7};  // along Z: longitude and distance are known, the latitude is none
+        sky.look(place);
+    };
+    EXPECT_THROW(chain(false), ArithmeticFailure);
+    EXPECT_EQ(s.Z[row], -7);
+    EXPECT_EQ(s.LonPl[row], 90);
+    EXPECT_EQ(s.Rcur, 7);
+    EXPECT_EQ(s.LatPl, s.Bpl[row]);  // of the look before
+    EXPECT_GT(s.Lpl[row], 3);
+    EXPECT_EQ(s.Mprec[1][1], 4);
+    s.X[row] = 1;
+    EXPECT_THROW(chain(true), ArithmeticFailure);
+    EXPECT_NE(s.Mprec[1][1], 4);
+    EXPECT_GT(s.Prec, 0);
+    EXPECT_EQ(s.Ipl, row);
+}
+
 TEST_F(ChainTest, MoonFollowsTheEphemeris) {
     test::TempFolder folder;
     test::linkEphemeris(folder);

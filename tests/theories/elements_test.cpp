@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/failure.h"
+#include "core/rows.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
 
@@ -22,6 +23,8 @@ Vec cross(const Vec& a, const Vec& b) {
 }
 Vec position(const ModelState& s, int i) { return {s.X[i], s.Y[i], s.Z[i]}; }
 Vec velocity(const ModelState& s, int i) { return {s.VX[i], s.VY[i], s.VZ[i]}; }
+
+bool same(const Vec3& a, const Vec3& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
 
 void stateOf(ModelState& s, int i) {
     s.Ipl = static_cast<std::int16_t>(i);
@@ -42,7 +45,13 @@ TEST(Elements, StateVectorsKeepEnergyAndTheVectorsOfTheOrbit) {
         for (int i = 1; i <= 9; ++i) {
             s.Ipl = static_cast<std::int16_t>(i);
             ElementsJPL0(s);
-            stateOf(s, i);
+            ElementsToState(s);
+            const Vec3 placed = placeOf(s, i), moving = velocityOf(s, i);
+            stateOf(s, i);  // in two steps, and as values: the same bits
+            const OrbitPlace place = positionOf(elementsOf(s, i));
+            const OrbitMotion motion = velocityOf(elementsOf(s, i), place, s.gamma * s.m[rowWork]);
+            for (const Vec3& r : {placed, place.position}) EXPECT_TRUE(same(r, placeOf(s, i))) << i;
+            for (const Vec3& v : {moving, motion.velocity}) EXPECT_TRUE(same(v, velocityOf(s, i))) << i;
             const double M = s.m[0], both = M + s.m[i];
             const double mu = s.gamma * (kodBary == 0 ? M : kodBary == 1 ? both : M * M * M / both / both);
             EXPECT_NEAR(s.m[rowWork] * s.gamma / mu, 1, 1e-14);
