@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <sstream>
+#include <tuple>
 #include <utility>
 
 #include "core/failure.h"
@@ -28,6 +29,39 @@ int wholeNumber(const std::string& text) {
         // told below, with the rest of what is no number of ours
     }
     throw Failure("не число от 0 до 32767: " + text);
+}
+
+bool isSetting(const std::string& word) {
+    const auto sign = word.find('=');
+    return sign != std::string::npos && sign > 0 && word.front() != '-';
+}
+
+/// NAME=VALUE, a control of Form2 where no form is named.
+BatchSetting settingOf(const std::string& word) {
+    const auto sign = word.find('=');
+    std::string control = word.substr(0, sign);
+    if (!control.starts_with("Form")) control.insert(0, "Form2.");
+    if (std::any_of(word.begin(), word.end(), [](unsigned char c) { return c < ' '; }))
+        throw Failure("не печатный знак: " + control);
+    return {control, word.substr(sign + 1)};
+}
+
+std::vector<int> planetsOf(const std::string& text) {
+    std::vector<int> planets = numberList(text);
+    std::array<bool, 11> named{};  // two processes for one planet would write the same records
+    for (const int p : planets) {
+        if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
+        if (std::exchange(named[p], true)) throw Failure("--planets: номера без повторений");
+    }
+    return planets;
+}
+
+/// First and last of the experiments named.
+std::pair<int, int> experimentsOf(const std::string& text) {
+    const auto list = numberList(text);
+    if (list.front() < 1 || static_cast<int>(list.size()) != list.back() - list.front() + 1)
+        throw Failure("--experiments: номера подряд от 1, например 1-20");
+    return {list.front(), list.back()};
 }
 
 }  // namespace
@@ -65,28 +99,14 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
             options.plan = wholeNumber(value());
             plan = true;
         } else if (word == "--experiments") {
-            const auto list = numberList(value());
-            options.first = list.front();
-            options.last = list.back();
-            if (options.first < 1 || static_cast<int>(list.size()) != options.last - options.first + 1)
-                throw Failure("--experiments: номера подряд от 1, например 1-20");
+            std::tie(options.first, options.last) = experimentsOf(value());
             experiments = true;
         } else if (word == "--planets") {
-            options.planets = numberList(value());
-            std::array<bool, 11> named{};  // two processes for one planet would write the same records
-            for (const int p : options.planets) {
-                if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
-                if (std::exchange(named[p], true)) throw Failure("--planets: номера без повторений");
-            }
+            options.planets = planetsOf(value());
         } else if (word == "--jobs") {
             options.jobs = wholeNumber(value());
-        } else if (const auto sign = word.find('=');
-                   sign != std::string::npos && sign > 0 && word.front() != '-') {
-            std::string control = word.substr(0, sign);
-            if (!control.starts_with("Form")) control.insert(0, "Form2.");
-            if (std::any_of(word.begin(), word.end(), [](unsigned char c) { return c < ' '; }))
-                throw Failure("не печатный знак: " + control);
-            options.settings.push_back({control, word.substr(sign + 1)});
+        } else if (isSetting(word)) {
+            options.settings.push_back(settingOf(word));
         } else {
             throw Failure(fmt::format("{}\n{}", word, usage));
         }

@@ -58,6 +58,20 @@ function(tarvex_library name)
     target_link_libraries(${name} PUBLIC ${ARG_LINK})
 endfunction()
 
+# tarvex_member_names(LIBRARY HEADER STRUCT): the members of a struct as lines NAME(member), in a file that is named
+# after them (struct RunState: run_state_names.inc) for the unit that enters them into the table of names.
+function(tarvex_member_names name header struct)
+    string(REGEX REPLACE "([a-z])([A-Z])" "\\1_\\2" file ${struct})
+    string(TOLOWER ${file}_names.inc file)
+    set(output ${CMAKE_CURRENT_BINARY_DIR}/${file})
+    set(script ${CMAKE_SOURCE_DIR}/cmake/MemberNames.cmake)
+    add_custom_command(OUTPUT ${output}
+        COMMAND ${CMAKE_COMMAND} -DHEADER=${CMAKE_CURRENT_SOURCE_DIR}/${header} -DSTRUCT=${struct} -DOUTPUT=${output} -P ${script}
+        DEPENDS ${header} ${script} VERBATIM)
+    target_sources(${name} PRIVATE ${output})
+    target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
 # tarvex_tests(NAME SOURCES... [LINK targets...] [LABEL label]): one test program, its cases run in parallel by CTest.
 function(tarvex_tests name)
     cmake_parse_arguments(ARG "" "LABEL" "LINK" ${ARGN})

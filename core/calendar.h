@@ -13,8 +13,9 @@ namespace tarvex {
 /// Source: Meeus, Astronomical Algorithms, ch. 7; the Egyptian count starts at JD 1448637.5.
 double JDfromDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God);
 
-/// GodR, MesR, DenR of a Julian date.  The Egyptian branch leaves JD + 0.5 - TimeZone/24 in the argument:
-/// meant. A date outside 32 bits shows "Введите правильно юлианскую дату" and sets kodErrDate.
+/// GodR, MesR, DenR of a Julian date.  The Egyptian branch leaves JD + 0.5 - TimeZone/24 in the argument,
+/// the midnight of that calendar, from which its users count on. A date outside 32 bits shows "Введите
+/// правильно юлианскую дату" and sets kodErrDate.
 void DateFromJD(ModelState& s, double& JD);
 
 /// GodR, MesR, DenR of a date whose day may overrun the month: the surplus is carried month by month, and the

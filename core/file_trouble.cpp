@@ -6,6 +6,7 @@ namespace tarvex {
 
 namespace fs = std::filesystem;
 
+// complexity: one case an error of the system
 std::string fileTrouble(const fs::path& path, int error, FileUse use) {
     std::error_code ignored;
     const std::string name = path.string();

@@ -24,6 +24,11 @@ public:
             return valueAt(variable, indices, 0);
         };
     }
+    /// Adds a member of a struct when a script can print it: what is no number, text or array of such has no name.
+    template <class T>
+    void addMember(std::string name, const T& member) {
+        if constexpr (readable<T>()) add(std::move(name), member);
+    }
     /// Adds a value that is computed when it is asked for.
     void addComputed(std::string name, std::function<std::string(const std::vector<int>&)> reader) {
         readers_[std::move(name)] = std::move(reader);
@@ -36,6 +41,13 @@ public:
     std::string value(std::string_view nameAndIndices) const;
 
 private:
+    template <class T>
+    static constexpr bool readable() {
+        if constexpr (requires { typename T::value_type; } && !std::is_convertible_v<T, std::string>)
+            return readable<typename T::value_type>();
+        else
+            return std::is_arithmetic_v<T> || std::is_convertible_v<T, std::string>;
+    }
     template <class T>
     static std::string valueAt(const T& v, const std::vector<int>& indices, std::size_t depth) {
         if constexpr (std::is_arithmetic_v<T>) {

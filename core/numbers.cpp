@@ -49,6 +49,7 @@ std::string significantDigits(double v, char point) {
 std::int16_t toInt16(double v) { return toWhole<std::int16_t>(v); }
 std::int32_t toInt32(double v) { return toWhole<std::int32_t>(v); }
 
+// complexity: every notation of a number that the files of the tree hold is told apart in one pass over it
 double toNumber(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) throw ConversionFailure("пусто там, где нужно число");

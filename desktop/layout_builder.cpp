@@ -365,6 +365,7 @@ LayoutBuilder::Piece LayoutBuilder::fieldsOf(int columns, const std::vector<Layo
     return {grid, nullptr, wide, tall};
 }
 
+// complexity: headings, fields, commands and blanks of one grid are told apart cell by cell
 LayoutBuilder::Piece LayoutBuilder::tableOf(int columns, const std::vector<Layout>& cells) const {
     auto* grid = bare<QGridLayout>();
     grid->setVerticalSpacing(density_.gap - 2);

@@ -62,7 +62,7 @@ void EccentricForm::start() {
         if (scale->number() == 0) throw ArithmeticFailure("масштаб равен нулю");
     timeStep.number();
     EccentricAt(p);
-    const double start = model_.T * p.W;  // by the time that the last run has left, 0 at first: meant
+    const double start = model_.T * p.W;  // a run goes on from where the last one ended
     model_ = drawn_ = p;
     started_ = true;
     lab.s.kodStop = 0;

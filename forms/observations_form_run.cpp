@@ -371,7 +371,7 @@ void ObservationsForm::giveWay() {
 void ObservationsForm::showStatistics() {
     ReductionState& r = lab.reduction;
     const std::int32_t scale = distanceResidualScale.int32();
-    r.NPlus = scale;  // the field of the scale is this counter's, and that is meant
+    r.NPlus = scale;  // the field shows this counter under its own name
     clearSystem();
     const auto polygon = [&](Picture& picture, int first, double left, double factor, double bottom,
                              const char* name) {

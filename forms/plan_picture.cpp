@@ -86,7 +86,7 @@ void printOptimum(Picture& picture, PlanBlock& p, double x, double y) {
     BuildOptimumSystem(p);
     for (int level = 5; level >= 1; --level) y = printDown(picture, x, y, p.TestText[level]);
     for (int i = 1; i <= p.Nf; ++i) y = printDown(picture, x, y, p.TestText[10 + i]);
-    const std::string head = p.Stroka;  // stays at the head of the printed system: meant
+    const std::string head = p.Stroka;  // stays at the head of the printed system
     PrintOptimumSystem(p);
     y = printDown(picture, x, y, head);
     printDown(picture, x, y, p.Stroka.substr(head.size()));

@@ -91,15 +91,8 @@ void measureEnergy(ModelState& s, const Motion& motion, Energy& energy, int last
 }
 
 void addNames(NameTable& table, const Energy& energy) {
-#define NAME(variable) table.add(#variable, energy.variable)
-    NAME(Msys);
-    NAME(Esys);
-    NAME(EKsys);
-    NAME(MKDsys);
-    NAME(E0sys);
-    NAME(EK0sys);
-    NAME(MKD0sys);
-    NAME(Rsol0);
+#define NAME(member) table.addMember(#member, energy.member);
+#include "energy_names.inc"
 #undef NAME
 }
 

@@ -164,8 +164,8 @@ TARVEX_LANES void keepLine(const Motion& m, int i, int j, const Line& line) {
     put(m.Rik[i], j, line.r);
 }
 
-/// Direction cosines of the line, 0 in idle lanes.  A line with DXp = 0 has its Y turned round: that is
-/// meant.
+/// Direction cosines of the line, 0 in idle lanes.  A line with DXp = 0 has its Y turned round, as
+/// the arc tangents had it of which they were made once: records stay what they were.
 struct Direction {
     Four x, y, z;
     TARVEX_LANES Direction(const Line& line, Four inverse, Four busy)

@@ -61,7 +61,8 @@ void jerks(const ModelState& s, Motion& m) {
 }
 
 /// The retarded accelerations that the law of Lienard and Wiechert needs.  A1zap takes the signs of the
-/// velocity with the size of the acceleration: that is meant.
+/// velocity with the size of the acceleration: the law looks at what the motion does to the line, not at its
+/// rate.
 TARVEX_LANES void accelerationsOfStep(const ModelState& s, Motion& m, const Actor& a, int i, int j,
                                       const Direction& u, Four t, Watch& watch) {
     const bool stepwise = m.kodDiffurV == 0;

@@ -45,7 +45,7 @@ bool stillApproaching(const ModelState& s, RunState& run) {
 }
 
 /// Longitude of perihelion in the plane of the orbit from the longitude at which the apse was passed.
-/// Leaves the distance and the latitude of the turned point in Rcur and LatPl: meant.
+/// Leaves the distance and the latitude of the turned point in Rcur and LatPl, which scripts print.
 void perihelionInOrbit(ModelState& s, RunState& run) {
     run.AlfaP = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
     s.LonPl[rowLongitude] = run.AlfaP;
@@ -152,7 +152,7 @@ void takeApse(ModelState& s, RunState& run, Passage& seen) {
             run.RsrNach = Rsr;
         }
     }
-    // The bounds lose a turn only above 360; a negative lower bound stays: meant.
+    // The bounds lose a turn only above 360; a negative lower bound stays, and a window at 0 is half as wide.
     const double upper = lessTurnAbove360(run.dAlfa + s.LonPl[rowLongitude]);
     const double lower = lessTurnAbove360(s.LonPl[rowLongitude] - run.dAlfa);
     if (!seen.first && run.kodPeri == 0) {

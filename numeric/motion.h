@@ -194,7 +194,7 @@ void fillTrace(const ModelState& s, Motion& motion);
 void pushTrace(const ModelState& s, Motion& motion, double Tsec);
 
 /// Longitude of the line i to j, rad: by the arc tangent alone, or in its quadrant once the speeds along the
-/// line have been formed.  There the two values of DXp = 0 come out turned by Pi: that is meant.
+/// line have been formed.  There the two values of DXp = 0 come out turned by Pi, as the cosines have them.
 double AlfaIK(const Motion& motion, int i, int j);
 /// Latitude of the line i to j, rad.
 double BettaIK(const Motion& motion, int i, int j);

@@ -72,6 +72,29 @@ void addTrace(NameTable& table, const char* name, const Trace& trace) {
 /// An angle between -Pi and Pi by one turn at most.
 double wrapped(double angle) { return angle > Pi ? angle - 2 * Pi : angle < -Pi ? angle + 2 * Pi : angle; }
 
+/// Angles of velocities and of the lines between bodies, rad.  They are not kept: the equations go by
+/// direction cosines.
+void addAngles(NameTable& table, const Motion* m) {
+    const auto vx = [m](int i) { return m->U[33 + i]; };
+    const auto vy = [m](int i) { return m->U[44 + i]; };
+    const auto vz = [m](int i) { return m->U[55 + i]; };
+    addBody(table, "AlfaVX", [vx](int i) { return AlfaVX(vx(i)); });
+    addBody(table, "AlfaVY", [vy](int i) { return AlfaVY(vy(i)); });
+    addBody(table, "BettaVZ", [vz](int i) { return BettaVZ(vz(i)); });
+    addPair(table, "Rxy",
+            [m](int i, int j) { return formPairs(*m), std::hypot(m->DXp[i][j], m->DYp[i][j]); });
+    addPair(table, "Tik",
+            [m](int i, int j) { return formPairs(*m), m->Vgr == 0 ? 0 : m->Rik[i][j] / m->Vgr; });
+    addPair(table, "AlfaIK", [m](int i, int j) { return AlfaIK(*m, i, j); });
+    addPair(table, "BettaIK", [m](int i, int j) { return BettaIK(*m, i, j); });
+    addPair(table, "dAlfaVX1", [=](int i, int j) { return wrapped(AlfaVX(vx(i)) - AlfaIK(*m, i, j)); });
+    addPair(table, "dAlfaVY1", [=](int i, int j) { return wrapped(AlfaVY(vy(i)) - AlfaIK(*m, i, j)); });
+    addPair(table, "dBettaVZ1", [=](int i, int j) { return BettaVZ(vz(i)) - BettaIK(*m, i, j); });
+    addPair(table, "dAlfaVX2", [=](int i, int j) { return wrapped(AlfaVX(vx(j)) - AlfaIK(*m, i, j)); });
+    addPair(table, "dAlfaVY2", [=](int i, int j) { return wrapped(AlfaVY(vy(j)) - AlfaIK(*m, i, j)); });
+    addPair(table, "dBettaVZ2", [=](int i, int j) { return BettaVZ(vz(j)) - BettaIK(*m, i, j); });
+}
+
 }  // namespace
 
 void addNames(NameTable& table, const Motion& motion) {
@@ -118,25 +141,7 @@ void addNames(NameTable& table, const Motion& motion) {
     addTrace(table, "SledYsave", motion.SledYsave);
     addTrace(table, "SledZsave", motion.SledZsave);
 
-    // the angles are not kept: the equations go by direction cosines
-    const auto vx = [m](int i) { return m->U[33 + i]; };
-    const auto vy = [m](int i) { return m->U[44 + i]; };
-    const auto vz = [m](int i) { return m->U[55 + i]; };
-    addBody(table, "AlfaVX", [vx](int i) { return AlfaVX(vx(i)); });
-    addBody(table, "AlfaVY", [vy](int i) { return AlfaVY(vy(i)); });
-    addBody(table, "BettaVZ", [vz](int i) { return BettaVZ(vz(i)); });
-    addPair(table, "Rxy",
-            [m](int i, int j) { return formPairs(*m), std::hypot(m->DXp[i][j], m->DYp[i][j]); });
-    addPair(table, "Tik",
-            [m](int i, int j) { return formPairs(*m), m->Vgr == 0 ? 0 : m->Rik[i][j] / m->Vgr; });
-    addPair(table, "AlfaIK", [m](int i, int j) { return AlfaIK(*m, i, j); });
-    addPair(table, "BettaIK", [m](int i, int j) { return BettaIK(*m, i, j); });
-    addPair(table, "dAlfaVX1", [=](int i, int j) { return wrapped(AlfaVX(vx(i)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dAlfaVY1", [=](int i, int j) { return wrapped(AlfaVY(vy(i)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dBettaVZ1", [=](int i, int j) { return BettaVZ(vz(i)) - BettaIK(*m, i, j); });
-    addPair(table, "dAlfaVX2", [=](int i, int j) { return wrapped(AlfaVX(vx(j)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dAlfaVY2", [=](int i, int j) { return wrapped(AlfaVY(vy(j)) - AlfaIK(*m, i, j)); });
-    addPair(table, "dBettaVZ2", [=](int i, int j) { return BettaVZ(vz(j)) - BettaIK(*m, i, j); });
+    addAngles(table, m);
 }
 
 }  // namespace tarvex

@@ -146,7 +146,7 @@ TARVEX_LANES Force lienardOfStep(Motion& m, int i, int j, const Line& line, cons
 }
 
 /// Lienard and Wiechert with the velocity and acceleration of the stage; the acceleration along the line
-/// takes the signs of the velocity, which is meant.
+/// takes the signs of the velocity, as in accelerationsOfStep.
 TARVEX_LANES Force lienardOfStage(Motion& m, const Actor& a, int i, int j, const Line& line,
                                   const Direction& u, const LawFactors& law, Watch& watch) {
     stageAccelerations(m, i, j, law);

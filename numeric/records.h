@@ -40,8 +40,8 @@ void writeXYZHead(const DataTree& tree, const ModelState& s, const Motion& motio
                   const std::string& today);
 
 /// Appends one element record, or with the energy box one energy record, to FileRas.  Leaves JD, Ipl, Lae and
-/// the body's elements as ElementsJPL0 sets them, and with the energy box Eks, Rr and Period as recorded:
-/// meant.
+/// the body's elements as ElementsJPL0 sets them, and with the energy box Eks, Rr and Period as
+/// recorded: what scripts print after a run.
 void WriteRasRecord(const DataTree& tree, ModelState& s, RunState& run);
 /// Appends one line of date, coordinates, velocities and energies of IplSel to FileXYZ.
 void WriteXYZRecord(const DataTree& tree, const ModelState& s, RunState& run);

@@ -55,7 +55,7 @@ private:
 
 bool exact(const Experiment& e) { return e.run.measuring == Measuring::ExactPassages; }
 
-/// The clock takes the step just chosen, not the one just made: meant.
+/// The clock takes the step just chosen, not the one just made: all series recorded so far are timed so.
 void advanceClock(const Experiment& e, RunDate& date) {
     ModelState& s = e.s;
     s.NC = static_cast<std::int16_t>(s.NC + 1);

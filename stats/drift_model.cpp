@@ -27,16 +27,19 @@ bool DriftSurfaces::isRatio(int factor) const {
     return problem_.seeksVgr() && (isVelocity(factor) || factor == factorVgr);
 }
 
-DriftSurfaces::DriftSurfaces(const DriftProblem& problem) : problem_(problem) {
+void DriftSurfaces::chooseUnits() {
     velocityUnit_ = 0;
     for (int i = 1; i < factorVgr; ++i)
-        velocityUnit_ = std::max({velocityUnit_, std::abs(problem.levels[at(i)]),
-                                  problem.unknown(i) ? std::abs(problem.intervals[at(i)]) : 0});
+        velocityUnit_ = std::max({velocityUnit_, std::abs(problem_.levels[at(i)]),
+                                  problem_.unknown(i) ? std::abs(problem_.intervals[at(i)]) : 0});
     if (velocityUnit_ == 0) velocityUnit_ = 1;
-    vgrUnit_ = problem.levels[factorVgr] > 0 ? problem.levels[factorVgr] : 1;
+    vgrUnit_ = problem_.levels[factorVgr] > 0 ? problem_.levels[factorVgr] : 1;
     for (double& interval : problem_.intervals)
         if (interval == 0) interval = 1;
+}
 
+DriftSurfaces::DriftSurfaces(const DriftProblem& problem) : problem_(problem) {
+    chooseUnits();
     const auto n = static_cast<Eigen::Index>(problem.experiments.size());
     std::vector<std::vector<double>> points;
     middle_.assign(at(unknowns()), 0);

@@ -66,6 +66,8 @@ public:
     double spread(int drift) const;
 
 private:
+    void chooseUnits();
+
     std::vector<double> terms(const std::vector<double>& inner) const;
     bool isRatio(int factor) const;
 

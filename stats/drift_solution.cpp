@@ -168,6 +168,7 @@ MatrixXd naturalSlopes(const DriftProblem& problem, const DriftSurfaces& surface
     return slopes;
 }
 
+// complexity: a factor can be undetermined in four ways, by itself or through Vgr, and each is told.
 void tellFactors(const DriftProblem& problem, const DriftSurfaces& surfaces, const Certainty& sure,
                  const VectorXd& inner, DriftSolution& out) {
     const Eigen::Index k = inner.size(), v = placeOf(problem, factorVgr);
@@ -309,15 +310,10 @@ std::pair<Eigen::Index, Eigen::Index> axesOf(const DriftProblem& problem) {
     return {v == 0 ? 1 : 0, v};
 }
 
-}  // namespace
-
-std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSolution& solution, double reach,
-                                     int points) {
-    if (problem.factors.size() < 2 || solution.determined < static_cast<int>(problem.factors.size()))
-        return std::nullopt;
-    const DriftSurfaces surfaces(problem);
-    const auto [first, second] = axesOf(problem);
-    const SolvedFactor &one = solution.factors[at(first)], &two = solution.factors[at(second)];
+/// The grid of a map over two factors, or over their ratios where Vgr has no value; none where neither can be
+/// laid.
+std::optional<ProfileMap> mapGrid(const SolvedFactor& one, const SolvedFactor& two,
+                                  const DriftSolution& solution, double reach, int points) {
     ProfileMap map;
     map.first = one.factor;
     map.second = two.factor;
@@ -328,12 +324,30 @@ std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSol
                        : gridOf(*one.value, *one.error, reach, points);
     map.y = map.ratios ? gridOf(solution.inverseVgr->value, solution.inverseVgr->error, reach, points)
                        : gridOf(*two.value, *two.error, reach, points);
-    const MapAxes axes{problem, surfaces, first, second, map.ratios};
+    return map;
+}
+
+/// By what chi-square is divided: the scatter itself is the error where none was known.
+double chiSquareScale(const DriftSolution& solution) {
+    if (solution.errorsKnown || solution.freedom == 0 || solution.chiSquare == 0) return 1;
+    return solution.chiSquare / solution.freedom;
+}
+
+}  // namespace
+
+std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSolution& solution, double reach,
+                                     int points) {
+    if (problem.factors.size() < 2 || solution.determined < static_cast<int>(problem.factors.size()))
+        return std::nullopt;
+    const DriftSurfaces surfaces(problem);
+    const auto [first, second] = axesOf(problem);
+    const SolvedFactor &one = solution.factors[at(first)], &two = solution.factors[at(second)];
+    std::optional<ProfileMap> map = mapGrid(one, two, solution, reach, points);
+    if (!map) return std::nullopt;
+    const MapAxes axes{problem, surfaces, first, second, map->ratios};
     std::vector<Eigen::Index> free = everyCoordinate(static_cast<Eigen::Index>(problem.factors.size()));
     std::erase_if(free, [&](Eigen::Index i) { return i == axes.first || i == axes.second; });
-    const double scale = solution.errorsKnown || solution.freedom == 0 || solution.chiSquare == 0
-                             ? 1
-                             : solution.chiSquare / solution.freedom;
+    const double scale = chiSquareScale(solution);
     const VectorXd best =
         Eigen::Map<const VectorXd>(solution.inner.data(), static_cast<Eigen::Index>(solution.inner.size()));
     const auto heightAt = [&](double x, double y) {
@@ -348,10 +362,10 @@ std::optional<ProfileMap> profileMap(const DriftProblem& problem, const DriftSol
         const Equations here(problem, surfaces, inner, solution.sigma);
         return (here.residual.squaredNorm() - solution.chiSquare) / scale;
     };
-    for (const double x : map.x) {
+    for (const double x : map->x) {
         std::vector<double> column;
-        for (const double y : map.y) column.push_back(heightAt(x, y));
-        map.chiSquare.push_back(std::move(column));
+        for (const double y : map->y) column.push_back(heightAt(x, y));
+        map->chiSquare.push_back(std::move(column));
     }
     return map;
 }

@@ -25,7 +25,7 @@ void formGroups(const SeriesData& d, const FitSettings& settings, int NCP, FitRe
         Group group;
         for (int i = 0; i < NCP; ++i) group.Y += from[i].Par[p];
         group.Y /= NCP;
-        if (isLong) {  // time and weight of the group's last record: such data are meant for groups of one
+        if (isLong) {  // time and weight of the group's last record: such data come in groups of one
             group.T = (d.JD0 + last.dTd + (instant ? 0 : last.ddTd / 2) - settings.T0) / 36525;
             group.W = settings.unitWeights ? 1 : last.Par[parVes];
         } else {

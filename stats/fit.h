@@ -42,7 +42,8 @@ struct FitResult {
 /// nothing.
 void formGroups(const SeriesData& d, const FitSettings& settings, int NCP, FitResult& out);
 
-/// Weighted fit of the groups.  In Sigma the weight multiplies the residual before it is squared: meant.
+/// Weighted fit of the groups.  In Sigma the weight multiplies the residual before it is squared: a
+/// record of weight 2 counts there as twice as far off, not as two records.
 /// Throws ArithmeticFailure where the equations are singular.
 void fitGroups(Equation equation, FitResult& fit);
 

@@ -163,6 +163,7 @@ struct Sums {
 
 }  // namespace
 
+// complexity: every kind of plan has its own short formulas for the same coefficients
 void FitRegression(PlanBlock& p) {
     needPlan(p.Nf);
     experiments(p);
@@ -187,9 +188,11 @@ void FitRegression(PlanBlock& p) {
             b[0] = k[1] * sum.Y - k[2] * sum.squares;
             for (int c = 1; c < firstSquare; ++c) b[c] = (c <= p.Nf ? k[3] : k[4]) * sum.column[c];
             for (int c = firstSquare; c <= last; ++c)
-                b[c] = p.kodPlan == planDBox  // the table of the D-plan is meant with these signs and no k7
-                           ? k[5] * sum.column[c] - k[6] * sum.squares - k[2] * sum.Y
-                           : k[5] * sum.column[c] + k[6] * sum.squares - k[7] * sum.Y;
+                b[c] =
+                    p.kodPlan ==
+                            planDBox  // the published constants of the D-plan go with these signs and no k7
+                        ? k[5] * sum.column[c] - k[6] * sum.squares - k[2] * sum.Y
+                        : k[5] * sum.column[c] + k[6] * sum.squares - k[7] * sum.Y;
             break;
         case planComposite:
             b[0] = (sum.outer - sum.core / corners) / 4 / (p.Nf - 1);
