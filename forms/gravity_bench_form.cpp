@@ -233,7 +233,7 @@ void GravityBenchForm::iterate() {
     iterations.show(bench_.NDiffur);
     showAction();
     draw();
-    if (useDelay.on() && lab.motion.kodDX == 3) printTrace();
+    if (useDelay.on() && lab.motion.kodDX == codeOf(Retardation::ByTrace)) printTrace();
 }
 
 void GravityBenchForm::showAction() {
@@ -298,7 +298,7 @@ void GravityBenchForm::draw() {
             pairPicture.circle(t->X / s.Mx, across(t->Y, t->Z) / s.Mx, 0.15, traceColor);
     }
     const Motion& m = lab.motion;
-    if (m.kodDX != 3 || m.SledXsave.size() == 0) return;
+    if (m.kodDX != codeOf(Retardation::ByTrace) || m.SledXsave.size() == 0) return;
     const int step = std::max(1, m.NSled / 10);
     for (const int i : {b.N1, b.N2})
         for (int n = 0; n < m.SledXsave.size(); n += step)

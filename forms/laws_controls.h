@@ -2,6 +2,9 @@
 // The controls of the screen of gravity laws, Form23, in tab order: laws, retardation, energy and centre of
 // mass, commands.
 
+#include <string>
+
+#include "numeric/laws.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -11,29 +14,13 @@ public:
     using Form::Form;
 
     // --- the law
-    OptionButton noPressure{
-        this, law("Option1", "Не учитывать давление гравитации", "Только сила F=G*m*M/R^n, kodPgr = 0")};
-    OptionButton weber{
-        this, law("Option2", "Вебер   Fik = F0ik * (1 - k1 * (dR/dt)^2  / Vgr^2 + k2 * R * d2R/dt2 /  Vgr^2",
-                  "Закон Вебера, kodPgr = 2; обычно k1 = 0,5 и k2 = 1")};
-    OptionButton gerberFirst{
-        this, law("Option3", "Гербер Fik = F0ik * (1 - k1  * (dR/dt)^2 / Ve^2 + k2 * R * d2R/dt2  / Ve^2) ",
-                  "Закон Гербера, первая форма, Ve = Vgr + Vi, kodPgr = 3; обычно k1 = 3 и k2 = 6")};
-    OptionButton gerberSecond{
-        this, law("Option4",
-                  "Гербер Fik = F0ik *Ve^2* (Ve^2 + 3*(dR/dt)^2 + 6*R*d2R/dt2 - 4*Ve*dR/dt) / (Ve - dR/dt)^4",
-                  "Закон Гербера, вторая форма, kodPgr = 4; k1 и k2 стоят на месте 3 и 6")};
-    OptionButton lienardWiechert{
-        this, law("Option5",
-                  "Л-В Fik= (F00ik / Rf / Vgr^2) * ((R' - R'*Vik' / Vgr) * (k1*R' * Ai' + Vgr^2 - "
-                  "Vi'^2) - k2*R'*Rf * Ai')",
-                  "Закон по Лиенару и Вихерту, kodPgr = 5; показатель степени R здесь всегда 3")};
-    OptionButton norin{this, law("Option6", "Норин Fik = F0ik * (1 - k1 * Vk / Vgr) / (1 - k2 * Vi / Vgr)",
-                                 "Закон Норина, kodPgr = 6; обычно k1 = 1 и k2 = 1")};
-    OptionButton sukhorukov{this, law("Option7",
-                                      "Сухоруков  Fik = F0ik * sqrt (Vgr^2 + V(k)^2 - 2 * Vgr * Vk) / sqrt "
-                                      "(Vgr^2 + Vi^2 - 2 * Vgr * Vi)",
-                                      "Закон Сухорукова, kodPgr = 7; k1 и k2 не участвуют")};
+    OptionButton noPressure{this, law("Option1", 0)};
+    OptionButton weber{this, law("Option2", 1)};
+    OptionButton gerberFirst{this, law("Option3", 2)};
+    OptionButton gerberSecond{this, law("Option4", 3)};
+    OptionButton lienardWiechert{this, law("Option5", 4)};
+    OptionButton norin{this, law("Option6", 5)};
+    OptionButton sukhorukov{this, law("Option7", 6)};
     TextField k1{
         this,
         {.name = "Text1",
@@ -123,8 +110,14 @@ public:
                             {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
 
 private:
-    static OptionButton::Spec law(const char* name, const char* caption, const char* hint) {
-        return {.name = name, .caption = caption, .group = "law", .hint = hint};
+    /// The option of a row of the table of laws.
+    static OptionButton::Spec law(const char* option, std::size_t row) {
+        const LawDescription& one = pressureLaws[row];
+        return {.name = option,
+                .caption = one.formula,
+                .group = "law",
+                .hint = std::string(one.name) + "; kodPgr = " + std::to_string(codeOf(one.law)) +
+                        "; источник: " + one.source};
     }
     static OptionButton::Spec delay(const char* name, const char* caption, const char* hint) {
         return {.name = name, .caption = caption, .group = "delay", .hint = hint};

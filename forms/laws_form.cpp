@@ -6,19 +6,10 @@ namespace tarvex {
 
 namespace {
 
-/// A law by its option: its code and the coefficients that a click puts into the fields.
-struct Law {
-    OptionButton LawsForm::*option;
-    std::int16_t kodPgr;
-    double k1, k2;
-};
-constexpr std::array<Law, 7> laws = {{{&LawsForm::noPressure, 0, 0, 0},
-                                      {&LawsForm::weber, 2, 0.5, 1},
-                                      {&LawsForm::gerberFirst, 3, 3, 6},
-                                      {&LawsForm::gerberSecond, 4, 3, 6},
-                                      {&LawsForm::lienardWiechert, 5, 1, 1},
-                                      {&LawsForm::norin, 6, 1, 1},
-                                      {&LawsForm::sukhorukov, 7, 0, 0}}};
+/// The options of the laws, in the order of their table.
+constexpr std::array<OptionButton LawsForm::*, pressureLaws.size()> laws = {
+    &LawsForm::noPressure,      &LawsForm::weber, &LawsForm::gerberFirst, &LawsForm::gerberSecond,
+    &LawsForm::lienardWiechert, &LawsForm::norin, &LawsForm::sukhorukov};
 constexpr std::array<OptionButton LawsForm::*, 4> delays = {
     &LawsForm::noDelay, &LawsForm::delayBySpeed, &LawsForm::delayByAcceleration, &LawsForm::delayByTrace};
 
@@ -48,10 +39,10 @@ bool gravityHasSpeed(Desk& desk) {
 
 LawsForm::LawsForm(Laboratory& lab_)
     : LawsControls(lab_.desk, formName, "Дополнительные параметры   Tarvex7m5 - форма 23"), lab(lab_) {
-    for (const Law& law : laws)
-        (this->*law.option).onChoose([this, law] {
-            k1.show(law.k1);
-            k2.show(law.k2);
+    for (std::size_t i = 0; i < laws.size(); ++i)
+        (this->*laws[i]).onChoose([this, i] {
+            k1.show(pressureLaws[i].k1);
+            k2.show(pressureLaws[i].k2);
         });
     storeChoice.onPress([this] { store(); }, orShow("Задайте правильно данные", "Tarvex7"));
     closeForm.onPress([this] { close(); });
@@ -69,8 +60,8 @@ LawsForm::LawsForm(Laboratory& lab_)
 }
 
 void LawsForm::load() {
-    for (const Law& law : laws)
-        if (law.kodPgr == lab.motion.kodPgr) (this->*law.option).choose();
+    for (std::size_t i = 0; i < laws.size(); ++i)
+        if (codeOf(pressureLaws[i].law) == lab.motion.kodPgr) (this->*laws[i]).choose();
     for (std::size_t i = 0; i < delays.size(); ++i)
         if (lab.motion.kodDX == static_cast<int>(i)) (this->*delays[i]).choose();
     for (const Tick& tick : ticks) (this->*tick.box).set(lab.motion.*tick.code == 1);
@@ -81,8 +72,8 @@ void LawsForm::load() {
 void LawsForm::store() {
     if (!noPressure.on() && !gravityHasSpeed(desk()))
         throw Refusal("Давление гравитации не может быть задано без скорости гравитации", "Tarvex7");
-    for (const Law& law : laws)
-        if ((this->*law.option).on()) lab.motion.kodPgr = law.kodPgr;
+    for (std::size_t i = 0; i < laws.size(); ++i)
+        if ((this->*laws[i]).on()) lab.motion.kodPgr = codeOf(pressureLaws[i].law);
     lab.motion.kPgr1 = k1.number();
     lab.motion.kPgr2 = k2.number();
     for (std::size_t i = 0; i < delays.size(); ++i)

@@ -44,13 +44,14 @@ template <int kodPgr, bool square>
 TARVEX_LANES Force forceOf(Motion& m, const BodyLanes& b, const Actor& a, int i, int j, const Line& line,
                            const LawFactors& law, Watch& watch) {
     const Four inverse = 1 / line.r, f0 = magnitude<square>(m, i, j, line, inverse, law.nR, watch);
-    if constexpr (kodPgr == 0) return pull(line, inverse, f0);
+    if constexpr (kodPgr == codeOf(Pressure::None)) return pull(line, inverse, f0);
     if (law.atStage) {
         const Direction u(line, inverse, at(idleTable.busy[i], j));
         stageSpeeds(m, b, a, i, j, line, u, law, watch);
-        if constexpr (kodPgr == 5) return lienardOfStage(m, a, i, j, line, u, law, watch);
+        if constexpr (kodPgr == codeOf(Pressure::LienardWiechert))
+            return lienardOfStage(m, a, i, j, line, u, law, watch);
     }
-    if constexpr (kodPgr == 5)
+    if constexpr (kodPgr == codeOf(Pressure::LienardWiechert))
         return lienardOfStep(m, i, j, line, law, watch);
     else
         return factorLaw<kodPgr>(m, b, a, i, j, line, inverse, f0, law);
@@ -195,11 +196,11 @@ TARVEX_KERNEL void newton(Motion& m, const BodyLanes& b, Watch& watch) {
 }
 
 TARVEX_KERNEL void retardedLines(const ModelState& s, Motion& m, const BodyLanes& b, int form, Watch& watch) {
-    if (form == 0)
+    if (form == codeOf(Retardation::None))
         linePairs<0>(m, b, watch);
-    else if (form == 1)
+    else if (form == codeOf(Retardation::BySpeeds))
         linePairs<1>(m, b, watch);
-    else if (form == 2)
+    else if (form == codeOf(Retardation::ByAccelerations))
         linePairs<2>(m, b, watch);
     else if (m.NSled <= shortTrace)
         tracePairs<true>(s, m, b, watch);
@@ -211,26 +212,26 @@ template <bool square>
 TARVEX_LANES void lawForces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr, Watch& watch) {
     Sums sums;
     switch (kodPgr) {
-        case 2:
-            forcePairs<2, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::Weber):
+            forcePairs<codeOf(Pressure::Weber), square>(s, m, b, watch, sums);
             break;
-        case 3:
-            forcePairs<3, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::GerberFirst):
+            forcePairs<codeOf(Pressure::GerberFirst), square>(s, m, b, watch, sums);
             break;
-        case 4:
-            forcePairs<4, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::GerberSecond):
+            forcePairs<codeOf(Pressure::GerberSecond), square>(s, m, b, watch, sums);
             break;
-        case 5:
-            forcePairs<5, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::LienardWiechert):
+            forcePairs<codeOf(Pressure::LienardWiechert), square>(s, m, b, watch, sums);
             break;
-        case 6:
-            forcePairs<6, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::Norin):
+            forcePairs<codeOf(Pressure::Norin), square>(s, m, b, watch, sums);
             break;
-        case 7:
-            forcePairs<7, square>(s, m, b, watch, sums);
+        case codeOf(Pressure::Sukhorukov):
+            forcePairs<codeOf(Pressure::Sukhorukov), square>(s, m, b, watch, sums);
             break;
         default:
-            forcePairs<0, square>(s, m, b, watch, sums);
+            forcePairs<codeOf(Pressure::None), square>(s, m, b, watch, sums);
             break;
     }
     accelerations(m, sums, watch);
@@ -304,11 +305,11 @@ void plainForces(ModelState& s, Motion& m) {
 /// Forces and accelerations by the codes, with all their pairs.
 void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
     const int form = m.kodVgr != 0 ? m.kodDX : 0;
-    if (form == 3 && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
+    if (form == codeOf(Retardation::ByTrace) && (m.SledX.size() == 0 || m.SledX.size() <= m.NSled))
         throw SubscriptFailure("нет следа движения для DX3");
     Watch watch;
     m.fullQuadrant = false;
-    if (form == 0 && kodPgr == 0 && m.nR == 2) {
+    if (form == codeOf(Retardation::None) && kodPgr == codeOf(Pressure::None) && m.nR == 2) {
         newton(m, b, watch);
     } else {
         retardedLines(s, m, b, form, watch);

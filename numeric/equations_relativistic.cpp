@@ -156,7 +156,7 @@ void takeInputs(const ModelState& s, const Motion& m, LatePairs& in) {
     in.az = m.AZ;
     in.c2 = m.Vsv2;
     for (int k = 0; k < bodies; ++k)
-        in.gm[k] = s.gamma * s.m[k];  // unticked bodies count as potential: meant
+        in.gm[k] = s.gamma * s.m[k];  // unticked bodies count as potential: their mass is there
 }
 
 void takePotentials(Motion& m, const Fields& f) { std::copy_n(f.phi.begin(), bodies, m.Phi.begin()); }

@@ -23,8 +23,8 @@ double attraction(const ModelState& s, const GravityBench& b, double L) {
 double SledFind(const Motion& m, const Trace& saved, const Rows& X, const Rows& VX, const BodyArray& AX,
                 int body, double T, double Dt, double before) {
     const double straight = X[body] - VX[body] * T, curved = straight + AX[body] * T * T / 2;
-    if (m.kodDX == 1) return straight;
-    if (m.kodDX == 2) return curved;
+    if (m.kodDX == codeOf(Retardation::BySpeeds)) return straight;
+    if (m.kodDX == codeOf(Retardation::ByAccelerations)) return curved;
     const double dT = m.dTstageSave;
     if (T > m.NSled * Dt + dT) return curved;
     if (saved.size() == 0) throw SubscriptFailure("след движения пуст");
@@ -37,7 +37,7 @@ double SledFind(const Motion& m, const Trace& saved, const Rows& X, const Rows& 
 
 GravityBench::Point traceOf(const ModelState& s, const Motion& m, const GravityBench& b, int body, double T,
                             const GravityBench::Point& before) {
-    if (!b.useTrace || m.kodDX == 0) return {s.X[body], s.Y[body], s.Z[body]};
+    if (!b.useTrace || m.kodDX == codeOf(Retardation::None)) return {s.X[body], s.Y[body], s.Z[body]};
     return {SledFind(m, m.SledXsave, s.X, s.VX, m.AX, body, T, s.Dt, before.X),
             SledFind(m, m.SledYsave, s.Y, s.VY, m.AY, body, T, s.Dt, before.Y),
             SledFind(m, m.SledZsave, s.Z, s.VZ, m.AZ, body, T, s.Dt, before.Z)};

@@ -126,7 +126,7 @@ TARVEX_LANES Line delayedLine(double perVgr, const Line& present, const Line& la
                               int j, Watch& watch) {
     const Four t = last.r * perVgr, half = t * t * 0.5;
     Four dx = present.dx + a.vx * t, dy = present.dy + a.vy * t, dz = present.dz + a.vz * t;
-    if constexpr (form == 2) {
+    if constexpr (form == codeOf(Retardation::ByAccelerations)) {
         dx -= a.ax * half;
         dy -= a.ay * half;
         dz -= a.az * half;

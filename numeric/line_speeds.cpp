@@ -101,7 +101,7 @@ TARVEX_LANES void speedPairs(const ModelState& s, Motion& m, const BodyLanes& b,
             const Direction u(line, 1 / line.r, at(idleTable.busy[i], j));
             const Four t = line.r * perVgr;
             keepLine(m, i, j, line);
-            speedsOfStep(m, b, a, i, j, u, form == 0 ? t * 0 : t);
+            speedsOfStep(m, b, a, i, j, u, form == codeOf(Retardation::None) ? t * 0 : t);
             rates(s, m, j, m.dV1[i], m.dV1old[i], m.AV1[i], m.AV1old[i], m.BV1[i]);
             rates(s, m, j, m.dV2[i], m.dV2old[i], m.AV2[i], m.AV2old[i], m.BV2[i]);
             const Four rate = at(m.dV2[i], j) - at(m.dV1[i], j), rate2 = at(m.AV2[i], j) - at(m.AV1[i], j);
@@ -111,7 +111,8 @@ TARVEX_LANES void speedPairs(const ModelState& s, Motion& m, const BodyLanes& b,
             watch.number(rate2);
             watch.number(at(m.BV1[i], j));
             watch.number(at(m.BV2[i], j));
-            if (m.kodPgr == 5) accelerationsOfStep(s, m, a, i, j, u, t, watch);
+            if (m.kodPgr == codeOf(Pressure::LienardWiechert))
+                accelerationsOfStep(s, m, a, i, j, u, t, watch);
         }
     }
     seen = watch;
@@ -119,9 +120,9 @@ TARVEX_LANES void speedPairs(const ModelState& s, Motion& m, const BodyLanes& b,
 
 TARVEX_KERNEL void lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b, Watch& watch) {
     const int form = m.kodVgr == 1 ? m.kodDX : 0;
-    if (form == 0)
+    if (form == codeOf(Retardation::None))
         speedPairs<0>(s, m, b, watch);
-    else if (form == 1)
+    else if (form == codeOf(Retardation::BySpeeds))
         speedPairs<1>(s, m, b, watch);
     else
         speedPairs<2>(s, m, b, watch);  // the trace is not consulted here
@@ -130,13 +131,13 @@ TARVEX_KERNEL void lineSpeeds(const ModelState& s, Motion& m, const BodyLanes& b
 }  // namespace kernel
 
 void SpeedUpdate(ModelState& s, Motion& motion) {
-    if (motion.kodPgr == 0) return;
+    if (motion.kodPgr == codeOf(Pressure::None)) return;
     if (motion.Vgr == 0) throw ArithmeticFailure("скорость гравитации равна нулю");
     formPairs(motion);  // the forces stay
     BodyLanes b;
     kernel::toLanes(s, b);
     kernel::Watch watch;
-    if (motion.kodPgr == 5) kernel::jerks(s, motion);
+    if (motion.kodPgr == codeOf(Pressure::LienardWiechert)) kernel::jerks(s, motion);
     kernel::lineSpeeds(s, motion, b, watch);
     motion.fullQuadrant = true;
     kernel::checkWatch(motion, watch);

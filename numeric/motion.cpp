@@ -30,7 +30,9 @@ void fillTrace(const ModelState& s, Motion& motion) {
 }
 
 void pushTrace(const ModelState& s, Motion& motion, double Tsec) {
-    if (motion.kodDX != 3 || motion.SledX.size() == 0 || motion.Tsled + s.Dt > Tsec) return;
+    if (motion.kodDX != codeOf(Retardation::ByTrace) || motion.SledX.size() == 0 ||
+        motion.Tsled + s.Dt > Tsec)
+        return;
     motion.SledX.shift();
     motion.SledY.shift();
     motion.SledZ.shift();

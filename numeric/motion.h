@@ -8,6 +8,7 @@
 
 #include "core/constants.h"
 #include "core/model_state.h"
+#include "numeric/laws.h"
 
 namespace tarvex {
 
@@ -91,16 +92,16 @@ struct Motion {
     std::int16_t kodVgr = 0;         ///< 1: gravity has the speed Vgr
     std::int16_t kodOTO = 0;         ///< 1: relativistic right-hand side
     std::int16_t kodRelativity = 0;  ///< 1: post-Newtonian terms beside the classical forces
-    std::int16_t kodDX = 0;   ///< retardation by coordinates: 0 none, 1 speeds, 2 and accelerations, 3 trace
-    std::int16_t kodPgr = 0;  ///< law of dynamic pressure: 0 none, 2..7
-    std::int16_t kodSun = 0;  ///< 1: the Sun follows from the centre of mass
-    std::int16_t kodDiffurV = 0;   ///< 1: speeds along the line at every stage, not once a step
-    std::int16_t kodAA = 0;        ///< 1: second derivatives by accelerations of accelerations
-    std::int16_t kodLVsimple = 0;  ///< 1: the short Lienard-Wiechert form
-    std::int16_t kodEpot = 0;      ///< 1: pair terms in the energy, moment about the centre of mass
-    std::int16_t kodXcm = 0;       ///< 1: show the centre of mass in place of the planet
-    std::int16_t kodCMnow = 0;     ///< 1: the centre of mass of the moment
-    double kPgr1 = 0, kPgr2 = 0;   ///< coefficients k1, k2 of the law
+    std::int16_t kodDX = 0;          ///< retardation by coordinates, see Retardation
+    std::int16_t kodPgr = 0;         ///< law of dynamic pressure, see Pressure
+    std::int16_t kodSun = 0;         ///< 1: the Sun follows from the centre of mass
+    std::int16_t kodDiffurV = 0;     ///< 1: speeds along the line at every stage, not once a step
+    std::int16_t kodAA = 0;          ///< 1: second derivatives by accelerations of accelerations
+    std::int16_t kodLVsimple = 0;    ///< 1: the short Lienard-Wiechert form
+    std::int16_t kodEpot = 0;        ///< 1: pair terms in the energy, moment about the centre of mass
+    std::int16_t kodXcm = 0;         ///< 1: show the centre of mass in place of the planet
+    std::int16_t kodCMnow = 0;       ///< 1: the centre of mass of the moment
+    double kPgr1 = 0, kPgr2 = 0;     ///< coefficients k1, k2 of the law
 
     // --- constants of a run
     double Vgr = Vsv;  ///< speed of gravity, m/s

@@ -97,22 +97,23 @@ TARVEX_LANES Force factorLaw(Motion& m, const BodyLanes& b, const Actor& a, int 
     const Four busy = at(idleTable.busy[i], j), v1 = at(m.dV1[i], j) * busy, v2 = at(m.dV2[i], j) * busy;
     const Four rate = at(m.dR[i], j) * busy, rate2 = at(m.d2R[i], j) * busy, Ve = Vgr + v1;
     Four f = f0;
-    if constexpr (kodPgr == 2) {
+    if constexpr (kodPgr == codeOf(Pressure::Weber)) {
         f = (1 - k1 * rate * rate * perSquare + k2 * line.r * rate2 * perSquare) * f0;
-    } else if constexpr (kodPgr == 3) {
+    } else if constexpr (kodPgr == codeOf(Pressure::GerberFirst)) {
         f = (1 - (k1 * rate * rate - k2 * line.r * rate2) / (Ve * Ve)) * f0;
-    } else if constexpr (kodPgr == 4) {
+    } else if constexpr (kodPgr == codeOf(Pressure::GerberSecond)) {
         const Four less = Ve - rate, less2 = less * less;
         f = Ve * f0 * Ve * (Ve * Ve + k1 * rate * rate + k2 * line.r * rate2 - 4 * Ve * rate) /
             (less2 * less2);
-    } else if constexpr (kodPgr == 6) {
+    } else if constexpr (kodPgr == codeOf(Pressure::Norin)) {
         f = (1 - k1 * v2 * perVgr) * f0 / (1 - k2 * v1 * perVgr);
-    } else if constexpr (kodPgr == 7) {
+    } else if constexpr (kodPgr == codeOf(Pressure::Sukhorukov)) {
         const Four his2 = at(b.vx, j) * at(b.vx, j) + at(b.vy, j) * at(b.vy, j) + at(b.vz, j) * at(b.vz, j);
         const double own2 = a.vx * a.vx + a.vy * a.vy + a.vz * a.vz;
         f = root(square + his2 - 2 * Vgr * v2) * f0 / root(square + own2 - 2 * Vgr * v1);
     }
-    if constexpr (kodPgr == 3 || kodPgr == 4) put(m.Ve[i], j, Ve);
+    if constexpr (kodPgr == codeOf(Pressure::GerberFirst) || kodPgr == codeOf(Pressure::GerberSecond))
+        put(m.Ve[i], j, Ve);
     // the components take the signs of the force before the law
     const Force along = pull(line, inverse, f0 < 0 ? -f : f);
     return {f, along.x, along.y, along.z};

@@ -68,7 +68,7 @@ void advanceClock(const Experiment& e, RunDate& date) {
 
 /// Copies for the gravity bench while the debug box is on.
 void keepTrace(Motion& motion) {
-    if (motion.kodDX != 3 || motion.kodDebug == 0) return;
+    if (motion.kodDX != codeOf(Retardation::ByTrace) || motion.kodDebug == 0) return;
     motion.SledXsave = motion.SledX;
     motion.SledYsave = motion.SledY;
     motion.SledZsave = motion.SledZ;

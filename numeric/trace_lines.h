@@ -57,7 +57,8 @@ public:
     }
 
     /// Differences to the bodies j at (x, y, z) for the delays T.  A time exactly on the grid of the trace
-    /// matches no interval and keeps the differences of the iteration before: that is meant.
+    /// matches no interval and keeps the differences of the iteration before: runs
+    /// repeat their records to the last digit.
     TARVEX_LANES Differences to(Four x, Four y, Four z, Four T, const Differences& before) const {
         const FourMask near = T <= start, beyond = T > reach;
         Held held = {};
