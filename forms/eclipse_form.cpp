@@ -2,15 +2,14 @@
 
 #include <array>
 #include <cmath>
-#include <filesystem>
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "core/et_ut.h"
-#include "core/text_files.h"
 #include "forms/date_fields.h"
 #include "forms/table_captions.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/eclipse_log.h"
 
 namespace tarvex {
 
@@ -23,19 +22,12 @@ constexpr double cellsOfSky = 30;          ///< degrees in a cell of the sky
 constexpr double sideOfBodies = 12;        ///< height of the side view
 constexpr double Mrow = 30000 * MK;        ///< metres in a cell of the picture of the bodies
 constexpr std::size_t longestPath = 2000;  ///< points of the way over the disk that are kept
-const std::string paramFile = "\\Dat\\Param_data.txt", timeFile = "\\Dat\\TimeYer_data.txt";
 const std::string badData = "Введите правильно данные\r\n(целая часть числа отделяется запятой)";
 
 const Eclipse::Sky& stageOf(const Eclipse::Stages& s, int stage) {
     const std::array<const Eclipse::Sky*, 7> all = {&s.geoJ2000, &s.source,   &s.receiver, &s.ofDate,
                                                     &s.equator,  &s.nutation, &s.topo};
     return *all[stage];
-}
-
-/// hh:mm:ss of the fraction of a day.
-std::string hms(ModelState& s, double day) {
-    DayToHMS(s, day);
-    return Format(s.ChasR, "00") + ":" + Format(s.MinR, "00") + ":" + Format(s.SekR, "00");
 }
 
 }  // namespace
@@ -144,28 +136,6 @@ bool EclipseForm::takeMoment() {
     return s.kodErrDate == 0;
 }
 
-/// Heads of the log files that are ticked and do not stand yet.
-void EclipseForm::beginLogs() {
-    const ModelState& s = lab.s;
-    const auto isNew = [this](const std::string& file) {
-        return !std::filesystem::exists(lab.tree.at(file));
-    };
-    if (logPlaces.on() && isNew(paramFile)) {
-        appendLine(lab.tree.at(paramFile), "планета  № " + toText(s.IplSel) + "   обсерватория " +
-                                               s.NameData + "   данные умножены на 1000 ");
-        appendLine(lab.tree.at(paramFile),
-                   "дата наблюдения (день с часами, месяц, год), долгота и широта (Солнца потом планеты)");
-    }
-    if (logSolstices.on() && isNew(timeFile)) {
-        appendLine(lab.tree.at(timeFile),
-                   "равноденствия и солнцестояния по " + s.NameData +
-                       "   ГЕО (ТОПО) координаты Солнца где JDut солнечное время для Гринвича");
-        appendLine(lab.tree.at(timeFile),
-                   "LTet2  дата  JDut  L геоцентрическая J2000, L и B даты, L и B обратно из горизонта, A "
-                   "азимут, H высота");
-    }
-}
-
 void EclipseForm::start() {
     ModelState& s = lab.s;
     if (fromTables.on() && table_.table == nullptr) throw Refusal("Выберете имитатор", "Tarvex7");
@@ -189,13 +159,14 @@ void EclipseForm::start() {
         DEClose(lab.ephemeris);
         DEOpen(s, lab.ephemeris);
     }
-    beginLogs();
+    if (logPlaces.on()) beginPlacesLog(lab.tree, s);
+    if (logSolstices.on()) beginSolsticeLog(lab.tree, s);
     contacts_.clear();
     for (int i = 1; i <= 4; ++i) contactTimes(i).setText("");
     sunrise.setText("");
     sunset.setText("");
     greatest_ = 0;
-    altitudeKnown_ = false;
+    riseAndSet_.clear();
     kodRefresh = refreshDisks.on() ? 1 : 0;
     s.kodStop = singleStep.on() ? 1 : 0;
     started_ = true;
@@ -230,8 +201,10 @@ void EclipseForm::oneStep() {
     drawSky();
     drawDisks();
     noteContacts();
-    if (logPlaces.on()) writeParam();
-    if (e_.kodSolst) writeTimeYer();
+    if (logPlaces.on()) tarvex::logPlaces(lab.tree, s, e_, day.number(), month.number(), year.number());
+    if (e_.kodSolst)
+        logSolstice(lab.tree, s, e_,
+                    EclipseBack(s, e_, !logWithoutRefraction.on(), e_.source != Eclipse::Source::Tables));
     nextDate();
 }
 
@@ -247,7 +220,7 @@ void EclipseForm::tellCautions() {
     setStatus(text);
 }
 
-std::string EclipseForm::clockText(double moment) const { return hms(lab.s, moment); }
+std::string EclipseForm::clockText(double moment) const { return timeOfFraction(lab.s, moment); }
 
 /// The times of this step: JDut0 and the two clocks that run ahead of it.
 void EclipseForm::setClocks() {
@@ -300,7 +273,7 @@ void EclipseForm::noteContacts() {
     for (int i = 0; i < count; ++i) {
         // to the nearest second
         double JD = Int(found[i].JDut0 * sekD + 0.5) / sekD + 1e-9;
-        const std::string time = hms(s, JD + 0.5);
+        const std::string time = timeOfFraction(s, JD + 0.5);
         DateFromJD(s, JD);
         contactTimes(static_cast<int>(found[i].kind) + 1)
             .setText(time + "  " + Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." +
@@ -308,17 +281,15 @@ void EclipseForm::noteContacts() {
     }
 }
 
-/// Rise and set of the Sun's upper limb by the altitudes of this step and the last.
 void EclipseForm::noteRiseAndSet() {
     ModelState& s = lab.s;
-    const double altitude = e_.altitude[0] + e_.Rsun;
-    if (altitudeKnown_) {
-        const std::string time = hms(s, (riseByUt.on() ? s.JDut0 : s.JDut) + 0.5);
-        if (lastAltitude_ < 0 && altitude > 0) sunrise.setText(time);
-        if (lastAltitude_ > 0 && altitude < 0) sunset.setText(time);
-    }
-    lastAltitude_ = altitude;
-    altitudeKnown_ = true;
+    const bool first = !riseAndSet_.begun();
+    const auto seen = riseAndSet_.step(e_.altitude[0] + e_.Rsun);
+    if (first) return;
+    const std::string time =
+        timeOfFraction(s, (riseByUt.on() ? s.JDut0 : s.JDut) + 0.5);  // stays in the shared cells
+    if (seen == RiseAndSet::Seen::Rise) sunrise.setText(time);
+    if (seen == RiseAndSet::Seen::Set) sunset.setText(time);
 }
 
 void EclipseForm::nextDate() {
@@ -466,40 +437,6 @@ void EclipseForm::drawDisks() {
         const Mark east = place(rowLimb, 0), west = place(rowLimb + 4, 0);
         disksPicture.line(east.x, east.y, west.x, west.y, {120, 120, 220});
     }
-}
-
-// ------------------------------------------------------------------------------------------------- files
-
-/// A line while the boxes of the disks meet in azimuth and altitude.
-void EclipseForm::writeParam() {
-    ModelState& s = lab.s;
-    const int b = s.IplSel;
-    const double reach = e_.Rsun + e_.Rbody;
-    if (std::abs(e_.azimuth[b] - e_.azimuth[0]) > reach || std::abs(e_.altitude[b] - e_.altitude[0]) > reach)
-        return;
-    std::string line;
-    for (const double v :
-         {Fix(1000 * day.number()), 1000 * month.number(), 1000 * year.number(), Fix(1000 * s.Lpl[0]),
-          Fix(1000 * s.Bpl[0]), Fix(1000 * s.Lpl[b]), Fix(1000 * s.Bpl[b])})
-        line += fileItem(v);
-    appendLine(lab.tree.at(paramFile), line);
-}
-
-/// A line near an equinox or a solstice: the Sun forward, and back from the horizon.
-void EclipseForm::writeTimeYer() {
-    ModelState& s = lab.s;
-    const auto back = EclipseBack(s, e_, !logWithoutRefraction.on(), e_.source != Eclipse::Source::Tables);
-    double local = s.JDut + s.ObsL / 15 / 24;  // the clock of the line, and its date
-    const std::string time = clockText(local + 0.5);
-    DateFromJD(s, local);
-    const std::string date =
-        Format(Fix(s.DenR), "00") + "." + Format(s.MesR, "00") + "." + Format(s.GodR, "0000");
-    appendLine(lab.tree.at(timeFile),
-               time + "  " + date + "  JDut= " + Format(s.JDut, "0000000.0000") + "   L= " +
-                   Format(e_.sun.geoJ2000.L, "000.000") + "   L= " + Format(e_.sun.ofDate.L, "000.0000") +
-                   "   B= " + Format(e_.sun.ofDate.B, "00.00000000") + "   L= " + Format(back.L, "000.0000") +
-                   "   B= " + Format(back.B, "00.00000000") + "   A= " + Format(e_.azimuth[0], "000.0") +
-                   "   H= " + Format(e_.altitude[0], "00.0"));
 }
 
 }  // namespace tarvex

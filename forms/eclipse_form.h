@@ -10,7 +10,7 @@
 #include "forms/laboratory.h"
 #include "forms/picture_axes.h"
 #include "reduction/ancient_tables.h"
-#include "reduction/eclipse.h"
+#include "reduction/eclipse_log.h"
 
 namespace tarvex {
 
@@ -42,7 +42,6 @@ private:
     void readTable(bool correct);
     void start();
     bool takeMoment();
-    void beginLogs();
     void EclipseRun();
     void oneStep();
     void setClocks();
@@ -57,8 +56,6 @@ private:
     void drawDiskGrid();
     void tellAxes();
     void clearPictures();
-    void writeParam();
-    void writeTimeYer();
     void nextDate();
     std::string clockText(double moment) const;
 
@@ -71,9 +68,9 @@ private:
     double zone_ = 0;          ///< and their day start, hours
     int kodTimeDir = 1;        ///< 1: on in time, -1: back
     int kodRefresh = 0;        ///< 1: the disk plot is to be cleared, 2: it has been
-    bool started_ = false, gone_ = false, altitudeKnown_ = false;
-    double lastAltitude_ = 0;  ///< of the Sun's upper limb at the last step, degrees
-    double greatest_ = 0;      ///< greatest magnitude since the start
+    bool started_ = false, gone_ = false;
+    RiseAndSet riseAndSet_;  ///< of the Sun's upper limb
+    double greatest_ = 0;    ///< greatest magnitude since the start
     std::array<RowMarks, rowShadow + 1> marks_;
     Mark oldSun_, oldBody_, oldShadow_;
     std::deque<Mark> path_;  ///< of the body over the disk

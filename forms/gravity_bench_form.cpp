@@ -104,39 +104,11 @@ void GravityBenchForm::clearPicture() {
     pairPicture.line(0, -10, 0, 10, axis);
 }
 
-/// While it lives, the run's law and accelerations are those of the bench; then the run has its own again.
-class GravityBenchForm::LawInUse {
-public:
-    LawInUse(Motion& motion, Law& law) : motion_(motion), law_(law) { exchange(); }
-    ~LawInUse() { exchange(); }
-    LawInUse(const LawInUse&) = delete;
-    LawInUse& operator=(const LawInUse&) = delete;
-
-private:
-    void exchange() {
-        std::swap(motion_.Vgr, law_.Vgr);
-        std::swap(motion_.kPgr1, law_.kPgr1);
-        std::swap(motion_.kPgr2, law_.kPgr2);
-        std::swap(motion_.AX, law_.AX);
-        std::swap(motion_.AY, law_.AY);
-        std::swap(motion_.AZ, law_.AZ);
-    }
-
-    Motion& motion_;
-    Law& law_;
-};
-
 /// The two ticked bodies.
 GravityBench GravityBenchForm::chosenPair() {
-    GravityBench b;
-    int ticked = 0;
-    for (int i = 0; i <= 9; ++i) {
-        if (!inPair(i).on()) continue;
-        if (++ticked > 2) throw Refusal("Должно быть отмечено только 2 объекта", "Tarvex7");
-        (ticked == 1 ? b.N1 : b.N2) = i;
-    }
-    if (ticked < 2) throw Failure("должно быть отмечено 2 объекта, а не " + std::to_string(ticked));
-    return b;
+    std::array<bool, 10> ticked{};
+    for (int i = 0; i < static_cast<int>(ticked.size()); ++i) ticked[i] = inPair(i).on();
+    return benchPair(ticked);
 }
 
 /// The pair as the run left it; the fields show its law and the bodies' longitudes.
@@ -162,22 +134,12 @@ void GravityBenchForm::takeFields(const GravityBench& b) {
     Motion& m = lab.motion;
     const double Vgr = gravitySpeed.number() * Vsv, first = k1.number(), second = k2.number();
     const double L1 = longitude1.number() / kUgol, L2 = longitude2.number() / kUgol;
-    ratio(1, Vgr);
-    m.Vgr = Vgr;
-    m.kPgr1 = first;
-    m.kPgr2 = second;
-    benchPlace(lab.s, m, b.N1, L1);
-    benchPlace(lab.s, m, b.N2, L2);
+    benchPlacePair(lab.s, m, b, Vgr, first, second, L1, L2);
 }
 
 void GravityBenchForm::addSpeedOfSystem(const GravityBench& b) {
-    ModelState& s = lab.s;
     const double VXsys = systemVx.number(), VYsys = systemVy.number(), VZsys = systemVz.number();
-    for (const int i : {b.N1, b.N2}) {
-        s.VX[i] = finite(s.VX[i] + 1000 * VXsys);
-        s.VY[i] = finite(s.VY[i] + 1000 * VYsys);
-        s.VZ[i] = finite(s.VZ[i] + 1000 * VZsys);
-    }
+    benchAddVelocity(lab.s, b, VXsys, VYsys, VZsys);
 }
 
 void GravityBenchForm::place() {
@@ -187,8 +149,8 @@ void GravityBenchForm::place() {
     ratio(1, forceScale.number());
     ratio(1, velocityScale.number());
     placed_ = false;
-    law_ = {m.Vgr, m.kPgr1, m.kPgr2, m.AX, m.AY, m.AZ};
-    const LawInUse use(m, law_);
+    law_ = BenchLaw::of(m);
+    const BenchLawInUse use(m, law_);
     const RunInputsKept kept(s);
     if (fromRun.on())
         takeRun(b);
@@ -227,7 +189,7 @@ void GravityBenchForm::iterate() {
     ratio(1, forceScale.number());
     ratio(1, velocityScale.number());
     {
-        const LawInUse use(lab.motion, law_);
+        const BenchLawInUse use(lab.motion, law_);
         benchIterate(lab.s, lab.motion, bench_);
     }
     iterations.show(bench_.NDiffur);

@@ -15,13 +15,6 @@ public:
     void load() override;
 
 private:
-    /// What the bench counts with in the place of the run's own: the law and the accelerations.
-    struct Law {
-        double Vgr = 0, kPgr1 = 0, kPgr2 = 0;
-        BodyArray AX{}, AY{}, AZ{};
-    };
-    class LawInUse;
-
     GravityBench chosenPair();
     void takeRun(const GravityBench& b);
     void takeFields(const GravityBench& b);
@@ -36,7 +29,7 @@ private:
 
     Laboratory& lab;
     GravityBench bench_;
-    Law law_;
+    BenchLaw law_;
     bool placed_ = false;
 };
 

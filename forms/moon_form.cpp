@@ -185,13 +185,6 @@ void MoonForm::showElements() {
     inclinationMeasured.show(cut6(s.Betta0[11] * kUgol));
 }
 
-double MoonForm::angularMomentum() const {
-    const ModelState& s = lab.s;
-    return ((s.VY[11] - s.VY[0]) * (s.X[11] - s.X[0]) - (s.VX[11] - s.VX[0]) * (s.Y[11] - s.Y[0])) * s.m[11];
-}
-
-double MoonForm::momentumY() const { return lab.s.m[13] * lab.s.VY[0] + lab.s.m[11] * lab.s.VY[11]; }
-
 void MoonForm::start() {
     ModelState& s = lab.s;
     OrbitCheck c;
@@ -216,8 +209,8 @@ void MoonForm::start() {
     }
     orbitCheckCentre(s, c);
     startOrbitCheck(s, c);
-    c.M0sys = finite(angularMomentum());
-    c.KD0sysY = finite(momentumY());
+    c.M0sys = finite(moonAngularMomentum(s));
+    c.KD0sysY = finite(pairMomentumY(s));
     check_ = c;
     orbitPicture.text(-9, -4.1, "E0sys (Дж)=              " + toText(c.Esys0), black);
     orbitPicture.text(-9, -4.8, "M0sys (кг*м^2/с) =   " + toText(c.M0sys), black);
@@ -291,8 +284,9 @@ void MoonForm::display() {
     longitude.show(Fix(100 * s.LonPl[11]) / 100);
     s.RSol = s.Rcur;  // distance of the pair, m, in the cell of the Sun's radius, which is lost by it
     energyChange.show(percent(check_.Esys, check_.Esys0));
-    angularMomentumChange.show(percent(angularMomentum(), check_.M0sys));
-    if (std::abs(check_.KD0sysY) > leastMomentum) momentumYChange.show(percent(momentumY(), check_.KD0sysY));
+    angularMomentumChange.show(percent(moonAngularMomentum(s), check_.M0sys));
+    if (std::abs(check_.KD0sysY) > leastMomentum)
+        momentumYChange.show(percent(pairMomentumY(s), check_.KD0sysY));
 }
 
 void MoonForm::drawPair(Color earth, Color moon, Color centre) {

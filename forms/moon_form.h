@@ -32,8 +32,6 @@ private:
     void OrbitCheckLoop();
     void display();
     void drawPair(Color earth, Color moon, Color centre);
-    double angularMomentum() const;
-    double momentumY() const;
     struct DateFields dateFields();
 
     Laboratory& lab;

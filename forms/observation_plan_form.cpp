@@ -8,7 +8,6 @@
 #include "forms/statistics_form.h"
 #include "numeric/records.h"
 #include "reduction/observation_plan.h"
-#include "stats/series.h"
 #include "stats/stat.h"
 
 namespace tarvex {
@@ -231,31 +230,14 @@ void ObservationPlanForm::SendToForm22() {
     }
 }
 
-/// The zero levels as a record of a series: angles in degrees, the radius in million km, motions in radians a
-/// century.
-Record ObservationPlanForm::levelsAsRecord() const {
-    Record record;
-    record.Par[parAlfaP] = zeroLevel(4).number();
-    record.Par[parAlfaU] = zeroLevel(5).number();
-    record.Par[parBetta] = zeroLevel(3).number();
-    record.Par[parEks] = zeroLevel(2).number();
-    record.Par[parW] = zeroLevel(6).number();
-    record.Par[parAlfaL0] = zeroLevel(7).number();
-    record.Par[parDP11] = zeroLevel(8).number();
-    record.Par[parDU11] = zeroLevel(9).number();
-    record.Par[parVes] = lab.plan.Xnul[10];
-    record.Par[parRsr] = zeroLevel(1).number() / 1000;
-    return record;
-}
-
 void ObservationPlanForm::AddOptimumRecord() {
-    ObservationsForm& data = lab.desk.get<ObservationsForm>();
     ModelState& s = lab.s;
-    const int planet = planetOfPlan(data.bodyNumber.int32());
+    const int planet = planetOfPlan(lab.desk.get<ObservationsForm>().bodyNumber.int32());
     s.NPlan = planNumber.int16();
-    Record record = levelsAsRecord();
+    std::array<double, factors + 1> level{};
+    for (const int i : {4, 5, 3, 2, 6, 7, 8, 9, 1}) level[i] = zeroLevel(i).number();
     const double date = s.JDepoha;
-    record.ddTd = 2 * (s.JDut - date);
+    const Record record = optimumRecord(level, lab.plan.Xnul[10], 2 * (s.JDut - date));
 
     lab.desk.show("Form6");
     auto& form = lab.desk.get<StatisticsForm>();
@@ -264,80 +246,38 @@ void ObservationPlanForm::AddOptimumRecord() {
     form.planNumber.show(s.NPlan);
     form.planet(planet).choose();
 
-    SeriesData changed = lab.series;
-    changed.Npl = planet;
-    changed.DirImit = "\\Ser";
-    changed.FileData = files::series("\\Ser\\Plan" + std::to_string(s.NPlan), planet);
-    const std::string& name = changed.FileData;
-    try {
-        readSeries(lab.tree, name, dataLong, changed);
-    } catch (const OpenFailure&) {
-        throw Refusal("Не могу найти файл\r\n" + name, box);
-    } catch (const Refusal&) {
-        throw;
-    } catch (const std::exception& failure) {
-        lab.desk.tell({"Ошибка чтения данных из файла\r\n" + name, box, causeOf(failure), true});
-        throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
-    }
-    changed.kodData = dataLong;
-    const std::string asRead =
-        "NP1max=  " + std::to_string(changed.NP1max()) + "   JD0 =  " + toText(changed.JD0);
-    changed.header[2] = "по плану №  " + std::to_string(s.NPlan) + "   от " + todayText();
-    int at = recordAt(changed, date);
-    if (at == 0) {
-        at = placeFor(changed, date);
-        insertRecord(changed, at, date, record);
-    } else if (desk().screen().ask("Точка №  " + std::to_string(at) + "  с такой датой уже есть\r\n" +
+    const std::string name = optimumFile(s.NPlan, planet);
+    OptimumSeries changed = [&] {
+        try {
+            return readOptimumSeries(lab.tree, lab.series, s.NPlan, planet, todayText());
+        } catch (const OpenFailure&) {
+            throw Refusal("Не могу найти файл\r\n" + name, box);
+        } catch (const Refusal&) {
+            throw;
+        } catch (const std::exception& failure) {
+            lab.desk.tell({"Ошибка чтения данных из файла\r\n" + name, box, causeOf(failure), true});
+            throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
+        }
+    }();
+    const int at = enterOptimum(changed.series, date, record, [&](int there) {
+        return desk().screen().ask("Точка №  " + std::to_string(there) + "  с такой датой уже есть\r\n" +
                                        "Заменить параметры этой точки?",
-                                   box)) {
-        record.dTd = changed.at(at).dTd;
-        changed.records[at - 1] = record;
-    } else {
-        insertRecord(changed, at, date, record);
-    }
-    stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, changed); });
-    lab.series = std::move(changed);
-    printSeries(asRead, at);
+                                   box);
+    });
+    stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, changed.series); });
+    lab.series = changed.series;
+    printSeries(changed, at);
 }
 
-/// The series on the picture of the statistics: the heads, the line of what was read, the records, the new
-/// one between lines.
-void ObservationPlanForm::printSeries(const std::string& asRead, int marked) {
-    struct Item {
-        const char* label;
-        int p;
-        const char* pattern;
-        double factor;
-    };
-    constexpr Item items[] = {{"    Ves= ", parVes, "00.000", 1},
-                              {"    AlfaP  = ", parAlfaP, "000000.0000", 1},
-                              {"    AlfaU  = ", parAlfaU, "000000.0000", 1},
-                              {"    Betta  = ", parBetta, "000.00000", 1},
-                              {"    Eks  = ", parEks, "0.0000000", 1},
-                              {"    Rsr  = ", parRsr, "0000000.000", 1000},
-                              {"    W0  = ", parW, "0000.0000", 1},
-                              {"    AlfaL0  = ", parAlfaL0, "0000000.000", 1},
-                              {"    dP11  = ", parDP11, "00.000000", 1},
-                              {"    dU11  = ", parDU11, "00.000000", 1}};
-    const SeriesData& d = lab.series;
+/// On the picture of the statistics.
+void ObservationPlanForm::printSeries(const OptimumSeries& changed, int marked) {
     auto& form = lab.desk.get<StatisticsForm>();
-    const double rows = d.NP1max() / 2.0 + 10;
+    const double rows = changed.series.NP1max() / 2.0 + 10;
     form.drawEmpty(rows, 52, false);
     double y = rows - 0.3;
-    const auto print = [&](const std::string& text) {
-        form.picture.text(0.3, y, text);
+    for (const std::string& line : optimumLines(changed, marked)) {
+        form.picture.text(0.3, y, line);
         y -= 0.5;
-    };
-    for (const std::string& line : d.header) print(line);
-    print(asRead);
-    for (int i = 1; i <= d.NP1max(); ++i) {
-        const Record& r = d.at(i);
-        std::string text = Format(i, "0000") + "    dT= " + Format(r.dTd, "0000000.00") +
-                           "    ddT= " + Format(r.ddTd, "000000.00");
-        for (const Item& item : items) text += item.label + Format(r.Par[item.p] * item.factor, item.pattern);
-        if (i == marked) print("---------------------");
-        print(text);
-        if (i == marked) print("---------------------");
     }
 }
 

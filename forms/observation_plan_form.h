@@ -4,6 +4,7 @@
 
 #include "forms/laboratory.h"
 #include "forms/observation_plan_controls.h"
+#include "reduction/optimum_record.h"
 
 namespace tarvex {
 
@@ -22,7 +23,6 @@ private:
     void fromFile();
     void SavePlan13();
     void OptimizePlan13();
-    Record levelsAsRecord() const;
     void AddOptimumRecord();
     void SendToForm22();
     void ShowPlanFields();
@@ -31,7 +31,7 @@ private:
     bool sourceChosen(const ObservationsForm& data) const;
     std::string testFile(const ObservationsForm& data) const;
     void showSource();
-    void printSeries(const std::string& asRead, int marked);
+    void printSeries(const OptimumSeries& changed, int marked);
 
     Laboratory& lab;
     std::int32_t testNumber_ = 1;  ///< in the name of the file

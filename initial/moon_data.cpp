@@ -55,4 +55,13 @@ void moonInitialData(ModelState& s, const MoonTransformations& t) {
     setInitial(s, rowMoon, {placeOf(s, rowMoon), velocityOf(s, rowMoon)});
 }
 
+double moonAngularMomentum(const ModelState& s) {
+    constexpr int moon = rowMoon, earth = 0;
+    return ((s.VY[moon] - s.VY[earth]) * (s.X[moon] - s.X[earth]) -
+            (s.VX[moon] - s.VX[earth]) * (s.Y[moon] - s.Y[earth])) *
+           s.m[moon];
+}
+
+double pairMomentumY(const ModelState& s) { return s.m[rowEarth] * s.VY[0] + s.m[rowMoon] * s.VY[rowMoon]; }
+
 }  // namespace tarvex

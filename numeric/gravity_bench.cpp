@@ -117,6 +117,45 @@ void benchPlace(ModelState& s, Motion& motion, int body, double L) {
     s.VZ[body] = v * std::sin(s.Betta0[body]);
 }
 
+void BenchLawInUse::exchange() {
+    std::swap(motion_.Vgr, law_.Vgr);
+    std::swap(motion_.kPgr1, law_.kPgr1);
+    std::swap(motion_.kPgr2, law_.kPgr2);
+    std::swap(motion_.AX, law_.AX);
+    std::swap(motion_.AY, law_.AY);
+    std::swap(motion_.AZ, law_.AZ);
+}
+
+GravityBench benchPair(const std::array<bool, 10>& ticked) {
+    GravityBench b;
+    int count = 0;
+    for (int i = 0; i < static_cast<int>(ticked.size()); ++i) {
+        if (!ticked[i]) continue;
+        if (++count > 2) throw Refusal("Должно быть отмечено только 2 объекта", "Tarvex7");
+        (count == 1 ? b.N1 : b.N2) = i;
+    }
+    if (count < 2) throw Failure("должно быть отмечено 2 объекта, а не " + std::to_string(count));
+    return b;
+}
+
+void benchPlacePair(ModelState& s, Motion& motion, const GravityBench& b, double Vgr, double kPgr1,
+                    double kPgr2, double L1, double L2) {
+    ratio(1, Vgr);
+    motion.Vgr = Vgr;
+    motion.kPgr1 = kPgr1;
+    motion.kPgr2 = kPgr2;
+    benchPlace(s, motion, b.N1, L1);
+    benchPlace(s, motion, b.N2, L2);
+}
+
+void benchAddVelocity(ModelState& s, const GravityBench& b, double VX, double VY, double VZ) {
+    for (const int i : {b.N1, b.N2}) {
+        s.VX[i] = finite(s.VX[i] + 1000 * VX);
+        s.VY[i] = finite(s.VY[i] + 1000 * VY);
+        s.VZ[i] = finite(s.VZ[i] + 1000 * VZ);
+    }
+}
+
 void benchRestore(ModelState& s, Motion& motion) {
     for (int i = 0; i < bodies; ++i) {
         s.X[i] = motion.Xsave[i], s.Y[i] = motion.Ysave[i], s.Z[i] = motion.Zsave[i];

@@ -47,6 +47,42 @@ struct GravityBench {
 /// 0. A Sun rests in the origin.
 void benchPlace(ModelState& s, Motion& motion, int body, double L);
 
+/// The law and the accelerations of the bench; a run has its own.
+struct BenchLaw {
+    double Vgr = 0, kPgr1 = 0, kPgr2 = 0;  ///< m/s; coefficients of the pressure
+    BodyArray AX{}, AY{}, AZ{};            ///< m/s^2
+    static BenchLaw of(const Motion& m) { return {m.Vgr, m.kPgr1, m.kPgr2, m.AX, m.AY, m.AZ}; }
+};
+
+/// While it lives, the run's law and accelerations are those of the bench; then the run has its own again.
+class BenchLawInUse {
+public:
+    BenchLawInUse(Motion& motion, BenchLaw& law) : motion_(motion), law_(law) { exchange(); }
+    ~BenchLawInUse() { exchange(); }
+    BenchLawInUse(const BenchLawInUse&) = delete;
+    BenchLawInUse& operator=(const BenchLawInUse&) = delete;
+
+private:
+    void exchange();
+
+    Motion& motion_;
+    BenchLaw& law_;
+};
+
+/// The pair of the two ticked bodies, in rising order.
+/// @throws Refusal for more than two, Failure for less
+GravityBench benchPair(const std::array<bool, 10>& ticked);
+
+/// Both bodies of the pair on circular orbits at their longitudes, rad, under a law.
+/// @param Vgr  speed of gravity, m/s
+/// @throws ArithmeticFailure for Vgr = 0
+void benchPlacePair(ModelState& s, Motion& motion, const GravityBench& b, double Vgr, double kPgr1,
+                    double kPgr2, double L1, double L2);
+
+/// Adds the velocity of the system, km/s, to both bodies.
+/// @throws ArithmeticFailure for a speed beyond numbers; what was added before stays
+void benchAddVelocity(ModelState& s, const GravityBench& b, double VX, double VY, double VZ);
+
 /// State of all bodies and their accelerations as the last right-hand side of a run left them for the bench.
 void benchRestore(ModelState& s, Motion& motion);
 

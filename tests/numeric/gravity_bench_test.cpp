@@ -89,9 +89,12 @@ TEST(GravityBenchTest, TraceOfARunIsSearchedWithItsStrictBounds) {
     benchPlace(s, m, 5, 3.9);
     EXPECT_NEAR(std::hypot(s.VX[3], s.VY[3], s.VZ[3]), 29785, 60);
     EXPECT_NEAR(s.X[3] * s.VX[3] + s.Y[3] * s.VY[3], 0, 1e-3 * 1.5e11 * 29785);
-    GravityBench b;
-    b.N1 = 3;
-    b.N2 = 5;
+    const double before = s.VY[5];
+    GravityBench b = benchPair({false, false, false, true, false, true});
+    benchAddVelocity(s, b, 0, 3, 0);
+    EXPECT_DOUBLE_EQ(s.VY[5], before + 3000);
+    EXPECT_THROW(benchPair({true, true, true}), Refusal);
+    EXPECT_THROW(benchPair({true}), Failure);
     b.useTrace = true;
     m.Vgr = 0.01 * Vsv;
     m.kodVgr = 1;
