@@ -163,7 +163,7 @@ private:
 
 }  // namespace
 
-std::vector<std::string> experimentScript(const BatchOptions& options, int planet, int experiment) {
+std::vector<std::string> settingsScript(const BatchOptions& options, int planet) {
     std::vector<std::string> first, last, plan = {"Form15.Text4 = " + std::to_string(options.plan)};
     // what the plan is made of comes before its levels are loaded; Form1 before everything
     for (const BatchSetting& setting : options.settings) {
@@ -179,9 +179,7 @@ std::vector<std::string> experimentScript(const BatchOptions& options, int plane
     std::vector<std::string> script = first;
     script.insert(script.end(), plan.begin(), plan.end());
     script.insert(script.end(), last.begin(), last.end());
-    const std::string e = std::to_string(experiment);
-    script.insert(script.end(), {"Form2.Text13 = " + std::to_string(planet), "Form15.Text5 = " + e,
-                                 "Form15.Text6 = " + e, "Form15.Command8"});
+    script.push_back("Form2.Text13 = " + std::to_string(planet));
     return script;
 }
 

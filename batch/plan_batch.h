@@ -1,6 +1,6 @@
 #pragma once
-// The experiments of a plan, each in a process of its own: Form15 drives Form2 as at the desk, in a passing
-// data tree, and the finished run file is renamed into the real one, so that a file there is always whole.
+// The experiments of a plan, each in a process of its own and in a passing data tree; the finished run file
+// is renamed into the real one, so that a file there is always whole.
 
 #include <iosfwd>
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace tarvex {
 
-/// The script of one experiment for one planet.
-std::vector<std::string> experimentScript(const BatchOptions& options, int planet, int experiment);
+/// The script that sets the screens for the experiments of one planet: data, plan, settings.
+std::vector<std::string> settingsScript(const BatchOptions& options, int planet);
 
 /// Runs the experiments and tells their progress and expected end on `err`, the written files on `out`.
 /// SIGINT and SIGTERM end the batch; what is finished stays, and --resume goes on from there.

@@ -5,7 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <sstream>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "core/data_tree.h"
 #include "core/failure.h"
 #include "forms/laboratory.h"
+#include "forms/screens.h"
 #include "script/player.h"
 
 namespace tarvex {
@@ -24,25 +24,36 @@ namespace {
 
 constexpr const char* troubleNote = "trouble";  ///< file of a passing tree: what went wrong
 
-/// The screen of a worker: prints nothing, keeps what went wrong, sends its progress up a pipe.
+std::string troubleText(const std::string& text, const std::string& cause) {
+    return text + (cause.empty() ? "" : " (" + cause + ")");
+}
+
+/// The screen of a worker prints nothing and keeps what went wrong.
 class WorkerScreen final : public ScriptScreen {
 public:
-    WorkerScreen(std::ostream& out, int pipe) : ScriptScreen(out), pipe_(pipe) {}
+    using ScriptScreen::ScriptScreen;
     void message(const Message& told) override {
         // an outer handler would tell its own text of the same trouble
-        if (trouble.empty()) trouble = told.text + (told.cause.empty() ? "" : " (" + told.cause + ")");
+        if (trouble.empty()) trouble = troubleText(told.text, told.cause);
         throw Failure(told.text);
     }
-    void progress(Form&, double share) override {
-        const auto percent = static_cast<unsigned char>(std::clamp(share, 0.0, 1.0) * 100);
+
+    std::string trouble;  ///< the first message
+};
+
+/// Sends the progress of a run up a pipe, a byte a percent.
+class WorkerPort final : public ExperimentPort {
+public:
+    WorkerPort(const Experiment& e, int pipe) : e_(e), pipe_(pipe) {}
+    void showDate() override {
+        const auto percent = static_cast<unsigned char>(shareDone(e_) * 100);
         if (percent == last_) return;
         last_ = percent;
         [[maybe_unused]] const auto sent = write(pipe_, &percent, 1);
     }
 
-    std::string trouble;  ///< the first message
-
 private:
+    const Experiment& e_;
     int pipe_;
     unsigned char last_ = 255;
 };
@@ -57,16 +68,35 @@ void makePassingTree(const fs::path& tree, const fs::path& root, int plan, const
             fs::create_directory_symlink(fs::absolute(root / folder), tree / folder);
 }
 
+/// The experiment, with the settings that the screens hold.
+/// @return  what went wrong, empty when nothing did
+std::string runTask(Laboratory& lab, const BatchOptions& options, const Task& task, int pipe) {
+    const Experiment e = lab.experiment();
+    try {
+        PlanSettings plan;
+        stage("Ошибка при выполнение плана", "", [&] { plan = screenOf<PlanScreen>(lab.desk).takePlan(); });
+        lab.desk.show(RunScreen::formName);
+        const RunSettings run = screenOf<RunScreen>(lab.desk).settings();
+        WorkerPort port(e, pipe);
+        stage("Задайте правильно данные", "",
+              [&] { runPlanExperiment(e, lab.plan, task.experiment, plan, run, port); });
+    } catch (const Refusal& refusal) {
+        return troubleText(refusal.text, lab.desk.shortened(refusal.cause));
+    }
+    const bool written =
+        fs::is_regular_file(lab.tree.at(files::runRecord(options.plan, task.planet, task.experiment)));
+    return written ? "" : "эксперимент не записал файла";
+}
+
 /// The life of a worker process: exit status 0, or 1 with the failure left in the tree.
 int work(const BatchOptions& options, const Task& task, const fs::path& tree, int pipe) {
     std::ostringstream printed;
     std::string trouble;
-    WorkerScreen screen(printed, pipe);
+    WorkerScreen screen(printed);
     try {
         Laboratory lab(screen, tree);
-        Player(screen, lab.desk, lab.names).play(experimentScript(options, task.planet, task.experiment));
-        if (!fs::is_regular_file(lab.tree.at(files::runRecord(options.plan, task.planet, task.experiment))))
-            trouble = "эксперимент не записал файла";
+        Player(screen, lab.desk, lab.names).play(settingsScript(options, task.planet));
+        trouble = runTask(lab, options, task, pipe);
     } catch (const LineFailure& failure) {
         trouble = failure.text;
     } catch (const std::exception& failure) {

@@ -16,6 +16,7 @@ void takeLaws(Motion& motion, const LawSettings& laws) {
     motion.kodDiffurV = laws.ratesEachStage ? 1 : 0;
     motion.kodAA = laws.ratesFromAccelerations ? 1 : 0;
     motion.kodLVsimple = laws.shortLienardWiechert ? 1 : 0;
+    motion.kodRelativity = laws.relativity ? 1 : 0;
     motion.kodEpot = laws.pairEnergies ? 1 : 0;
     motion.kodXcm = laws.showCentre ? 1 : 0;
     motion.kodCMnow = laws.centreNow ? 1 : 0;

@@ -27,6 +27,7 @@ struct LawSettings {
     bool ratesEachStage = false;                  ///< speeds along the lines at every stage of a step
     bool ratesFromAccelerations = false;          ///< second derivatives by accelerations of accelerations
     bool shortLienardWiechert = false;            ///< the short form of that law
+    bool relativity = false;                      ///< post-Newtonian terms beside the classical forces
     bool pairEnergies = false;                    ///< pair terms in the energy
     bool showCentre = false;                      ///< the centre of mass in place of the body
     bool centreNow = false;                       ///< the centre of mass of the moment

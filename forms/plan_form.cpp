@@ -59,10 +59,9 @@ PlanForm::PlanForm(Laboratory& lab_)
     opens(openFiles, "Form9");
     experimentEnd.onChange(
         [this] {
-            confirmed = confirming;
-            if (confirming) return;
+            if (confirming || telling) return;
             firstExperiment.show(lab.plan.Nexp + 1);
-            NextExperiment();
+            runFromNext();
         },
         orShow("Ошибка при выполнение плана", box));
     layOut();
@@ -92,14 +91,10 @@ void PlanForm::tellState() {
 void PlanForm::CreatePlan15() {
     PlanBlock& p = lab.plan;
     fittedCriterion = {};
-    p.kodPlan = rotatablePlan.on() ? planRoto : planOrtho;
-    p.Nf = 0;
+    std::vector<int> factors;
     for (int i = 1; i <= gravityFactors; ++i)
-        if (useFactor(i).on()) p.Nfact[++p.Nf] = static_cast<std::int16_t>(i);
-    if (p.Nf < 2 || p.Nf > maxFactors) throw Refusal("К-во факторов должно быть от 2 до 6", box);
-    PlanCenterCount(p);
-    BuildPlan(p);
-    PlanCoefficients(p);
+        if (useFactor(i).on()) factors.push_back(i);
+    createGravityPlan(p, rotatablePlan.on() ? planRoto : planOrtho, factors);
     page = PlanPage::of(p.Nf, 58);
     lastExperiment.show(p.Nplan);
     page.drawEmpty(picture, true);

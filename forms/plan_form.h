@@ -3,20 +3,28 @@
 // experiment by experiment, compares calculated and observed secular shifts, fits the regression and solves
 // for the optimum.
 
+#include "experiment/plan_run.h"
 #include "forms/laboratory.h"
 #include "forms/plan_controls.h"
 #include "forms/plan_picture.h"
+#include "forms/screens.h"
 #include "stats/bench.h"
 #include "stats/drift_solution.h"
 
 namespace tarvex {
 
-class PlanForm final : public PlanControls {
+class PlanForm final : public PlanControls, public PlanScreen {
 public:
-    static constexpr const char* formName = "Form15";
+    using PlanScreen::formName;
     explicit PlanForm(Laboratory& lab);
     void load() override;
     void activate() override;
+    void unload() override { gone = true; }
+
+    bool testsPlan() const override { return testExperiments.on(); }
+    bool rotatable() const override { return rotatablePlan.on(); }
+    PlanSettings takePlan() override;
+    void experimentEnded() override;
 
 private:
     void CreatePlan15();
@@ -24,7 +32,8 @@ private:
     void SavePlan15();
     void LoadObserved15();
     void RunExperiments();
-    void NextExperiment();
+    void runFromNext();
+    bool NextExperiment();
     void ComputeCriterion();
     void Fit15();
     void Optimize15();
@@ -46,9 +55,10 @@ private:
     std::vector<int> tickedParameters() const;
 
     void readLevels();
-    void startPlanCodes();
-    void startExperiment(const FactorValues& values, int number);
-    void prepareForm2();
+    PlanSettings choices() const;
+    void startPlan();
+    bool runExperiment(int number);
+    void tellEnd();
     void endBatch();
     void testCriterionOfPlan();
     void modelCriterion();
@@ -68,7 +78,9 @@ private:
     ShiftTable observedErrorsAtLoad{};
     DriftProblem solvedProblem;
     std::optional<DriftSolution> solution;
-    bool confirming = false, confirmed = false;  ///< an experiment at the solution runs; it has ended
+    bool confirming = false;  ///< an experiment at the solution runs: the plan does not go on after it
+    bool telling = false;     ///< the end of an experiment that this form has begun
+    bool gone = false;        ///< unloaded
 };
 
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #include "forms/run_form.h"
 
 #include <chrono>
+#include <utility>
 
 #include "core/arithmetic.h"
 #include "core/clock.h"
@@ -15,12 +16,10 @@ constexpr std::int16_t headWritten = 88;  ///< kodTestHead once the head of the 
 constexpr double noteHeight = 13;         ///< the longest line on the plot fits its width
 constexpr double longRun = 20;            ///< seconds: the end of a longer run is announced
 
-/// True when the option of another form is on; a form that is not loaded has none on.
-bool optionOn(Desk& desk, const std::string& form, const std::string& option) {
-    if (!desk.isLoaded(form)) return false;
-    Control* found = desk.form(form).find(option);
-    return found != nullptr && found->kind() == Control::Kind::Option &&
-           static_cast<OptionButton*>(found)->on();
+/// What stands in the trigger of a run.
+double secondsOfDay() {
+    using namespace std::chrono;
+    return cut6(duration<double>(system_clock::now().time_since_epoch() % hours(24)).count());
 }
 
 }  // namespace
@@ -39,8 +38,22 @@ RunForm::RunForm(Laboratory& lab_)
 
 void RunForm::bindCommands() {
     const Shown bad = orShow("Задайте правильно данные", "Tarvex7");
-    startRun.onPress([this] { start(); }, bad);
-    startTrigger.onChange([this] { start(); }, bad);
+    startRun.onPress(
+        [this] {
+            start();
+            runAlone();
+        },
+        bad);
+    startTrigger.onChange(
+        [this] {
+            bool* const planEnd = std::exchange(planEnd_, nullptr);
+            start();
+            if (planEnd != nullptr)
+                *planEnd = run();
+            else
+                runAlone();
+        },
+        bad);
     stopRun.onPress([this] { stop(); });
     continueRun.onPress([this] { resume(); }, bad);
     runSteps.onPress([this] { runBatch(); }, bad);
@@ -233,7 +246,8 @@ RunSettings RunForm::settings() const {
     set.model = model.on();
     set.relativistic = relativistic.on();
     set.finiteGravitySpeed = useGravitySpeed.on();
-    set.test = optionOn(desk(), "Form15", "Option5");
+    const PlanScreen* const plan = loadedScreen<PlanScreen>(desk());
+    set.test = plan != nullptr && plan->testsPlan();
     set.measuring = exactPassages.on() ? Measuring::ExactPassages : Measuring::Windows;
     set.stepper = highOrder.on() ? Stepper::Order8 : Stepper::RungeKutta4;
     set.boxes = boxes();
@@ -243,7 +257,6 @@ RunSettings RunForm::settings() const {
 void RunForm::start() {
     showGiven(lab, given, true);
     beginExperiment(lab.experiment(), {.run = settings()}, *this);
-    run();
 }
 
 void RunForm::settingsTaken() {
@@ -283,7 +296,8 @@ std::string RunForm::cautions() const {
 }
 
 void RunForm::writeTestHead() {
-    const bool roto = optionOn(desk(), "Form15", "Option2");
+    const PlanScreen* const plan = loadedScreen<PlanScreen>(desk());
+    const bool roto = plan != nullptr && plan->rotatable();
     writeTestPlanHead(lab.tree, lab.plan, roto);
     showNotes({.trace = "", .top = testPlanHead(lab.plan, roto), .foot = {}});
     desk().pause(5000);
@@ -301,14 +315,14 @@ void RunForm::resume() {
     runsShown_ -= runsShown_ > 0;  // the same run goes on
     tellPlots();
     ++runsShown_;
-    run();
+    runAlone();
 }
 
 void RunForm::runBatch() {
     goOn();
     continueExperiment(lab.experiment(), settings());
     lab.s.kodStop = 1;  // the first display pass ends the loop
-    run();
+    runAlone();
 }
 
 void RunForm::stop() {
@@ -317,27 +331,58 @@ void RunForm::stop() {
     lab.plan.Nexp = lab.plan.Nplan;
 }
 
-/// Runs the loop and tells the plan, whose handler starts the next experiment inside this call.
-void RunForm::run() {
-    const double began = clockSeconds();
+/// Runs the loop.
+/// @return  true when an experiment of a plan has ended by itself
+bool RunForm::run() {
     {
         const Running running(*this);
         ++runs_;
         RunLoop(lab.experiment(), *this);
         pause_.emplace(lab.experiment());
     }
-    if (lab.run.NPlanStart > 0 && !gone_) {
-        lab.s.NPlan =
-            lab.run.NPlanStart;  // whatever other forms have set since: the next experiment is of this plan
-        if (desk().knows("Form15"))
-            if (Control* box = desk().form("Form15").find("Text3");
-                box != nullptr && box->kind() == Control::Kind::Text)
-                static_cast<TextField*>(box)->setText(timeOfDay());
+    if (lab.run.NPlanStart == 0 || gone_) return false;
+    // whatever other forms have set since: the next experiment is of this plan
+    lab.s.NPlan = lab.run.NPlanStart;
+    return true;
+}
+
+/// Runs the loop; the plan, if the run is one of its, goes on inside this call.
+void RunForm::runAlone() {
+    const double began = clockSeconds();
+    if (run()) {
+        if (desk().knows(PlanScreen::formName)) screenOf<PlanScreen>(desk()).experimentEnded();
         lab.s.NPlan = 0;
     } else if (!gone_ && clockSeconds() - began > longRun) {
         desk().screen().notify("Расчет эксперимента № " + experimentNumber.text() +
                                " закончен: " + lab.run.ModelName);
     }
+}
+
+void RunForm::chooseForPlan(bool finiteGravitySpeed) {
+    model.choose();
+    struct Tick {
+        CheckBox& box;
+        bool on;
+    };
+    const Tick ticks[] = {{animation, false},
+                          {measureOrbit, true},
+                          {writeRecords, true},
+                          {renewBaselines, true},
+                          {useGravitySpeed, finiteGravitySpeed},
+                          {endAtYear, true},
+                          {originSun, true},
+                          {watchEnergy, false},
+                          {writeTrack, false}};
+    for (const Tick& tick : ticks) tick.box.set(tick.on);
+}
+
+bool RunForm::runOfPlan(int number, double speed) {
+    experimentNumber.show(number);
+    gravitySpeed.show(speed);
+    bool ended = false;
+    planEnd_ = &ended;
+    startTrigger.show(secondsOfDay());
+    return ended;
 }
 
 void RunForm::testExperiment() {

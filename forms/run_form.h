@@ -10,13 +10,14 @@
 #include "forms/laboratory.h"
 #include "forms/picture_axes.h"
 #include "forms/run_controls.h"
+#include "forms/screens.h"
 #include "numeric/run_pause.h"
 
 namespace tarvex {
 
-class RunForm final : public RunControls, private ExperimentPort {
+class RunForm final : public RunControls, public RunScreen, private ExperimentPort {
 public:
-    static constexpr const char* formName = "Form2";
+    using RunScreen::formName;
     explicit RunForm(Laboratory& lab);
 
     void load() override;
@@ -24,8 +25,12 @@ public:
     void unload() override;
     void settled() noexcept override;
 
-    /// What is typed and chosen, as Start would read it.
-    RunSettings settings() const;
+    // --- for the plan (RunScreen)
+    RunSettings settings() const override;
+    void chooseForPlan(bool finiteGravitySpeed) override;
+    bool runOfPlan(int number, double gravitySpeed) override;
+    std::string body() const override { return bodyNumber.text(); }
+    void setBody(const std::string& typed) override { bodyNumber.setText(typed); }
 
 private:
     static double clockSeconds();  ///< of the computer
@@ -41,7 +46,8 @@ private:
     void resume();
     void runBatch();
     void stop();
-    void run();
+    bool run();
+    void runAlone();
     void goOn();
     std::string cautions() const;
     void writeTestHead();
@@ -94,11 +100,12 @@ private:
     double timeOnPlot() const;
 
     Laboratory& lab;
-    std::map<int, std::string> notes_;       ///< lines that stand on the plot, by their place
-    double viewX_ = 0, viewY_ = 0;           ///< middle of the system view, its units
-    bool gone_ = false;                      ///< unloaded: the run ends
-    int runs_ = 0;                           ///< times that the loop was entered
-    std::optional<RunPause> pause_;          ///< the run that was left last, for "Продолжить"
+    std::map<int, std::string> notes_;  ///< lines that stand on the plot, by their place
+    double viewX_ = 0, viewY_ = 0;      ///< middle of the system view, its units
+    bool* planEnd_ = nullptr;           ///< whether the run of a plan that is to begin has ended by itself
+    bool gone_ = false;                 ///< unloaded: the run ends
+    int runs_ = 0;                      ///< times that the loop was entered
+    std::optional<RunPause> pause_;     ///< the run that was left last, for "Продолжить"
     std::array<BodySeries, bodies> bodies_;  ///< on the picture of the orbits
     std::array<int, bodies> viewed_{};       ///< on the system view
     std::array<int, plottedCount> plotted_{};

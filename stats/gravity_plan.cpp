@@ -8,6 +8,16 @@
 
 namespace tarvex {
 
+void createGravityPlan(PlanBlock& p, PlanKind kind, const std::vector<int>& factors) {
+    p.kodPlan = kind;
+    p.Nf = 0;
+    for (const int factor : factors) p.Nfact[++p.Nf] = static_cast<std::int16_t>(factor);
+    if (p.Nf < 2 || p.Nf > maxFactors) throw Refusal("К-во факторов должно быть от 2 до 6", "Tarvex7m");
+    PlanCenterCount(p);
+    BuildPlan(p);
+    PlanCoefficients(p);
+}
+
 void setNaturalLevels(PlanBlock& p) {
     for (int u = 1, last = experiments(p); u <= last; ++u) {
         for (int i = 1; i <= gravityFactors; ++i) p.XU[i][u] = p.Xnul[i];

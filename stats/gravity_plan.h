@@ -9,6 +9,11 @@
 
 namespace tarvex {
 
+/// Builds the plan of these factors, 1..7 in rising order, with its usual count of points.
+/// @param kind  planOrtho or planRoto
+/// @throws Refusal for less than 2 factors or more than 6
+void createGravityPlan(PlanBlock& p, PlanKind kind, const std::vector<int>& factors);
+
 /// XU(1..7, u) of every experiment: the zero levels, and level + code * interval for the factors of the plan.
 void setNaturalLevels(PlanBlock& p);
 

@@ -11,8 +11,11 @@
 #include "core/data_tree.h"
 #include "core/failure.h"
 #include "core/file_lock.h"
+#include "experiment/plan_run.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
+#include "stats/gravity_plan.h"
+#include "stats/plan_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace tarvex {
@@ -63,13 +66,39 @@ BatchOptions optionsFor(const fs::path& tree) {
 
 }  // namespace
 
-/// The same run files, byte for byte, as the plan's form makes at the desk one after another.
+/// The plan of makePlan and its experiments without any form.
+void runAsValues(const TempFolder& folder) {
+    const DataTree tree(folder.path());
+    PlanBlock plan;
+    ShiftTables weights;
+    createGravityPlan(plan, planOrtho, {1, 2, 3, 4});
+    readPlanFile(tree, 1, plan, weights);
+    setNaturalLevels(plan);
+    const auto model = std::make_unique<Model>(tree);
+    RunSettings run;
+    run.lastYear = 1802;
+    run.stepDivider = 100;
+    run.stepsPerDisplay = 5000;
+    ExperimentPort silent;
+    for (const int u : {1, 2}) {
+        formInitialData(model->experiment(), {});
+        const PlanSettings set{.plan = 1, .pressure = planHasPressure(plan, false)};
+        EXPECT_TRUE(runPlanExperiment(model->experiment(), plan, u, set, run, silent).complete);
+    }
+    EXPECT_THROW(runPlanExperiment(model->experiment(), plan, 91, {}, run, silent), Refusal);
+}
+
+/// The same run files, byte for byte, as the plan's form makes at the desk one after another, and as its
+/// experiments make as values.
 TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
-    const TempFolder desk, batch;
+    const TempFolder desk, batch, values;
     makeTree(desk);
     makeTree(batch);
+    makeTree(values);
     EXPECT_EQ(play(desk.path(), makePlan), "");
-    fs::copy_file(DataTree(desk.path()).at(files::plan(1)), DataTree(batch.path()).at(files::plan(1)));
+    for (const TempFolder* other : {&batch, &values})
+        fs::copy_file(DataTree(desk.path()).at(files::plan(1)), DataTree(other->path()).at(files::plan(1)));
+    runAsValues(values);
 
     std::vector<std::string> lines = {"Form1.Command1", "Form15.Text4 = 1", "Form15.Option6 = on",
                                       "Form15.Command5", "Form15.Command14"};
@@ -85,6 +114,7 @@ TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
         const std::string atDesk = readBytes(recordOf(desk.path(), 1, e));
         EXPECT_GT(std::count(atDesk.begin(), atDesk.end(), '\n'), 8);
         EXPECT_EQ(readBytes(recordOf(batch.path(), 1, e)), atDesk) << e;
+        EXPECT_EQ(readBytes(recordOf(values.path(), 1, e)), atDesk) << e;
     }
     EXPECT_NE(readBytes(recordOf(batch.path(), 1, 1)), readBytes(recordOf(batch.path(), 1, 2)));
     EXPECT_NE(err.str().find("готово 2 из 2"), std::string::npos);

@@ -17,47 +17,48 @@ using Told = test::RecordingScreen::Message;
 /// What an experiment starts from.
 struct Started {
     int Nexp;
-    std::string number, speed;
-    double VX, VY, VZ, kPgr1, kPgr2, m5, m2;
+    std::string number;
+    double Vgr, VX, VY, VZ, kPgr1, kPgr2, m5, m2;
     std::int16_t kodDX, kodPgr, NPlan;
+    void* stack;
 };
 
-/// Stands in for the form of the experiment: it notes what each run starts from, measures the test criterion
-/// and reports the end of the run as the real form does.
-class StandInForm2 final : public Form {
+/// Stands in for the form of the experiment: it notes what each run starts from, and ends it as the real form
+/// does.
+class StandInForm2 final : public Form, public RunScreen {
 public:
     explicit StandInForm2(Laboratory& lab_, std::vector<Started>& runs_)
-        : Form(lab_.desk, "Form2", "стенд"), lab(lab_), runs(runs_) {
-        Text53.onChange([this] { run(); }, orShow("прогон", "стенд"));
+        : Form(lab_.desk, RunScreen::formName, "стенд"), lab(lab_), runs(runs_) {}
+    RunSettings settings() const override { return {}; }
+    void chooseForPlan(bool finite) override { finiteSpeed = finite; }
+    bool runOfPlan(int number, double gravitySpeed) override {
+        experiment = std::to_string(number);
+        bool ended = false;
+        guarded({[&] { ended = run(gravitySpeed); }, orShow("прогон", "стенд")});
+        return ended;
     }
-    TextField Text8{this, {.name = "Text8"}}, Text13{this, {.name = "Text13"}},
-        Text35{this, {.name = "Text35"}}, Text53{this, {.name = "Text53"}};
-    OptionButton Option3{this, {.name = "Option3", .group = "kind"}},
-        Option4{this, {.name = "Option4", .group = "kind", .on = true}};
-    CheckBox Check2{this, {.name = "Check2", .on = true}}, Check3{this, {.name = "Check3", .on = true}},
-        Check4{this, {.name = "Check4"}}, Check12{this, {.name = "Check12", .on = true}},
-        Check13{this, {.name = "Check13", .on = true}}, Check14{this, {.name = "Check14"}},
-        Check17{this, {.name = "Check17"}}, Check20{this, {.name = "Check20"}},
-        Check22{this, {.name = "Check22"}};
+    std::string body() const override { return measured; }
+    void setBody(const std::string& typed) override { measured = typed; }
+
+    bool finiteSpeed = false;
+    std::string experiment, measured;
     int failAt = 0, stopAt = 0;
     std::function<void()> record;  ///< writes what a run measures
 
 private:
-    void run() {
+    bool run(double gravitySpeed) {
         PlanBlock& p = lab.plan;
         ModelState& s = lab.s;
-        runs.push_back({p.Nexp, Text8.text(), Text35.text(), s.VXsys, s.VYsys, s.VZsys, lab.motion.kPgr1,
-                        lab.motion.kPgr2, s.m[5], s.m[2], lab.motion.kodDX, lab.motion.kodPgr, s.NPlan});
-        lab.run.kodTest = lab.desk.get<PlanForm>().testExperiments.on();
+        runs.push_back({p.Nexp, experiment, gravitySpeed, s.VXsys, s.VYsys, s.VZsys, lab.motion.kPgr1,
+                        lab.motion.kPgr2, s.m[5], s.m[2], lab.motion.kodDX, lab.motion.kodPgr, s.NPlan,
+                        __builtin_frame_address(0)});
+        lab.run.kodTest = screenOf<PlanScreen>(lab.desk).testsPlan();
         if (record) record();
         if (p.Nexp == failAt) throw Failure("no more");
-        if (p.Nexp == stopAt) {
-            s.NPlan = 0;
-            p.Nexp = p.Nplan;
-            return;
-        }
-        lab.desk.get<PlanForm>().experimentEnd.setText("1234,5");
+        if (p.Nexp != stopAt) return true;
         s.NPlan = 0;
+        p.Nexp = p.Nplan;
+        return false;
     }
     Laboratory& lab;
     std::vector<Started>& runs;
@@ -113,7 +114,8 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
         EXPECT_EQ(runs[i].number, std::to_string(2 + i));
         EXPECT_EQ(runs[i].VX, 1);
         EXPECT_EQ(runs[i].VY, VY[i]);
-        EXPECT_EQ(toNumber(runs[i].speed), Vgr[i]);
+        EXPECT_EQ(runs[i].Vgr, Vgr[i]);
+        EXPECT_EQ(runs[i].stack, runs[0].stack);  // one after the other, however many
         EXPECT_EQ(runs[i].kodDX, 2);
         EXPECT_EQ(runs[i].kodPgr, 0);  // no factor 5 and its level 0
         EXPECT_EQ(runs[i].NPlan, 3);
@@ -132,7 +134,7 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     form->zeroLevel(5).setText("0,5");
     form->firstExperiment.setText("4");
     form->runExperiments.press();
-    EXPECT_TRUE(form2().Check13.on());
+    EXPECT_TRUE(form2().finiteSpeed);
     EXPECT_EQ(runs.back().kodPgr, 5);
     EXPECT_EQ(runs.back().kPgr2, 0.5);
     form->secondCoefficientZero.set(true);
@@ -283,26 +285,26 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
     EXPECT_NE(lab.answer.SolvedCorrelation[1][4], 0);
 
     folder.makeFolder("Plan1/Txt1");
-    form2().Text13.setText("5");
+    form2().setBody("5");
     form2().record = [this] {  // what the run at the solution measures: 36 seconds a year
-        EXPECT_EQ(form2().Text13.text(), "1");
+        EXPECT_EQ(form2().body(), "1");
         std::string text = "а\r\nб\r\nв\r\nг\r\n 5  245154450 \r\n";
         for (int i = 0; i < 5; ++i)
             text += fileItem(i + 3) + fileItem(36525 * i) + fileItem(1e6 * i) + " 0  0  0  0  0 \r\n";
-        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().Text8.text() + ".txt"), text);
+        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().experiment + ".txt"), text);
     };
     form->confirmSolution.press();
     EXPECT_TRUE(screen.messages.empty());
     ASSERT_EQ(runs.size(), 1u);
     EXPECT_EQ(runs[0].number, "10");
     EXPECT_NEAR(runs[0].VX, 120, 0.01);
-    EXPECT_EQ(form2().Text13.text() + form->firstExperiment.text(), "51");
+    EXPECT_EQ(form2().body() + form->firstExperiment.text(), "51");
     EXPECT_NEAR(lab.answer.Measured[1][1], 3600, 1e-6);
     EXPECT_NEAR(lab.answer.Predicted[1][2], drift(2, 120, 230), 1e-5);
     form2().failAt = 10;
     form->confirmSolution.press();
     EXPECT_EQ(screen.onlyMessage(), (Told{"прогон", "стенд"}));
-    EXPECT_EQ(form2().Text13.text(), "5");  // the body that was measured before
+    EXPECT_EQ(form2().body(), "5");  // the body that was measured before
     form->nextPlan.press();
     EXPECT_EQ(form->interval(1).text() + " " + form->interval(4).text(), "25 20");
     EXPECT_NEAR(form->zeroLevel(4).number(), 230, 0.01);

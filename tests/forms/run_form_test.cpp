@@ -17,9 +17,9 @@ using test::RecordingScreen;
 namespace {
 
 /// What a plan needs of the form that owns it.
-class FakePlan final : public Form {
+class FakePlan final : public Form, public PlanScreen {
 public:
-    static constexpr const char* formName = "Form15";
+    using PlanScreen::formName;
     explicit FakePlan(Desk& desk) : Form(desk, formName, "План") {
         Text3.onChange([this] {
             ++told;
@@ -30,6 +30,10 @@ public:
     OptionButton Option2{this, {.name = "Option2", .group = "kind", .on = true}};
     OptionButton Option5{this, {.name = "Option5", .group = "source"}};
     OptionButton Option6{this, {.name = "Option6", .group = "source", .on = true}};
+    bool testsPlan() const override { return Option5.on(); }
+    bool rotatable() const override { return Option2.on(); }
+    PlanSettings takePlan() override { return {}; }
+    void experimentEnded() override { Text3.setText("1234,5"); }
     int told = 0;
     std::function<void()> next;
 };
