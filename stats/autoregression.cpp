@@ -56,15 +56,16 @@ void correctBias(Autoregression& model, std::size_t n, int fitted) {
     phi = std::clamp(phi + (fitted + (fitted + 2) * phi) / static_cast<double>(n), -steadiest, steadiest);
 }
 
-/// Energy of w filtered backwards by the model, the tail before the first weight included.
+/// Energy of w filtered backwards by the model, the tail before the first weight included.  What the outputs
+/// so far add to the next ones is carried along (the transposed form of the filter), so that no output waits
+/// for a chain of p sums.
 double filteredEnergy(const Autoregression& model, const std::vector<double>& w) {
     const std::size_t p = model.phi.size(), longest = 20 * w.size() + 20000;
-    std::vector<double> last(std::max<std::size_t>(p, 1), 0.0);  // the p newest outputs, a ring
+    std::vector<double> carried(p + 1, 0.0);  // to the next output, the one after it, ...; the last stays 0
     double sum = 0, recent = 0;
     for (std::size_t step = 0; step < w.size() + longest; ++step) {
-        double u = step < w.size() ? w[w.size() - 1 - step] : 0;
-        for (std::size_t k = 1; k <= std::min(p, step); ++k) u += model.phi[k - 1] * last[(step - k) % p];
-        if (p > 0) last[step % p] = u;
+        const double u = carried[0] + (step < w.size() ? w[w.size() - 1 - step] : 0);
+        for (std::size_t k = 0; k < p; ++k) carried[k] = carried[k + 1] + model.phi[k] * u;
         sum += u * u;
         recent = std::max(recent * 0.9, u * u);
         if (step >= w.size() && (p == 0 || recent < 1e-16 * sum)) break;
