@@ -1,0 +1,157 @@
+// One table: each right-hand side and each whole step against the literal equations, and a plan of nine
+// retarded experiments.  The program and the literal equations take turns; every figure is the median of its
+// rounds in processor time of this thread, so that other work on the machine does not count.  `passages`
+// prints the planets in the same way, `fullChain` and `tableDates` the reduction.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+#include "tests/support/equations_oracle.h"
+#include "tests/support/test_run.h"
+
+namespace tarvex {
+namespace {
+
+struct Row {
+    const char* name;
+    bool relativistic;
+    std::int16_t kodVgr, kodDX, kodPgr;
+    double k1, k2, Vgr;  ///< Vgr in speeds of light
+};
+
+constexpr Row rows[] = {
+    {"Newton", false, 0, 0, 0, 0, 0, 1},
+    {"OTO", true, 0, 0, 0, 0, 0, 1},
+    {"DX1", false, 1, 1, 0, 0, 0, 200},
+    {"DX2", false, 1, 2, 0, 0, 0, 200},
+    {"DX2, law 5 (Lienard-Wiechert)", false, 1, 2, 5, 1, 1, 200},
+    {"DX3, law 4 (Gerber), Vgr 10", false, 1, 3, 4, 3, 6, 10},
+};
+
+constexpr int passes = 1000, literalSteps = 50;
+
+double nanoseconds() {
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return 1e9 * static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec);
+}
+
+template <class Work>
+double timed(int times, Work work) {
+    const double begun = nanoseconds();
+    for (int n = 0; n < times; ++n) work();
+    return (nanoseconds() - begun) / times;
+}
+
+double median(std::vector<double> v) {
+    std::sort(v.begin(), v.end());
+    return v[v.size() / 2];
+}
+
+struct OneBatch : RunPort {
+    bool giveWay() override { return false; }
+};
+
+/// A run of Mercury by the law of a row with base steps only, and the literal equations beside it.
+struct Twin {
+    test::TestRun t;
+    literal::Equations plain;
+    const Row& row;
+
+    explicit Twin(const Row& law) : row(law) {
+        t.motion.kodDX = law.kodDX;
+        t.motion.kodPgr = law.kodPgr;
+        t.motion.kPgr1 = law.k1;
+        t.motion.kPgr2 = law.k2;
+        t.settings.relativistic = law.relativistic;
+        t.settings.finiteGravitySpeed = law.kodVgr == 1;
+        t.settings.gravitySpeed = law.Vgr;
+        t.settings.stepDivider = 1;
+        t.settings.stepsPerDisplay = passes;
+        t.settings.boxes.endAtYear = false;
+        t.start();
+        plain.s = &t.s;
+        std::copy_n(t.motion.U.begin(), equations, plain.U);
+        plain.kodVgr = law.kodVgr;
+        plain.kodDX = law.kodDX;
+        plain.kodPgr = law.kodPgr;
+        plain.kPgr1 = law.k1;
+        plain.kPgr2 = law.k2;
+        plain.Vgr = t.motion.Vgr;
+        plain.DtOld = t.s.Dt;
+        plain.unpack();
+        if (law.kodDX == 3) plain.fillTrace();
+    }
+    void side() { row.relativistic ? DiffurOTO(t.s, t.motion) : Diffur(t.s, t.motion); }
+    void literalSide() { row.relativistic ? plain.DiffurOTO() : plain.Diffur(); }
+    void steps() {
+        OneBatch port;
+        t.s.NC = 0;
+        RunLoop(t.experiment(), port);
+    }
+    /// What a step must compute by the word: four sides and the speeds along the lines; its measurement is
+    /// not counted, so the true ratio is a little higher.
+    void literalStep() {
+        plain.NDiffur = 0;
+        for (int stage = 0; stage < 4; ++stage) literalSide();
+        if (row.kodPgr != 0) plain.SpeedUpdate();
+    }
+};
+
+void printRow(const Row& row, int rounds) {
+    Twin twin(row);
+    std::vector<double> side, literalSide, step, literalStep;
+    twin.steps();
+    for (int round = 0; round < rounds; ++round) {
+        {
+            const WeightsHeld weights(twin.t.s, twin.t.motion);  // as a run does
+            side.push_back(timed(500, [&] { twin.side(); }));
+        }
+        literalSide.push_back(timed(4 * literalSteps, [&] { twin.literalSide(); }));
+        step.push_back(timed(1, [&] { twin.steps(); }) / passes);
+        literalStep.push_back(timed(literalSteps, [&] { twin.literalStep(); }));
+    }
+    std::printf("%-32s %8.0f %8.0f %7.1f %9.2f %9.2f %7.1f\n", row.name, median(side), median(literalSide),
+                median(literalSide) / median(side), median(step) / 1000, median(literalStep) / 1000,
+                median(literalStep) / median(step));
+}
+
+/// Nine experiments of a year, DX2 with law 5, one after another on this core.
+void printPlan(int rounds) {
+    std::vector<double> seconds;
+    double steps = 0;
+    for (int round = 0; round < rounds; ++round) {
+        steps = 0;
+        seconds.push_back(timed(1,
+                                [&] {
+                                    for (int n = 0; n < 9; ++n) {
+                                        Row law = rows[4];
+                                        law.Vgr = 180 + 10 * n;
+                                        Twin twin(law);
+                                        for (int batch = 0; batch < 9; ++batch) twin.steps();
+                                        steps += 9 * passes;
+                                    }
+                                }) /
+                          1e9);
+    }
+    std::printf("%-32s %8.3f s, %.0f steps, %.2f us a step\n", "plan of nine, DX2 with law 5",
+                median(seconds), steps, 1e6 * median(seconds) / steps);
+}
+
+/// @param state  range: rounds
+void table(benchmark::State& state) {
+    const int rounds = static_cast<int>(state.range(0));
+    for (auto _ : state) {
+        std::printf("%-32s %8s %8s %7s %9s %9s %7s\n", "law", "side ns", "literal", "ratio", "step us",
+                    "literal", "ratio");
+        for (const Row& row : rows) printRow(row, rounds);
+        printPlan(std::max(3, rounds / 10));
+    }
+}
+BENCHMARK(table)->ArgName("rounds")->Arg(41)->Unit(benchmark::kSecond)->Iterations(1);
+
+}  // namespace
+}  // namespace tarvex
