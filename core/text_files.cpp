@@ -13,6 +13,7 @@
 
 #include "core/failure.h"
 #include "core/file_trouble.h"
+#include "core/file_watch.h"
 #include "core/leftovers.h"
 
 namespace tarvex {
@@ -129,6 +130,7 @@ TextReader::TextReader(const fs::path& path) : name_(path.string()) {
     errno = ENOENT;
     file_.open(path, std::ios::binary);
     if (!file_) throw OpenFailure(fileTrouble(path, errno, FileUse::Read));
+    FileWatch::tell(FileTouch::Read, path);
     block_.resize(blockSize);
     if (fill() && current_.starts_with("\xEF\xBB\xBF")) at_ = 3;
 }
@@ -268,6 +270,7 @@ void Replacement::put() {
     if (failed != 0) throw FileFailure(fileTrouble(target_, errno, FileUse::Write));
     putInPlace(passing_, target_);
     passing_.clear();
+    FileWatch::tell(FileTouch::Written, target_);
 }
 
 TextWriter::TextWriter(const fs::path& target, int headLines) : file_(target), headLines_(headLines) {}
@@ -326,6 +329,7 @@ void appendLine(const fs::path& path, std::string_view text) {
         throw;
     }
     if (::close(fd) != 0) throw FileFailure(fileTrouble(path, errno, FileUse::Write));
+    FileWatch::tell(FileTouch::Appended, path);
 }
 
 }  // namespace tarvex

@@ -15,17 +15,6 @@
 
 namespace tarvex {
 
-namespace {
-
-constexpr int scale = ImageCanvas::pixelsPerUnit;
-constexpr double largestCircle = 50;  ///< in canvas widths: a larger one would not be seen as a circle
-
-constexpr double largestSign =
-    9;  ///< canvas units: a smaller disc is the sign of a point, a larger one a body
-
-QColor toQt(Color c) { return QColor(c.r, c.g, c.b); }
-
-/// Fonts need an application object; a program without windows gets one that opens no display.
 void needFonts() {
     if (QCoreApplication::instance() != nullptr) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -35,6 +24,16 @@ void needFonts() {
     static char* arguments[] = {name, nullptr};
     new QGuiApplication(count, arguments);  // stays to the end of the program
 }
+
+namespace {
+
+constexpr int scale = ImageCanvas::pixelsPerUnit;
+constexpr double largestCircle = 50;  ///< in canvas widths: a larger one would not be seen as a circle
+
+constexpr double largestSign =
+    9;  ///< canvas units: a smaller disc is the sign of a point, a larger one a body
+
+QColor toQt(Color c) { return QColor(c.r, c.g, c.b); }
 
 /// @param lineHeight  pixels
 QFont fontOf(double lineHeight) {

@@ -13,6 +13,9 @@ namespace tarvex {
 
 /// Draws at twice the size of the canvas, so that it stays sharp when a window shows it larger.
 /// Lines and circles are not smoothed: a form erases a line by drawing it again in the background colour.
+/// Fonts need an application object; a program without windows gets one that opens no display.
+void needFonts();
+
 class ImageCanvas final : public Canvas {
 public:
     ImageCanvas(int width, int height);

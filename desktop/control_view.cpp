@@ -9,10 +9,12 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTextBlock>
 #include <algorithm>
 
 #include "desktop/number_edit.h"
 #include "desktop/picture_view.h"
+#include "runtime/resting_commands.h"
 
 namespace tarvex {
 
@@ -89,6 +91,7 @@ public:
     void commit() override {
         if (field_.readOnly() || edit()->text() == shown_) return;
         shown_ = edit()->text();
+        edit()->setModified(false);
         field_.setText(shown_.toStdString());
     }
 
@@ -128,6 +131,7 @@ public:
         box()->setReadOnly(field.readOnly());
         takeColors();
         box()->setTabChangesFocus(true);
+        box()->onFollow(field);
         box()->setLineWrapMode(field.width() > 0 ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
         const int digits = field.width() > 0 ? field.width() : usualBoxDigits;
         box()->hint = {metrics.horizontalAdvance('0') * (digits + 1) + 30,
@@ -153,14 +157,58 @@ private:
         QSize sizeHint() const override { return hint; }
         QSize hint;
 
+        /// Lines that lead somewhere are followed by a click or by Enter.
+        void onFollow(TextField& field) {
+            if (!field.hasLeads()) return;
+            field_ = &field;
+            viewport()->setMouseTracking(true);
+            setTextInteractionFlags(textInteractionFlags() | Qt::TextSelectableByKeyboard);
+        }
+        void markLeads() {
+            if (field_ == nullptr) return;
+            QList<QTextEdit::ExtraSelection> marks;
+            for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+                if (!field_->leads(block.blockNumber())) continue;
+                QTextEdit::ExtraSelection mark;
+                mark.cursor = QTextCursor(block);
+                mark.cursor.select(QTextCursor::LineUnderCursor);
+                mark.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+                mark.format.setForeground(palette().link());
+                mark.format.setFontUnderline(true);
+                marks << mark;
+            }
+            setExtraSelections(marks);
+        }
+
     protected:
+        void mouseMoveEvent(QMouseEvent* event) override {
+            QPlainTextEdit::mouseMoveEvent(event);
+            if (field_ == nullptr) return;
+            const bool leads = field_->leads(cursorForPosition(event->pos()).blockNumber());
+            viewport()->setCursor(leads ? Qt::PointingHandCursor : Qt::IBeamCursor);
+        }
+        void mouseReleaseEvent(QMouseEvent* event) override {
+            QPlainTextEdit::mouseReleaseEvent(event);
+            const bool click = event->button() == Qt::LeftButton && !textCursor().hasSelection();
+            if (field_ != nullptr && click) follow(cursorForPosition(event->pos()).blockNumber());
+        }
+        void keyPressEvent(QKeyEvent* event) override {
+            const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+            if (field_ != nullptr && enter) return follow(textCursor().blockNumber());
+            QPlainTextEdit::keyPressEvent(event);
+        }
         void focusOutEvent(QFocusEvent* event) override {
             QPlainTextEdit::focusOutEvent(event);
             act_([] {});
         }
 
     private:
+        void follow(int line) {
+            if (field_->leads(line)) act_([field = field_, line] { field->follow(line); });
+        }
+
         Act act_;
+        TextField* field_ = nullptr;
     };
 
     Box* box() const { return static_cast<Box*>(widget_); }
@@ -177,6 +225,7 @@ private:
             box()->setPlainText(now);
         }
         shown_ = now;
+        box()->markLeads();
     }
 
     TextField& field_;
@@ -328,7 +377,7 @@ QString ControlView::tip() const { return toQt(control_.hint()); }
 
 void ControlView::refresh() {
     show();
-    widget_->setEnabled(control_.enabled());
+    widget_->setEnabled(isOffered(control_));
     widget_->setVisible(control_.visible());
     widget_->setToolTip(tip());
     widget_->setStatusTip(toQt(control_.hint()));
@@ -336,7 +385,7 @@ void ControlView::refresh() {
     widget_->setAccessibleName(toQt(control_.caption().empty() ? control_.hint() : control_.caption()));
     widget_->setAccessibleDescription(toQt(control_.hint()));
     if (word_ != nullptr) {
-        word_->setEnabled(control_.enabled());
+        word_->setEnabled(isOffered(control_));
         word_->setToolTip(tip());
     }
     if (label_ == nullptr) return;

@@ -70,7 +70,10 @@ void DesktopScreen::message(const Message& told) {
 }
 
 void DesktopScreen::pointAt(Control& control) {
-    if (FormWindow* window = windowOf(control.form())) window->pointAt(control);
+    FormWindow* window = windowOf(control.form());
+    if (window == nullptr) return;
+    if (!window->isActiveWindow()) bringToFront(*window);
+    window->pointAt(control);
 }
 
 bool DesktopScreen::ask(const std::string& question, const std::string& title) {
@@ -150,10 +153,7 @@ void DesktopScreen::formShown(Form& form) {
     const FlagsKept flags;
     FormWindow*& window = windows_[&form];
     over_ = false;
-    if (window == nullptr)
-        window = new FormWindow(form, [this](const Form& asking) {
-            if (help_) help_(asking);
-        });
+    if (window == nullptr) window = new FormWindow(form, services_);
     bringToFront(*window);
 }
 
@@ -213,6 +213,19 @@ void DesktopScreen::flush() {
         window->showProgress(share);
         running_ = window;
     }
+}
+
+std::string DesktopScreen::place(const Form& form) const {
+    const FormWindow* window = windowOf(form);
+    return window == nullptr ? "" : window->place();
+}
+
+void DesktopScreen::setPlace(const Form& form, const std::string& place) {
+    if (FormWindow* window = windowOf(form)) window->setPlace(place);
+}
+
+void DesktopScreen::note(const Form& form, const std::string& text) {
+    if (FormWindow* window = windowOf(form)) window->note(toQt(text));
 }
 
 std::unique_ptr<Canvas> DesktopScreen::makeCanvas(Picture& picture) {

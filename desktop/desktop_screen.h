@@ -8,6 +8,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "desktop/window_services.h"
 #include "runtime/screen.h"
 
 namespace tarvex {
@@ -39,8 +40,17 @@ public:
     void controlChanged(Control& control) override;
     std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
 
+    std::string place(const Form& form) const override;
+    void setPlace(const Form& form, const std::string& place) override;
+
+    /// What windows that open from now on offer.
+    void offer(WindowServices services) { services_ = std::move(services); }
     /// What opens the help about a form (F1).
-    void onHelp(std::function<void(const Form&)> help) { help_ = std::move(help); }
+    void onHelp(std::function<void(const Form&)> help) { services_.help = std::move(help); }
+    /// A line for the user in the window of a form.
+    void note(const Form& form, const std::string& text);
+    /// The window that a dialog belongs to; null where there is none.
+    QWidget* front() const;
 
     /// Shows all that has changed since the last time.
     void flush();
@@ -55,10 +65,8 @@ private:
     void flushLater();
     void runPostedLater();
     void runPosted();
-    QWidget* front() const;
-
     std::map<const Form*, FormWindow*> windows_;
-    std::function<void(const Form&)> help_;
+    WindowServices services_;
     std::unordered_set<Control*> changed_;
     const Control* lastChanged_ = nullptr;  ///< a picture changes at every line drawn
     std::map<const Form*, double> shares_;  ///< progress not shown yet

@@ -8,7 +8,9 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -36,10 +38,18 @@ struct Closeness {
 };
 constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10, 3, 600}, {0.78, 9, 2, 560}};
 
+/// A text is being typed here that has not reached its control.
+bool hasOwnUndo(const QObject* widget) {
+    const auto* edit = qobject_cast<const QLineEdit*>(widget);
+    if (edit != nullptr) return edit->isUndoAvailable() && edit->isModified();
+    const auto* box = qobject_cast<const QPlainTextEdit*>(widget);
+    return box != nullptr && !box->isReadOnly() && box->document()->isUndoAvailable();
+}
+
 }  // namespace
 
-FormWindow::FormWindow(Form& form, Help help)
-    : form_(&form), help_(std::move(help)), status_(new RunStatus), bar_(makeBar()) {
+FormWindow::FormWindow(Form& form, const WindowServices& services)
+    : form_(&form), services_(services), status_(new RunStatus), bar_(makeBar()) {
     setWindowTitle(QString::fromStdString(form.title()));
     setObjectName(QString::fromStdString(form.name()));
     statusBar()->addPermanentWidget(status_);
@@ -188,10 +198,53 @@ WindowBar* FormWindow::makeBar() {
             if (auto* view = dynamic_cast<PictureView*>(child)) all.push_back(view);
         return all;
     };
-    const auto help = [this] {
-        if (form_ != nullptr && help_) form_->guarded({[this] { help_(*form_); }, {}});
-    };
-    return new WindowBar(*this, {openWindows, pictures, help, [this] { copyFocusedTable(); }});
+    WindowBar::Actions actions;
+    actions.windows = openWindows;
+    actions.pictures = pictures;
+    actions.help = [this] { callOnForm(services_.help); };
+    actions.copyTable = [this] { copyFocusedTable(); };
+    if (services_.map) actions.map = [this] { callOnForm(services_.map); };
+    actions.open = [this](int number) { openForm(number); };
+    actions.session = services_.session;
+    actions.call = [this](const WindowCommand& command) { callOnForm(command.action); };
+    return new WindowBar(*this, std::move(actions));
+}
+
+/// What is still being typed counts.
+void FormWindow::callOnForm(const std::function<void(Form&)>& action) {
+    if (form_ != nullptr) commitEdits();
+    if (form_ != nullptr && action) form_->guarded({[this, &action] { action(*form_); }, {}});
+}
+
+void FormWindow::openForm(int number) {
+    callOnForm([number](Form& form) {
+        const std::string name = "Form" + std::to_string(number);
+        if (form.desk().knows(name)) form.desk().show(name);
+    });
+}
+
+std::string FormWindow::place() const {
+    const QRect at = normalGeometry();
+    return QString("%1,%2 %3x%4%5")
+        .arg(at.x())
+        .arg(at.y())
+        .arg(at.width())
+        .arg(at.height())
+        .arg(isMaximized() ? " maximized" : "")
+        .toStdString();
+}
+
+void FormWindow::setPlace(const std::string& place) {
+    static const QRegularExpression words(R"(^(-?\d{1,5}),(-?\d{1,5}) (\d{1,5})x(\d{1,5})( maximized)?$)");
+    const auto match = words.match(QString::fromStdString(place));
+    if (!match.hasMatch()) return;
+    const auto number = [&](int i) { return match.captured(i).toInt(); };
+    const QRect all = screen()->availableVirtualGeometry();
+    QRect wanted = QRect(number(1), number(2), number(3), number(4));
+    wanted.setSize(wanted.size().boundedTo(all.size()).expandedTo(minimumSizeHint()));
+    if (!all.intersects(wanted)) wanted.moveTopLeft(all.topLeft());
+    setGeometry(wanted);
+    if (match.hasCaptured(5)) showMaximized();
 }
 
 void FormWindow::offerTables() {
@@ -265,6 +318,12 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
             if (view->widget() == object && qobject_cast<QLineEdit*>(object) != nullptr &&
                 pasteCells(*control))
                 return true;
+    // Ctrl+Z belongs to a field as long as it has something to take back, and then to all forms.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo) && !hasOwnUndo(object)) {
+        event->ignore();
+        return true;
+    }
     // Who works with the keyboard sees the hint of the control in the status line too.
     if (event->type() == QEvent::FocusIn) showHint(static_cast<QWidget*>(object)->statusTip());
     return QMainWindow::eventFilter(object, event);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/control_view.h"
+#include "desktop/window_services.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -17,9 +18,8 @@ class WindowBar;
 
 class FormWindow final : public QMainWindow {
 public:
-    using Help = std::function<void(const Form&)>;
-    /// @param help  opens the help about a form
-    FormWindow(Form& form, Help help);
+    /// @param services  must outlive the window
+    FormWindow(Form& form, const WindowServices& services);
     ~FormWindow() override;
 
     /// Shows a changed control anew.
@@ -28,6 +28,10 @@ public:
     void commitEdits();
     /// The form goes: nothing of it is touched any more, the window closes.
     void detach();
+    /// Where it stands: "10,20 800x600", or the same with "maximized".
+    std::string place() const;
+    /// Puts it there, as far as the screen holds it; anything else is passed.
+    void setPlace(const std::string& place);
     /// Brings the control into sight and gives it the focus.
     void pointAt(Control& control);
     void showProgress(double share);
@@ -58,9 +62,11 @@ private:
     void showFieldMenu(const Control& field, QPoint at);
     void copyFocusedTable();
     bool pasteCells(const Control& first);
+    void callOnForm(const std::function<void(Form&)>& action);
+    void openForm(int number);
 
     Form* form_;
-    Help help_;
+    const WindowServices& services_;
     Layout tree_;  ///< as it is shown
     Density density_;
     std::map<const Control*, std::unique_ptr<ControlView>> views_;

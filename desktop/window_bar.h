@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+#include "desktop/window_services.h"
+
 class QMainWindow;
 class QMenu;
 class QToolButton;
@@ -20,9 +22,14 @@ public:
         std::function<std::vector<PictureView*>()> pictures;
         std::function<void()> help;
         std::function<void()> copyTable;  ///< the one in which the focus is
+        std::function<void()> map;        ///< of all forms; empty where there is none
+        std::function<void(int)> open;    ///< the form of this number
+        std::vector<WindowCommand> session;
+        std::function<void(const WindowCommand&)> call;
     };
-    /// Ctrl+Tab, Ctrl+Shift+Tab and Ctrl+1 ... Ctrl+9 turn to other windows; F6 opens their list, F7 the
-    /// commands of the pictures, F1 the help; Ctrl+Shift+C copies the table.
+    /// Ctrl+Tab and Ctrl+Shift+Tab turn to other windows, Ctrl+1 ... Ctrl+9 to the forms of these numbers; F6
+    /// and Ctrl+0 open the map of all forms or else the list of windows, F7 the commands of the pictures, F1
+    /// the help; Ctrl+Shift+C copies the table.  The commands of the session have keys of their own.
     WindowBar(QMainWindow& window, Actions actions);
 
     /// Hides the button of the pictures where there is none.
@@ -34,12 +41,14 @@ private:
     void popup(QMenu* menu, QToolButton& above);
     void listWindows();
     void listPictures();
+    void listSession();
+    void fill(QMenu& menu, const std::vector<WindowCommand>& commands);
     void turnTo(int number);
     void turnBy(int steps);
 
     QMainWindow& window_;
     Actions actions_;
-    QToolButton *windowsButton_, *picturesButton_;
+    QToolButton *windowsButton_, *picturesButton_, *sessionButton_ = nullptr;
 };
 
 /// Brings a window to the front.

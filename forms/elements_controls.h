@@ -286,8 +286,10 @@ public:
     CommandButton openHelp{
         this,
         {.name = "Command8", .caption = "About*", .hint = "Форма 3: подсказка по всем формам и кнопкам"}};
-    CommandButton openEclipses{
-        this, {.name = "Command19", .caption = "ET-UT*", .hint = "Форма 16: затмения и поправка ET-UT"}};
+    CommandButton openEclipses{this,
+                               {.name = "Command19",
+                                .caption = "ET-UT*",
+                                .hint = "Форма 16: затмения, часы ET и UT; формулы ET-UT - на форме 17"}};
     CommandButton openPlanWorkshop{
         this,
         {.name = "Command21", .caption = "Планы*", .hint = "Форма 18: планы многофакторных экспериментов"}};

@@ -14,6 +14,8 @@ HelpPage rulesPage() { return {"Числа и файлы", help::rules}; }
 HelpForm::HelpForm(Laboratory& lab) : HelpControls(lab.desk, formName, "Подсказка      Tarvex7m - форма 3") {
     closeForm.onPress([this] { close(); });
     search.onPress([this] { showFound(); });
+    pageText.onFollow([this](int line) { return targetOf(pageText.text(), line).has_value(); },
+                      [this](int line) { follow(line); });
     const auto showPage = [this] { pageText.setText(textOf(chosenPage())); };
     for (OptionButton* option : {&mainRoad, &numbersAndFiles, &formList}) option->onChoose(showPage);
     std::vector<Layout> forms;
@@ -47,6 +49,13 @@ std::vector<HelpPage> HelpForm::pages() const {
 void HelpForm::showFound() {
     const bool nothing = searchWords.text().find_first_not_of(' ') == std::string::npos;
     pageText.setText(nothing ? textOf(chosenPage()) : searchHelp(pages(), searchWords.text()));
+}
+
+void HelpForm::follow(int line) {
+    const auto target = targetOf(pageText.text(), line);
+    if (!target || !desk().knows(target->form)) return;
+    desk().show(target->form);
+    if (Control* control = desk().form(target->form).find(target->control)) desk().screen().pointAt(*control);
 }
 
 void openHelp(Desk& desk, const Form& asking) {

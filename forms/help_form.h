@@ -19,6 +19,7 @@ private:
     std::vector<HelpPage> pages() const;
     HelpPage chosenPage() const;
     void showFound();
+    void follow(int line);
 };
 
 /// Opens the help at the page of the form that asks.

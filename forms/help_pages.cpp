@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "forms/help_text.h"
+#include "forms/word_search.h"
 #include "runtime/desk.h"
 
 namespace tarvex {
@@ -86,59 +87,6 @@ void tellControls(const Form& form, const Chapter& chapter, std::vector<std::str
     entries.insert(entries.end(), told.begin(), told.end());
 }
 
-/// Lower case of Latin and Russian letters in UTF-8.
-std::string lowered(const std::string& text) {
-    std::string low;
-    low.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<unsigned char>(text[i]);
-        if (c < 0x80) {
-            low += static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-        } else if (c == 0xD0 && i + 1 < text.size()) {
-            const auto second = static_cast<unsigned char>(text[++i]);
-            if (second == 0x81) {  // the letter yo is sought as e
-                low += "\xD0\xB5";
-            } else if (second >= 0x90 && second <= 0x9F) {
-                low += '\xD0';
-                low += static_cast<char>(second + 0x20);
-            } else if (second >= 0xA0 && second <= 0xAF) {
-                low += '\xD1';
-                low += static_cast<char>(second - 0x20);
-            } else {
-                low += text.substr(i - 1, 2);
-            }
-        } else if (text.compare(i, 2, "\xD1\x91") == 0) {
-            low += "\xD0\xB5";
-            ++i;
-        } else {
-            low += text[i];
-        }
-    }
-    return low;
-}
-
-/// A long Russian word without its ending, so that it is found in every case and number.
-std::string stem(std::string word) {
-    constexpr std::size_t letterBytes = 2, endingLetters = 2, shortest = 6;
-    const bool russian = std::all_of(word.begin(), word.end(), [](char c) { return (c & 0x80) != 0; });
-    if (russian && word.size() >= shortest * letterBytes)
-        word.resize(word.size() - endingLetters * letterBytes);
-    return word;
-}
-
-std::vector<std::string> wordsOf(const std::string& text) {
-    std::istringstream in(lowered(text));
-    std::vector<std::string> words;
-    for (std::string word; in >> word;) words.push_back(stem(word));
-    return words;
-}
-
-bool holdsAll(const std::string& text, const std::vector<std::string>& words) {
-    const std::string low = lowered(text);
-    return std::all_of(words.begin(), words.end(),
-                       [&](const std::string& word) { return low.find(word) != std::string::npos; });
-}
-
 }  // namespace
 
 int formNumber(std::string_view formName) { return std::stoi(std::string(formName.substr(4))); }
@@ -183,8 +131,50 @@ std::string textOf(const HelpPage& page) {
     return text;
 }
 
+namespace {
+
+/// Number of the form of which a heading tells: "=== Форма 16. ..." or "Форма 16. ..."; 0 for another line.
+int headingOf(std::string_view line) {
+    constexpr std::string_view mark = "=== ", word = "Форма ";
+    if (line.starts_with(mark)) line.remove_prefix(mark.size());
+    if (!line.starts_with(word)) return 0;
+    line.remove_prefix(word.size());
+    int number = 0;
+    while (!line.empty() && line[0] >= '0' && line[0] <= '9' && number < 1000) {
+        number = 10 * number + (line[0] - '0');
+        line.remove_prefix(1);
+    }
+    return line.starts_with(".") ? number : 0;
+}
+
+/// "Text1(0)" of "вектор  [Text1(0) ... Text1(10)]"; empty for a line that names no control.
+std::string controlNamedIn(std::string_view line) {
+    const std::size_t open = line.rfind('[');
+    if (open == std::string_view::npos || !line.ends_with("]")) return "";
+    line = line.substr(open + 1, line.size() - open - 2);
+    return std::string(line.substr(0, line.find(' ')));
+}
+
+}  // namespace
+
+std::optional<HelpTarget> targetOf(const std::string& text, int line) {
+    std::istringstream in(text);
+    int form = 0;
+    std::string now;
+    for (int i = 0; i <= line; ++i) {
+        if (!std::getline(in, now)) return std::nullopt;
+        if (const int heading = headingOf(now); heading > 0)
+            form = heading;
+        else if (now.starts_with("=== "))
+            form = 0;
+    }
+    const std::string control = controlNamedIn(now);
+    if (form == 0 || (control.empty() && headingOf(now) == 0)) return std::nullopt;
+    return HelpTarget{"Form" + std::to_string(form), control};
+}
+
 std::string searchHelp(const std::vector<HelpPage>& pages, const std::string& wanted) {
-    const std::vector<std::string> words = wordsOf(wanted);
+    const std::vector<std::string> words = searchWords(wanted);
     std::string found;
     int count = 0;
     for (const HelpPage& page : pages) {

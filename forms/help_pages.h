@@ -2,6 +2,7 @@
 // The help as pages of entries.  The page of a form is made from the form's own controls, so help and hints
 // say the same.
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,13 @@ HelpPage pageOfForm(const Desk& desk, const std::string& formName);
 
 /// Number of a form from its name: 12 for "Form12".
 int formNumber(std::string_view formName);
+/// A place of which a line of a text of the help tells: a form, and a control of it or none.
+struct HelpTarget {
+    std::string form, control;
+};
+/// @param line  of the text of a page or of what was found, counted from 0
+std::optional<HelpTarget> targetOf(const std::string& text, int line);
+
 /// The page as one text.
 std::string textOf(const HelpPage& page);
 /// The entries of all pages that hold each word of `wanted`, whatever their case and Russian endings; says so

@@ -1,6 +1,7 @@
 #include "forms/laboratory.h"
 
 #include "forms/help_pages.h"
+#include "forms/session_steps.h"
 
 namespace tarvex {
 
@@ -32,7 +33,7 @@ std::function<void()> keepForCalculations(Laboratory& lab) {
 }  // namespace
 
 Laboratory::Laboratory(Screen& screen, std::filesystem::path dataRoot)
-    : tree(std::move(dataRoot)), desk(screen) {
+    : tree(std::move(dataRoot)), desk(screen), session(desk, sessionSteps()) {
     desk.nameFilesFrom((tree.root() / "").string());
     s.say = [this](const Message& told) { desk.tell(told); };
     addNames(names, s);

@@ -14,6 +14,7 @@
 #include "numeric/two_body.h"
 #include "reduction/reduction_state.h"
 #include "runtime/desk.h"
+#include "runtime/session_tools.h"
 #include "spreadsheet/spreadsheet.h"
 #include "stats/drift_results.h"
 #include "stats/plan_block.h"
@@ -48,8 +49,9 @@ struct Laboratory {
     SpreadsheetOffice office;  ///< outlives the workbook of the reduction
     ReductionState reduction;  ///< theory against observations
     DataTree tree;
-    NameTable names;  ///< every shared variable by its name
-    Desk desk;        ///< last: the forms go before the state they work on
+    NameTable names;       ///< every shared variable by its name
+    Desk desk;             ///< the forms go before the state they work on
+    SessionTools session;  ///< watches the desk
 };
 
 /// Makes every form of the laboratory known to its desk (all_forms.cpp).

@@ -260,9 +260,9 @@ void ObservationPlanForm::AddOptimumRecord() {
         }
     }();
     const int at = enterOptimum(changed.series, date, record, [&](int there) {
-        return desk().screen().ask("Точка №  " + std::to_string(there) + "  с такой датой уже есть\r\n" +
-                                       "Заменить параметры этой точки?",
-                                   box);
+        return desk().ask("Точка №  " + std::to_string(there) + "  с такой датой уже есть\r\n" +
+                              "Заменить параметры этой точки?",
+                          box);
     });
     stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, changed.series); });
     lab.series = changed.series;

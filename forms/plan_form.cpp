@@ -1,6 +1,9 @@
 #include "forms/plan_form.h"
 
+#include <filesystem>
+
 #include "core/arithmetic.h"
+#include "forms/statistics_form.h"
 #include "stats/gravity_plan.h"
 #include "stats/plan_file.h"
 #include "stats/quality.h"
@@ -127,6 +130,19 @@ std::string PlanForm::planFileName(int N, bool withBlank) const {
     std::string name = files::plan(N);
     if (withBlank) name.insert(name.rfind('\\'), " ");  // one of the messages has a blank here
     return name;
+}
+
+void PlanForm::showPlanOf(int plan) {
+    if (plan > 0) planNumber.show(plan);
+    std::error_code none;
+    if (std::filesystem::exists(lab.tree.at(files::plan(planNumber.int16())), none)) loadPlan.press();
+}
+
+void openFreshPlan(Laboratory& lab, int plan) {
+    const bool fresh = !lab.session.keeper.used(PlanForm::formName);
+    lab.desk.show(PlanForm::formName);
+    if (auto* form = dynamic_cast<PlanForm*>(&lab.desk.form(PlanForm::formName)); fresh && form != nullptr)
+        form->showPlanOf(plan);
 }
 
 void PlanForm::LoadPlan15() {
@@ -273,13 +289,30 @@ void PlanForm::modelCriterion() {
     for (const int planet : planets) {
         const std::string name = files::planShifts(N, planet);
         std::int16_t count = 0;
-        stage("Ошибка чтения данных из файла " + name, box,
-              [&] { readPlanShifts(lab.tree, N, planet, lab.shifts, count); });
+        try {
+            stage("Ошибка чтения данных из файла " + name, box,
+                  [&] { readPlanShifts(lab.tree, N, planet, lab.shifts, count); });
+        } catch (const Refusal& refusal) {
+            leadToShifts(N, planet);
+            throw Refusal(refusal.text, refusal.title,
+                          refusal.cause +
+                              "; сделайте файл на форме 6: для имитатора \"Смещение в файле =\", "
+                              "затем для модели \"все из плана\" и \"Изменить смещение в файле\"");
+        }
         if (count != p.Nplan)
             throw Refusal("К-во экспериментов в плане не равно к-ву в файле \r\n" + name, box);
     }
     for (int u = 1, last = experiments(p); u <= last; ++u)
         p.Yu[u] = shiftCriterion(lab.shifts, planets, params, u, criterionForm());
+}
+
+/// To the form that makes the shifts, set for it where the user has not done anything there yet.
+void PlanForm::leadToShifts(int plan, int planet) {
+    const auto observed = lab.series.kodData;  // a form that opens forgets the data
+    const bool fresh = !lab.session.keeper.used(StatisticsForm::formName);
+    desk().show(StatisticsForm::formName);
+    if (fresh) desk().get<StatisticsForm>().offerPlan(plan, planet);
+    lab.series.kodData = observed;
 }
 
 void PlanForm::Fit15() {

@@ -26,6 +26,9 @@ public:
     PlanSettings takePlan() override;
     void experimentEnded() override;
 
+    /// Loads the plan of this number, where its file exists; 0 for the number that stands there.
+    void showPlanOf(int plan);
+
 private:
     void CreatePlan15();
     void LoadPlan15();
@@ -62,6 +65,7 @@ private:
     void endBatch();
     void testCriterionOfPlan();
     void modelCriterion();
+    void leadToShifts(int plan, int planet);
     void printPlan();
     void showPlan();
     void printColumn(double x, const std::array<double, 100>& values);
@@ -82,5 +86,8 @@ private:
     bool telling = false;     ///< the end of an experiment that this form has begun
     bool gone = false;        ///< unloaded
 };
+
+/// Opens Form15; where the user has not done anything there yet, with the plan at hand.
+void openFreshPlan(Laboratory& lab, int plan);
 
 }  // namespace tarvex

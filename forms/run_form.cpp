@@ -6,6 +6,9 @@
 #include "core/arithmetic.h"
 #include "core/clock.h"
 #include "forms/given.h"
+#include "forms/plan_form.h"
+#include "forms/statistics_form.h"
+#include "numeric/records.h"
 #include "stats/test_plan.h"
 
 namespace tarvex {
@@ -59,8 +62,10 @@ void RunForm::bindCommands() {
     runSteps.onPress([this] { runBatch(); }, bad);
     opens(openLaws, "Form23");
     leaveFor(openGravityBench, "Form7");
-    leaveFor(openStatistics, "Form6");
-    leaveFor(openPlan, "Form15");
+    opens(openStatistics, StatisticsForm::formName);
+    openStatistics.onPress([this] { toStatistics(); });
+    opens(openPlan, PlanForm::formName);
+    openPlan.onPress([this] { toPlan(); });
     closeForm.onPress([this] {
         closeEphemeris();
         close();
@@ -114,6 +119,24 @@ void RunForm::leaveFor(CommandButton& command, const char* form) {
         if (!desk().calculating()) closeEphemeris();  // a run that goes on may be reading it
         desk().show(form);
     });
+}
+
+/// To what the last run has recorded, where the user has not done anything there yet.
+void RunForm::toStatistics() {
+    closeEphemeris();
+    const bool fresh = !lab.session.keeper.used(StatisticsForm::formName);
+    desk().show(StatisticsForm::formName);
+    if (!fresh || lab.run.FileRas.empty() || !lab.run.boxes.records) return;
+    desk().get<StatisticsForm>().showRun({.model = lab.run.kodModel == 1,
+                                          .newcomb = lab.run.boxes.theory == Imitator::New0,
+                                          .body = fileBody(lab.s),
+                                          .plan = lab.s.NPlan,
+                                          .experiment = lab.s.NFile});
+}
+
+void RunForm::toPlan() {
+    closeEphemeris();
+    openFreshPlan(lab, lab.s.NPlan);
 }
 
 void RunForm::closeEphemeris() {
@@ -186,6 +209,7 @@ void RunForm::load() {
     clearPictures();
     drawMarkers();
     julianDate.show(cut6(s.JDstart));
+    offerCommands();
     motion.kodPgr = motion.kodDX = motion.kodEpot = motion.kodXcm = motion.kodCMnow = 0;
     motion.kodSun = motion.kodDiffurV = motion.kodRelativity = 0;
     motion.kPgr1 = motion.kPgr2 = 0;
@@ -315,6 +339,8 @@ void RunForm::resume() {
     runsShown_ -= runsShown_ > 0;  // the same run goes on
     tellPlots();
     ++runsShown_;
+    if (lab.run.boxes.endAtYear && lab.run.GodEnd + 1.0 <= lab.s.GodR)
+        setStatus("Прогон уже дошел до года окончания " + lastYear.text() + ": задайте более поздний");
     runAlone();
 }
 
@@ -331,12 +357,41 @@ void RunForm::stop() {
     lab.plan.Nexp = lab.plan.Nplan;
 }
 
+/// Held while a run goes on, or one inside another: only then can it be stopped, and only then not continued.
+class RunForm::GoesOn {
+public:
+    explicit GoesOn(RunForm& form) : form_(form) {
+        ++form_.goingOn_;
+        form_.offerCommands();
+    }
+    ~GoesOn() {
+        --form_.goingOn_;
+        form_.offerCommands();
+    }
+    GoesOn(const GoesOn&) = delete;
+    GoesOn& operator=(const GoesOn&) = delete;
+
+private:
+    RunForm& form_;
+};
+
+void RunForm::offerCommands() {
+    for (Control* command : {&stopRun, &continueRun, &runSteps}) desk().screen().controlChanged(*command);
+}
+
+bool RunForm::rests(const Control& command) const {
+    if (&command == &stopRun) return goingOn_ == 0;
+    if (&command == &continueRun || &command == &runSteps) return goingOn_ > 0 || lab.run.TimerStart <= 0;
+    return false;
+}
+
 /// Runs the loop.
 /// @return  true when an experiment of a plan has ended by itself
 bool RunForm::run() {
     {
         const Running running(*this);
         ++runs_;
+        const GoesOn goesOn(*this);
         RunLoop(lab.experiment(), *this);
         pause_.emplace(lab.experiment());
     }

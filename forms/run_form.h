@@ -12,10 +12,11 @@
 #include "forms/run_controls.h"
 #include "forms/screens.h"
 #include "numeric/run_pause.h"
+#include "runtime/resting_commands.h"
 
 namespace tarvex {
 
-class RunForm final : public RunControls, public RunScreen, private ExperimentPort {
+class RunForm final : public RunControls, public RunScreen, public RestingCommands, private ExperimentPort {
 public:
     using RunScreen::formName;
     explicit RunForm(Laboratory& lab);
@@ -24,6 +25,8 @@ public:
     void activate() override;
     void unload() override;
     void settled() noexcept override;
+    /// Stop rests while nothing runs; what goes on with a run, while one runs or before the first.
+    bool rests(const Control& command) const override;
 
     // --- for the plan (RunScreen)
     RunSettings settings() const override;
@@ -51,6 +54,10 @@ private:
     void goOn();
     std::string cautions() const;
     void writeTestHead();
+    class GoesOn;
+    void offerCommands();
+    void toStatistics();
+    void toPlan();
     void leaveFor(CommandButton& command, const char* form);
     void closeEphemeris();
 
@@ -109,6 +116,7 @@ private:
     std::array<BodySeries, bodies> bodies_;  ///< on the picture of the orbits
     std::array<int, bodies> viewed_{};       ///< on the system view
     std::array<int, plottedCount> plotted_{};
+    int goingOn_ = 0;    ///< runs that go on now, one inside another
     int runsShown_ = 0;  ///< since the pictures were cleared
 };
 

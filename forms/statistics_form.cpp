@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "forms/picture_axes.h"
+#include "forms/plan_form.h"
 
 namespace tarvex {
 
@@ -28,7 +29,8 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
         },
         orShow("Ошибка записи файла", "Tarvex7"));
     closeForm.onPress([this] { close(); });
-    opens(openPlan, "Form15");
+    opens(openPlan, PlanForm::formName);
+    openPlan.onPress([this] { openFreshPlan(lab, fromModel.on() ? lab.s.NPlan : 0); });
     opens(openFiles, "Form9");
     picture.onWipe([this] { drawEmpty(picture.toUserY(0), picture.toUserX(1), true); });
     picture.onRelease([this](double x, double, Picture::Button button) { pick(x, button); },

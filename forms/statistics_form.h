@@ -18,6 +18,17 @@ public:
     void load() override;
     void activate() override;
 
+    /// What a run has recorded.
+    struct RunRecords {
+        bool model, newcomb;  ///< of the model, or else of the imitator New0 or one of the JPL
+        int body, plan, experiment;
+    };
+    /// Loads it in scales that hold all of it; says so in the status line where there is nothing yet.
+    void showRun(const RunRecords& run);
+
+    /// Sets what makes the shifts of all experiments of a plan.
+    void offerPlan(int plan, int body);
+
     /// Clears the picture and scales it to rows x columns units; with a grid for points, without one for
     /// text.
     void drawEmpty(double rows, double columns, bool grid);
@@ -25,6 +36,7 @@ public:
 private:
     // --- data (statistics_form_data.cpp)
     void LoadSeries();
+    void fitScales(const SeriesData& series);
     void chooseFile();
     void chooseImitator();
     DataKind chosenKind() const;

@@ -1,6 +1,7 @@
 // Form6: loading, showing, picking and editing a series, and the files of shifts.
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
@@ -70,6 +71,51 @@ void StatisticsForm::chooseFile() {
     }
 }
 
+void StatisticsForm::showRun(const RunRecords& run) {
+    (run.model ? fromModel : fromImitator).choose();
+    if (!run.model) (run.newcomb ? newcombImitator : jplImitator).choose();
+    planNumber.show(run.plan);
+    experimentNumber.show(run.experiment);
+    planet(run.body).choose();
+    lab.s.NPlan = static_cast<std::int16_t>(run.plan);
+    chooseFile();
+    SeriesData recorded = lab.series;
+    try {
+        readSeries(lab.tree, recorded.FileData, chosenKind(), recorded);
+    } catch (const FileFailure& failure) {
+        return setStatus(std::string("Прогон еще ничего не записал: ") + failure.what());
+    }
+    if (recorded.records.empty()) return setStatus("Прогон еще ничего не записал в " + recorded.FileData);
+    fitScales(recorded);
+    loadData.press();
+}
+
+void StatisticsForm::offerPlan(int plan, int body) {
+    fromModel.choose();
+    planNumber.show(plan);
+    planet(body).choose();
+    wholePlan.set(true);
+}
+
+/// Scales of round numbers in which the chosen parameter takes the usual picture.
+void StatisticsForm::fitScales(const SeriesData& series) {
+    constexpr double usualColumns = 26, usualRows = 10;
+    const auto round = [](double least) {
+        double scale = std::pow(10.0, std::floor(std::log10(least)));
+        for (const double factor : {1.0, 2.0, 5.0, 10.0})
+            if (scale * factor >= least) return cut6(scale * factor);
+        return cut6(least);
+    };
+    const auto value = [&](const Record& r) { return r.Par[series.Nparam]; };
+    const auto [low, high] =
+        std::minmax_element(series.records.begin(), series.records.end(),
+                            [&](const Record& a, const Record& b) { return value(a) < value(b); });
+    const double years = (series.records.back().dTd + series.records.back().ddTd) / 365.25;
+    const double leastScale = 1e-5;  // of the numbers that a field shows
+    timeScale.show(round(std::max(std::abs(years) / usualColumns, leastScale)));
+    parameterScale.show(round(std::max((value(*high) - value(*low)) / usualRows, leastScale)));
+}
+
 void StatisticsForm::LoadSeries() {
     SeriesData& d = lab.series;
     d.kodData = dataNone;
@@ -128,8 +174,8 @@ bool StatisticsForm::sizePicture() {
         columns = 52;
     }
     if (rows * columns >= 3000 &&
-        !desk().screen().ask(
-            "Вы действительно хотите\r\nтакой большой график.\r\nЕсли Да, то придется подождать", box))
+        !desk().ask("Вы действительно хотите\r\nтакой большой график.\r\nЕсли Да, то придется подождать",
+                    box))
         return false;
     drawEmpty(rows, columns, !showAsText.on());
     return true;
@@ -282,9 +328,9 @@ void StatisticsForm::AddRecord() {
     const int same = recordAt(changed, date);
     if (same == 0) {
         insertRecord(changed, placeFor(changed, date), date, record);
-    } else if (desk().screen().ask("Точка № " + toText(same) + " с такой датой уже есть\r\n" +
-                                       "Заменить отмеченный параметр в этой точке?",
-                                   box)) {
+    } else if (desk().ask("Точка № " + toText(same) + " с такой датой уже есть\r\n" +
+                              "Заменить отмеченный параметр в этой точке?",
+                          box)) {
         changed.records[same - 1].ddTd = interval;
         setValue(changed, changed.records[same - 1], changed.Nparam, value);
     } else {

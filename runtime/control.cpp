@@ -45,9 +45,23 @@ TextField::TextField(Form* form, Spec spec)
 }
 
 void TextField::setText(std::string text) {
+    const Desk::Doing doing(form().desk(), {.control = this, .kind = Deed::Kind::Set, .value = text});
     text_ = std::move(text);
     changed();
     run(change_);
+}
+
+void TextField::put(std::string text) {
+    const Desk::Doing doing(form().desk(), {.control = this, .kind = Deed::Kind::Put, .value = text});
+    text_ = std::move(text);
+    changed();
+}
+
+void TextField::follow(int line) {
+    if (!leads(line)) return;
+    const Desk::Doing doing(form().desk(),
+                            {.control = this, .kind = Deed::Kind::Follow, .x = static_cast<double>(line)});
+    run({[this, line] { follow_(line); }, {}});
 }
 
 template <class Read>
@@ -86,9 +100,18 @@ CheckBox::CheckBox(Form* form, Spec spec)
 
 void CheckBox::set(bool on) {
     if (on_ == on) return;
+    const Desk::Doing doing(form().desk(),
+                            {.control = this, .kind = Deed::Kind::Set, .value = on ? "on" : "off"});
     on_ = on;
     changed();
     run(change_);
+}
+
+void CheckBox::put(bool on) {
+    const Desk::Doing doing(form().desk(),
+                            {.control = this, .kind = Deed::Kind::Put, .value = on ? "on" : "off"});
+    on_ = on;
+    changed();
 }
 
 OptionButton::OptionButton(Form* form, Spec spec)
@@ -96,7 +119,7 @@ OptionButton::OptionButton(Form* form, Spec spec)
       on_(spec.on),
       group_(std::move(spec.group)) {}
 
-void OptionButton::choose() {
+void OptionButton::switchOn() {
     for (Control* control : form().controls()) {
         auto* other = control->kind() == Kind::Option ? static_cast<OptionButton*>(control) : nullptr;
         if (other == nullptr || other == this || other->group_ != group_ || !other->on_) continue;
@@ -105,7 +128,17 @@ void OptionButton::choose() {
     }
     on_ = true;
     changed();
+}
+
+void OptionButton::choose() {
+    const Desk::Doing doing(form().desk(), {.control = this, .kind = Deed::Kind::Set, .value = "on"});
+    switchOn();
     run(choice_);
+}
+
+void OptionButton::put() {
+    const Desk::Doing doing(form().desk(), {.control = this, .kind = Deed::Kind::Put, .value = "on"});
+    switchOn();
 }
 
 CommandButton::CommandButton(Form* form, Spec spec)
@@ -116,9 +149,13 @@ CommandButton::CommandButton(Form* form, Spec spec)
 void CommandButton::press() {
     if (!enabled()) return;
     Desk& desk = form().desk();
-    if (!desk.disturbs(form(), disturbs_)) return run(press_);
+    if (!desk.disturbs(form(), disturbs_)) {
+        const Desk::Doing doing(desk, {.control = this, .kind = Deed::Kind::Press});
+        return run(press_);
+    }
     if (!desk.confirmDisturbing(caption())) return;
     const Desk::Disturbing meant(desk);
+    const Desk::Doing doing(desk, {.control = this, .kind = Deed::Kind::Press});
     run(press_);
 }
 
@@ -137,9 +174,18 @@ ScrollBar::ScrollBar(Form* form, Spec spec)
 void ScrollBar::setValue(int value) {
     value = std::clamp(value, min_, max_);
     if (value == value_) return;
+    const Desk::Doing doing(form().desk(),
+                            {.control = this, .kind = Deed::Kind::Set, .value = std::to_string(value)});
     value_ = value;
     changed();
     run(change_);
+}
+
+void ScrollBar::put(int value) {
+    const Desk::Doing doing(form().desk(),
+                            {.control = this, .kind = Deed::Kind::Put, .value = std::to_string(value)});
+    value_ = std::clamp(value, min_, max_);
+    changed();
 }
 
 }  // namespace tarvex

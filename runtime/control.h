@@ -81,6 +81,8 @@ public:
 
     const std::string& text() const { return text_; }
     void setText(std::string text);
+    /// Puts a text there of which no handler hears: a session restores what stood in the field.
+    void put(std::string text);
     /// Shows a number with up to 15 digits and a decimal comma; throws ArithmeticFailure for no number.
     void show(double v) { setText(toText(v)); }
 
@@ -93,6 +95,15 @@ public:
     void onChange(std::function<void()> action, Shown message = {}) {
         change_ = {std::move(action), std::move(message)};
     }
+
+    /// A box of text whose lines, counted from 0, may lead somewhere.
+    void onFollow(std::function<bool(int line)> leads, std::function<void(int line)> follow) {
+        leads_ = std::move(leads);
+        follow_ = std::move(follow);
+    }
+    bool hasLeads() const { return static_cast<bool>(leads_); }
+    bool leads(int line) const { return leads_ && leads_(line); }
+    void follow(int line);
 
     bool readOnly() const { return readOnly_; }
     int lines() const { return lines_; }
@@ -107,6 +118,8 @@ private:
     bool readOnly_;
     int lines_, width_;
     Handler change_;
+    std::function<bool(int)> leads_;
+    std::function<void(int)> follow_;
 };
 
 /// A box that is ticked or not; its handler runs when the tick changes.
@@ -122,6 +135,7 @@ public:
 
     bool on() const { return on_; }
     void set(bool on);
+    void put(bool on);  ///< without its handler
     void onChange(std::function<void()> action, Shown message = {}) {
         change_ = {std::move(action), std::move(message)};
     }
@@ -147,11 +161,14 @@ public:
     const std::string& group() const { return group_; }
     /// Switches this option on and the others of its group off, and runs its handler (also when it was on).
     void choose();
+    void put();  ///< the same without its handler
     void onChoose(std::function<void()> action, Shown message = {}) {
         choice_ = {std::move(action), std::move(message)};
     }
 
 private:
+    void switchOn();
+
     bool on_;
     std::string group_;
     Handler choice_;
@@ -205,6 +222,7 @@ public:
     int value() const { return value_; }
     /// Sets the value, held within min..max, and runs the change handler when it differs from the old one.
     void setValue(int value);
+    void put(int value);  ///< without its handler
     void onChange(std::function<void()> action, Shown message = {}) {
         change_ = {std::move(action), std::move(message)};
     }

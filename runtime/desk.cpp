@@ -20,6 +20,7 @@ void Desk::tell(Message told) {
     if (const auto found = loaded_.find(suspectForm_); found != loaded_.end())
         if (Control* field = found->second->find(suspectField_); field != nullptr) screen_.pointAt(*field);
     suspectForm_.clear();
+    tellObservers([&](DeskObserver& observer) { observer.messageShown(told); });
     screen_.message(told);
 }
 
@@ -28,6 +29,13 @@ std::string Desk::shortened(std::string cause) const {
         for (std::size_t at = 0; (at = cause.find(folder_, at)) != std::string::npos;)
             cause.erase(at, folder_.size());
     return cause;
+}
+
+bool Desk::ask(const std::string& question, const std::string& title) {
+    const FlagsKept flags;
+    const bool yes = screen_.ask(question, title);
+    tellObservers([&](DeskObserver& observer) { observer.answered(question, yes); });
+    return yes;
 }
 
 void Desk::suspect(const Control& field) {
@@ -42,6 +50,7 @@ public:
     explicit GivingWay(Desk& desk)
         : desk_(desk),
           actor_(desk.actor_),
+          doing_(std::exchange(desk.doing_, 0)),
           base_(std::exchange(desk.base_, desk.depth_)),
           givingWay_(std::exchange(desk.givingWay_, true)),
           disturbing_(std::exchange(desk.disturbing_, false)),
@@ -53,6 +62,7 @@ public:
         desk_.base_ = base_;
         desk_.givingWay_ = givingWay_;
         desk_.disturbing_ = disturbing_;
+        desk_.doing_ = doing_;
         desk_.acting_ = acting_;
     }
     GivingWay(const GivingWay&) = delete;
@@ -62,12 +72,14 @@ private:
     const FlagsKept flags_;
     Desk& desk_;
     std::string actor_;
+    int doing_;
     int base_;
     bool givingWay_, disturbing_;
     Form* acting_;
 };
 
 void Desk::yield() {
+    tellObservers([](DeskObserver& observer) { observer.givingWay(); });
     const GivingWay way(*this);
     screen_.yield();
 }
@@ -159,6 +171,7 @@ void Desk::add(const std::string& name, Maker maker) {
 std::unique_ptr<Form> Desk::describe(const std::string& name) const {
     const auto maker = makers_.find(name);
     if (maker == makers_.end()) throw Failure("нет формы " + name);
+    const Doing making(*this);
     return maker->second();
 }
 
@@ -167,7 +180,11 @@ Form& Desk::form(const std::string& name) {
     const InHandler alive(*this);
     const Opening opening(*this, name);
     Form& made = *(loaded_[name] = describe(name));
-    made.load();
+    {
+        const Doing loading(*this);
+        made.load();
+    }
+    tellObservers([&](DeskObserver& observer) { observer.formLoaded(made); });
     return made;
 }
 
@@ -180,6 +197,7 @@ void Desk::loadAndUnload(const std::string& name) {
 void Desk::show(const std::string& name) {
     Form& shown = form(name);
     screen_.formShown(shown);
+    tellObservers([&](DeskObserver& observer) { observer.formShown(shown); });
     turnTo(shown);
 }
 
@@ -187,8 +205,10 @@ void Desk::turnTo(Form& form) {
     if (active_ == form.name() && (heldBack_ != active_ || calculating())) return;
     active_ = form.name();
     const InHandler alive(*this);
+    tellObservers([&](DeskObserver& observer) { observer.turnedTo(form); });
     const Opening opening(*this, active_);
     heldBack_ = opening.held ? active_ : "";
+    const Doing activating(*this);
     form.guarded({[&form] { form.activate(); }, {}});
 }
 
@@ -197,6 +217,8 @@ void Desk::unload(const std::string& name) {
     if (found == loaded_.end()) return;
     const InHandler alive(*this);
     Form& going = *found->second;
+    tellObservers([&](DeskObserver& observer) { observer.formLeaving(going); });
+    const Doing unloading(*this);
     going.guarded({[&going] { going.unload(); }, {}});
     if (active_ == name) active_.clear();
     leaving_.push_back(std::move(found->second));
@@ -206,8 +228,43 @@ void Desk::unload(const std::string& name) {
 
 void Desk::unloadAll(const std::string& first) {
     const InHandler alive(*this);
+    tellObservers([](DeskObserver& observer) { observer.allLeaving(); });
+    const Doing leaving(*this);
     unload(first);
     for (const std::string& name : order_) unload(name);
+}
+
+void Desk::watch(DeskObserver& observer) { observers_.push_back(&observer); }
+
+void Desk::unwatch(DeskObserver& observer) { std::erase(observers_, &observer); }
+
+template <class Event>
+void Desk::tellObservers(Event event) {
+    for (DeskObserver* observer : observers_) event(*observer);
+}
+
+Desk::Doing::Doing(Desk& desk, const Deed& deed) : desk_(desk), deed_(deed) {
+    if (desk.observers_.empty()) {
+        ++desk.doing_;
+        return;
+    }
+    if (desk.doing_ == 0) {
+        desk.acts(deed.control->form());
+        ++desk.depth_;  // the form outlives the telling of its last deed
+        told_ = &desk;
+        desk.tellObservers([&](DeskObserver& observer) { observer.deedBegins(deed_); });
+        deed_.value = {};  // its text goes with the call
+    } else {
+        desk.tellObservers([&](DeskObserver& observer) { observer.programWrites(*deed_.control); });
+    }
+    ++desk.doing_;
+}
+
+Desk::Doing::~Doing() {
+    --desk_.doing_;
+    if (told_ == nullptr) return;
+    told_->tellObservers([&](DeskObserver& observer) { observer.deedEnds(deed_); });
+    told_->leaveHandler();
 }
 
 void Desk::leaveHandler() {

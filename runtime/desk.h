@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/desk_observer.h"
 #include "runtime/form.h"
 #include "runtime/screen.h"
 
@@ -32,6 +33,8 @@ public:
     std::string shortened(std::string cause) const;
     /// A text that is no number was read from this field: the next message of the handler points at it.
     void suspect(const Control& field);
+    /// A question to the user; true for yes.
+    bool ask(const std::string& question, const std::string& title);
     /// Gives way to the user; the floating-point flags of the calculation are kept.
     void yield();
     /// The same for some time.
@@ -127,10 +130,36 @@ public:
     /// Tells the loaded forms that what the user did last is done, unless it is still being done.
     void settle();
 
+    // --- who watches what is done
+    /// An observer hears of all that is done until unwatch(); it must not throw.
+    void watch(DeskObserver& observer);
+    void unwatch(DeskObserver& observer);
+
+    /// Held while a deed is done, or a form loads or turns active: what happens inside is the program's
+    /// doing.
+    class Doing {
+    public:
+        explicit Doing(const Desk& desk) : desk_(desk) { ++desk_.doing_; }
+        Doing(Desk& desk, const Deed& deed);
+        ~Doing();
+        Doing(const Doing&) = delete;
+        Doing& operator=(const Doing&) = delete;
+
+    private:
+        const Desk& desk_;
+        Desk* told_ = nullptr;  ///< the desk whose observers have heard of the deed
+        Deed deed_;
+    };
+    /// False where the user, or a line of a script, acts himself: also in the middle of a calculation that
+    /// gives way.
+    bool programActs() const { return doing_ > 0; }
+
 private:
     class GivingWay;
     class Opening;
     void leaveHandler();
+    template <class Event>
+    void tellObservers(Event event);
 
     Screen& screen_;
     std::vector<std::string> order_;
@@ -148,7 +177,9 @@ private:
     bool givingWay_ = false, disturbing_ = false, settling_ = false;
     int opening_ = 0;  ///< loads and activations that run: what they press is their own doing
     std::function<std::function<void()>()> keeper_;
-    std::string heldBack_;  ///< form whose activation was put back: it is repeated after the calculation
+    std::string heldBack_;   ///< form whose activation was put back: it is repeated after the calculation
+    mutable int doing_ = 0;  ///< deeds within each other since the user acted last
+    std::vector<DeskObserver*> observers_;
 };
 
 }  // namespace tarvex

@@ -165,11 +165,15 @@ void Picture::onRelease(Mouse action, Shown message) {
 }
 
 void Picture::click(double x, double y, Button button) {
-    if (click_) run({[&] { click_(x, y, button); }, clickMessage_});
+    if (!click_) return;
+    const Desk::Doing doing(form().desk(), {this, Deed::Kind::Click, x, y, button == Button::Left});
+    run({[&] { click_(x, y, button); }, clickMessage_});
 }
 
 void Picture::release(double x, double y, Button button) {
-    if (release_) run({[&] { release_(x, y, button); }, releaseMessage_});
+    if (!release_) return;
+    const Desk::Doing doing(form().desk(), {this, Deed::Kind::Release, x, y, button == Button::Left});
+    run({[&] { release_(x, y, button); }, releaseMessage_});
 }
 
 }  // namespace tarvex

@@ -45,6 +45,9 @@ public:
     virtual void formUnloaded(Form& form) = 0;  ///< close its window
     virtual void statusChanged(Form&) {}        ///< its status line has another text
     virtual void controlChanged(Control& control) = 0;
+    /// Where the window of a form stands, in words of this screen; empty where nobody knows.
+    virtual std::string place(const Form&) const { return {}; }
+    virtual void setPlace(const Form&, const std::string&) {}  ///< of which nothing is too wrong to be passed
     virtual std::unique_ptr<Canvas> makeCanvas(Picture& picture) = 0;  ///< may be null: nothing is drawn
 };
 

@@ -9,9 +9,12 @@
 #include "core/name_table.h"
 #include "core/numbers.h"
 #include "core/text_files.h"
+#include "runtime/control_lines.h"
 #include "runtime/desk.h"
 #include "runtime/picture.h"
+#include "runtime/resting_commands.h"
 #include "script/expression.h"
+#include "script/script_text.h"
 
 namespace tarvex {
 
@@ -21,25 +24,6 @@ constexpr std::size_t longestLine = 1 << 20;  ///< a longer line is no line of a
 
 constexpr std::string_view statePrefix = "state.";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-std::string_view trimLeft(std::string_view s) {
-    while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
-    return s;
-}
-std::string_view trim(std::string_view s) {
-    s = trimLeft(s);
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) s.remove_suffix(1);
-    return s;
-}
-
-/// Takes the first word off the line.
-std::string_view takeWord(std::string_view& line) {
-    line = trimLeft(line);
-    const std::size_t end = std::min(line.find_first_of(" \t"), line.size());
-    const std::string_view word = line.substr(0, end);
-    line = trimLeft(line.substr(end));
-    return word;
-}
 
 int wholeNumber(std::string_view text) {
     const double v = toNumber(text);
@@ -58,20 +42,9 @@ const char* onOff(bool on) { return on ? "on" : "off"; }
 /// What a control shows: the text of a field, on or off, the place of a scroll bar, the caption of the
 /// others.
 std::string shown(const Control& control) {
-    switch (control.kind()) {
-        case Control::Kind::Text:
-            return static_cast<const TextField&>(control).text();
-        case Control::Kind::Check:
-            return onOff(static_cast<const CheckBox&>(control).on());
-        case Control::Kind::Option:
-            return onOff(static_cast<const OptionButton&>(control).on());
-        case Control::Kind::Scroll:
-            return std::to_string(static_cast<const ScrollBar&>(control).value());
-        case Control::Kind::Picture:
-            throw LineFailure{control.name() + " - рисунок, у него нет значения"};
-        default:
-            return control.caption();
-    }
+    if (control.kind() == Control::Kind::Picture)
+        throw LineFailure{control.name() + " - рисунок, у него нет значения"};
+    return valueOf(control);
 }
 
 /// A control that a person could not use now cannot be used by a line either.
@@ -145,26 +118,22 @@ std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
         std::string_view word = takeWord(rest);
         if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);  // at yield N ...
         if (word == "save" || word == "export") saved.emplace(takeWord(rest));
+        if (word == "report") {
+            takeWord(rest);
+            if (rest.empty()) saved.emplace(everyPicture);
+            while (!rest.empty()) saved.emplace(takeWord(rest));
+        }
         if (word == "Form6.Command7")
             saved.emplace("Form6");  // this command itself saves a picture of its form
     }
     return saved;
 }
 
-void Player::play(const std::vector<std::string>& lines, const std::string& firstForm) {
-    line_ = 0;
+/// Whatever fails is a failure of the present line.
+template <class Work>
+void Player::told(Work work) const {
     try {
-        desk_.show(firstForm);
-        finishLine();
-        for (const std::string& line : lines) {
-            if (!desk_.anyLoaded()) return;
-            ++line_;
-            doLine(line);
-            finishLine();
-        }
-        if (desk_.anyLoaded() && !screen_.hooks().empty())
-            throw LineFailure{"после этой строки ни один расчет не уступил управление",
-                              screen_.hooks().front().line};
+        work();
     } catch (LineFailure& failure) {
         if (failure.line == 0) failure.line = line_;
         throw;
@@ -175,6 +144,33 @@ void Player::play(const std::vector<std::string>& lines, const std::string& firs
     } catch (const std::exception& failure) {
         throw LineFailure{causeOf(failure), line_};
     }
+}
+
+void Player::play(const std::vector<std::string>& lines, const std::string& firstForm) {
+    line_ = 0;
+    told([&] {
+        desk_.show(firstForm);
+        finishLine();
+    });
+    for (const std::string& line : lines) {
+        if (!desk_.anyLoaded()) return;
+        ++line_;
+        try {
+            if (onLine_) onLine_(line_);
+            told([&] { playLine(line); });
+        } catch (const LineFailure& failure) {
+            if (!tolerated_) throw;
+            tolerated_(failure);
+        }
+    }
+    if (desk_.anyLoaded() && !screen_.hooks().empty())
+        throw LineFailure{"после этой строки ни один расчет не уступил управление",
+                          screen_.hooks().front().line};
+}
+
+void Player::playLine(const std::string& line) {
+    doLine(line);
+    finishLine();
 }
 
 /// What the line has posted is done, with all that this posts; then the hooks of its calculation are over.
@@ -211,6 +207,7 @@ void Player::doLine(std::string_view line) {
         if (argument != "yes" && argument != "no") throw LineFailure{"ожидается answer yes или answer no"};
         return screen_.queueAnswer(argument == "yes");
     }
+    if (doSessionLine(word, argument, rest)) return;
     const std::size_t length = referenceLength(line);
     if (length == 0 || line.substr(0, length).find('.') == std::string_view::npos)
         throw LineFailure{"непонятная строка: " + quote(line)};
@@ -235,6 +232,7 @@ void Player::doControlLine(std::string_view reference, std::string_view rest) {
 /// "release X,Y left": coordinates in the scale of the picture, with decimal points.
 void Player::doMouse(Control& control, std::string_view rest) {
     const std::string_view event = takeWord(rest);
+    if (event == "follow") return follow(control, rest);
     if (event != "release" && event != "click") throw LineFailure{"непонятное действие: " + quote(event)};
     if (control.kind() != Control::Kind::Picture) throw LineFailure{control.name() + " - не рисунок"};
     mustBeUsable(control);
@@ -250,6 +248,15 @@ void Player::doMouse(Control& control, std::string_view rest) {
         picture.release(x, y, button);
     else
         picture.click(x, y, button);
+}
+
+/// "follow N": the N-th line of a text, counted from 1, leads somewhere.
+void Player::follow(Control& control, std::string_view rest) {
+    const int line = wholeNumber(rest) - 1;
+    auto* text = control.kind() == Control::Kind::Text ? static_cast<TextField*>(&control) : nullptr;
+    if (text == nullptr || !text->leads(line))
+        throw LineFailure{"эта строка никуда не ведет: " + quote(rest)};
+    text->follow(line);
 }
 
 /// "at yield N LINE": the line is done when the next running calculation gives way for the N-th time.
@@ -345,7 +352,7 @@ std::string Player::value(std::string_view reference) {
     const std::string_view property = reference.substr(last + 1);
     const auto owner = [&]() -> Control& { return control(reference.substr(0, last)); };
     if (property == "caption") return owner().caption();
-    if (property == "enabled") return onOff(owner().enabled());
+    if (property == "enabled") return onOff(isOffered(owner()));
     if (property == "visible") return onOff(owner().visible());
     return shown(control(reference));
 }

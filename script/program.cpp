@@ -9,6 +9,7 @@
 #include "core/failure.h"
 #include "core/leftovers.h"
 #include "desktop/canvas_image.h"
+#include "desktop/report_file.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
 #include "script/script_screen.h"
@@ -67,6 +68,10 @@ int runScriptProgram(const std::vector<std::string>& arguments, std::istream& in
         if (options.strict) screen.beStrict();
         Player player(screen, lab.desk, lab.names);
         if (options.trusted) player.trust();
+        player.attach(lab.session);
+        player.onReport([&lab](const auto& file, const auto& forms) {
+            writeReport(file, reportHead(givenOn(lab.desk)), forms);
+        });
         player.play(lines);
     } catch (const LineFailure& failure) {
         return fail(options.script + ":" + std::to_string(failure.line) + ": " + failure.text,

@@ -65,8 +65,24 @@ void ScriptScreen::yield() {
 
 std::unique_ptr<Canvas> ScriptScreen::makeCanvas(Picture& picture) {
     const std::string& form = picture.form().name();
-    if (!drawn_.contains(form) && !drawn_.contains(form + "." + picture.name())) return nullptr;
+    if (!drawn_.contains(everyPicture) && !drawn_.contains(form) &&
+        !drawn_.contains(form + "." + picture.name()))
+        return nullptr;
     return maker_(picture.width(), picture.height());
+}
+
+std::string ScriptScreen::place(const Form& form) const {
+    const auto found = places_.find(form.name());
+    return found == places_.end() ? "" : found->second;
+}
+
+void ScriptScreen::setPlace(const Form& form, const std::string& place) { places_[form.name()] = place; }
+
+void ScriptScreen::forget() {
+    answers_.clear();
+    posted_.clear();
+    hooks_.clear();
+    yields_ = 0;
 }
 
 bool ScriptScreen::runPosted() {

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <ostream>
 #include <set>
@@ -15,6 +16,9 @@ namespace tarvex {
 
 /// A text on one line: line ends (CR LF as one) are written as \n.
 std::string onOneLine(const std::string& text);
+
+/// Stands for all pictures of all forms.
+inline constexpr const char* everyPicture = "*";
 
 class ScriptScreen : public Screen {
 public:
@@ -39,11 +43,16 @@ public:
     void formShown(Form&) override {}
     void formUnloaded(Form&) override {}
     void controlChanged(Control&) override {}
+    std::string place(const Form& form) const override;
+    void setPlace(const Form& form, const std::string& place) override;
     std::unique_ptr<Canvas> makeCanvas(Picture& picture) override;
 
     void queueAnswer(bool yes) { answers_.push_back(yes); }
-    /// Draws the pictures so named ("Form2.Picture1", or "Form6" for all of a form); the others have no
-    /// canvas.
+    bool hasAnswer() const { return !answers_.empty(); }
+    /// Nothing is queued any more: the script is over.
+    void forget();
+    /// Draws the pictures so named ("Form2.Picture1", "Form6" for all of a form, or everyPicture); the others
+    /// have no canvas.
     void draw(std::set<std::string> pictures, CanvasMaker maker) {
         drawn_ = std::move(pictures);
         maker_ = std::move(maker);
@@ -71,6 +80,7 @@ private:
     std::vector<Hook> hooks_;
     int yields_ = 0;
     bool strict_ = false;
+    std::map<std::string, std::string> places_;  ///< of the windows that a session had, by form
     std::set<std::string> drawn_;
     CanvasMaker maker_;
 };

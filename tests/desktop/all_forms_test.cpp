@@ -43,7 +43,7 @@ TEST_P(AllForms, ShowsEveryControlWithItsCaptionTextAndHint) {
     for (const Control* control : form().controls()) {
         const QWidget& widget = *test::find<QWidget>(window(), control->name());
         EXPECT_EQ(textOn(widget), textOf(*control)) << control->name();
-        EXPECT_EQ(widget.isEnabled(), control->enabled()) << control->name();
+        EXPECT_EQ(widget.isEnabled(), isOffered(*control)) << control->name();
         EXPECT_EQ(!widget.isHidden(), control->visible()) << control->name();
         EXPECT_TRUE(widget.toolTip().endsWith(QString::fromStdString(control->hint()))) << control->name();
         const Layout* grid = gridOf(form().layout(), *control);
@@ -79,7 +79,7 @@ TEST_P(AllForms, InputsDoWhatTheyDoInThePlayer) {
         Control& one = *form().controls()[i];
         Control& other = *twin().controls()[i];
         ASSERT_EQ(one.name(), other.name());
-        if (!one.enabled() || !one.visible()) continue;
+        if (!isOffered(one) || !one.visible()) continue;
         if (one.kind() == Control::Kind::Text) {
             auto& field = static_cast<TextField&>(one);
             if (field.readOnly() || field.lines() > 1) continue;

@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "forms/laboratory.h"
+#include "runtime/resting_commands.h"
 #include "tests/desktop/window_fixture.h"
 #include "tests/support/recording_screen.h"
 #include "tests/support/temp_folder.h"

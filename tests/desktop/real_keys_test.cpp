@@ -1,38 +1,22 @@
-// Real keys and clicks of a display server.  In the usual run without a display the test starts a virtual one
-// and itself on it.
+// Real keys and clicks of a display server.
 
 #include <gtest/gtest.h>
-
-#include <QProcess>
-#include <QStandardPaths>
 
 #include "desktop/picture_view.h"
 #include "forms/elements_form.h"
 #include "forms/run_form.h"
 #include "tests/desktop/every_form.h"
+#include "tests/desktop/real_hands.h"
 
 namespace tarvex {
 
 namespace {
 
-struct RealKeys : test::WindowTest {
-    /// The keyboard goes to a window: no window manager is there to see to it.
-    static QString turnTo(const QWidget& to) {
-        return QString("xdotool windowfocus %1; sleep 0.1; ").arg(to.winId());
-    }
-    /// Runs what the user's hands do and lets the windows answer meanwhile.
-    static void hands(const QString& commands) {
-        QProcess shell;
-        shell.start("sh", {"-ec", commands});
-        EXPECT_TRUE(QTest::qWaitFor([&] { return shell.state() == QProcess::NotRunning; }, 20000));
-        EXPECT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().toStdString();
-        QTest::qWait(100);
-    }
-    static QString clickOn(const QWidget* widget, QPoint at) {
-        const QPoint spot = widget->mapToGlobal(at);
-        return QString("xdotool mousemove %1 %2 click 1; ").arg(spot.x()).arg(spot.y());
-    }
+using test::clickOn;
+using test::hands;
+using test::turnTo;
 
+struct RealKeys : test::WindowTest {
     void reachTheForm() {
         window->move(20, 20);
         QTest::qWait(100);
@@ -91,44 +75,22 @@ struct RealKeys : test::WindowTest {
         EXPECT_FALSE(lab.desk.busy());
         EXPECT_EQ(lab.s.kodStop, 1);
     }
-
-    /// Runs this same test on a virtual display.
-    static void onVirtualDisplay(const QString& name) {
-        for (const char* tool : {"Xvfb", "xdotool"})
-            if (QStandardPaths::findExecutable(tool).isEmpty()) GTEST_SKIP() << tool << " is not installed";
-        QProcess display;
-        display.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"});
-        ASSERT_TRUE(display.waitForReadyRead(20000)) << display.readAllStandardError().toStdString();
-        const QByteArray number = display.readLine().trimmed();
-
-        QProcess again;
-        QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
-        surroundings.insert("DISPLAY", ":" + QString::fromLatin1(number));
-        surroundings.insert("QT_QPA_PLATFORM", "xcb");
-        again.setProcessEnvironment(surroundings);
-        again.setProcessChannelMode(QProcess::MergedChannels);
-        again.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=RealKeys." + name});
-        EXPECT_TRUE(again.waitForFinished(60000));
-        EXPECT_EQ(again.exitCode(), 0) << again.readAll().toStdString();
-        display.terminate();
-        display.waitForFinished(5000);
-    }
 };
 
 }  // namespace
 
 TEST_F(RealKeys, ReachTheForm) {
-    if (QGuiApplication::platformName() == "xcb")
+    if (test::onRealDisplay())
         reachTheForm();
     else
-        onVirtualDisplay("ReachTheForm");
+        test::onVirtualDisplay("RealKeys.ReachTheForm");
 }
 
 TEST_F(RealKeys, ReachTheLaboratory) {
-    if (QGuiApplication::platformName() == "xcb")
+    if (test::onRealDisplay())
         reachTheLaboratory();
     else
-        onVirtualDisplay("ReachTheLaboratory");
+        test::onVirtualDisplay("RealKeys.ReachTheLaboratory");
 }
 
 }  // namespace tarvex

@@ -218,12 +218,12 @@ TEST_F(WindowTools, TablesAreCopiedAsTextForASpreadsheet) {
 
 TEST_F(WindowTools, WindowsAreListedAndTurnedToByKeys) {
     struct Plain final : Form {
-        explicit Plain(Desk& d) : Form(d, "Plain", "Вторая & последняя") {}
+        explicit Plain(Desk& d) : Form(d, "Form2", "Вторая & последняя") {}
         TextField Text1{this, {.name = "Text1", .label = "x"}};
     };
-    desk.add("Plain", [this] { return std::make_unique<Plain>(desk); });
-    desk.show("Plain");
-    FormWindow* second = screen.windowOf(desk.form("Plain"));
+    desk.add("Form2", [this] { return std::make_unique<Plain>(desk); });
+    desk.show("Form2");
+    FormWindow* second = screen.windowOf(desk.form("Form2"));
     EXPECT_EQ(openWindows(), (std::vector<QMainWindow*>{window, second}));
     QString asked;
     screen.onHelp([&](const Form& asking) { asked = QString::fromStdString(asking.name()); });
@@ -235,23 +235,24 @@ TEST_F(WindowTools, WindowsAreListedAndTurnedToByKeys) {
         QCoreApplication::processEvents();
         return QApplication::activeWindow();
     };
-    EXPECT_EQ(keys(second, Qt::Key_1, Qt::ControlModifier), window);
+    EXPECT_EQ(keys(window, Qt::Key_2, Qt::ControlModifier), second);
+    EXPECT_EQ(keys(window, Qt::Key_1, Qt::ControlModifier), window);  // no form has this number
     EXPECT_EQ(keys(window, Qt::Key_Tab, Qt::ControlModifier), second);
     EXPECT_EQ(keys(second, Qt::Key_Tab, Qt::ControlModifier), window);
     keys(second, Qt::Key_F1, {});
-    EXPECT_EQ(asked, "Plain");
+    EXPECT_EQ(asked, "Form2");
 
     keys(window, Qt::Key_F6, {});
     ASSERT_EQ(menu()->actions().size(), 2);
     EXPECT_TRUE(menu()->actions()[0]->isChecked());
-    EXPECT_EQ(menu()->actions()[1]->text(), "Вторая && последняя\tCtrl+2");
+    EXPECT_EQ(menu()->actions()[1]->text(), "2.  Вторая && последняя\tCtrl+2");
     second->showMinimized();
-    choose("Вторая");
+    choose("2.  Вторая");
     QCoreApplication::processEvents();
     EXPECT_EQ(QApplication::activeWindow(), second);
     EXPECT_FALSE(second->isMinimized());
-    EXPECT_EQ(&desk.form("Plain"), second->form());
-    desk.unload("Plain");
+    EXPECT_EQ(&desk.form("Form2"), second->form());
+    desk.unload("Form2");
     EXPECT_EQ(openWindows(), (std::vector<QMainWindow*>{window}));
 }
 

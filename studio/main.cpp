@@ -12,11 +12,9 @@
 #include "core/data_home.h"
 #include "core/failure.h"
 #include "core/leftovers.h"
-#include "desktop/desktop_screen.h"
 #include "desktop/look.h"
 #include "desktop/toolkit.h"
-#include "forms/help_form.h"
-#include "forms/laboratory.h"
+#include "studio/studio.h"
 
 namespace {
 
@@ -42,17 +40,6 @@ void setLanguage(QApplication& application) {
     auto* words = new QTranslator(&application);
     if (words->load("qtbase_ru", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(words);
-}
-
-int runLaboratory(const fs::path& data) {
-    tarvex::sweepLeftovers(data);
-    tarvex::DesktopScreen screen;
-    tarvex::Laboratory lab(screen, data);
-    screen.onHelp([&lab](const tarvex::Form& asking) { tarvex::openHelp(lab.desk, asking); });
-    lab.desk.show("Form1");
-    const int status = QApplication::exec();
-    if (lab.desk.anyLoaded()) lab.desk.unloadAll("Form1");  // forms without a window, files still open
-    return status;
 }
 
 }  // namespace
@@ -89,7 +76,9 @@ int main(int argc, char** argv) {
     setLanguage(application);
 
     try {
-        return runLaboratory(tarvex::findDataTree(given));
+        const fs::path data = tarvex::findDataTree(given);
+        tarvex::sweepLeftovers(data);
+        return tarvex::Studio(data).run();
     } catch (const std::exception& failure) {
         const std::string cause = tarvex::causeOf(failure);
         std::fprintf(stderr, "tarvex: %s\n", cause.c_str());
