@@ -14,7 +14,11 @@ FileWatch::FileWatch(Heard heard) : heard_(std::move(heard)), before_(std::excha
 FileWatch::~FileWatch() { listening = before_; }
 
 void FileWatch::tell(FileTouch use, const std::filesystem::path& file) {
-    if (listening != nullptr) listening->heard_(use, file);
+    for (const FileWatch* one = listening; one != nullptr; one = one->before_) one->heard_(use, file);
 }
+
+FileWatch::Silence::Silence() : kept_(std::exchange(listening, nullptr)) {}
+
+FileWatch::Silence::~Silence() { listening = kept_; }
 
 }  // namespace tarvex

@@ -9,7 +9,7 @@ namespace tarvex {
 enum class FileTouch { Read, Written, Appended };
 
 /// While it lives, it hears of every text file that its thread opens for reading, has put in place or has
-/// appended to.  Of several on one thread the newest hears.
+/// appended to.
 class FileWatch {
 public:
     using Heard = std::function<void(FileTouch use, const std::filesystem::path& file)>;
@@ -20,6 +20,18 @@ public:
 
     /// Told by what opens files.
     static void tell(FileTouch use, const std::filesystem::path& file);
+
+    /// While it lives, nobody on its thread hears of files.
+    class Silence {
+    public:
+        Silence();
+        ~Silence();
+        Silence(const Silence&) = delete;
+        Silence& operator=(const Silence&) = delete;
+
+    private:
+        FileWatch* kept_;
+    };
 
 private:
     Heard heard_;

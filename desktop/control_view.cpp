@@ -307,20 +307,36 @@ private:
     ScrollBar& bar_;
 };
 
-/// A label of so many lines in small letters, whatever its width: it stands beside a full window.
+/// A label of so many lines, whatever its width.  Its letters have the usual size, however closely its window
+/// is set; where its text needs more lines they become smaller.
 class StripLabel final : public QLabel {
 public:
     explicit StripLabel(int lines) : lines_(lines) {
-        QFont small = font();
-        small.setPointSizeF(small.pointSizeF() * 0.85);
-        setFont(small);
         setWordWrap(true);
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
-    QSize sizeHint() const override { return {0, lines_ * fontMetrics().lineSpacing()}; }
+    QSize sizeHint() const override { return {0, lines_ * QFontMetrics(QApplication::font()).lineSpacing()}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
     bool hasHeightForWidth() const override { return false; }
+    /// Takes the largest letters in which all is seen.
+    void fit() {
+        QFont letters;
+        for (const double share : {1.0, 0.93, 0.86, 0.8}) {
+            letters = QApplication::font();
+            letters.setPointSizeF(letters.pointSizeF() * share);
+            const QRect room(0, 0, width(), QWIDGETSIZE_MAX);
+            if (QFontMetrics(letters).boundingRect(room, Qt::TextWordWrap, text()).height() <= height())
+                break;
+        }
+        if (letters != font()) setFont(letters);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QLabel::resizeEvent(event);
+        fit();
+    }
 
 private:
     int lines_;
@@ -339,6 +355,7 @@ private:
         const auto& label = static_cast<Label&>(control_);
         text()->setText(label.lines() == 1 ? folded(toQt(label.caption())) : toQt(label.caption()));
         lookWarning(text(), label.warning());
+        if (label.lines() > 1) static_cast<StripLabel*>(text())->fit();
     }
 };
 

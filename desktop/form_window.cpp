@@ -38,6 +38,14 @@ struct Closeness {
 };
 constexpr Closeness closeness[] = {{1, 12, 6, 900}, {0.9, 10, 4, 640}, {0.85, 10, 3, 600}, {0.78, 9, 2, 560}};
 
+/// Usual letters of desktops are not larger.  Who has asked for larger ones gets at least these, and scroll
+/// bars where they make a form too large.
+constexpr double usualPoints = 11;
+
+double pointsOf(const Closeness& c, double desktop) {
+    return desktop <= usualPoints ? desktop * c.font : std::max(desktop * c.font, usualPoints);
+}
+
 /// A text is being typed here that has not reached its control.
 bool hasOwnUndo(const QObject* widget) {
     const auto* edit = qobject_cast<const QLineEdit*>(widget);
@@ -59,7 +67,7 @@ FormWindow::FormWindow(Form& form, const WindowServices& services)
     QWidget* contents = nullptr;
     for (const Closeness& c : closeness) {
         QFont sized = font();
-        sized.setPointSizeF(sized.pointSizeF() * c.font);
+        sized.setPointSizeF(pointsOf(c, sized.pointSizeF()));
         contents = build({.font = sized, .digits = c.digits, .gap = c.gap, .rowWidth = c.rowWidth});
         const QSize least = contents->minimumSizeHint();
         if (least.width() <= room().width() && least.height() <= room().height()) break;
@@ -241,8 +249,9 @@ void FormWindow::setPlace(const std::string& place) {
     const auto number = [&](int i) { return match.captured(i).toInt(); };
     const QRect all = screen()->availableVirtualGeometry();
     QRect wanted = QRect(number(1), number(2), number(3), number(4));
-    wanted.setSize(wanted.size().boundedTo(all.size()).expandedTo(minimumSizeHint()));
-    if (!all.intersects(wanted)) wanted.moveTopLeft(all.topLeft());
+    wanted.setSize(wanted.size().expandedTo(minimumSizeHint()).boundedTo(all.size()));
+    wanted.moveTo(std::clamp(wanted.left(), all.left(), all.right() - wanted.width() + 1),
+                  std::clamp(wanted.top(), all.top(), all.bottom() - wanted.height() + 1));
     setGeometry(wanted);
     if (match.hasCaptured(5)) showMaximized();
 }

@@ -1,6 +1,7 @@
 #include "desktop/look.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleFactory>
@@ -11,7 +12,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr double readablePoints = 10;
+constexpr double readablePoints = 10;  ///< the least; the desktop may ask for larger letters
 constexpr int shadeOfOutline =
     140;  ///< per cent: how much darker than the window the style draws its outlines
 constexpr double cornerRadius = 2;
@@ -82,7 +83,7 @@ private:
 void setLook(QApplication& application) {
     QApplication::setStyle(new ReadableStyle);
     QFont font = application.font();
-    font.setPointSizeF(readablePoints);
+    font.setPointSizeF(std::max(QFontInfo(font).pointSizeF(), readablePoints));
     QApplication::setFont(font);
 }
 

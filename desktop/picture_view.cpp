@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QStatusTipEvent>
 #include <QTimer>
 #include <algorithm>
@@ -59,6 +60,17 @@ bool PictureView::isTurnedDark() const {
 
 QMarginsF PictureView::margins() const { return hasPlot() ? axesMargins(font()) : QMarginsF(); }
 
+/// Of a picture in a scroll area: seen whole, or filling the area in one direction and moved in the other.
+double PictureView::shownSize() const {
+    if (fitted() >= 1) return std::min(fitted(), mostFitted);
+    const QMarginsF around = margins();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const double filling =
+        std::max((room_.width() - bar - around.left() - around.right()) / shape_.width(),
+                 (room_.height() - bar - around.top() - around.bottom()) / shape_.height());
+    return std::clamp(filling, movedSize, mostFitted);
+}
+
 double PictureView::fitted() const {
     const QMarginsF around = margins();
     return std::min((room_.width() - around.left() - around.right()) / shape_.width(),
@@ -68,7 +80,7 @@ double PictureView::fitted() const {
 QSize PictureView::sizeHint() const {
     if (!keepsSize_) return shape_;
     const QMarginsF around = margins();
-    return (QSizeF(shape_) * (fitted() >= 1 ? std::min(fitted(), mostFitted) : movedSize)).toSize() +
+    return (QSizeF(shape_) * shownSize()).toSize() +
            QSizeF(around.left() + around.right(), around.top() + around.bottom()).toSize();
 }
 

@@ -32,6 +32,7 @@ public:
     QImage image() const;
     /// Where the picture lies in this widget.
     QRectF target() const;
+    double shownSize() const;
     double fitted() const;  ///< how many times its usual size the scroll area shows whole
     /// User coordinates of a point of this widget; none beside the picture.
     std::optional<QPointF> userPoint(QPointF at) const;

@@ -1,6 +1,8 @@
 #include "desktop/plot_export.h"
 
 #include <QBuffer>
+#include <QImage>
+#include <QImageWriter>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
@@ -21,6 +23,7 @@ namespace {
 constexpr double fontHeight = 11, gap = 6;  ///< usual pixels
 constexpr QSizeF usualPage(1000, 640);      ///< the largest figure, usual pixels
 constexpr int pdfResolution = 288;          ///< dots an inch
+constexpr double imageSharpness = 1.5;      ///< pixels of an image to a usual one
 
 QFont pageFont(double unit) {
     QFont font("DejaVu Sans");
@@ -110,12 +113,18 @@ QByteArray pdfOf(const Figure& figure) {
     return buffer.data();
 }
 
-QByteArray svgOfFigure(const Figure& figure) {
+/// Of a figure that keeps the shape of its picture, usual pixels.
+QSizeF pageOf(const Figure& figure) {
     const Sheet sheet(figure, 1);
     const QSizeF around(sheet.margins.left() + sheet.margins.right(),
                         sheet.margins.top() + sheet.margins.bottom());
-    QSizeF size(figure.canvas.width() * figure.part.width(), figure.canvas.height() * figure.part.height());
-    const QSizeF page = size.scaled(usualPage, Qt::KeepAspectRatio) + around;
+    const QSizeF size(figure.canvas.width() * figure.part.width(),
+                      figure.canvas.height() * figure.part.height());
+    return size.scaled(usualPage, Qt::KeepAspectRatio) + around;
+}
+
+QByteArray svgOfFigure(const Figure& figure) {
+    const QSizeF page = pageOf(figure);
     QBuffer buffer;
     {
         QSvgGenerator generator;
@@ -131,6 +140,18 @@ QByteArray svgOfFigure(const Figure& figure) {
 }
 
 }  // namespace
+
+QByteArray figureImage(const Figure& figure) {
+    QImage image((pageOf(figure) * imageSharpness).toSize(), QImage::Format_RGB32);
+    {
+        QPainter painter(&image);
+        paintFigure(painter, QRectF({}, QSizeF(image.size())), figure, imageSharpness);
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!QImageWriter(&buffer, "png").write(image)) throw FileFailure("cannot make an image");
+    return bytes;
+}
 
 QByteArray seriesTable(const Plot& plot) {
     std::string out = "\xEF\xBB\xBF";

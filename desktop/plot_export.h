@@ -29,6 +29,9 @@ void paintFigure(QPainter& painter, const QRectF& page, const Figure& figure, do
 /// ending.
 QByteArray figureFile(std::string ending, const Figure& figure);
 
+/// The bytes of a .png in the shape of the picture.
+QByteArray figureImage(const Figure& figure);
+
 /// One block a series: its name, the names of its columns with units ("время, год; dAlfaP, сек"), its points
 /// as quantities with a decimal comma.
 QByteArray seriesTable(const Plot& plot);

@@ -120,6 +120,7 @@ void paintLeftAxis(QPainter& p, const PlotFrame& frame, const QRectF& edge, cons
         const double base = y + metrics.ascent() / 2 - metrics.descent() / 2;
         if (inside && (base - metrics.ascent() < edge.top() + line || base > edge.bottom() - line - tick))
             continue;
+        if (base - metrics.ascent() < titleTop + line - metrics.descent() && !inside) continue;
         p.drawText(QPointF(right - tick - small / 2 - metrics.horizontalAdvance(toQt(one.text)), base),
                    toQt(one.text));
     }

@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QDateTime>
-#include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QTextDocument>
@@ -10,6 +9,7 @@
 #include "core/failure.h"
 #include "core/text_files.h"
 #include "desktop/canvas_image.h"
+#include "desktop/plot_export.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -22,10 +22,15 @@ constexpr double marginMillimetres = 15;
 std::string imageOf(Picture& picture) {
     const auto* canvas = dynamic_cast<const ImageCanvas*>(picture.canvas());
     if (canvas == nullptr || canvas->image().isNull()) return "";
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!QImageWriter(&buffer, "png").write(canvas->image())) return "";
+    needFonts();
+    const QByteArray bytes = figureImage({.canvas = *canvas, .plot = picture.plot(), .caption = ""});
     return "data:image/png;base64," + bytes.toBase64().toStdString();
+}
+
+std::unique_ptr<QTextDocument> documentOf(const std::string& page) {
+    auto document = std::make_unique<QTextDocument>();
+    document->setHtml(QString::fromStdString(page));
+    return document;
 }
 
 QByteArray pdfOf(const std::string& page, const std::string& title) {
@@ -34,20 +39,23 @@ QByteArray pdfOf(const std::string& page, const std::string& title) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     {
+        const auto document = documentOf(page);
         QPdfWriter writer(&buffer);
         writer.setResolution(dotsPerInch);
         writer.setPageSize(QPageSize(QPageSize::A4));
         writer.setPageMargins({marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres},
                               QPageLayout::Millimeter);
         writer.setTitle(QString::fromStdString(title));
-        QTextDocument document;
-        document.setHtml(QString::fromStdString(page));
-        document.print(&writer);
+        document->print(&writer);
     }
     return bytes;
 }
 
 }  // namespace
+
+std::unique_ptr<QTextDocument> reportDocument(const ReportHead& head, const std::vector<const Form*>& forms) {
+    return documentOf(reportPage(head, forms, imageOf));
+}
 
 bool isReportFile(const std::filesystem::path& file) {
     return file.extension() == ".html" || file.extension() == ".pdf";

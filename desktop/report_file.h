@@ -2,10 +2,13 @@
 // Reports as files.
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "runtime/report.h"
+
+class QTextDocument;
 
 namespace tarvex {
 
@@ -16,6 +19,9 @@ bool isReportFile(const std::filesystem::path& file);
 /// Throws FileFailure, also for another ending.
 void writeReport(const std::filesystem::path& file, const ReportHead& head,
                  const std::vector<const Form*>& forms);
+
+/// The same to be printed.
+std::unique_ptr<QTextDocument> reportDocument(const ReportHead& head, const std::vector<const Form*>& forms);
 
 /// A head with the time of now.
 ReportHead reportHead(std::string given);

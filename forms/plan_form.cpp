@@ -1,5 +1,6 @@
 #include "forms/plan_form.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "core/arithmetic.h"
@@ -21,6 +22,18 @@ std::string cut2(double v) { return toText(Fix(100 * v) / 100); }
 std::string cut3(double v) { return toText(Fix(1000 * v) / 1000); }
 double cut4(double v) { return Fix(10000 * v) / 10000; }
 
+constexpr const char* noCoefficients = "Ошибка при рассчете коэффициентов";
+constexpr const char* noOptimum = "Ошибка при решение системы линейных уравнений";
+
+/// Runs a step; where it fails for want of an earlier one, the cause names that one.
+template <class Step>
+void after(bool made, const char* failed, const char* missing, Step step) try {
+    step();
+} catch (const std::exception&) {
+    if (made) throw;
+    throw Refusal(failed, box, missing);
+}
+
 }  // namespace
 
 PlanForm::PlanForm(Laboratory& lab_)
@@ -33,9 +46,20 @@ PlanForm::PlanForm(Laboratory& lab_)
     loadObservedShifts.onPress([this] { LoadObserved15(); }, badData);
     runExperiments.onPress([this] { RunExperiments(); }, orShow("Ошибка при выполнение плана", box));
     findCriterion.onPress([this] { ComputeCriterion(); }, orShow("Ошибка при обработке данных", box));
-    fitCoefficients.onPress([this] { Fit15(); }, orShow("Ошибка при рассчете коэффициентов", box));
-    optimizeFactors.onPress([this] { Optimize15(); },
-                            orShow("Ошибка при решение системы линейных уравнений", box));
+    fitCoefficients.onPress(
+        [this] {
+            const auto& Y = lab.plan.Yu;
+            const bool computed = std::any_of(Y.begin(), Y.end(), [](double y) { return y != 0; });
+            after(computed, noCoefficients, "критерий еще не рассчитан: сначала команда 4-2",
+                  [this] { Fit15(); });
+        },
+        orShow(noCoefficients, box));
+    optimizeFactors.onPress(
+        [this] {
+            after(fittedCriterion != std::array<double, 100>{}, noOptimum,
+                  "уравнение регрессии еще не найдено: сначала команда 5", [this] { Optimize15(); });
+        },
+        orShow(noOptimum, box));
     moveToOptimum.onPress([this] {
         for (int i = 1; i <= gravityFactors; ++i) zeroLevel(i).setText(optimum(i).text());
     });

@@ -190,8 +190,8 @@ void RunForm::arrange() {
     const Layout place =
         frame("Положение", fields(1, {longitude, turns, bodyX, bodyY, bodyZ, energyShift, momentumShift}));
     layout_ = row({column({kind, stepping, measuring, plots, commands, stretch()}),
-                   column({given, clock, elementTable(), row({place, systemView}), stretch()}),
-                   column({orbitPicture, row({orbitScaleLabel, orbitScale})})});
+                   column({clock, elementTable(), row({place, systemView}), stretch()}),
+                   column({given, orbitPicture, row({orbitScaleLabel, orbitScale})})});
 }
 
 void RunForm::load() {

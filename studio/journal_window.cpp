@@ -45,7 +45,7 @@ void JournalWindow::add(const std::string& line) {
 
 /// A tree that cannot be written to has its journal in the window alone.
 void JournalWindow::append(const std::string& line) try {
-    const FileWatch unheard([](FileTouch, const fs::path&) {});
+    const FileWatch::Silence unheard;
     if (bytes_ > largest) {
         putInPlace(file_, fs::path(file_) += ".old");
         bytes_ = 0;

@@ -4,7 +4,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
+#include <QTextDocument>
 
 #include "core/failure.h"
 #include "desktop/form_window.h"
@@ -89,8 +92,9 @@ WindowServices Studio::services() {
          .on = [this] { return lab_->session.recorder.on(); }},
         {.text = "Отчет об этой форме...", .action = [this](Form& form) { report(form, {&form}); }},
         {.text = "Отчет об открытых формах...",
-         .keys = "Ctrl+P",
+         .keys = "Ctrl+E",
          .action = [this](Form& form) { report(form, shownForms()); }},
+        {.text = "Печать этой формы...", .keys = "Ctrl+P", .action = [this](Form& form) { print(form); }},
         {.text = "Журнал", .keys = "Ctrl+J", .action = [this](Form&) { log_->open(); }},
         {.text = "Отменить последнюю правку",
          .keys = "Ctrl+Z",
@@ -118,6 +122,7 @@ int Studio::run() {
     if (const auto last = lastSession(); last && askUser(nullptr, "Продолжить прошлый сеанс?")) next_ = last;
     for (bool opening = true;; opening = false) {
         lab_ = std::make_unique<Laboratory>(stage_, data_);
+        saved_ = std::make_unique<SavedFiles>(lab_->desk, data_);
         journal_ = std::make_unique<Journal>(lab_->desk, data_,
                                              [this](const std::string& line) { log_->add(line); });
         MapWindow::Actions actions{[this](const std::string& form) { lab_->desk.show(form); },
@@ -140,6 +145,7 @@ int Studio::run() {
         write(toQt(lastSessionOf(data_).string()), true, last);
         map_.reset();
         journal_.reset();
+        saved_.reset();
         lab_.reset();
         if (!next_) return status;
     }
@@ -293,6 +299,14 @@ void Studio::report(Form& form, const std::vector<const Form*>& forms) {
     } catch (const FileFailure&) {
         tell(form, "Не удалось записать " + file);
     }
+}
+
+/// Fields, tables and pictures, as in a report.
+void Studio::print(Form& form) {
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, windows_.windowOf(form));
+    if (dialog.exec() == QDialog::Accepted)
+        reportDocument(reportHead(givenOn(lab_->desk)), {&form})->print(&printer);
 }
 
 void Studio::playExample(const Road::Example& example) {

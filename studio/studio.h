@@ -11,6 +11,7 @@
 
 #include "forms/laboratory.h"
 #include "runtime/journal.h"
+#include "runtime/saved_files.h"
 #include "studio/journal_window.h"
 #include "studio/map_window.h"
 #include "studio/script_window.h"
@@ -56,6 +57,7 @@ private:
     void openFile(const QString& file);
     void record(Form& form);
     std::vector<const Form*> shownForms();
+    void print(Form& form);
     void report(Form& form, const std::vector<const Form*>& forms);
     void playExample(const Road::Example& example);
     void keepSession();
@@ -67,6 +69,7 @@ private:
     DesktopScreen windows_;
     StageScreen stage_{windows_, transcript_};
     std::unique_ptr<Laboratory> lab_;
+    std::unique_ptr<SavedFiles> saved_;
     std::unique_ptr<Journal> journal_;
     std::unique_ptr<MapWindow> map_;
     std::unique_ptr<JournalWindow> log_;

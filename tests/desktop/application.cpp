@@ -23,7 +23,7 @@ struct Application : ::testing::Environment {
         prepareToolkit();
         if (qEnvironmentVariable("QT_QPA_PLATFORM") == "offscreen") describeScreen();
         application = std::make_unique<QApplication>(count, arguments);
-        QApplication::setFont(QFont("DejaVu Sans"));
+        QApplication::setFont(QFont("DejaVu Sans", 10));
         setLook(*application);
         QApplication::setQuitOnLastWindowClosed(false);
     }

@@ -98,6 +98,25 @@ TEST_P(Geometry, NothingIsCutOrCovered) {
     }
 }
 
+TEST_P(Geometry, LargeLettersOfTheDesktopAreKeptAndGetScrollBars) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(14);
+    QApplication::setFont(large);
+    const WindowServices none;
+    FormWindow again(form(), none);
+    again.show();
+    QCoreApplication::processEvents();
+    const auto* area = qobject_cast<QScrollArea*>(again.centralWidget());
+    const QSize least = area->widget()->minimumSizeHint(), room = area->viewport()->size();
+    EXPECT_GE(area->widget()->font().pointSizeF(), 11);
+    EXPECT_LE(again.width(), again.screen()->availableSize().width());
+    EXPECT_LE(again.height(), again.screen()->availableSize().height());
+    EXPECT_EQ(area->verticalScrollBar()->isVisible(), least.height() > room.height());
+    EXPECT_EQ(area->horizontalScrollBar()->isVisible(), least.width() > room.width());
+    QApplication::setFont(usual);
+}
+
 INSTANTIATE_TEST_SUITE_P(Desk, Geometry, ::testing::ValuesIn(test::allForms()), test::nameOf);
 
 }  // namespace tarvex

@@ -91,6 +91,13 @@ TEST_F(RoadTest, CommandsAreOfferedWhenTheyCanDoSomething) {
 TEST_F(RoadTest, TheCriterionLeadsToTheFormThatMakesItsShifts) {
     auto& plan = lab.desk.get<PlanForm>();
     plan.usePlanet(1).set(true);
+    plan.createPlan.press();
+    for (const auto& [command, wanted] :
+         {std::pair{&plan.fitCoefficients, "команда 4-2"}, std::pair{&plan.optimizeFactors, "команда 5"}}) {
+        command->press();
+        EXPECT_NE(plan.status().find(wanted), std::string::npos) << plan.status();
+    }
+    screen.messages.clear();
     lab.series.kodData = dataImitator;
     plan.findCriterion.press();
     EXPECT_EQ(screen.onlyMessage().text.find("Ошибка чтения данных из файла"), 0u);
