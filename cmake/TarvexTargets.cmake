@@ -79,6 +79,10 @@ function(tarvex_tests name)
     tarvex_include_directory(${name} PRIVATE tests)
     target_compile_definitions(${name} PRIVATE TARVEX_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 LABELS "${ARG_LABEL}"
+    set(labels "")
+    if(ARG_LABEL)
+        set(labels LABELS ${ARG_LABEL})  # an empty one would swallow the next property
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ${labels}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
