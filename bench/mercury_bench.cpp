@@ -150,8 +150,7 @@ void passages(benchmark::State& state) {
                 "worst apse \"");
     std::vector<test::ReferenceApse> expected;
     for (std::size_t k = 0; k < wayCount; ++k) {
-        if (k == 0 || ways[k].relativistic != ways[k - 1].relativistic ||
-            ways[k].body != ways[k - 1].body)
+        if (k == 0 || ways[k].relativistic != ways[k - 1].relativistic || ways[k].body != ways[k - 1].body)
             expected = reference(ways[k], years);
         const Drift drift = compare(results[k].apses, expected);
         std::printf("%-28s %9.3f %10.0f %14.5f %13.1e %12.1e\n", ways[k].name, median(results[k].seconds),
