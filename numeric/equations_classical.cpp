@@ -321,6 +321,22 @@ void forces(const ModelState& s, Motion& m, const BodyLanes& b, int kodPgr) {
     checkWatch(m, watch);
 }
 
+/// Every law that is not plain, and whatever the debug text is to show.
+void forcesWithPairs(ModelState& s, Motion& m) {
+    formPairs(m);
+    BodyLanes b;
+    unpack(m, s, b);
+    const bool pressed = m.kodPgr != 0 && m.kodVgr != 0;
+    if (m.kodDebug != 0) {
+        // the debug text shows the forces as they are before any pressure
+        forces(s, m, b, 0);
+        keepForDebug(s, m);
+    }
+    if (pressed) ++m.NDiffur;
+    if (pressed || m.kodDebug == 0) forces(s, m, b, pressed ? m.kodPgr : 0);
+    if (pressed && m.kodDiffurV == 1) m.fullQuadrant = true;
+}
+
 }  // namespace
 }  // namespace kernel
 
@@ -337,22 +353,11 @@ void Diffur(ModelState& s, Motion& motion) {
     }
     kernel::needWeights(s, motion);
     std::memcpy(motion.dU.data(), &motion.U[3 * bodies], sizeof(double) * 3 * bodies);
-    const bool pressed = motion.kodPgr != 0 && motion.kodVgr != 0;
-    const bool retarded = motion.kodDX != 0 && motion.kodVgr != 0;
-    if (!pressed && !retarded && motion.nR == 2 && motion.kodDebug == 0) {
+    const bool finite = motion.kodVgr != 0 && (motion.kodPgr != 0 || motion.kodDX != 0);
+    if (!finite && motion.nR == 2 && motion.kodDebug == 0) {
         kernel::plainForces(s, motion);
     } else {
-        formPairs(motion);
-        BodyLanes b;
-        kernel::unpack(motion, s, b);
-        if (motion.kodDebug != 0) {
-            // the debug text shows the forces as they are before any pressure
-            kernel::forces(s, motion, b, 0);
-            kernel::keepForDebug(s, motion);
-        }
-        if (pressed) ++motion.NDiffur;
-        if (pressed || motion.kodDebug == 0) kernel::forces(s, motion, b, pressed ? motion.kodPgr : 0);
-        if (pressed && motion.kodDiffurV == 1) motion.fullQuadrant = true;
+        kernel::forcesWithPairs(s, motion);
     }
     if (motion.kodRelativity == 1) {
         kernel::Watch watch;
