@@ -62,6 +62,8 @@ double moonAngularMomentum(const ModelState& s) {
            s.m[moon];
 }
 
-double pairMomentumY(const ModelState& s) { return s.m[rowEarth] * s.VY[0] + s.m[rowMoon] * s.VY[rowMoon]; }
+double pairMomentumY(const ModelState& s) {
+    return s.m[rowEarth] * s.VY[rowSun] + s.m[rowMoon] * s.VY[rowMoon];
+}
 
 }  // namespace tarvex

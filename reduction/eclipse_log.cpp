@@ -49,11 +49,12 @@ void logPlaces(const DataTree& tree, const ModelState& s, const Eclipse& e, doub
                double year) {
     const int b = s.IplSel;
     const double reach = e.Rsun + e.Rbody;
-    if (std::abs(e.azimuth[b] - e.azimuth[0]) > reach || std::abs(e.altitude[b] - e.altitude[0]) > reach)
+    if (std::abs(e.azimuth[b] - e.azimuth[rowSun]) > reach ||
+        std::abs(e.altitude[b] - e.altitude[rowSun]) > reach)
         return;
     std::string line;
-    for (const double v : {Fix(1000 * day), 1000 * month, 1000 * year, Fix(1000 * s.Lpl[0]),
-                           Fix(1000 * s.Bpl[0]), Fix(1000 * s.Lpl[b]), Fix(1000 * s.Bpl[b])})
+    for (const double v : {Fix(1000 * day), 1000 * month, 1000 * year, Fix(1000 * s.Lpl[rowSun]),
+                           Fix(1000 * s.Bpl[rowSun]), Fix(1000 * s.Lpl[b]), Fix(1000 * s.Bpl[b])})
         line += fileItem(v);
     appendLine(tree.at(placesFile), line);
 }
@@ -68,8 +69,8 @@ void logSolstice(const DataTree& tree, ModelState& s, const Eclipse& e, const Ec
                time + "  " + date + "  JDut= " + Format(s.JDut, "0000000.0000") + "   L= " +
                    Format(e.sun.geoJ2000.L, "000.000") + "   L= " + Format(e.sun.ofDate.L, "000.0000") +
                    "   B= " + Format(e.sun.ofDate.B, "00.00000000") + "   L= " + Format(back.L, "000.0000") +
-                   "   B= " + Format(back.B, "00.00000000") + "   A= " + Format(e.azimuth[0], "000.0") +
-                   "   H= " + Format(e.altitude[0], "00.0"));
+                   "   B= " + Format(back.B, "00.00000000") + "   A= " + Format(e.azimuth[rowSun], "000.0") +
+                   "   H= " + Format(e.altitude[rowSun], "00.0"));
 }
 
 std::string timeOfFraction(ModelState& s, double day) {
