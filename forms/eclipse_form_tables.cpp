@@ -1,8 +1,7 @@
 // Form16: eclipses by the ancient tables.
 #include "core/calendar.h"
-#include "core/clock.h"
 #include "forms/eclipse_form.h"
-#include "forms/et_ut_form.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
@@ -32,16 +31,10 @@ void EclipseForm::chooseData(bool tables) {
 /// The tables are read with the first relation of ET-UT, and that of the Earth's rotation as it stands at
 /// first.
 void EclipseForm::useFirstRelation() {
-    constexpr int jones = 1, earthTurns = 4;
-    if (!desk().isLoaded("Form17")) {
-        if (desk().knows("Form17")) desk().loadAndUnload("Form17");  // its load sets just these
-        return;
-    }
-    auto& form = desk().get<EtUtForm>();
-    form.planetsFormula(jones).choose();
-    form.earthFormula(earthTurns).choose();
-    form.planetsPlus.choose();
-    form.setTrigger.setText(timeOfDay());
+    if (auto* const form = loadedScreen<EtUtScreen>(desk()))
+        form->useFirstRelation();
+    else if (desk().knows(EtUtScreen::formName))
+        desk().loadAndUnload(EtUtScreen::formName);  // its load sets just these
 }
 
 void EclipseForm::chooseTable(int i) {
@@ -84,7 +77,7 @@ void EclipseForm::chooseTable(int i) {
     }
     table_.PrecTab0 = s.Prec;
     // Form17 takes its fields anew, with the laws that stand there
-    if (desk().isLoaded("Form17")) desk().get<EtUtForm>().setTrigger.setText(timeOfDay());
+    if (auto* const form = loadedScreen<EtUtScreen>(desk())) form->takeAnew();
 }
 
 /// The Sun and the body from the workbook for this moment, at the local time of the place.

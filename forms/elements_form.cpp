@@ -1,5 +1,7 @@
 #include "forms/elements_form.h"
 
+#include <chrono>
+
 #include "core/arithmetic.h"
 #include "forms/date_fields.h"
 #include "forms/given.h"
@@ -22,6 +24,12 @@ constexpr std::array elementHeadings = {"AlfaL, град", "R0sr, тыс.км", 
                                         "Betta, град", "AlfaP, град",  "AlfaU, град"};
 constexpr std::array stateHeadings = {"X, тыс.км", "Y, тыс.км ", "Z, тыс.км", "VX, м/с",
                                       "VY, м/с",   "VZ, м/с",    "mSol/mPl"};
+
+/// A text that differs from second to second, for the trigger of another form.
+std::string presentTime() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return toText(static_cast<double>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()));
+}
 
 }  // namespace
 
@@ -403,6 +411,11 @@ void ElementsForm::showState() {
                                             &nodeHeading};
     for (int k = 0; k < 7; ++k) headings[k]->setCaption(stateHeadings[k]);
     for (int i = 0; i <= NPlanetMax; ++i) showStateRow(i, 7);
+}
+
+void ElementsForm::showStates() {
+    viewState.choose();
+    showStateTrigger.setText(presentTime());
 }
 
 void ElementsForm::showStateRow(int body, int columns) {

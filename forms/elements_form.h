@@ -7,11 +7,12 @@
 #include "forms/elements_controls.h"
 #include "forms/elements_form_check.h"
 #include "forms/laboratory.h"
+#include "forms/screens.h"
 #include "initial/load_source.h"
 
 namespace tarvex {
 
-class ElementsForm final : public ElementsControls {
+class ElementsForm final : public ElementsControls, public ElementsScreen {
 public:
     static constexpr const char* formName = "Form1";
     explicit ElementsForm(Laboratory& lab);
@@ -28,7 +29,8 @@ public:
     /// Shows coordinates and velocities of one body in its row of the table, with 7 columns its mass too.
     void showStateRow(int body, int columns = 6);
     /// What was typed or chosen after the last load and is not in the model, in words.
-    std::vector<std::string> notLoaded() const;
+    std::vector<std::string> notLoaded() const override;
+    void showStates() override;
 
 private:
     void bindCommands();

@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
+#include "core/clock.h"
 
 namespace tarvex {
 
@@ -45,6 +46,16 @@ EtUtForm::EtUtForm(Laboratory& lab_)
         row({setModel, closeForm, stretch()}),
     });
 }
+
+void EtUtForm::useFirstRelation() {
+    constexpr int jones = 1, earthTurns = 4;
+    planetsFormula(jones).choose();
+    earthFormula(earthTurns).choose();
+    planetsPlus.choose();
+    takeAnew();
+}
+
+void EtUtForm::takeAnew() { setTrigger.setText(timeOfDay()); }
 
 void EtUtForm::load() {
     for (const int k : {1, 2}) {

@@ -4,15 +4,18 @@
 
 #include "forms/et_ut_controls.h"
 #include "forms/laboratory.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
-class EtUtForm final : public EtUtControls {
+class EtUtForm final : public EtUtControls, public EtUtScreen {
 public:
     static constexpr const char* formName = "Form17";
     explicit EtUtForm(Laboratory& lab);
 
     void load() override;
+    void useFirstRelation() override;
+    void takeAnew() override;
 
 private:
     struct Row;

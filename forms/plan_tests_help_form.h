@@ -3,16 +3,17 @@
 
 #include "forms/laboratory.h"
 #include "forms/plan_tests_help_controls.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
-class PlanTestsHelpForm final : public PlanTestsHelpControls {
+class PlanTestsHelpForm final : public PlanTestsHelpControls, public PlanTestsScreen {
 public:
     static constexpr const char* formName = "Form8";
     explicit PlanTestsHelpForm(Laboratory& lab);
 
     /// Number of the chosen test, 1..9.
-    int test() const;
+    int test() const override;
 };
 
 }  // namespace tarvex

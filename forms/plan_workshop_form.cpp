@@ -1,7 +1,7 @@
 #include "forms/plan_workshop_form.h"
 
 #include "core/arithmetic.h"
-#include "forms/plan_tests_help_form.h"
+#include "forms/screens.h"
 #include "stats/quality.h"
 #include "stats/stat.h"
 #include "stats/test_plan.h"
@@ -50,10 +50,10 @@ PlanWorkshopForm::PlanWorkshopForm(Laboratory& lab_)
     clearDrawing.onPress([this] { page.drawEmpty(picture, false); });
     closeForm.onPress([this] {
         close();
-        desk().unload(PlanTestsHelpForm::formName);
+        desk().unload(PlanTestsScreen::formName);
     });
-    additionalTests.setLeadsTo(PlanTestsHelpForm::formName);
-    additionalTests.onChoose([this] { desk().show(PlanTestsHelpForm::formName); });
+    additionalTests.setLeadsTo(PlanTestsScreen::formName);
+    additionalTests.onChoose([this] { desk().show(PlanTestsScreen::formName); });
     layOut();
 }
 
@@ -159,7 +159,7 @@ void PlanWorkshopForm::RunPlan18() {
                 p.dXvar[i] = interval(i).number();
             }
             if (additionalTests.on())
-                runAdditionalTest(p, desk().get<PlanTestsHelpForm>().test());
+                runAdditionalTest(p, screenOf<PlanTestsScreen>(desk()).test());
             else
                 runStandardTest(p);
         });

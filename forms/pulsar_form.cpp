@@ -1,7 +1,7 @@
 #include "forms/pulsar_form.h"
 
 #include "core/arithmetic.h"
-#include "forms/two_bodies_form.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
@@ -20,7 +20,8 @@ void PulsarForm::load() { showPulseRate(); }
 void PulsarForm::showPulseRate() {
     double Dt = lab.twoBody.Dt;
     try {
-        if (desk().isLoaded(TwoBodiesForm::formName)) Dt = toNumber(desk().get<TwoBodiesForm>().step.text());
+        if (const auto* const form25 = loadedScreen<TwoBodiesScreen>(desk()))
+            Dt = toNumber(form25->typedStep());
         meanPulseRate.show(Fix(ratio(MK, Dt)) / MK);
     } catch (const Failure&) {
     }

@@ -3,16 +3,17 @@
 
 #include "forms/laboratory.h"
 #include "forms/pulsar_controls.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
-class PulsarForm final : public PulsarControls {
+class PulsarForm final : public PulsarControls, public PulsarScreen {
 public:
     static constexpr const char* formName = "Form26";
     explicit PulsarForm(Laboratory& lab);
 
     void load() override;
-    void showPulseRate();
+    void showPulseRate() override;
 
 private:
     void store();

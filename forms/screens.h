@@ -3,6 +3,7 @@
 // its class.
 
 #include <string>
+#include <vector>
 
 #include "experiment/plan_run.h"
 #include "runtime/desk.h"
@@ -40,6 +41,51 @@ public:
     /// What is typed and ticked; the levels of all experiments go into the shared plan.
     virtual PlanSettings takePlan() = 0;
     virtual void experimentEnded() = 0;  ///< a run of its plan that it has not begun itself has ended
+};
+
+/// The parameter screen, Form1.
+class ElementsScreen {
+public:
+    static constexpr const char* formName = "Form1";
+    virtual ~ElementsScreen() = default;
+    /// What stands on it and has not been loaded, in words: what a run starts from without it.
+    virtual std::vector<std::string> notLoaded() const = 0;
+    /// Shows coordinates and velocities as they are now.
+    virtual void showStates() = 0;
+};
+
+/// The screen of ephemeris and universal time, Form17.
+class EtUtScreen {
+public:
+    static constexpr const char* formName = "Form17";
+    virtual ~EtUtScreen() = default;
+    /// Chooses the first relation and that of the Earth's rotation with which the screen begins, and takes
+    /// them.
+    virtual void useFirstRelation() = 0;
+    /// Takes what is chosen and typed anew.
+    virtual void takeAnew() = 0;
+};
+
+/// The screen of two bodies, Form25, and of the pulsar, Form26: one pulse a step.
+class TwoBodiesScreen {
+public:
+    static constexpr const char* formName = "Form25";
+    virtual ~TwoBodiesScreen() = default;
+    virtual std::string typedStep() const = 0;  ///< s
+};
+class PulsarScreen {
+public:
+    static constexpr const char* formName = "Form26";
+    virtual ~PulsarScreen() = default;
+    virtual void showPulseRate() = 0;  ///< by the step as it is typed
+};
+
+/// The screen of criteria with a known optimum, Form8.
+class PlanTestsScreen {
+public:
+    static constexpr const char* formName = "Form8";
+    virtual ~PlanTestsScreen() = default;
+    virtual int test() const = 0;  ///< number of the chosen one
 };
 
 /// The screen by its interface, loaded at the first reference.  Throws Failure where the laboratory has none.

@@ -1,11 +1,10 @@
 #include "forms/system_velocity_form.h"
 
-#include <chrono>
 #include <cmath>
 
 #include "core/arithmetic.h"
-#include "forms/elements_form.h"
 #include "forms/plot_grid.h"
+#include "forms/screens.h"
 #include "initial/system_velocity.h"
 
 namespace tarvex {
@@ -14,12 +13,6 @@ namespace {
 
 constexpr double xzLevel = 5, xyLevel = -5;  // middle lines of the two views
 constexpr Color black{0, 0, 0}, grey{200, 200, 200};
-
-/// A text that differs from second to second, for the trigger of another form.
-std::string presentTime() {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return toText(static_cast<double>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count()));
-}
 
 }  // namespace
 
@@ -152,14 +145,14 @@ void SystemVelocityForm::resolveAndSum() {
 
 void SystemVelocityForm::giveToSystem() {
     ModelState& s = lab.s;
-    auto& form1 = desk().get<ElementsForm>();  // first: where it was closed, its load puts the system at rest
+    auto& form1 =
+        screenOf<ElementsScreen>(desk());  // first: where it was closed, its load puts the system at rest
     s.VXsys = systemVx.number();
     s.VYsys = systemVy.number();
     s.VZsys = systemVz.number();
     s.provenance.handOver(s, {Given::SystemVelocity}, "", 4);
     addSystemVelocity(s);
-    form1.viewState.choose();
-    form1.showStateTrigger.setText(presentTime());
+    form1.showStates();
 }
 
 }  // namespace tarvex

@@ -4,7 +4,6 @@
 
 #include "core/arithmetic.h"
 #include "forms/plot_grid.h"
-#include "forms/pulsar_form.h"
 #include "numeric/pulsar_file.h"
 #include "theories/elements.h"
 #include "theories/secular_theories.h"
@@ -68,7 +67,7 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
     for (Picture* one : {&orbitPicture, &shiftPlots}) one->onWipe([this] { clearPictures(); });
     opens(openPulsar, "Form26");
     step.onChange([this] {
-        if (desk().isLoaded("Form26")) desk().get<PulsarForm>().showPulseRate();
+        if (auto* const form26 = loadedScreen<PulsarScreen>(desk())) form26->showPulseRate();
     });
     closeForm.onPress([this] { close(); });
     exactPassages.onChange([this] {

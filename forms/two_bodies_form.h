@@ -7,11 +7,12 @@
 
 #include "forms/laboratory.h"
 #include "forms/picture_axes.h"
+#include "forms/screens.h"
 #include "forms/two_bodies_controls.h"
 
 namespace tarvex {
 
-class TwoBodiesForm final : public TwoBodiesControls, private TwoBodyPort {
+class TwoBodiesForm final : public TwoBodiesControls, public TwoBodiesScreen, private TwoBodyPort {
 public:
     static constexpr const char* formName = "Form25";
     explicit TwoBodiesForm(Laboratory& lab);
@@ -19,6 +20,7 @@ public:
     void load() override;
     void activate() override;
     void unload() override;
+    std::string typedStep() const override { return step.text(); }
 
 private:
     void periodMeasured() override;
