@@ -60,7 +60,7 @@ ExperimentResult runPlanExperiment(const Experiment& e, const PlanBlock& plan, i
     });
     const auto outsidePlan = [&] { e.s.NPlan = 0; };
     try {
-        const ExperimentResult seen = runExperiment(e, one, port);
+        ExperimentResult seen = runExperiment(e, one, port);
         outsidePlan();
         return seen;
     } catch (...) {
