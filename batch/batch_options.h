@@ -31,7 +31,4 @@ struct BatchOptions {
 /// Throws Failure, with the text for the user, when something is missing or cannot be read.
 BatchOptions parseBatchOptions(const std::vector<std::string>& arguments);
 
-/// Numbers of a list like "1,2,4-6", in its order.  Throws Failure.
-std::vector<int> numberList(const std::string& text);
-
 }  // namespace tarvex

@@ -10,9 +10,9 @@
 #include <thread>
 
 #include "batch/batch_progress.h"
+#include "batch/option_words.h"
 #include "batch/plan_journal.h"
 #include "batch/worker.h"
-#include "core/data_home.h"
 #include "core/data_tree.h"
 #include "core/failure.h"
 #include "core/leftovers.h"
@@ -30,21 +30,13 @@ constexpr int pollMilliseconds = 200;
 volatile sig_atomic_t interrupted = 0;
 void interrupt(int) { interrupted = 1; }
 
-fs::path dataTree(const BatchOptions& options) {
-    try {
-        return findDataTree(options.data);
-    } catch (const OpenFailure&) {
-        throw Failure("нет каталога данных" + (options.data ? " " + options.data->string() : ""));
-    }
-}
-
 class Batch {
 public:
     Batch(const BatchOptions& options, std::ostream& out, std::ostream& err, bool terminal)
         : options_(options),
           out_(out),
           err_(err),
-          root_(dataTree(options)),
+          root_(dataTree(options.data)),
           real_(root_),
           settings_(settingsLine(options, real_)),
           journal_(real_, options.plan),

@@ -130,7 +130,7 @@ void ObservationsControls::layOut() {
     layout_ = column({
         row({pages({frame("Данные", dataPage()), frame("Теория и отбор", theoryPage()),
                     frame("Результаты", resultsPage()), frame("Рисунки", drawingPage()),
-                    frame("План", planPage())}),
+                    frame("План", planPage()), frame("Места", fit.layout())}),
              pages({frame("Отклонения", scrolled(residualGraph)),
                     frame("Тела", row({systemPicture, skyPicture}))})}),
         row({startRun, stopRun, continueRun, singleStep, drawHistograms, openMoonTerms, openPlanetTerms,

@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 
+#include "forms/fit_panel.h"
 #include "forms/quality_panel.h"
 #include "reduction/reduction_run.h"
 #include "runtime/form.h"
@@ -528,6 +529,7 @@ public:
     QualityPanel quality{this};
     CommandButton openPlan{
         this, {.name = "Command9", .caption = "План * ", .hint = "Открыть план экспериментов (форма 13)"}};
+    FitPanel fit{this};
     CommandButton openMoonTerms{
         this, {.name = "Command16", .caption = "dLl*", .hint = "Открыть возмущения Луны (форма 21)"}};
     CommandButton openPlanetTerms{

@@ -79,6 +79,8 @@ void ObservationsForm::bindPlan() {
             growPlanAround({from, from + std::clamp<int>(lab.plan.Nf, 0, maxFactors)}, 0.5);
         },
         badData());
+    fit.fit.onPress([this] { fitPlaces(); }, orShow("Модель не подогнана к местам", "Tarvex7.0"));
+    fit.stop.onPress([this] { fitStopped_ = true; });
     planSignal.onChange([this] { ShowPlanSummary(); }, badData());
 }
 

@@ -101,11 +101,18 @@ private:
     void growPlanAround(const std::vector<double>& centre, double half);
     void ShowPlanSummary();
 
+    // --- the fit to places (observations_form_fit.cpp)
+    void fitPlaces();
+    std::vector<Place> placesToFit(const std::vector<int>& wanted);
+    void keepSight();
+
     Reduction reduction() { return {lab.s, lab.reduction, lab.plan, lab.tree}; }
 
     Laboratory& lab;
     PlanPage page_;
     bool running_ = false, gone_ = false;  ///< a run goes on; the form has been closed
+    bool fitting_ = false, fitStopped_ = false;  ///< a fit goes on; the user has stopped it
+    std::vector<Place> sights_;  ///< directions of the observations that the last run has accepted
     int passes_ = 0;
     std::string offeredYear_;  ///< text of the last year's field as the user has not typed it
     /// Experiments that one press was to run: the first, and at which a stop interrupted it (0: none).

@@ -150,6 +150,7 @@ void ObservationsForm::start() {
     ShowPlanSummary();  // an empty graph below, and above it the plan beside which the responses are printed
     page_.showPlots(residualGraph);
     clearSystem();
+    sights_.clear();
     startReduction(reduction());
     drawLimits();
     pass();
@@ -319,6 +320,7 @@ void ObservationsForm::accepted() {
     const ReductionState& r = lab.reduction;
     const auto& c = r.criterion;
     const int j = r.measure(), k = r.experiment;
+    if (fit.source(2).on()) keepSight();
     acceptedCount.show(r.NObs);
     positiveCount.show(r.NPlus);
     negativeCount.show(r.NObs - r.NPlus);

@@ -7,6 +7,7 @@
 #include "forms/statistics_form.h"
 #include "stats/gravity_plan.h"
 #include "stats/plan_file.h"
+#include "stats/plan_growth.h"
 #include "stats/quality.h"
 #include "stats/stat.h"
 
@@ -116,16 +117,21 @@ void PlanForm::tellState() {
 }
 
 void PlanForm::CreatePlan15() {
+    buildPlan();
+    page = PlanPage::of(lab.plan.Nf, 58);
+    lastExperiment.show(lab.plan.Nplan);
+    page.drawEmpty(picture, true);
+    printPlan();
+}
+
+/// The plan of the ticked factors and kind, with no points added.
+void PlanForm::buildPlan() {
     PlanBlock& p = lab.plan;
     fittedCriterion = {};
     std::vector<int> factors;
     for (int i = 1; i <= gravityFactors; ++i)
         if (useFactor(i).on()) factors.push_back(i);
     createGravityPlan(p, rotatablePlan.on() ? planRoto : planOrtho, factors);
-    page = PlanPage::of(p.Nf, 58);
-    lastExperiment.show(p.Nplan);
-    page.drawEmpty(picture, true);
-    printPlan();
 }
 
 /// Brings the plan and the criterion beside it into sight.
@@ -180,6 +186,7 @@ void PlanForm::LoadPlan15() {
     } catch (const FileFailure&) {
         throw Refusal("Ошибка при чтении данных из файла " + planFileName(N, false), box);
     }
+    takeAdded(head.added);
     double y = page.rows - 0.3;
     picture.lookAt(page.rows, page.rows - observedTop);
     const auto print = [&](const std::string& text) {
@@ -206,6 +213,22 @@ void PlanForm::LoadPlan15() {
     }
 }
 
+/// A plan that had grown when it was saved grows again.
+void PlanForm::takeAdded(const std::vector<std::vector<double>>& points) {
+    if (points.empty()) return;
+    if (static_cast<int>(points.front().size()) != lab.plan.Nf) {
+        setStatus("Добавленные точки в файле плана - для " +
+                  toText(static_cast<double>(points.front().size())) + " факторов, в плане их " +
+                  toText(lab.plan.Nf));
+        return;
+    }
+    buildPlan();
+    addPoints(lab.plan, points);
+    lastExperiment.show(lab.plan.Nplan);
+    page.drawEmpty(picture, true);
+    printPlan();
+}
+
 void PlanForm::readLevels() {
     for (int i = 1; i <= gravityFactors; ++i) {
         lab.plan.Xnul[i] = zeroLevel(i).number();
@@ -222,7 +245,10 @@ void PlanForm::SavePlan15() {
         p.XoptR[i] = optimum(i).number();
     }
     stage("Ошибка при записи данных в файл " + planFileName(N, true), box, [&] {
-        writePlanFile(lab.tree, N, PlanFileHead::of(N, p.kodPlan == planRoto, p.Nf), p, lab.shifts);
+        const bool roto = p.kodPlan == planAugmented ? rotatablePlan.on() : p.kodPlan == planRoto;
+        PlanFileHead head = PlanFileHead::of(N, roto, p.Nf);
+        head.added = addedPoints(p);
+        writePlanFile(lab.tree, N, head, p, lab.shifts);
     });
 }
 

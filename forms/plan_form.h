@@ -57,6 +57,8 @@ private:
     std::vector<int> tickedPlanets() const;
     std::vector<int> tickedParameters() const;
 
+    void buildPlan();
+    void takeAdded(const std::vector<std::vector<double>>& points);
     void readLevels();
     PlanSettings choices() const;
     void startPlan();

@@ -4,8 +4,8 @@
 #include "core/arithmetic.h"
 #include "forms/plan_form.h"
 #include "stats/drift_verdict.h"
-#include "stats/fit.h"
 #include "stats/gravity_plan.h"
+#include "stats/series_shift.h"
 
 namespace tarvex {
 
@@ -155,7 +155,8 @@ void PlanForm::ConfirmSolution() {
     printLines(picture, lines, page.rows - 0.3);
 }
 
-/// Shifts of a planet in the experiment at the solution, lines through all its passages.
+/// Shifts of a planet in the experiment at the solution, lines through all its passages; with the periodic
+/// terms of the planets where the screen of statistics fits with them.
 void PlanForm::measureSolution(int planet, int number) {
     SeriesData series;
     const std::string name = files::runRecord(planNumber.int16(), planet, number);
@@ -163,17 +164,12 @@ void PlanForm::measureSolution(int planet, int number) {
           [&] { readSeries(lab.tree, name, dataModel, series); });
     series.kodData = dataModel;
     series.Npl = planet;
-    FitSettings settings;
-    settings.last = series.NP1max();
-    settings.T0 = JD2000;
-    for (const int param : tickedParameters()) {
-        series.Nparam = static_cast<std::int16_t>(param);
-        FitResult fit;
-        formGroups(series, settings, 1, fit);
-        fitGroups(settings.equation, fit);
+    const auto* periods = desk().isLoaded("Form6")
+                              ? dynamic_cast<const CheckBox*>(desk().form("Form6").find("WithPeriods"))
+                              : nullptr;
+    for (const int param : tickedParameters())
         lab.answer.Measured[static_cast<std::size_t>(planet)][static_cast<std::size_t>(param)] =
-            shiftUnit(param).scale * fit.b[1];
-    }
+            seriesShift(series, param, periods != nullptr && periods->on()).shift;
 }
 
 void PlanForm::NextPlan() {

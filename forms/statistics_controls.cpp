@@ -47,7 +47,8 @@ void StatisticsControls::layOut() {
         {row({loadData, anglesWithinTurn, showAsText}),
          row({overlay, colorNumber, moonPerigeeRate, moonNodeRate}), fields(2, {timeScale, parameterScale}),
          row({savePicture, pictureName}),
-         frame("Смещения", column({row({loadShiftFile, shiftInFile}), row({saveShiftFile, wholePlan})}))});
+         frame("Смещения", column({row({loadShiftFile, shiftInFile}), row({saveShiftFile, wholePlan}),
+                                   row({observedFromDE405, fields(2, {observedFrom, observedTo})})}))});
     const Layout fitting = column({
         row({frame("ур-е аппроксимации", row({fitConstant, fitLine, fitParabola})),
              frame("в группе", fields(1, {groupSize}))}),
@@ -67,7 +68,8 @@ void StatisticsControls::layOut() {
                               row({fields(2, {resampledLow, resampledHigh}), passageNotice})})),
                 frame("второй ряд", column({row({pairSource(0), pairSource(1), pairSource(2), pairSource(3)}),
                                             fields(2, {pairPlan, pairExperiment})})),
-                pairedFit, fields(2, {pairedShift, pairedError, pairedCount}), pairedToTable, stretch()});
+                pairedFit, fields(2, {pairedShift, pairedError, pairedCount}),
+                row({pairedToTable, pairedShiftToTable}), stretch()});
     const Layout testing = column({useTestSeries, fields(2, {testK0, testK1, testK2, testK3})});
     const Layout editing = column({row({deletePoint, markedRecord}), addPoint,
                                    fields(2, {newYear, newMonth, newDay, newEndYear, newValue})});

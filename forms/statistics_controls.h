@@ -321,6 +321,33 @@ public:
                             .hint = "Погрешностью смещения считать погрешность разности: второй ряд - "
                                     "наблюдения за те же годы"}};
 
+    CheckBox pairedShiftToTable{
+        this,
+        {.name = "PairedShiftToTable",
+         .caption = "и смещение: второго ряда плюс разность",
+         .hint = "В таблицу смещений эксперимента - смещение второго ряда плюс разность пар: тогда с наблюдаемым "
+                 "смещением этого ряда сравниваются только общие прохождения"}};
+
+    // --- observed shifts on the model's own window
+    CommandButton observedFromDE405{this,
+                                    {.name = "ObservedFromDE405",
+                                     .caption = "наблюдаемые из DE405",
+                                     .hint = "Измерить смещения по DE405 за эти годы, с точными "
+                                             "прохождениями, для планет формы 15 (Земля - центр "
+                                             "масс с Луной); записать ряды, таблицу JPL и погрешности"}};
+    TextField observedFrom{this,
+                           {.name = "ObservedFrom",
+                            .label = "с",
+                            .text = "1960",
+                            .hint = "Первый год: как у эксперимента, с которым сравнивать",
+                            .width = 5}};
+    TextField observedTo{this,
+                         {.name = "ObservedTo",
+                          .label = "по",
+                          .text = "2059",
+                          .hint = "Последний год, до его конца",
+                          .width = 5}};
+
     // --- editing and files
     CommandButton deletePoint{
         this,

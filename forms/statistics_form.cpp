@@ -21,6 +21,8 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
     deletePoint.onPress([this] { DeleteRecord(); }, orShow("Ошибка вычислений", "Tarvex7"));
     addPoint.onPress([this] { AddRecord(); }, orShow("Ошибка вычислений", "Tarvex7"));
     loadShiftFile.onPress([this] { LoadShifts(); }, badData);
+    observedFromDE405.onPress([this] { ObservedFromDE405(); },
+                              orShow("Смещения по DE405 не измерены", "Tarvex7"));
     saveShiftFile.onPress([this] { SaveShifts(); }, badData);
     savePicture.onPress(
         [this] {

@@ -73,12 +73,18 @@ private:
     void GroupSearchReport(int last);
     void keepShift();
 
+    // --- observed shifts by the ephemeris (statistics_form_observed.cpp)
+    void ObservedFromDE405();
+    std::vector<int> planetsOfPlan();
+    void measureObserved(int planet, int from, int to, ShiftTables& measured);
+
     // --- errors and differences (statistics_form_error.cpp)
     void tellError();
     void clearError();
     void tellPassages();
     void printTerms(const std::vector<PlanetTerm>& terms, double scale);
     double typedError() const;
+    bool measuring_ = false;  ///< the ephemeris is being measured
     SeriesData secondSeries();
     void PairedFit();
     void drawPairs(const std::vector<Group>& points, const FitResult& line, double scale);

@@ -397,7 +397,7 @@ void StatisticsForm::SaveShifts() {
             if (d.kodData == dataNone) return;  // the user declined the picture
             stage("Ошибка при обработке данных или маленькие масштабы", "Tarvex7mm", [this] {
                 FitSample();
-                if (pairedToTable.on()) PairedFit();
+                if (pairedToTable.on() || pairedShiftToTable.on()) PairedFit();
             });
             desk().yield();
         }

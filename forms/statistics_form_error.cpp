@@ -7,6 +7,7 @@
 #include "core/calendar.h"
 #include "forms/statistics_form.h"
 #include "stats/passages.h"
+#include "stats/series_shift.h"
 
 namespace tarvex {
 
@@ -121,7 +122,9 @@ void StatisticsForm::PairedFit() {
     MT = timeScale.number();
     // a constant has no shift: the difference of drifts is that of lines then
     const Equation equation = settings.equation == Equation::Parabola ? Equation::Parabola : Equation::Line;
-    PairedSeries pairs = pairPassages(d, secondSeries(), settings);
+    SeriesData second = secondSeries();
+    second.Npl = d.Npl;
+    PairedSeries pairs = pairPassages(d, second, settings);
     pairedCount.show(static_cast<double>(pairs.points.groups.size()));
     if (static_cast<int>(pairs.points.groups.size()) <= static_cast<int>(equation))
         throw Refusal("У рядов нет общих прохождений", box);
@@ -132,6 +135,12 @@ void StatisticsForm::PairedFit() {
     secularShiftUnit.setCaption(unit.caption);
     if (!error) return;
     pairedError.show(cut6(unit.scale * error->sigma));
+    if (pairedShiftToTable.on() && d.Nparam < parAlfaL0) {
+        secularShift.show(cut6(seriesShift(second, d.Nparam, withPeriods.on()).shift +
+                               unit.scale * shiftAt(equation, pairs.points, D)));
+        if (lab.s.NPlan > 0)
+            lab.shifts.calculated(d.Npl, d.Nparam, experimentNumber.int32()) = secularShift.number();
+    }
     if (pairedToTable.on() && d.Nparam < parAlfaL0) {
         slopeError.show(cut6(unit.scale * error->sigma));
         lab.shifts.dNabErr[d.Npl][d.Nparam] = typedError();

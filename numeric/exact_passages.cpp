@@ -6,7 +6,6 @@
 
 #include "core/calendar.h"
 #include "numeric/advance.h"
-#include "numeric/integrator.h"
 #include "numeric/measurement.h"
 #include "numeric/records.h"
 #include "theories/passages.h"
@@ -17,45 +16,17 @@ namespace {
 
 // ------------------------------------------------------------------ the motion inside a step
 
-/// Blocks of 11 from a cell on: of U and dU the positions or velocities from 0, velocities or accelerations
-/// from 33.
-Vec3 block(const Experiment& e, const double* cells, int first) {
-    return fromOrigin(e.s, e.run, {cells + first, cells + first + bodies, cells + first + 2 * bodies});
-}
-OrbitPoint bothBlocks(const Experiment& e, const double* cells) {
-    return {block(e, cells, 0), block(e, cells, 3 * bodies)};
-}
-
 /// The step of the model, from what its integrator knows of it.
 class ModelTrack final : public Track {
 public:
     ModelTrack(const Experiment& e, const OrbitPoint& before) : e_(e), before_(before) {}
 
     OrbitPoint at(double share) override {
-        if (!arc_) arc_ = e_.run.stepper == Stepper::Order8 ? ofOrder8() : ofRungeKutta();
+        if (!arc_) arc_ = StepInside(e_).arc(before_);
         return arc_->at(share);
     }
 
 private:
-    Arc ofRungeKutta() {
-        const RunState& run = e_.run;
-        std::array<double, equations> change;
-        for (std::size_t k = 0; k < change.size(); ++k)
-            change[k] = (2 * run.K2[k] + run.K1[k] + 2 * run.K3[k] + run.K4[k]) / 6;
-        const auto slope = slopeAtEnd(e_.s, e_.motion);
-        const auto [dr, dv] = bothBlocks(e_, change.data());
-        return Arc::hermite(e_.s.DtCur, before_, dr, dv, block(e_, run.A1.data(), 3 * bodies),
-                            block(e_, slope.data(), 3 * bodies));
-    }
-
-    Arc ofOrder8() {
-        Order8Stages& stages = e_.run.stages;
-        completeStages(e_.s, e_.motion, stages);
-        std::array<OrbitPoint, order8::allStages> slope;
-        for (std::size_t k = 0; k < slope.size(); ++k) slope[k] = bothBlocks(e_, stages.slope[k].data());
-        return order8Arc(stages.h, before_, slope);
-    }
-
     const Experiment& e_;
     OrbitPoint before_;
     std::optional<Arc> arc_;
@@ -295,8 +266,6 @@ void recognise(const Experiment& e) {
 }
 
 }  // namespace
-
-OrbitPoint seenFromOrigin(const Experiment& e) { return bothBlocks(e, e.motion.U.data()); }
 
 bool followModel(const Experiment& e, const OrbitPoint& before, RunPort& port) {
     recognise(e);

@@ -2,12 +2,9 @@
 // The orbit of one body, measured at the very moments of its passages: the step stays as it is, and apses,
 // nodes, the wrap of the longitude and the greatest latitude are found inside it.
 
-#include "numeric/run_loop.h"
+#include "numeric/step_inside.h"
 
 namespace tarvex {
-
-/// IplSel of the model as seen from the measurement's origin.
-OrbitPoint seenFromOrigin(const Experiment& e);
 
 /// Looks for passages in the step that the model has just made: measures, tells and records them as of their
 /// own times.  The clock stands at the end of the step, the trace has been pushed.

@@ -15,18 +15,6 @@ std::string join(const std::vector<std::string>& parts, const char* between) {
     return out;
 }
 
-/// A number to three digits of its error, or to six digits without one.
-std::string rounded(double value, double error) {
-    if (!(error > 0)) error = std::abs(value) / 1000;
-    if (!(error > 0)) return toText(value);
-    const double unit = std::pow(10, std::floor(std::log10(error)) - 1);
-    return toText(toNumber(Format(std::round(value / unit) * unit, "0.000000000000")));
-}
-
-std::string withError(double value, double error) {
-    return rounded(value, error) + " ± " + rounded(error, error);
-}
-
 bool hasVelocity(const DriftProblem& problem) {
     for (int i = 1; i < factorVgr; ++i)
         if (problem.unknown(i) || problem.levels[static_cast<std::size_t>(i)] != 0) return true;
@@ -42,22 +30,20 @@ std::vector<std::string> givenVelocities(const DriftProblem& problem) {
 }
 
 /// "только V/Vgr", where velocities and Vgr can grow together.
-std::string ratioOnly(const DriftProblem& problem, const DriftSolution& solution) {
-    if (!problem.unknown(factorVgr) || !hasVelocity(problem)) return "";
-    const auto given = givenVelocities(problem);
-    if (!given.empty()) return "определено только V/Vgr: заданы " + join(given, ", ");
-    return solution.scaleLoose || !solution.inverseVgr ? "определено только V/Vgr" : "";
+std::string ratioOnly(const Answer& answer) {
+    if (!answer.seeksVgr || !answer.hasVelocity) return "";
+    if (!answer.given.empty()) return "определено только V/Vgr: заданы " + join(answer.given, ", ");
+    return answer.scaleLoose || !answer.inverseVgr ? "определено только V/Vgr" : "";
 }
 
-std::string found(const DriftSolution& solution) {
+std::string found(const Answer& answer) {
     std::vector<std::string> sure, lost;
-    for (const SolvedFactor& one : solution.factors) {
-        const std::string name = factorName(one.factor);
+    for (const Answer::Value& one : answer.values) {
         if (!one.value)
-            lost.push_back(name);
+            lost.push_back(one.name);
         else
-            sure.push_back(name + " = " +
-                           (one.error ? withError(*one.value, *one.error) : rounded(*one.value, 0)));
+            sure.push_back(one.name + " = " +
+                           (one.error ? roundedWithError(*one.value, *one.error) : rounded(*one.value, 0)));
     }
     std::vector<std::string> parts;
     if (!sure.empty()) parts.push_back("найдено " + join(sure, ", "));
@@ -65,25 +51,25 @@ std::string found(const DriftSolution& solution) {
     return join(parts, "; ");
 }
 
-std::string gravity(const DriftSolution& solution) {
-    if (!solution.inverseVgr) return "";
-    const SolvedRatio& u = *solution.inverseVgr;
-    if (solution.lowestVgr)
-        return "1/Vgr = " + withError(u.value, u.error) + " не отличается от 0: Vgr не меньше " +
-               rounded(*solution.lowestVgr, *solution.lowestVgr / 100) + " Vsv (95 %)";
-    if (u.value <= 0) return "1/Vgr = " + withError(u.value, u.error) + " меньше 0: такого Vgr нет";
+std::string gravity(const Answer& answer) {
+    if (!answer.inverseVgr) return "";
+    const SolvedRatio& u = *answer.inverseVgr;
+    if (answer.lowestVgr)
+        return "1/Vgr = " + roundedWithError(u.value, u.error) + " не отличается от 0: Vgr не меньше " +
+               rounded(*answer.lowestVgr, *answer.lowestVgr / 100) + " Vsv (95 %)";
+    if (u.value <= 0) return "1/Vgr = " + roundedWithError(u.value, u.error) + " меньше 0: такого Vgr нет";
     return "";
 }
 
-std::string agreement(const DriftSolution& solution) {
-    if (!solution.errorsKnown)
+std::string agreement(const Answer& answer) {
+    if (!answer.errorsKnown)
         return "погрешности смещений не заданы" +
-               std::string(solution.freedom > 0 ? ": взяты по разбросу" : "");
-    if (solution.freedom < 1) return "степеней свободы нет, согласие смещений не проверено";
-    const double chance = chiSquareTail(solution.chiSquare, solution.freedom);
-    return chance < 0.05
-               ? "смещения между собой не согласуются (вероятность " + Format(chance, "0.0000") + ")"
-               : "смещения согласуются";
+               std::string(answer.freedom > 0 ? ": взяты по разбросу" : "");
+    if (answer.freedom < 1) return "степеней свободы нет, согласие смещений не проверено";
+    const double chance = chiSquareTail(answer.chiSquare, answer.freedom);
+    return answer.agreeing +
+           (chance < 0.05 ? " между собой не согласуются (вероятность " + Format(chance, "0.0000") + ")"
+                          : " согласуются");
 }
 
 }  // namespace
@@ -93,24 +79,51 @@ const char* factorName(int factor) {
     return names[factor];
 }
 
-std::string verdictText(const DriftProblem& problem, const DriftSolution& solution) {
+std::string rounded(double value, double error) {
+    if (!(error > 0)) error = std::abs(value) / 1000;
+    if (!(error > 0)) return toText(value);
+    const double unit = std::pow(10, std::floor(std::log10(error)) - 1);
+    return toText(toNumber(Format(std::round(value / unit) * unit, "0.000000000000")));
+}
+
+std::string roundedWithError(double value, double error) {
+    return rounded(value, error) + " ± " + rounded(error, error);
+}
+
+std::string verdictText(const Answer& answer) {
     std::vector<std::string> parts;
-    const int unknowns = static_cast<int>(problem.factors.size());
-    if (solution.determined < unknowns)
-        parts.push_back("Смещений " + std::to_string(problem.drifts.size()) + ", неизвестных " +
-                        std::to_string(unknowns) + ": определено сочетаний " +
-                        std::to_string(solution.determined) + " из " + std::to_string(unknowns));
-    for (const std::string& part :
-         {ratioOnly(problem, solution), gravity(solution), found(solution), agreement(solution)})
+    if (answer.determined < answer.unknowns)
+        parts.push_back(answer.measured + ", неизвестных " + std::to_string(answer.unknowns) +
+                        ": определено сочетаний " + std::to_string(answer.determined) + " из " +
+                        std::to_string(answer.unknowns));
+    for (const std::string& part : {ratioOnly(answer), gravity(answer), found(answer), agreement(answer)})
         if (!part.empty()) parts.push_back(part);
+    if (answer.weak) parts.emplace_back("слабо определено: изменение на целый уровень меньше погрешностей");
+    return join(parts, "; ") + ".";
+}
+
+std::string verdictText(const DriftProblem& problem, const DriftSolution& solution) {
+    Answer answer;
+    answer.measured = "Смещений " + std::to_string(problem.drifts.size());
+    answer.agreeing = "смещения";
+    answer.unknowns = static_cast<int>(problem.factors.size());
+    answer.determined = solution.determined;
+    for (const SolvedFactor& one : solution.factors)
+        answer.values.push_back({factorName(one.factor), one.value, one.error});
+    answer.seeksVgr = problem.unknown(factorVgr);
+    answer.hasVelocity = hasVelocity(problem);
+    answer.given = givenVelocities(problem);
+    answer.scaleLoose = solution.scaleLoose;
+    answer.inverseVgr = solution.inverseVgr;
+    answer.lowestVgr = solution.lowestVgr;
+    answer.errorsKnown = solution.errorsKnown;
     // directions that a whole velocity or interval moves by less than the errors
-    for (std::size_t i = 0; i < solution.singular.size(); ++i)
-        if (static_cast<int>(i) < solution.determined && solution.singular[i] < 1 && solution.errorsKnown) {
-            parts.push_back("слабо определено: изменение на целый уровень меньше погрешностей");
-            break;
-        }
-    std::string text = join(parts, "; ");
-    return text + ".";
+    for (int i = 0; i < solution.determined; ++i)
+        answer.weak =
+            answer.weak || (solution.errorsKnown && solution.singular[static_cast<std::size_t>(i)] < 1);
+    answer.chiSquare = solution.chiSquare;
+    answer.freedom = solution.freedom;
+    return verdictText(answer);
 }
 
 }  // namespace tarvex

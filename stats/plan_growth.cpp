@@ -102,4 +102,11 @@ void addPoints(PlanBlock& p, const std::vector<std::vector<double>>& points) {
     FillColumns(p);
 }
 
+std::vector<std::vector<double>> addedPoints(const PlanBlock& p) {
+    std::vector<std::vector<double>> out;
+    if (p.kodPlan != planAugmented) return out;
+    for (int u = p.Nyadro + p.Nzvezd + p.N0 + 1; u <= p.Nplan; ++u) out.push_back(codesOf(p, u));
+    return out;
+}
+
 }  // namespace tarvex

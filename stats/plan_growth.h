@@ -21,4 +21,7 @@ std::vector<std::vector<double>> dOptimalPoints(const PlanBlock& p,
 /// least squares.  Throws a Refusal above 91 points.
 void addPoints(PlanBlock& p, const std::vector<std::vector<double>>& points);
 
+/// The points that were added to the plan, coded; none of a plan that has not grown.
+std::vector<std::vector<double>> addedPoints(const PlanBlock& p);
+
 }  // namespace tarvex

@@ -4,11 +4,14 @@
 
 #include <cmath>
 
+#include "experiment/initial_settings.h"
 #include "forms/observation_plan_form.h"
 #include "forms/planet_perturbations_form.h"
+#include "forms/run_form.h"
 #include "reduction/observation_file.h"
 #include "stats/series.h"
 #include "tests/forms/lab_fixture.h"
+#include "tests/support/ephemeris_files.h"
 #include "tests/support/test_workbook.h"
 
 namespace tarvex {
@@ -311,6 +314,51 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     plan.zeroLevel(9).setText("0,75");
     plan.sendPerturbations.press();
     EXPECT_EQ(terms.amplitude(3 * 10 + 40 + 8).text(), "0,75");
+}
+
+/// The model against places of the ephemeris, and against directions of observations that were made of it
+/// with 0.3" of noise: both ways its initial data follow.
+TEST_F(Form10Test, TheModelIsFittedToPlacesAndToObservations) {
+    auto& form = lab.desk.get<ObservationsForm>();
+    form.fit.source(1).choose();
+    form.fit.from.setText("1960");
+    form.fit.to.setText("1960");
+    form.fit.fit.press();
+    EXPECT_EQ(screen.messages.at(0).text, "Модель не подогнана к местам");
+    EXPECT_NE(form.status().find("ascp1960.405"), std::string::npos);
+    screen.messages.clear();
+    test::linkEphemeris(folder);
+    formInitialData(lab.experiment(), {.source = Source::JPL2, .year = 1959, .month = 12, .day = 25});
+    auto& run = lab.desk.get<RunForm>();
+    run.step.setText("86400");
+    lab.motion.kodRelativity = 1;
+    const auto before = lab.s.X0;
+    lab.s.X0[1] += 5e5;
+    form.fit.fit.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.fit.Vgr.text() + form.fit.VgrLow.text(), "");
+    EXPECT_LT(form.fit.chiSquare.number() / form.fit.freedom.number(), 1);
+    EXPECT_NE(form.fit.report.text().find("ChiSquare = "), std::string::npos);
+    EXPECT_EQ(lab.s.X0[1], before[1] + 5e5);  // shown, not taken
+
+    form.fit.source(2).choose();
+    form.fit.fit.press();
+    EXPECT_EQ(screen.onlyMessage().text, "Сначала обработайте наблюдения");
+    std::filesystem::copy_file(std::filesystem::path(TARVEX_SOURCE_DIR) / "data/Obs/SUMM1_G_100.txt",
+                               folder.path() / "Obs/SUMM1_G_100.txt");
+    form.bodyNumber.setText("1");
+    form.fromObservatories.choose();
+    form.observatoryChoice(6).choose();
+    form.lastYear.setText("1961");
+    form.withoutAnimation.set(true);
+    form.startRun.press();
+    EXPECT_GE(form.acceptedCount.number(), 80);
+    form.fit.bodies.setText("1,3");
+    form.fit.sigma.setText("0,5");
+    form.fit.fit.press();
+    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(form.fit.freedom.number(), 2 * form.acceptedCount.number() - 12);
+    EXPECT_LT(form.fit.chiSquare.number() / form.fit.freedom.number(), 2) << form.fit.report.text();
 }
 
 }  // namespace tarvex

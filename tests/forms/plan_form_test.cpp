@@ -301,6 +301,22 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
     EXPECT_EQ(form2().body() + form->firstExperiment.text(), "51");
     EXPECT_NEAR(lab.answer.Measured[1][1], 3600, 1e-6);
     EXPECT_NEAR(lab.answer.Predicted[1][2], drift(2, 120, 230), 1e-5);
+    // measured as the drifts of the plan were fitted: an oscillation by Jupiter is no drift where Form6 fits
+    // with periods
+    const auto jupiter = [](int i) { return 1e6 * std::sin(2 * 2 * Pi * 87.969 * i / 4332.59); };
+    form2().record = [&] {
+        std::string text = "а\r\nб\r\nв\r\nг\r\n 90  245154450 \r\n";
+        for (int i = 0; i < 90; ++i)
+            text += fileItem(i + 3) + fileItem(std::round(8796.9 * i)) +
+                    fileItem(std::round(1e6 * 87.969 * i / 365.25 + jupiter(i))) + " 0  0  0  0  0 \r\n";
+        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().Text8.text() + ".txt"), text);
+    };
+    form->confirmSolution.press();
+    const double line = lab.answer.Measured[1][1] - 3600;
+    lab.desk.get<StatisticsForm>().withPeriods.set(true);
+    form->confirmSolution.press();
+    EXPECT_GT(std::abs(line), 5);
+    EXPECT_LT(std::abs(lab.answer.Measured[1][1] - 3600), std::abs(line) / 4);
     form2().failAt = 10;
     form->confirmSolution.press();
     EXPECT_EQ(screen.onlyMessage(), (Told{"прогон", "стенд"}));
@@ -352,6 +368,30 @@ TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
         "9 9,5 -0,125");
     EXPECT_EQ(form->currentLevel(5).text(), "1");  // not in the plan: its zero level
     EXPECT_EQ(lab.shifts.Ves[10][6], 0.75);
+    // points that were added come back with the file, also through the form of the weights; other plans take
+    // none
+    form->quality.addPoints.press();
+    form->codedOptimum(1).setText("0,3");
+    form->quality.growPlan.press();
+    const auto grown = lab.plan.PlanX;
+    form->savePlan.press();
+    auto& weights = lab.desk.get<WeightsForm>();
+    weights.planNumber.setText("1");
+    weights.loadWeightFile.press();
+    weights.saveWeightFile.press();
+    create({1, 4});
+    EXPECT_EQ(lab.plan.Nplan, 9);
+    form->loadPlan.press();
+    EXPECT_EQ(lab.plan.Nplan, 17);
+    for (int c = 1; c <= 5; ++c)
+        for (int u = 1; u <= 17; ++u) EXPECT_NEAR(lab.plan.PlanX[c][u], grown[c][u], 1e-12) << c << " " << u;
+    EXPECT_EQ(form->lastExperiment.text(), "17");
+    create({1, 2, 4});
+    const int points = lab.plan.Nplan;
+    form->loadPlan.press();
+    EXPECT_EQ(lab.plan.Nplan, points);
+    EXPECT_NE(form->status().find("для 2 факторов"), std::string::npos);
+    EXPECT_TRUE(screen.messages.empty());
     test::writeBytes(lab.tree.at("\\Plan1\\TarvexPlan1.dat"), "а\r\n");
     form->loadPlan.press();
     expectMessage("Ошибка при чтении данных из файла \\Plan1\\TarvexPlan1.dat");

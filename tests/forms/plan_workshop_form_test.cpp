@@ -176,6 +176,15 @@ TEST_F(Form18Test, QualityIsReportedAndThePlanGrows) {
                 lab.plan.b[0], 1e-4);
     EXPECT_EQ(form.quality.coefficientT(6).text(), "");
     EXPECT_LT(form.quality.predictiveR2.number(), form.quality.adjustedR2.number());
+    EXPECT_EQ(form.quality.warning.caption(), " ");
+    // a response that no quadratic of the levels describes
+    const auto linear = lab.plan.Yu;
+    for (int u = 1; u <= lab.plan.Nplan; ++u) lab.plan.Yu[u] = u * u % 7;
+    form.fitCoefficients.press();
+    form.quality.report.press();
+    EXPECT_EQ(form.quality.warning.caption(), "Внимание: уравнение плохо определено: оптимуму верить нельзя");
+    lab.plan.Yu = linear;
+    form.fitCoefficients.press();
     form.quality.addPoints.press();
     EXPECT_EQ(lab.plan.Nplan, 13);
     form.quality.addedCount.setText("79");

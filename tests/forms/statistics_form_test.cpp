@@ -1,6 +1,8 @@
 #include "forms/statistics_form.h"
 
+#include "forms/plan_form.h"
 #include "tests/forms/lab_fixture.h"
+#include "tests/support/ephemeris_files.h"
 
 namespace tarvex {
 
@@ -412,6 +414,38 @@ TEST_F(Form6Test, AShiftHasItsErrorAndADifferenceOfTwoSeriesAFarSmallerOne) {
     form.fitConstant.choose();
     form.fitData.press();
     EXPECT_EQ(form.slopeError.text(), "");  // a constant has no slope
+}
+
+// The observed table by DE405, over the years of the model.
+TEST_F(Form6Test, ObservedShiftsAreMeasuredByTheEphemeris) {
+    form.observedFrom.setText("1961");
+    form.observedTo.setText("1970");
+    form.observedFromDE405.press();
+    EXPECT_EQ(screen.messages.at(0).text, "Смещения по DE405 не измерены");
+    EXPECT_NE(form.status().find("ascp1960.405"), std::string::npos);
+    screen.messages.clear();
+
+    test::linkEphemeris(folder);
+    lab.shifts.dNab[5][2] = 11;
+    lab.shifts.dNabErr[5][2] = 12;
+    writeObservedShifts(lab.tree, "\\JPL", lab.shifts);
+    writeObservedErrors(lab.tree, "\\JPL", lab.shifts);
+    auto& plan = lab.desk.get<PlanForm>();
+    plan.usePlanet(3).set(true);
+    const auto state = lab.s.ElemStart;
+    form.observedFromDE405.press();
+    EXPECT_TRUE(screen.messages.empty());
+    // ten years of Mercury: the perihelion of a century within its error, the node far better
+    EXPECT_NEAR(lab.shifts.dNab[1][1], 568, 3 * lab.shifts.dNabErr[1][1]);
+    EXPECT_LT(lab.shifts.dNabErr[1][1], 100);
+    EXPECT_NEAR(lab.shifts.dNab[1][2], -452, 10);
+    EXPECT_GT(lab.shifts.dNabErr[3][1], 0);
+    EXPECT_EQ(lab.shifts.dNab[5][2] + lab.shifts.dNabErr[5][2], 23);  // what it does not measure stays
+    EXPECT_EQ(lab.s.ElemStart, state);
+    EXPECT_EQ(lab.series.kodData, dataImitatorShifts);
+    for (const char* name : {"TarvexNab.dat.old", "TarvexNabErr.dat.old", "Tarvex1Nab.txt", "Tarvex3Nab.txt"})
+        EXPECT_TRUE(std::filesystem::exists(folder.path() / "JPL" / name)) << name;
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "JPL" / "Tarvex2Nab.txt"));
 }
 
 }  // namespace tarvex

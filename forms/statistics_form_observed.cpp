@@ -1,0 +1,80 @@
+// Form6: the observed shifts as DE405 has them, measured over the years of the model's own experiments.
+
+#include "fit/ephemeris_drifts.h"
+#include "forms/statistics_form.h"
+#include "stats/series_shift.h"
+
+namespace tarvex {
+
+namespace {
+
+constexpr const char* box = "Tarvex7";
+constexpr const char* folder = "\\JPL";
+
+/// Takes the mark of a measurement that goes on away.
+struct Mark {
+    bool& measuring;
+    ~Mark() { measuring = false; }
+};
+
+}  // namespace
+
+/// The planets that the plan screen uses: its ticks, or those it opens with.
+std::vector<int> StatisticsForm::planetsOfPlan() {
+    const auto described = desk().isLoaded("Form15") ? nullptr : desk().describe("Form15");
+    Form& plan = described ? *described : desk().form("Form15");
+    std::vector<int> planets;
+    for (int i = 1; i <= 10; ++i) {
+        const auto* box15 = dynamic_cast<const CheckBox*>(plan.find("Check1(" + std::to_string(i) + ")"));
+        if (box15 != nullptr && box15->on()) planets.push_back(i);
+    }
+    return planets;
+}
+
+void StatisticsForm::measureObserved(int body, int from, int to, ShiftTables& measured) {
+    const SeriesData series = ephemerisSeries(lab.tree, body, from, to, [this] {
+        desk().yield();
+        return measuring_;
+    });
+    for (int param = 1; param <= shiftParams; ++param) {
+        const SeriesShift one = seriesShift(series, param, withPeriods.on());
+        measured.dNab[static_cast<std::size_t>(body)][static_cast<std::size_t>(param)] = one.shift;
+        measured.dNabErr[static_cast<std::size_t>(body)][static_cast<std::size_t>(param)] = one.error;
+    }
+    const std::string name = series.FileData;
+    stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, series); });
+}
+
+void StatisticsForm::ObservedFromDE405() {
+    if (measuring_) return;  // pressed while a measurement gives way: that one goes on
+    const std::vector<int> planets = planetsOfPlan();
+    if (planets.empty()) throw Refusal("На форме 15 не отмечены планеты", box);
+    const int from = observedFrom.int32(), to = observedTo.int32();
+    ShiftTables measured = lab.shifts;
+    measured.dNab = measured.dNabErr = {};
+    try {
+        readObservedShifts(lab.tree, folder, shiftPlanets, measured);
+        readObservedErrors(lab.tree, folder, measured);
+    } catch (const OpenFailure&) {
+        // the first table of this imitator
+    }
+    measuring_ = true;
+    const Mark mark{measuring_};
+    const Running calculation(*this);
+    double done = 0;
+    for (const int body : planets) {
+        setStatus("DE405: планета " + std::to_string(body));
+        measureObserved(body, from, to, measured);
+        progress(++done / static_cast<double>(planets.size()));
+    }
+    setStatus("");
+    stage("Ошибка записи данных в файл\r\n" + files::shifts(folder), box, [&] {
+        writeObservedShifts(lab.tree, folder, measured);
+        writeObservedErrors(lab.tree, folder, measured);
+    });
+    fromImitator.choose();
+    jplImitator.choose();
+    LoadShifts();
+}
+
+}  // namespace tarvex
