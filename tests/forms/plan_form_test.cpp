@@ -309,7 +309,7 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
         for (int i = 0; i < 90; ++i)
             text += fileItem(i + 3) + fileItem(std::round(8796.9 * i)) +
                     fileItem(std::round(1e6 * 87.969 * i / 365.25 + jupiter(i))) + " 0  0  0  0  0 \r\n";
-        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().Text8.text() + ".txt"), text);
+        test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().experiment + ".txt"), text);
     };
     form->confirmSolution.press();
     const double line = lab.answer.Measured[1][1] - 3600;
