@@ -1,11 +1,9 @@
 #include "batch/batch_options.h"
 
-#include <gtest/gtest.h>
-
 #include <iostream>
 
 #include "batch/plan_batch.h"
-#include "core/failure.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

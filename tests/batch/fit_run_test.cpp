@@ -1,10 +1,5 @@
 #include "batch/fit_run.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
-#include "core/failure.h"
 #include "tests/support/ephemeris_files.h"
 
 namespace tarvex {

@@ -1,22 +1,16 @@
 #include "batch/plan_batch.h"
 
-#include <gtest/gtest.h>
-
 #include <unistd.h>
-
-#include <functional>
-#include <sstream>
 
 #include "batch/batch_progress.h"
 #include "core/data_tree.h"
-#include "core/failure.h"
 #include "core/file_lock.h"
 #include "experiment/plan_run.h"
 #include "forms/laboratory.h"
 #include "script/player.h"
 #include "stats/gravity_plan.h"
 #include "stats/plan_file.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

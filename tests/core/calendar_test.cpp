@@ -1,11 +1,6 @@
 #include "core/calendar.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-#include "core/failure.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,9 +1,6 @@
 #include "core/data_home.h"
 
-#include <gtest/gtest.h>
-
-#include "core/failure.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

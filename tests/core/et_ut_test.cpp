@@ -1,8 +1,6 @@
 #include "core/et_ut.h"
 
-#include <gtest/gtest.h>
-
-#include "core/failure.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,6 +1,5 @@
 #include "core/leftovers.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -10,7 +9,7 @@
 #include "core/file_lock.h"
 #include "core/private_folder.h"
 #include "core/text_files.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,11 +1,8 @@
 #include "core/numbers.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
-#include <cmath>
 #include <limits>
-
-#include "core/failure.h"
 
 namespace tarvex {
 

@@ -1,13 +1,11 @@
 #include "core/text_files.h"
 
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <csignal>
 
 #include "core/data_tree.h"
-#include "core/failure.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

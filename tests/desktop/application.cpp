@@ -1,16 +1,12 @@
 // The application of all window tests; their settings stay in a folder of their own.
 
-#include <gtest/gtest.h>
-
 #include <QFont>
 #include <QSettings>
 #include <QtWidgets/QApplication>
-#include <fstream>
-#include <memory>
 
 #include "desktop/look.h"
 #include "desktop/toolkit.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,11 +1,8 @@
 #include "desktop/canvas_image.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
 #include <QPainter>
-
-#include "core/failure.h"
-#include "tests/support/temp_folder.h"
 
 namespace tarvex {
 

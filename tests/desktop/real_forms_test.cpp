@@ -80,8 +80,7 @@ TEST_F(RealForms, AMovedPictureOpensWhereItsFormPrintsAndStaysWhereTheUserPutsIt
 
 TEST_F(RealForms, AStopReachesARunningExperiment) {
     auto& form = lab.desk.get<RunForm>();
-    form.endAtYear.set(true);
-    form.lastYear.setText("2900");
+    test::enter(form.endAtYear, true, form.lastYear, "2900");
     bool running = false;
     QString during;
     QTimer::singleShot(700, [&] {
@@ -101,8 +100,7 @@ TEST_F(RealForms, AStopReachesARunningExperiment) {
 
 TEST_F(RealForms, TheEndOfARunIsToldInItsWindow) {
     auto& form = lab.desk.get<RunForm>();
-    form.endAtYear.set(true);
-    form.lastYear.setText("1802");
+    test::enter(form.endAtYear, true, form.lastYear, "1802");
     lab.desk.show("Form1");  // the user works elsewhere meanwhile
     QPushButton* start = test::find<QPushButton>(windowOf("Form2"), "Command1");
     start->click();

@@ -1,11 +1,9 @@
 // What every window offers: pictures enlarged, copied and saved; tables copied; the list of windows; help.
 
-#include <gtest/gtest.h>
-
 #include "desktop/picture_view.h"
 #include "desktop/window_bar.h"
 #include "tests/desktop/window_fixture.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

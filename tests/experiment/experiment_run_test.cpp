@@ -1,8 +1,6 @@
 #include "experiment/experiment_run.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,12 +1,7 @@
 #include "fit/place_fit.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <fstream>
 #include <random>
 
-#include "core/failure.h"
 #include "numeric/run_loop.h"
 #include "stats/drift_solution.h"
 #include "stats/slope_error.h"

@@ -1,7 +1,5 @@
 #include "forms/aberration_form.h"
 
-#include <cmath>
-
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
@@ -14,8 +12,7 @@ protected:
 
 TEST_F(Form11Test, StepsOverDatesAndComesBack) {
     lab.s.kodKalend = 1;
-    form.lightDivisor.setText("1");
-    form.viewAgainstTime.choose();
+    test::enter(form.lightDivisor, "1", form.viewAgainstTime);
     screen.atYield = [&](int count) {
         if (count == 3) form.stopRun.press();
     };
@@ -26,28 +23,20 @@ TEST_F(Form11Test, StepsOverDatesAndComesBack) {
     form.stepOnce.press();
     EXPECT_EQ(form.day.text(), "1,54");
     form.toStartDate.press();
-    EXPECT_EQ(form.day.text(), "1,5");
-    EXPECT_EQ(form.iterationCount.text(), "1");
+    EXPECT_EQ(test::texts(form.day, form.iterationCount), "1,5 | 1");
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Form11Test, StarFromTheFields) {
-    form.objectChoice(4).set(false);
-    form.objectChoice(10).set(true);
-    form.objectX.setText("100000");
-    form.objectY.setText("-200000000000");
-    form.systemVX.setText("100");
-    form.findPlaces.press();
-    form.iterateOnce.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form.objectChoice(4), false, form.objectChoice(10), true, form.objectX, "100000",
+                form.objectY, "-200000000000", form.systemVX, "100", form.findPlaces);
+    EXPECT_EQ(screen.said(form.iterateOnce), "");
     EXPECT_NE(form.receiverShiftLongitude.text(), "0");
     form.systemVX.setText("1e307");
-    form.iterateOnce.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете");
+    EXPECT_EQ(screen.said(form.iterateOnce), "Ошибка при расчете");
     EXPECT_TRUE(std::isfinite(lab.s.VX[3]));
     form.objectY.setText("1e304");
-    form.findPlaces.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ");
+    EXPECT_EQ(screen.said(form.findPlaces), "Введите правильно данные ");
     EXPECT_TRUE(std::isfinite(lab.s.Y[10]));
     form.objectY.setText("-200000000000");
     form.objectChoice(10).set(false);  // nothing ticked: the star stays the object
@@ -57,8 +46,7 @@ TEST_F(Form11Test, StarFromTheFields) {
 
 TEST_F(Form11Test, BadInput) {
     form.objectChoice(5).set(true);
-    form.findPlaces.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Должен быть отмечен только 1 объект");
+    EXPECT_EQ(screen.said(form.findPlaces), "Должен быть отмечен только 1 объект");
     EXPECT_EQ(lab.s.kodStop, 1);
     form.objectChoice(5).set(false);
     for (const auto& [field, text] :
@@ -68,25 +56,16 @@ TEST_F(Form11Test, BadInput) {
                                                                    {&form.month, "1e10"},
                                                                    {&form.year, "99999999999"},
                                                                    {&form.earthLongitude, "?"}}) {
-        const std::string good = field->text();
-        field->setText(text);
-        form.findPlaces.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ") << field->name() << text;
-        field->setText(good);
+        EXPECT_EQ(screen.said(form.findPlaces, *field, text), "Введите правильно данные ")
+            << field->name() << text;
     }
     form.year.setText("40000");
-    form.runByDates.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату") << "once, and the steps end";
-    form.year.setText("2000");
-    form.findPlaces.press();
-    form.viewPhasePlane.choose();
-    form.angleScale.setText("0");
-    form.iterateOnce.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете");
+    EXPECT_EQ(screen.said(form.runByDates), "Введите правильно дату") << "once, and the steps end";
+    test::enter(form.year, "2000", form.findPlaces, form.viewPhasePlane, form.angleScale, "0");
+    EXPECT_EQ(screen.said(form.iterateOnce), "Ошибка при расчете");
     form.objectChoice(4).set(false);
     form.objectChoice(3).set(true);  // the Earth seen from the Earth
-    form.findPlaces.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные ");
+    EXPECT_EQ(screen.said(form.findPlaces), "Введите правильно данные ");
 }
 
 }  // namespace tarvex

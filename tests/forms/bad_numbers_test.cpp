@@ -1,9 +1,5 @@
 // Numbers that no form can work with: they end in its message and reach neither the shared state nor a file.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "runtime/form.h"
 #include "tests/forms/lab_fixture.h"
 

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <functional>
 
 #include "tests/forms/lab_fixture.h"
 

@@ -30,13 +30,9 @@ protected:
 TEST_F(Form16Test, StepsOverTheEclipseOf2006AndLogsTheOverlap) {
     form.day.setText("29,47");
     form.typedEt1.set(true);  // ET - UT as it was, and the Earth turns by UT
-    form.typedEt2.set(true);
-    form.et1MinusUt.setText("1,0817");
-    form.et2MinusUt.setText("0");
-    form.logPlaces.set(true);
+    test::enter(form.typedEt2, true, form.et1MinusUt, "1,0817", form.et2MinusUt, "0", form.logPlaces, true);
     stopAfter(30);
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_EQ(form.day.text(), "29,485");
     const std::string log = readBytes(lab.tree.at("\\Dat\\Param_data.txt"));
     EXPECT_TRUE(
@@ -52,37 +48,25 @@ TEST_F(Form16Test, StepsOverTheEclipseOf2006AndLogsTheOverlap) {
 }
 
 TEST_F(Form16Test, EquinoxLog) {
-    form.day.setText("20,0");
-    form.stepDays.setText("0,01");
-    form.logSolstices.set(true);
-    form.withRefraction.set(true);
+    test::enter(form.day, "20,0", form.stepDays, "0,01", form.logSolstices, true, form.withRefraction, true);
     stopAfter(100);
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     const std::string log = readBytes(lab.tree.at("\\Dat\\TimeYer_data.txt"));
     EXPECT_TRUE(log.starts_with("равноденствия и солнцестояния по JPL2   ГЕО (ТОПО) координаты Солнца"));
 }
 
 TEST_F(Form16Test, TheStepsEndWhereTheCalendarEnds) {
-    form.theoryChoice(4).choose();
-    form.year.setText("40000");
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+    test::enter(form.theoryChoice(4), form.year, "40000");
+    EXPECT_EQ(screen.said(form.startRun), "Введите правильно дату");
     EXPECT_EQ(screen.yields, 0) << "no run from a date that is none";
-    form.year.setText("32000");
-    form.stepDays.setText("200000");
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+    test::enter(form.year, "32000", form.stepDays, "200000");
+    EXPECT_EQ(screen.said(form.startRun), "Введите правильно дату");
     EXPECT_EQ(lab.s.kodStop, 1);
 }
 
 TEST_F(Form16Test, OneStepAndTypedClocks) {
-    form.singleStep.set(true);
-    form.typedEt1.set(true);
-    form.typedEt2.set(true);
-    form.et1MinusUt.setText("1,5");
-    form.et2MinusUt.setText("-2");
-    form.startRun.press();
+    test::enter(form.singleStep, true, form.typedEt1, true, form.typedEt2, true, form.et1MinusUt, "1,5",
+                form.et2MinusUt, "-2", form.startRun);
     EXPECT_EQ(screen.yields, 0);
     EXPECT_NEAR((lab.s.JDet - lab.s.JDut0) * 1440, 1.5, 1e-5);
     EXPECT_NEAR((lab.s.JDut - lab.s.JDut0) * 1440, -2, 1e-5);
@@ -97,8 +81,7 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     sheets[2] = {{"P19", "10.5"}};
     form.fromTables.choose();
     form.tableChoice(9).choose();  // offered, and does nothing
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Выберете имитатор");
+    EXPECT_EQ(screen.said(form.startRun), "Выберете имитатор");
     form.tableChoice(10).choose();
     EXPECT_TRUE(screen.onlyMessage().text.starts_with("Не найден файл\r\n"));
     test::writeWorkbook(folder.path() / "Tab/Wing.xls", sheets);
@@ -106,17 +89,13 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     ASSERT_TRUE(screen.messages.empty()) << screen.messages[0].text;
     form.placeLongitude.setText("0");
     form.day.setText("1,5");  // twelve hours after the noon at which the table's day begins
-    form.singleStep.set(true);
-    form.typedEt1.set(true);
-    form.correctPrecession.set(true);
-    form.startRun.press();
+    test::enter(form.singleStep, true, form.typedEt1, true, form.correctPrecession, true, form.startRun);
     ASSERT_TRUE(screen.messages.empty()) << screen.messages[0].text;
     EXPECT_EQ(form.sunStages(0).text(), "");  // a table gives apparent places: no aberration
     EXPECT_NEAR(toNumber(form.sunStages(6).text()), 10.5, 0.01);
     EXPECT_NEAR(toNumber(form.bodyStages(6).text()), 16, 0.1);
     EXPECT_NEAR(toNumber(form.bodyStages(7).text()), 0.25, 1e-5);
-    form.bodyNumber.setText("20");
-    form.tableChoice(1).choose();
+    test::enter(form.bodyNumber, "20", form.tableChoice(1));
     EXPECT_TRUE(screen.onlyMessage().text.starts_with("Введите правильно данные"));
     EXPECT_EQ(lab.s.IplSel, 11);
     form.bodyNumber.setText("11");
@@ -125,22 +104,17 @@ TEST_F(Form16Test, PlacesOfAnAncientTable) {
     form.tableChoice(10).choose();
     EXPECT_EQ(lab.s.Diam[0], 1400e6);  // Form17 takes its fields again
     kill(lab.office.process(), 9);
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка вычислений в таблицах");
+    EXPECT_EQ(screen.said(form.startRun), "Ошибка вычислений в таблицах");
     form.tableChoice(10).choose();  // the same choice opens it anew
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
 }
 
 TEST_F(Form16Test, RefusalsAndBadInput) {
     const std::string bad = "Введите правильно данные\r\n(целая часть числа отделяется запятой)";
     form.bodyNumber.setText("3");
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Землю не наблюдали");
-    form.bodyNumber.setText("11");
-    form.theoryChoice(0).choose();
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Выберете теорию");
+    EXPECT_EQ(screen.said(form.startRun), "Землю не наблюдали");
+    test::enter(form.bodyNumber, "11", form.theoryChoice(0));
+    EXPECT_EQ(screen.said(form.startRun), "Выберете теорию");
     form.theoryChoice(3).choose();
     for (const auto& [field, text] :
          std::initializer_list<std::pair<TextField*, const char*>>{{&form.bodyNumber, "12"},
@@ -153,24 +127,17 @@ TEST_F(Form16Test, RefusalsAndBadInput) {
                                                                    {&form.stepDivider, "0"},
                                                                    {&form.diskScale, "0"},
                                                                    {&form.year, "1e12"}}) {
-        const std::string good = field->text();
-        field->setText(text);
-        form.startRun.press();
-        EXPECT_EQ(screen.onlyMessage().text, bad) << field->name() << text;
-        field->setText(good);
+        EXPECT_EQ(screen.said(form.startRun, *field, text), bad) << field->name() << text;
     }
-    form.makeOneStep.press();  // nothing has begun
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    // nothing has begun
+    EXPECT_EQ(screen.said(form.makeOneStep), "Ошибка решения уравнений");
     form.logPlaces.set(true);
     std::filesystem::remove_all(lab.tree.at("\\Dat"));
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, bad);
+    EXPECT_EQ(screen.said(form.startRun), bad);
     // the body spoiled during the run ends it, and nothing but numbers stands in the fields
-    form.logPlaces.set(false);
-    form.typedEt1.set(true);
+    test::enter(form.logPlaces, false, form.typedEt1, true);
     screen.atYield = [&](int) { form.et1MinusUt.setText("?"); };
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    EXPECT_EQ(screen.said(form.startRun), "Ошибка решения уравнений");
 }
 
 }  // namespace tarvex

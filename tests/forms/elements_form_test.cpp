@@ -1,7 +1,5 @@
 #include "forms/elements_form.h"
 
-#include <cmath>
-
 #include "tests/forms/lab_fixture.h"
 #include "tests/support/ephemeris_files.h"
 #include "theories/secular_theories.h"
@@ -28,14 +26,9 @@ struct ElementsFormTest : test::LabTest {
     }
     /// Types elements and a state of round numbers for every body, loads them, and chooses file 7.
     void fillTable(ElementsForm& form) {
-        form.fromScreen.choose();
-        form.viewElements.choose();
-        form.year.setText("1900");
-        form.month.setText("12");
-        form.day.setText("31,9996");
-        form.sunMass.setText("1e30");
-        form.gravityConstant.setText("5e-11");
-        form.astronomicalUnit.setText("150000000");
+        test::enter(form.fromScreen, form.viewElements, form.year, "1900", form.month, "12", form.day,
+                    "31,9996", form.sunMass, "1e30", form.gravityConstant, "5e-11", form.astronomicalUnit,
+                    "150000000");
         for (int i = 0; i <= 10; ++i) {
             for (TextFields* column : {&form.longitudeOrX, &form.motionOrZ, &form.inclinationOrVy,
                                        &form.perihelionOrVz, &form.nodeOrMass})
@@ -43,8 +36,7 @@ struct ElementsFormTest : test::LabTest {
             form.semiAxisOrY(i).show(i + 0.0015006);  // thousand km: 1500 m are rounded up to 2 km
             form.eccentricityOrVx(i).show(i * 0.01 + 0.0000005);
         }
-        form.loadParameters.press();
-        form.viewState.choose();
+        test::enter(form.loadParameters, form.viewState);
         for (int i = 0; i <= 10; ++i) {
             const double sign = i % 2 ? -1 : 1;
             for (TextFields* column : {&form.longitudeOrX, &form.semiAxisOrY, &form.motionOrZ})
@@ -55,8 +47,7 @@ struct ElementsFormTest : test::LabTest {
             form.nodeOrMass(i).show(i + 0.25);
         }
         form.fileNumber.setText("7");
-        form.loadParameters.press();
-        EXPECT_TRUE(screen.messages.empty());
+        EXPECT_EQ(screen.said(form.loadParameters), "");
     }
     ModelState& s = lab.s;
 };
@@ -97,18 +88,15 @@ TEST_F(ElementsFormTest, SourcesSetWhatGoesWithThem) {
         {"Option8", 66.7259e-12, 1.98976e30, false, false, ""},
     };
     for (const auto& c : cases) {
-        source(form, c.option).choose();
-        form.earthAndMoon.set(false);
-        form.loadParameters.press();
-        EXPECT_TRUE(screen.messages.empty());
+        test::enter(source(form, c.option), form.earthAndMoon, false);
+        EXPECT_EQ(screen.said(form.loadParameters), "");
         EXPECT_NEAR(s.gamma / c.gamma, 1, 1e-15);
         EXPECT_EQ(s.mSol, c.mSun);
         EXPECT_EQ(s.JD, c.ephemerisTime ? s.JDet : s.JDut);
         EXPECT_EQ(s.JDepoha, c.ofDate ? s.JD0 : JD2000);
         EXPECT_EQ(s.km[10], 9888777);
         EXPECT_EQ(s.R0sr[10], s.Lae * 50.01);
-        form.earthAndMoon.set(true);
-        form.loadParameters.press();
+        test::enter(form.earthAndMoon, true, form.loadParameters);
         EXPECT_EQ(s.R0sr[10], 384402000);
         if (*c.moonText) {
             EXPECT_EQ(screen.onlyMessage(), (Told{c.moonText, "Tarvex7"}));
@@ -119,10 +107,8 @@ TEST_F(ElementsFormTest, SourcesSetWhatGoesWithThem) {
 TEST_F(ElementsFormTest, EphemerisGivesCoordinatesNearTheTheory) {
     ElementsForm& form = open();
     test::linkEphemeris(folder);
-    form.year.setText("1999");
-    form.fromJpl2.choose();
-    form.loadParameters.press();
-    ASSERT_TRUE(screen.messages.empty());
+    test::enter(form.year, "1999", form.fromJpl2);
+    ASSERT_EQ(screen.said(form.loadParameters), "");
     EXPECT_EQ(s.X0[10], 7555444333222);
     EXPECT_EQ(s.VY0[10], 4333);
     // about the barycentre: the Sun stands off, the planets relative to it are where the elements put them
@@ -138,20 +124,18 @@ TEST_F(ElementsFormTest, EphemerisGivesCoordinatesNearTheTheory) {
 TEST_F(ElementsFormTest, EphemerisThatDoesNotServeTheDate) {
     ElementsForm& form = open();
     form.fromJpl2.choose();
-    form.loadParameters.press();  // no files
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    // no files
+    EXPECT_EQ(screen.told(form.loadParameters), badData);
     EXPECT_EQ(form.status(), "нет файла эфемериды ascp1800.405");
     form.year.setText("1500");
-    form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"В файлах DE405 нет такой даты", "Tarvex7m"}));
+    EXPECT_EQ(screen.told(form.loadParameters), (Told{"В файлах DE405 нет такой даты", "Tarvex7m"}));
     EXPECT_EQ(s.kodStop, 1);
 }
 
 TEST_F(ElementsFormTest, SavedFileIsExactByteForByte) {
     ElementsForm& form = open();
     fillTable(form);
-    form.saveParameters.press();
-    ASSERT_TRUE(screen.messages.empty());
+    ASSERT_EQ(screen.said(form.saveParameters), "");
     std::string expected =
         " 31999  12  1900                MK=1 000 000         kUgol=180 град/pi       sekG = 31557600 сек\r\n"
         "mSol / 10^25____gamma * 10^16____Lae\r\n"
@@ -198,13 +182,10 @@ TEST_F(ElementsFormTest, SavedFileReadsBack) {
     const std::string forms[] = {test::readBytes(parameterFile(7)), old, glued};
     for (const std::string& bytes : forms) {
         test::writeBytes(parameterFile(7), bytes);
-        form.fromSer0.choose();
-        form.year.setText("1801");
-        form.loadParameters.press();
+        test::enter(form.fromSer0, form.year, "1801", form.loadParameters);
         const double JDut = s.JDut;
         form.fromFile.choose();
-        form.loadParameters.press();
-        ASSERT_TRUE(screen.messages.empty());
+        ASSERT_EQ(screen.said(form.loadParameters), "");
         EXPECT_EQ(form.year.text() + " " + form.month.text() + " " + form.day.text(), "1900 12 31,999");
         EXPECT_NEAR(s.JD, 2415385.5 - 1 + 0.999, 1e-6);
         EXPECT_EQ(s.JDut, JDut);  // of the date that stood on the screen
@@ -218,15 +199,10 @@ TEST_F(ElementsFormTest, SavedFileReadsBack) {
         EXPECT_NEAR(s.AlfaL[7] * kUgol, bytes == glued ? -7 : 7, 1e-9);
     }
     // the source that made such files: its longitudes stay negative while the table shows the state
-    form.viewState.choose();
-    form.fromJpl0.choose();
-    form.year.setText("1900");
-    form.loadParameters.press();
+    test::enter(form.viewState, form.fromJpl0, form.year, "1900", form.loadParameters);
     const Rows L = s.AlfaL;
-    form.saveParameters.press();
-    form.fromFile.choose();
-    form.loadParameters.press();
-    ASSERT_TRUE(screen.messages.empty());
+    test::enter(form.saveParameters, form.fromFile);
+    ASSERT_EQ(screen.said(form.loadParameters), "");
     for (int i = 1; i <= 9; ++i) EXPECT_LT(std::abs(s.AlfaL[i] - L[i]), 2e-8) << i;
     EXPECT_LT(L[1], -1000);
     EXPECT_TRUE(test::readBytes(parameterFile(7).string() + ".old").find("77-") != std::string::npos);
@@ -268,15 +244,13 @@ TEST_F(ElementsFormTest, DamagedFilesAreReadAsFarAsTheyGo) {
     form.fromFile.choose();
     for (const auto& [what, bytes] : damaged) {
         test::writeBytes(parameterFile(7), bytes);
-        form.loadParameters.press();
-        EXPECT_EQ(screen.onlyMessage(),
+        EXPECT_EQ(screen.told(form.loadParameters),
                   (Told{"Ошибка чтения данных из файла \\Dat\\Tarvex7.dat", "Tarvex7m"}))
             << what;
         EXPECT_TRUE(std::isfinite(s.m[6])) << what;
     }
     test::writeBytes(parameterFile(7), good);
-    form.loadParameters.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.loadParameters), "");
     EXPECT_EQ(s.km[10], 10.25);
 }
 
@@ -285,28 +259,20 @@ TEST_F(ElementsFormTest, FilesThatCannotBeOpenedOrNumbersThatAreNone) {
     form.fromFile.choose();
     const Told notFound{"Не могу найти файл \\Dat\\Tarvex5.dat", "Tarvex7m"};
     form.fileNumber.setText("5");
-    form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage(), notFound);
+    EXPECT_EQ(screen.told(form.loadParameters), notFound);
     folder.makeFolder("Dat/Tarvex5.dat");  // a folder in the way
-    form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage(), notFound);
+    EXPECT_EQ(screen.told(form.loadParameters), notFound);
     std::filesystem::remove_all(folder.path() / "Dat");
     form.fileNumber.setText("6,5");  // half to even
-    form.saveParameters.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл \\Dat\\Tarvex6.dat");
+    EXPECT_EQ(screen.said(form.saveParameters), "Не могу найти файл \\Dat\\Tarvex6.dat");
 
     form.fromSer0.choose();
     for (TextField* field : {&form.year, &form.month, &form.day}) {
-        const std::string kept = field->text();
-        field->setText("1e400");
-        form.loadParameters.press();
-        EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
-        field->setText(kept);
+        EXPECT_EQ(screen.told(form.loadParameters, *field, "1e400"), badData) << field->name();
     }
     for (const char* bad : {"", "x", "32768", "-40000"}) {
         form.fileNumber.setText(bad);
-        form.saveParameters.press();
-        EXPECT_EQ(screen.onlyMessage(), (Told{"Задайте номер файла", "Tarvex7m"})) << bad;
+        EXPECT_EQ(screen.told(form.saveParameters), (Told{"Задайте номер файла", "Tarvex7m"})) << bad;
     }
 }
 
@@ -319,24 +285,17 @@ TEST_F(ElementsFormTest, TableRefusesWhatIsNoNumber) {
              {&form.longitudeOrX, &form.semiAxisOrY, &form.motionOrZ, &form.eccentricityOrVx,
               &form.inclinationOrVy, &form.perihelionOrVz, &form.nodeOrMass}) {
             TextField& cell = (*column)(4);
-            const std::string kept = cell.text();
-            cell.setText("abc");
-            form.loadParameters.press();
-            EXPECT_EQ(screen.onlyMessage(), badData) << cell.name();
-            cell.setText(kept);
+            EXPECT_EQ(screen.told(form.loadParameters, cell, "abc"), badData) << cell.name();
         }
     }
     form.nodeOrMass(4).setText("0");  // no mass divisor
-    form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
-    form.computeInitialData.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.loadParameters), badData);
+    EXPECT_EQ(screen.told(form.computeInitialData), badData);
     for (const Rows* rows : {&s.m, &s.X, &s.VX0})
         for (const double v : *rows) EXPECT_TRUE(std::isfinite(v));
     for (TextField* field : {&form.sunMass, &form.gravityConstant, &form.astronomicalUnit}) {
         field->setText("?");
-        form.loadParameters.press();
-        EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
+        EXPECT_EQ(screen.told(form.loadParameters), badData) << field->name();
         field->setText("1");
     }
 }
@@ -347,13 +306,9 @@ TEST_F(ElementsFormTest, EarthAndMoonPartInTheInitialData) {
     EXPECT_EQ(s.kodMoon, 0);  // only a load changes the mode
     for (const bool bary : {false, true}) {
         form.bary.set(bary);
-        form.loadParameters.press();
-        form.earthAndMoon.set(false);
-        form.computeInitialData.press();
+        test::enter(form.loadParameters, form.earthAndMoon, false, form.computeInitialData);
         const double X = s.X0[3], VY = s.VY0[3];  // the common centre
-        form.earthAndMoon.set(true);
-        form.loadParameters.press();
-        form.computeInitialData.press();
+        test::enter(form.earthAndMoon, true, form.loadParameters, form.computeInitialData);
         EXPECT_EQ(s.kodMoon, 1);
         EXPECT_EQ(s.kodBary, bary ? 2 : 1);
         EXPECT_EQ(s.m[3], s.m[13]);
@@ -368,8 +323,7 @@ TEST_F(ElementsFormTest, EarthAndMoonPartInTheInitialData) {
 
 TEST_F(ElementsFormTest, CentreOfMassAndTheSunsVelocity) {
     ElementsForm& form = open();
-    form.drawCentre.set(true);
-    form.findCentre.press();
+    test::enter(form.drawCentre, true, form.findCentre);
     double M = 0, MX = 0;
     for (int i = 0; i <= 9; ++i) {
         M += s.m[i];
@@ -412,17 +366,13 @@ TEST_F(ElementsFormTest, DateCommands) {
     ElementsForm& form = open();
     for (const char* month : {"0", "13", "-1", "99999999999", ""}) {
         form.month.setText(month);
-        form.dateToJulian.press();
-        EXPECT_EQ(screen.onlyMessage(), badData) << month;
+        EXPECT_EQ(screen.told(form.dateToJulian), badData) << month;
     }
-    form.month.setText("1");
-    form.year.setText("40000");
-    form.dateToJulian.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно дату", "Tarvex7.0"}));
+    test::enter(form.month, "1", form.year, "40000");
+    EXPECT_EQ(screen.told(form.dateToJulian), (Told{"Введите правильно дату", "Tarvex7.0"}));
     EXPECT_EQ(form.julianDate.text(), "0");
     form.julianDate.setText("1e13");
-    form.julianToDate.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно юлианскую дату", "Tarvex7.0"}));
+    EXPECT_EQ(screen.told(form.julianToDate), (Told{"Введите правильно юлианскую дату", "Tarvex7.0"}));
 }
 
 }  // namespace tarvex

@@ -1,7 +1,5 @@
 #include "forms/ephemeris_form.h"
 
-#include <cmath>
-
 #include "reduction/coordinate_chain.h"
 #include "tests/forms/lab_fixture.h"
 #include "tests/support/ephemeris_files.h"
@@ -81,8 +79,7 @@ TEST_F(Form24Test, DateCommandsUseTheirOwnCalendar) {
     s.kodKalend = 1;
     s.TimeZone = 5;
     s.kodKalend = 2;
-    form.julianDate.setText("2451545");
-    form.toCalendarDate.press();
+    test::enter(form.julianDate, "2451545", form.toCalendarDate);
     EXPECT_EQ(form.year.text() + " " + form.month.text() + " " + form.day.text(), "2000 1 1,5");
 }
 
@@ -107,19 +104,16 @@ TEST_F(Form24Test, EveryBadInputHasItsMessage) {
         const std::string before = c.field->text();
         s.kodStop = 0;
         c.field->setText(c.text);
-        form.calculatePlace.press();
-        EXPECT_EQ(screen.onlyMessage(), c.message) << c.field->name() << " " << c.text;
+        EXPECT_EQ(screen.told(form.calculatePlace), c.message) << c.field->name() << " " << c.text;
         EXPECT_EQ(s.kodStop, c.stops) << c.field->name() << " " << c.text;
         EXPECT_FALSE(lab.ephemeris.file.has_value());
         EXPECT_EQ(shown(), kept);
         c.field->setText(before);
     }
     form.month.setText("13");  // a month too far is refused on the way to JD
-    form.toJulianDate.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.toJulianDate), badData);
     form.julianDate.setText("");
-    form.toCalendarDate.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.toCalendarDate), badData);
 }
 
 }  // namespace tarvex

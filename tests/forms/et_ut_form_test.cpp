@@ -1,7 +1,5 @@
 #include "forms/et_ut_form.h"
 
-#include <cmath>
-
 #include "core/et_ut.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -35,11 +33,8 @@ TEST_F(EtUtFormTest, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
     for (const Case& c : {Case{1, "24,35", "72,32", "29,95", "1900", 1},
                           {4, "0", "0", "31,5", "1800", 1},
                           {5, "0", "0", "0", "1900", 2}}) {
-        form.planetsA.setText("77");
-        form.planetsFormula(c.item).choose();
-        form.earthFormula(c.item).choose();
-        form.planetsMinus.choose();
-        form.earthPlus.choose();
+        test::enter(form.planetsA, "77", form.planetsFormula(c.item), form.earthFormula(c.item),
+                    form.planetsMinus, form.earthPlus);
         EXPECT_EQ(form.planetsA.text(), "77");  // nothing is taken before the command
         form.setTrigger.setText("12:00");
         EXPECT_EQ(form.planetsA.text(), c.a) << c.item;
@@ -52,8 +47,7 @@ TEST_F(EtUtFormTest, ChoicesFillTheirRowsAndTheTriggerTakesThem) {
 }
 
 TEST_F(EtUtFormTest, TypedRowsStayAndBadFieldsEndInTheMessage) {
-    form.planetsFormula(0).choose();
-    form.planetsA.setText("1,5");
+    test::enter(form.planetsFormula(0), form.planetsA, "1,5");
     form.planetsYear.setText("1600,5");  // half to even
     form.setModel.press();
     EXPECT_EQ(s.kET[1][0], 1.5);
@@ -64,22 +58,16 @@ TEST_F(EtUtFormTest, TypedRowsStayAndBadFieldsEndInTheMessage) {
                                 &form.earthA,      &form.earthB,        &form.earthC,      &form.earthYear,
                                 &form.sunDiameter, &form.earthDiameter, &form.moonDiameter};
     for (TextField* field : typed) {
-        const std::string before = field->text();
-        field->setText("1e999");
-        form.setModel.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << field->name();
-        field->setText(before);
+        EXPECT_EQ(screen.said(form.setModel, *field, "1e999"), "Задайте правильно данные") << field->name();
     }
     for (TextField* diameter : {&form.sunDiameter, &form.earthDiameter, &form.moonDiameter}) {
         diameter->setText("1e305");  // thousands of km that overflow in metres
-        form.setModel.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные") << diameter->name();
+        EXPECT_EQ(screen.said(form.setModel), "Задайте правильно данные") << diameter->name();
         for (const double v : s.Diam) EXPECT_TRUE(std::isfinite(v));
         diameter->setText("1");
     }
     form.earthYear.setText("40000");  // a year outside 16 bits
-    form.setModel.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно дату");
+    EXPECT_EQ(screen.said(form.setModel), "Введите правильно дату");
 }
 
 }  // namespace tarvex

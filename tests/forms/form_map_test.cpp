@@ -1,7 +1,5 @@
 #include "forms/form_map.h"
 
-#include <filesystem>
-
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {

@@ -1,7 +1,5 @@
 // The line that tells what a run starts from, and what other forms may do to a run that goes on.
 
-#include <algorithm>
-
 #include "forms/elements_form.h"
 #include "forms/run_form.h"
 #include "tests/forms/lab_fixture.h"

@@ -14,18 +14,15 @@ protected:
 };
 
 TEST_F(GravityBenchFormTest, TwoBodiesAreChosenAndIterated) {
-    form.longitude1.setText("10");
-    form.inPair(0).set(false);
+    test::enter(form.longitude1, "10", form.inPair(0), false);
     form.inPair(3).set(true);  // Mercury and the Earth
-    form.placeBodies.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.placeBodies), "");
     EXPECT_NEAR(toNumber(form.travelTimeNow.text()), toNumber(form.distanceNow.text()) * MK / (0.001 * Vsv),
                 1);
     form.iterateOnce.press();
     EXPECT_EQ(form.forceRatio.text(), "1");  // neither trace nor pressure: Newton
     lab.motion.kodDX = 1;
-    form.useDelay.set(true);
-    form.usePressure.set(true);
+    test::enter(form.useDelay, true, form.usePressure, true);
     for (int i = 0; i < 8; ++i) form.iterateOnce.press();
     const std::string settled = form.pullDistance.text();
     form.iterateOnce.press();
@@ -42,12 +39,8 @@ TEST_F(GravityBenchFormTest, StateOfARunIsTakenOver) {
     m.Vgr = 2 * Vsv;
     m.kPgr1 = 3;
     m.Xsave[1] = 5e10, m.Ysave[1] = 1e9, m.VYsave[1] = 48000, m.AXsave[1] = -0.04;
-    form.fromRun.set(true);
-    form.addSystemVelocity.set(true);
-    form.systemVy.setText("100");
-    form.placeBodies.press();
-    EXPECT_EQ(form.gravitySpeed.text(), "2");
-    EXPECT_EQ(form.k1.text(), "3");
+    test::enter(form.fromRun, true, form.addSystemVelocity, true, form.systemVy, "100", form.placeBodies);
+    EXPECT_EQ(test::texts(form.gravitySpeed, form.k1), "2 | 3");
     EXPECT_EQ(m.AX[1], 0);  // the run keeps its own
     EXPECT_EQ(lab.s.VY[1], 148000);
     EXPECT_EQ(form.longitude2.text(), "1,145762");
@@ -57,11 +50,9 @@ TEST_F(GravityBenchFormTest, TheTraceIsPrintedWhereItWasFound) {
     Motion& m = lab.motion;
     m.kodDX = 3;
     lab.s.Dt = 100;
-    form.inPair(0).set(false);
-    form.inPair(3).set(true);
+    test::enter(form.inPair(0), false, form.inPair(3), true);
     form.gravitySpeed.setText("0,01");  // a delay of a day: the bodies fly on by many grid points
-    form.useDelay.set(true);
-    form.placeBodies.press();
+    test::enter(form.useDelay, true, form.placeBodies);
     m.Vgr = 0.1 * Vsv;
     fillTrace(lab.s, m);
     m.Vgr = 0.01 * Vsv;
@@ -73,8 +64,7 @@ TEST_F(GravityBenchFormTest, TheTraceIsPrintedWhereItWasFound) {
             m.SledYsave.at(n, i) = lab.s.Y[i] - lab.s.VY[i] * lab.s.Dt * n;
             m.SledZsave.at(n, i) = lab.s.Z[i] - lab.s.VZ[i] * lab.s.Dt * n;
         }
-    form.iterateOnce.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.iterateOnce), "");
     int pairs = 0;
     for (const auto& d : test::drawnOn(form.pairPicture)) {
         const auto after = [&d](const std::string& label) {
@@ -94,30 +84,22 @@ TEST_F(GravityBenchFormTest, TheTraceIsPrintedWhereItWasFound) {
 
 TEST_F(GravityBenchFormTest, BadInput) {
     const std::string bad = "Введите правильно данные или увеличьте MF или MV";
-    form.iterateOnce.press();  // no bodies yet
-    EXPECT_EQ(screen.onlyMessage().text, bad);
+    // no bodies yet
+    EXPECT_EQ(screen.said(form.iterateOnce), bad);
     form.inPair(5).set(true);
-    form.placeBodies.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Должно быть отмечено только 2 объекта");
-    form.inPair(5).set(false);
-    form.inPair(1).set(false);
-    form.placeBodies.press();
-    EXPECT_EQ(screen.onlyMessage().text, bad);
+    EXPECT_EQ(screen.said(form.placeBodies), "Должно быть отмечено только 2 объекта");
+    test::enter(form.inPair(5), false, form.inPair(1), false);
+    EXPECT_EQ(screen.said(form.placeBodies), bad);
     form.inPair(1).set(true);
     for (const auto& [field, text] :
          std::initializer_list<std::pair<TextField*, const char*>>{{&form.gravitySpeed, "0"},
                                                                    {&form.longitude2, ""},
                                                                    {&form.forceScale, "0"},
                                                                    {&form.velocityScale, "0"}}) {
-        const std::string good = field->text();
-        field->setText(text);
-        form.placeBodies.press();
-        EXPECT_EQ(screen.onlyMessage().text, bad) << field->name() << text;
-        field->setText(good);
+        EXPECT_EQ(screen.said(form.placeBodies, *field, text), bad) << field->name() << text;
     }
     form.fromRun.set(true);  // no run has left its state: everything stands in the origin
-    form.placeBodies.press();
-    EXPECT_EQ(screen.onlyMessage().text, bad);
+    EXPECT_EQ(screen.said(form.placeBodies), bad);
 }
 
 }  // namespace tarvex

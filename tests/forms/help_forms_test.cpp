@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "forms/file_tree_form.h"
 #include "forms/help_form.h"
 #include "forms/help_text.h"

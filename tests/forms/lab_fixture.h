@@ -1,11 +1,9 @@
 #pragma once
 // A laboratory on a recording screen and a data tree of its own.
 
-#include <gtest/gtest.h>
-
 #include "forms/laboratory.h"
 #include "tests/support/recording_screen.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex::test {
 

@@ -44,9 +44,7 @@ TEST_F(LawsFormTest, OptionsPutTheirCoefficientsAndOnlyTheCommandStores) {
         EXPECT_EQ(lab.motion.kodPgr, c.kodPgr);
     }
     // a coefficient typed after the click stands
-    form.weber.choose();
-    form.k1.setText("0,7");
-    form.delayByAcceleration.choose();
+    test::enter(form.weber, form.k1, "0,7", form.delayByAcceleration);
     for (CheckBox* box :
          {&form.ratesEachStage, &form.centreNow, &form.shortLienardWiechert, &form.withRelativity})
         box->set(true);
@@ -68,27 +66,21 @@ TEST_F(LawsFormTest, OptionsPutTheirCoefficientsAndOnlyTheCommandStores) {
 
 TEST_F(LawsFormTest, PressureNeedsASpeedOfGravity) {
     // retardation may be chosen without it
-    form.delayBySpeed.choose();
-    form.storeChoice.press();
+    test::enter(form.delayBySpeed, form.storeChoice);
     EXPECT_EQ(lab.motion.kodDX, 1);
     EXPECT_TRUE(screen.messages.empty());
-    form.lienardWiechert.choose();
-    form.delayByTrace.choose();
+    test::enter(form.lienardWiechert, form.delayByTrace);
     const test::RecordingScreen::Message refusal = {
         "Давление гравитации не может быть задано без скорости гравитации", "Tarvex7"};
-    form.storeChoice.press();
-    EXPECT_EQ(screen.onlyMessage(), refusal);
+    EXPECT_EQ(screen.told(form.storeChoice), refusal);
     EXPECT_FALSE(lab.desk.isLoaded("Form2"));  // asking does not load the form
     static_cast<SpeedForm&>(lab.desk.form("Form2")).Check13.set(false);
-    form.storeChoice.press();
-    EXPECT_EQ(screen.onlyMessage(), refusal);
+    EXPECT_EQ(screen.told(form.storeChoice), refusal);
     EXPECT_EQ(lab.motion.kodPgr, 0);
     EXPECT_EQ(lab.motion.kodDX, 1);
     EXPECT_EQ(lab.motion.kPgr1, 0);
-    form.noPressure.choose();
-    form.k2.setText("шесть");
-    form.storeChoice.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    test::enter(form.noPressure, form.k2, "шесть");
+    EXPECT_EQ(screen.said(form.storeChoice), "Задайте правильно данные");
     EXPECT_EQ(lab.motion.kodDX, 1);
 }
 

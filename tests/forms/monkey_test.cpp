@@ -4,9 +4,7 @@
 // and in the shared state. MONKEY_SEEDS=FROM-TO takes other seeds, MONKEY_ACTS another number of acts each.
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +14,6 @@
 #include "forms/laboratory.h"
 #include "runtime/form.h"
 #include "tests/support/ephemeris_files.h"
-#include "tests/support/temp_folder.h"
 
 namespace tarvex::test {
 

@@ -1,7 +1,5 @@
 #include "forms/moon_form.h"
 
-#include <cmath>
-
 #include "forms/elements_form.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -24,30 +22,23 @@ TEST_F(OrbitCheckForms, BadFieldsOfTheCheck) {
                                                                    {&first.step, "шаг"},
                                                                    {&first.stepDivider, "0"},
                                                                    {&first.windowDegrees, ""}}) {
-        const std::string good = field->text();
-        field->setText(text);
-        first.checkOrbit.press();
-        EXPECT_EQ(screen.onlyMessage(),
+        EXPECT_EQ(screen.told(first.checkOrbit, *field, text),
                   (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7m"}))
             << field->name();
-        field->setText(good);
     }
-    first.checkSteps.press();  // no check has been begun
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    // no check has been begun
+    EXPECT_EQ(screen.said(first.checkSteps), "Ошибка решения уравнений");
     lab.s.X0[1] = lab.s.Y0[1] = lab.s.Z0[1] = 0;
-    first.checkOrbit.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_EQ(screen.said(first.checkOrbit), "Задайте правильно данные");
 }
 
 /// Both meanings of the Moon's elements give what the initial data of Form1 give for the same choice.
 TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
     auto& form = lab.desk.get<MoonForm>();
     for (const bool geocentric : {true, false}) {
-        first.year.setText("2000");
-        first.earthAndMoon.set(true);
+        test::enter(first.year, "2000", first.earthAndMoon, true);
         first.bary.set(!geocentric);
-        first.loadParameters.press();
-        first.computeInitialData.press();
+        test::enter(first.loadParameters, first.computeInitialData);
         ModelState& s = lab.s;
         const double dx = s.X0[10] - s.X0[3], dvy = s.VY0[10] - s.VY0[3];
         (geocentric ? form.geocentricElements : form.barycentricElements).choose();
@@ -61,18 +52,13 @@ TEST_F(OrbitCheckForms, Form20BuildsTheDataOfForm1InBothMeanings) {
 
 /// A time is multiplied before it is divided: 58 hundredths of a year are 0,58 and not 0,57.
 TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
-    first.checkedBody(5).choose();
-    first.stepsPerDisplay.setText("29");
-    first.step.setText("315576");
-    first.stepDivider.setText("1");
+    test::enter(first.checkedBody(5), first.stepsPerDisplay, "29", first.step, "315576", first.stepDivider,
+                "1");
     stopAfter(1, first.stopCheck);
     first.checkOrbit.press();  // two batches: 58 hundredths of a year
     EXPECT_EQ(first.checkTime.text(), "0,58");
     auto& form = lab.desk.get<MoonForm>();
-    form.setInitialData.press();
-    form.stepsPerDisplay.setText("6");
-    form.step.setText("63,1152");
-    form.stepDivider.setText("1");
+    test::enter(form.setInitialData, form.stepsPerDisplay, "6", form.step, "63,1152", form.stepDivider, "1");
     stopAfter(1, form.stopCheck);
     form.startCheck.press();
     EXPECT_EQ(form.elapsedYears.text(), "0,000024");
@@ -80,21 +66,17 @@ TEST_F(OrbitCheckForms, CutsFollowTheWrittenOrder) {
 
 /// While the table shows coordinates, the check writes its two rows and leaves what is typed into the others.
 TEST_F(OrbitCheckForms, Form1ShowsTheTwoRowsOfTheCheck) {
-    first.viewState.choose();
-    first.longitudeOrX(4).setText("7");
-    first.nodeOrMass(1).setText("8");
-    first.stepsPerDisplay.setText("10");
+    test::enter(first.viewState, first.longitudeOrX(4), "7", first.nodeOrMass(1), "8", first.stepsPerDisplay,
+                "10");
     stopAfter(1, first.stopCheck);
     first.checkOrbit.press();
-    EXPECT_EQ(first.longitudeOrX(4).text(), "7");
-    EXPECT_EQ(first.nodeOrMass(1).text(), "8");
+    EXPECT_EQ(test::texts(first.longitudeOrX(4), first.nodeOrMass(1)), "7 | 8");
     EXPECT_EQ(first.longitudeOrX(1).text(), toText(cut6(lab.s.X[1]) / MK));
 }
 
 /// With the tick the check shows an orbit that does not change from turn to turn.
 TEST_F(OrbitCheckForms, ExactPassagesShowTheGivenOrbit) {
-    first.stepsPerDisplay.setText("10000");
-    first.exactPassages.set(true);
+    test::enter(first.stepsPerDisplay, "10000", first.exactPassages, true);
     EXPECT_FALSE(first.windowDegrees.enabled() || first.stepDivider.enabled());
     stopAfter(1, first.stopCheck);
     first.checkOrbit.press();
@@ -108,9 +90,7 @@ TEST_F(OrbitCheckForms, ExactPassagesShowTheGivenOrbit) {
     EXPECT_TRUE(first.windowDegrees.enabled() && first.stepDivider.enabled());
 
     auto& moon = lab.desk.get<MoonForm>();
-    moon.setInitialData.press();
-    moon.stepsPerDisplay.setText("15000");
-    moon.exactPassages.set(true);
+    test::enter(moon.setInitialData, moon.stepsPerDisplay, "15000", moon.exactPassages, true);
     stopAfter(1, moon.stopCheck);
     moon.startCheck.press();
     EXPECT_GE(moon.perigeesPassed.number(), 2);
@@ -120,13 +100,10 @@ TEST_F(OrbitCheckForms, ExactPassagesShowTheGivenOrbit) {
 /// There is one check at a time: the form whose check another has replaced has none to go on with.
 TEST_F(OrbitCheckForms, AFormGoesOnWithItsOwnCheckOnly) {
     auto& form = lab.desk.get<MoonForm>();
-    first.stepsPerDisplay.setText("5000");
-    first.stepDivider.setText("10");
+    test::enter(first.stepsPerDisplay, "5000", first.stepDivider, "10");
     stopAfter(1, first.stopCheck);
-    first.checkOrbit.press();
-    form.setInitialData.press();
-    form.continueCheck.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    test::enter(first.checkOrbit, form.setInitialData);
+    EXPECT_EQ(screen.said(form.continueCheck), "Ошибка решения уравнений");
     const std::string time = first.checkTime.text();
     first.checkSteps.press();  // building the Moon's data has not touched the planet's check
     EXPECT_NE(first.checkTime.text(), time);
@@ -170,45 +147,31 @@ TEST_F(OrbitCheckForms, OverflowsReachNoState) {
         return std::isfinite(lab.s.Rcur);
     };
     first.step.setText("1e300");
-    first.checkOrbit.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    EXPECT_EQ(screen.said(first.checkOrbit), "Ошибка решения уравнений");
     EXPECT_TRUE(finiteState());
 
     auto& form = lab.desk.get<MoonForm>();
-    form.setInitialData.press();
-    form.fromScreen.choose();
-    form.semiMajorAxis.setText("1e305");
-    form.setInitialData.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    test::enter(form.setInitialData, form.fromScreen, form.semiMajorAxis, "1e305");
+    EXPECT_EQ(screen.said(form.setInitialData), "Задайте правильно данные");
     EXPECT_TRUE(finiteState());
 
     // the Moon so far away that its moment has no number
-    first.earthAndMoon.set(true);
-    first.loadParameters.press();
+    test::enter(first.earthAndMoon, true, first.loadParameters);
     lab.s.R0sr[10] = 1e290;
-    first.computeInitialData.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_EQ(screen.said(first.computeInitialData), "Задайте правильно данные");
     EXPECT_TRUE(finiteState());
 }
 
 TEST_F(OrbitCheckForms, Form20BadInput) {
     auto& form = lab.desk.get<MoonForm>();
-    form.fromScreen.choose();
-    form.massRatio.setText("0");
-    form.setInitialData.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
-    form.massRatio.setText("81,3");
-    form.eccentricity.setText("1");
-    form.setInitialData.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
-    form.eccentricity.setText("0,05");
-    form.setInitialData.press();
-    form.step.setText("быстро");
-    form.startCheck.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
+    test::enter(form.fromScreen, form.massRatio, "0");
+    EXPECT_EQ(screen.said(form.setInitialData), "Задайте правильно данные");
+    test::enter(form.massRatio, "81,3", form.eccentricity, "1");
+    EXPECT_EQ(screen.said(form.setInitialData), "Задайте правильно данные");
+    test::enter(form.eccentricity, "0,05", form.setInitialData, form.step, "быстро");
+    EXPECT_EQ(screen.said(form.startCheck), "Введите правильно данные");
     form.month.setText("13");
-    form.toJulianDate.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_EQ(screen.said(form.toJulianDate), "Задайте правильно данные");
 }
 
 }  // namespace tarvex

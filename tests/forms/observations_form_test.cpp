@@ -2,8 +2,6 @@
 
 #include <signal.h>
 
-#include <cmath>
-
 #include "experiment/initial_settings.h"
 #include "forms/observation_plan_form.h"
 #include "forms/planet_perturbations_form.h"
@@ -39,9 +37,7 @@ struct Form10Test : test::LabTest {
     }
     ObservationsForm& sun() {
         auto& form = lab.desk.get<ObservationsForm>();
-        form.bodyNumber.setText("0");
-        form.fromObservatories.choose();
-        form.observatoryChoice(6).choose();
+        test::enter(form.bodyNumber, "0", form.fromObservatories, form.observatoryChoice(6));
         return form;
     }
 };
@@ -50,8 +46,7 @@ struct Form10Test : test::LabTest {
 
 TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
     auto& form = lab.desk.get<ObservationsForm>();
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Выберете имитатор", "Tarvex7.0"}));
+    EXPECT_EQ(screen.told(form.startRun), (Told{"Выберете имитатор", "Tarvex7.0"}));
     form.tableChoice(8).choose();
     EXPECT_EQ(screen.onlyMessage(),
               (Told{"Не найдена таблица\r\n" + (folder.path() / "Tab/Streete.xls").string(), "Tarvex6"}));
@@ -60,28 +55,23 @@ TEST_F(Form10Test, WhatIsMissingIsToldInItsOwnMessage) {
 
     form.fromObservatories.choose();
     lab.s.kodStop = 0;
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Выберете обсерваторию", "Tarvex7.0"}));
-    form.bodyNumber.setText("0");
-    form.observatoryChoice(6).choose();
+    EXPECT_EQ(screen.told(form.startRun), (Told{"Выберете обсерваторию", "Tarvex7.0"}));
+    test::enter(form.bodyNumber, "0", form.observatoryChoice(6));
     EXPECT_EQ(screen.onlyMessage(),
               (Told{"Не найден файл\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string(), "Tarvex7"}));
     writeSun();
     form.observatoryChoice(6).choose();
     EXPECT_TRUE(screen.messages.empty());
     form.bodyNumber.setText("3");
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Землю не наблюдали", "Tarvex7.0"}));
+    EXPECT_EQ(screen.told(form.startRun), (Told{"Землю не наблюдали", "Tarvex7.0"}));
     lab.s.kodStop = 0;
     for (const char* bad : {"ж", "12", "-1"}) {
         form.bodyNumber.setText(bad);
-        form.startRun.press();
-        EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно данные", "Tarvex7.0"})) << bad;
+        EXPECT_EQ(screen.told(form.startRun), (Told{"Введите правильно данные", "Tarvex7.0"})) << bad;
         lab.s.kodStop = 0;
     }
     test::writeBytes(folder.path() / "Obs/GREN0_G_100.txt", "a\r\nb\r\nc\r\nd\r\nyears\r\n");
-    form.bodyNumber.setText("0");
-    form.observatoryChoice(1).choose();
+    test::enter(form.bodyNumber, "0", form.observatoryChoice(1));
     EXPECT_EQ(screen.onlyMessage(), (Told{"Введите правильно данные", "Tarvex7"}));
 }
 
@@ -92,18 +82,15 @@ TEST_F(Form10Test, ARunStopsContinuesAndEndsWithItsMeans) {
     screen.atYield = [&](int count) {
         if (count == 1) form.stopRun.press();
     };
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_EQ(form.acceptedCount.text(), "2") << "stopped at the second observation";
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Надо открыть файл снова", "Tarvex7.0"}));
+    EXPECT_EQ(screen.told(form.startRun), (Told{"Надо открыть файл снова", "Tarvex7.0"}));
     form.continueRun.press();
     EXPECT_EQ(form.acceptedCount.text(), "3");
     EXPECT_EQ(lab.s.JDut, 2451564);
 
     screen.atYield = nullptr;
-    form.observatoryChoice(6).choose();
-    form.singleStep.press();
+    test::enter(form.observatoryChoice(6), form.singleStep);
     EXPECT_EQ(form.acceptedCount.text(), "4") << "one step more, from the first record again";
 }
 
@@ -111,29 +98,23 @@ TEST_F(Form10Test, ABadRecordLeavesTheSourceClosedAndTheChoiceOpensItAgain) {
     writeSun("          2000 letters\r\n");
     auto& form = sun();
     form.lastYear.setText("2001");
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text,
+    EXPECT_EQ(screen.said(form.startRun),
               "Ошибка чтения данных из файла\r\n" + (folder.path() / "Obs/SUMM0_G_100.txt").string());
     EXPECT_EQ(form.acceptedCount.text(), "3");
     writeSun();
     form.observatoryChoice(6).choose();
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_EQ(form.acceptedCount.text(), "3");
 }
 
 /// A table without cells, so that no office is needed.
 TEST_F(Form10Test, CalendarBodyAndDateOfAChosenTable) {
     auto& form = lab.desk.get<ObservationsForm>();
-    form.bodyNumber.setText("25");
-    form.tableChoice(5).choose();
+    test::enter(form.bodyNumber, "25", form.tableChoice(5));
     EXPECT_EQ(screen.onlyMessage().text, "Введите правильно данные");
     EXPECT_EQ(lab.s.IplSel, 11) << "a number that is no body reaches nothing";
-    form.bodyNumber.setText("11");
-    form.tableChoice(0).choose();
-    form.tableChoice(5).choose();
-    form.singleStep.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form.bodyNumber, "11", form.tableChoice(0), form.tableChoice(5));
+    EXPECT_EQ(screen.said(form.singleStep), "");
     EXPECT_EQ(form.day.text() + "." + form.month.text() + "." + form.year.text(), "1.1.2000")
         << "a first step lands on the start, in the calendar of the table";
     EXPECT_EQ(lab.s.kodKalend, 0) << "the calendar of the others";
@@ -154,29 +135,23 @@ TEST_F(Form10Test, ATableRunsThroughTheOfficeAndOutlivesAKilledOne) {
         folder.path() / "Tab/Tycho.xls",
         {{{"E11", "0"}, {"D11", "0"}, {"C11", "0"}, {"G11", "0"}, {"G20", "=[.E11]/10+[.C11]"}}});
     auto& form = lab.desk.get<ObservationsForm>();
-    form.bodyNumber.setText("0");
-    form.tableChoice(9).choose();
+    test::enter(form.bodyNumber, "0", form.tableChoice(9));
     EXPECT_TRUE(screen.messages.empty());
-    form.lastYear.setText("1580");
-    form.tableStep.setText("100");
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form.lastYear, "1580", form.tableStep, "100");
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_EQ(form.acceptedCount.text(), "5")
         << "each 100 days; the first date behind the last year ends the run";
     EXPECT_NEAR(form.observedLongitude.number(), 158.1 + 4, 1e-6);
 
     kill(lab.office.process(), 9);
-    form.startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
+    EXPECT_EQ(screen.told(form.startRun), (Told{"Ошибка вычислений в таблицахTycho", "Tarvex7.0"}));
     EXPECT_EQ(lab.s.kodStop, 1);
     form.tableChoice(9).choose();
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
 
     form.year.setText("1580");
     screen.atYield = [&](int) { form.closeForm.press(); };  // closed in the middle of its run
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_FALSE(lab.desk.isLoaded("Form10"));
     EXPECT_EQ(lab.reduction.table.table, nullptr);
 }
@@ -185,9 +160,7 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     writeSun();
     auto& form = sun();
     auto& plan = lab.desk.get<ObservationPlanForm>();
-    plan.factorChosen(4).set(false);
-    plan.createPlan.press();
-    plan.loadPlan.press();
+    test::enter(plan.factorChosen(4), false, plan.createPlan, plan.loadPlan);
     lab.plan.Yu.fill(0);
     lab.plan.Yras.fill(0);
     lab.plan.b.fill(0.5);
@@ -199,12 +172,10 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     }
     plan.systemVX.setText("300,5");
     plan.interval(1).setText("1e308");  // in range, but not in metres
-    plan.savePlan.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные для плана");
+    EXPECT_EQ(screen.said(plan.savePlan), "Задайте правильно данные для плана");
     EXPECT_TRUE(std::isfinite(lab.plan.dXvar[1]));
     plan.interval(1).setText("10");
-    plan.savePlan.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(plan.savePlan), "");
     const auto path = folder.path() / "Obs/Plan1/0_100_1.dat";
     const std::string text = test::readBytes(path);
     const auto date = text.find(" от ") + std::string(" от ").size();
@@ -233,8 +204,7 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     lab.plan.Xnul.fill(0);
     lab.reduction.velocity.set(lab.s, {});
     plan.fileSource.choose();
-    plan.loadPlan.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(plan.loadPlan), "");
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[7], 7.25);
     EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
     EXPECT_DOUBLE_EQ(lab.reduction.velocity.of(lab.s).X, 300.5);
@@ -246,27 +216,20 @@ TEST_F(Form10Test, APlanFileIsWrittenReadAndForgivenItsTail) {
     tooLarge.replace(text.find("149598500 "), 9, "1.5E308");
     for (const std::string& bad : {text.substr(0, 700), tooLarge}) {
         test::writeBytes(path, bad);
-        plan.loadPlan.press();
-        EXPECT_EQ(screen.onlyMessage(),
+        EXPECT_EQ(screen.told(plan.loadPlan),
                   (Told{"Ошибка чтения данных из файла\r\n\\Obs\\Plan1\\0_100_1.dat", "Tarvex7"}));
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[8], 8.25);
         EXPECT_DOUBLE_EQ(lab.plan.Xnul[1], 149598500000.0);
     }
     plan.templateSource.choose();
     form.year.setText("2147483640");  // no year twenty years later
-    plan.loadPlan.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка при расчете параметров для шаблона");
-    form.year.setText("2000");
-    plan.fileSource.choose();
-    plan.testNumber.setText("9");
-    plan.loadPlan.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");
+    EXPECT_EQ(screen.said(plan.loadPlan), "Ошибка при расчете параметров для шаблона");
+    test::enter(form.year, "2000", plan.fileSource, plan.testNumber, "9");
+    EXPECT_EQ(screen.said(plan.loadPlan), "Не могу найти файл\r\n\\Obs\\Plan1\\0_100_9.dat");
     plan.testNumber.setText("x");
-    plan.loadPlan.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Введите правильно номер плана и опыта");
+    EXPECT_EQ(screen.said(plan.loadPlan), "Введите правильно номер плана и опыта");
     plan.factorChosen(2).set(false);
-    plan.createPlan.press();
-    EXPECT_EQ(screen.onlyMessage().text, "К-во факторов должно быть от 2 до 6");
+    EXPECT_EQ(screen.said(plan.createPlan), "К-во факторов должно быть от 2 до 6");
 }
 
 TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
@@ -274,8 +237,7 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     sun();
     auto& plan = lab.desk.get<ObservationPlanForm>();
     const std::string name = "\\Ser\\Plan1\\Tarvex3Nab.txt";
-    plan.addOptimum.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл\r\n" + name);
+    EXPECT_EQ(screen.said(plan.addOptimum), "Не могу найти файл\r\n" + name);
 
     SeriesData series;
     series.FileData = name;
@@ -287,10 +249,8 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     writeSeries(lab.tree, series);
     lab.s.JDepoha = 2450000;
     lab.s.JDut = 2450100;
-    plan.zeroLevel(2).setText("0,0167");
-    plan.zeroLevel(1).setText("149600");
-    plan.addOptimum.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(plan.zeroLevel(2), "0,0167", plan.zeroLevel(1), "149600");
+    EXPECT_EQ(screen.said(plan.addOptimum), "");
     SeriesData read;
     readSeries(lab.tree, name, dataLong, read);
     ASSERT_EQ(read.NP1max(), 3);
@@ -307,12 +267,9 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
     EXPECT_EQ(screen.questions.back().text,
               "Точка №  2  с такой датой уже есть\r\nЗаменить параметры этой точки?");
 
-    plan.sendPerturbations.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Загрузите форму 22 (dLp)");
+    EXPECT_EQ(screen.said(plan.sendPerturbations), "Загрузите форму 22 (dLp)");
     auto& terms = lab.desk.get<PlanetPerturbationsForm>();
-    plan.secondPerturber.choose();
-    plan.zeroLevel(9).setText("0,75");
-    plan.sendPerturbations.press();
+    test::enter(plan.secondPerturber, plan.zeroLevel(9), "0,75", plan.sendPerturbations);
     EXPECT_EQ(terms.amplitude(3 * 10 + 40 + 8).text(), "0,75");
 }
 
@@ -320,10 +277,7 @@ TEST_F(Form10Test, TheOptimumJoinsTheLongSeries) {
 /// with 0.3" of noise: both ways its initial data follow.
 TEST_F(Form10Test, TheModelIsFittedToPlacesAndToObservations) {
     auto& form = lab.desk.get<ObservationsForm>();
-    form.fit.source(1).choose();
-    form.fit.from.setText("1960");
-    form.fit.to.setText("1960");
-    form.fit.fit.press();
+    test::enter(form.fit.source(1), form.fit.from, "1960", form.fit.to, "1960", form.fit.fit);
     EXPECT_EQ(screen.messages.at(0).text, "Модель не подогнана к местам");
     EXPECT_NE(form.status().find("ascp1960.405"), std::string::npos);
     screen.messages.clear();
@@ -334,29 +288,21 @@ TEST_F(Form10Test, TheModelIsFittedToPlacesAndToObservations) {
     lab.motion.kodRelativity = 1;
     const auto before = lab.s.X0;
     lab.s.X0[1] += 5e5;
-    form.fit.fit.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.fit.fit), "");
     EXPECT_EQ(form.fit.Vgr.text() + form.fit.VgrLow.text(), "");
     EXPECT_LT(form.fit.chiSquare.number() / form.fit.freedom.number(), 1);
     EXPECT_NE(form.fit.report.text().find("ChiSquare = "), std::string::npos);
     EXPECT_EQ(lab.s.X0[1], before[1] + 5e5);  // shown, not taken
 
     form.fit.source(2).choose();
-    form.fit.fit.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Сначала обработайте наблюдения");
+    EXPECT_EQ(screen.said(form.fit.fit), "Сначала обработайте наблюдения");
     std::filesystem::copy_file(std::filesystem::path(TARVEX_SOURCE_DIR) / "data/Obs/SUMM1_G_100.txt",
                                folder.path() / "Obs/SUMM1_G_100.txt");
-    form.bodyNumber.setText("1");
-    form.fromObservatories.choose();
-    form.observatoryChoice(6).choose();
-    form.lastYear.setText("1961");
-    form.withoutAnimation.set(true);
-    form.startRun.press();
+    test::enter(form.bodyNumber, "1", form.fromObservatories, form.observatoryChoice(6), form.lastYear,
+                "1961", form.withoutAnimation, true, form.startRun);
     EXPECT_GE(form.acceptedCount.number(), 80);
-    form.fit.bodies.setText("1,3");
-    form.fit.sigma.setText("0,5");
-    form.fit.fit.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form.fit.bodies, "1,3", form.fit.sigma, "0,5");
+    EXPECT_EQ(screen.said(form.fit.fit), "");
     EXPECT_EQ(form.fit.freedom.number(), 2 * form.acceptedCount.number() - 12);
     EXPECT_LT(form.fit.chiSquare.number() / form.fit.freedom.number(), 2) << form.fit.report.text();
 }

@@ -39,9 +39,7 @@ TEST_F(Form21Test, TicksDecideWhichTermsAct) {
     EXPECT_EQ(s.kLl[1], 0);  // the main inequality lies in the ellipse
     EXPECT_EQ(s.kLl[3], -1.2739);
     EXPECT_EQ(s.kLl[28], -0.0153);
-    form.termTaken(1).set(true);
-    form.termTaken(25).set(false);
-    form.amplitude(16).setText("-0,5");
+    test::enter(form.termTaken(1), true, form.termTaken(25), false, form.amplitude(16), "-0,5");
     form.amplitude(25).setText("слово");  // not ticked: not read
     form.setCoefficients.press();
     EXPECT_EQ(s.kLl[1], 6.2889);
@@ -50,8 +48,7 @@ TEST_F(Form21Test, TicksDecideWhichTermsAct) {
     EXPECT_TRUE(screen.messages.empty());
 
     form.amplitude(5).setText("");
-    form.setCoefficients.press();
-    EXPECT_EQ(screen.onlyMessage(),
+    EXPECT_EQ(screen.told(form.setCoefficients),
               (test::RecordingScreen::Message{"Введите правильно номер объекта на форме 10", "Tarvex7"}));
     EXPECT_EQ(s.kLl[5], 0);
     EXPECT_EQ(s.kLl[7], -0.0347);
@@ -67,9 +64,7 @@ TEST_F(Form22Test, LoadTakesTheFileAndUnloadKeepsTheTable) {
     EXPECT_EQ(s.Ipert1, (std::array<std::int32_t, 5>{0, 2, 3, 2, 3}));
     EXPECT_EQ(s.Ipert2, (std::array<std::int32_t, 5>{0, 5, 5, 5, 5}));
     auto& form = lab.desk.get<PlanetPerturbationsForm>();
-    form.mercuryPerturber1.setText("6");
-    form.venusPerturber1.setText("7");
-    form.setCoefficients.press();
+    test::enter(form.mercuryPerturber1, "6", form.venusPerturber1, "7", form.setCoefficients);
     EXPECT_EQ(s.Ipert1[1], 6);
     EXPECT_EQ(s.Ipert1[2], 7);
 }
@@ -85,11 +80,8 @@ TEST_F(Form22Test, WithoutItsFileItShowsTheMessageAndStaysAtZero) {
 
 TEST_F(Form22Test, SavedAmplitudesComeBackCutToMillionths) {
     auto& form = lab.desk.get<PlanetPerturbationsForm>();
-    form.fileNumber.setText("7");
-    form.amplitude(11).setText("0,0000019");
-    form.amplitude(88).setText("-1,5");
-    form.saveAmplitudes.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form.fileNumber, "7", form.amplitude(11), "0,0000019", form.amplitude(88), "-1,5");
+    EXPECT_EQ(screen.said(form.saveAmplitudes), "");
     EXPECT_EQ(s.kLp[1][11], 0.0000019);  // the fields again, not what was written
     EXPECT_TRUE(test::readBytes(folder.path() / "Dat" / "dL7.dat")
                     .starts_with("Меркурий\r\n 1  1102  1103  1104  1105  1106  1107  1108 \r\n"));
@@ -110,28 +102,20 @@ TEST_F(Form22Test, BadFilesAndFieldsLoseNothing) {
     for (const std::string& text : {std::string(), whole.substr(0, 40), whole.substr(0, whole.size() - 30),
                                     word, binary, "a\n1 2 3\n" + whole}) {
         write(text);
-        form.loadAmplitudes.press();
-        EXPECT_EQ(screen.onlyMessage(), badData) << text.substr(0, 30);
+        EXPECT_EQ(screen.told(form.loadAmplitudes), badData) << text.substr(0, 30);
         EXPECT_EQ(s.kLp, kept);
     }
     for (TextField* field : {&form.amplitude(34), &form.venusPerturber2, &form.marsPerturber2}) {
-        const std::string before = field->text();
-        field->setText("2 3");
-        form.setCoefficients.press();
-        EXPECT_EQ(screen.onlyMessage(), badData) << field->name();
-        field->setText(before);
+        EXPECT_EQ(screen.told(form.setCoefficients, *field, "2 3"), badData) << field->name();
     }
     form.fileNumber.setText("40000");
-    form.loadAmplitudes.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.loadAmplitudes), badData);
     form.fileNumber.setText("2");
     std::filesystem::create_directory(folder.path() / "Dat" / "dL2.dat");
-    form.saveAmplitudes.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.saveAmplitudes), badData);
     EXPECT_DOUBLE_EQ(s.kLp[2][48], kept[2][48] * 1e6);  // left scaled: meant
     form.amplitude(11).setText("1e305");
-    form.saveAmplitudes.press();
-    EXPECT_EQ(screen.onlyMessage(), badData);
+    EXPECT_EQ(screen.told(form.saveAmplitudes), badData);
     for (const auto& row : s.kLp)
         for (const double v : row) EXPECT_TRUE(std::isfinite(v));
 }

@@ -78,6 +78,9 @@ struct Form15Test : test::LabTest {
             form->useFactor(i).set(std::find(factors.begin(), factors.end(), i) != factors.end());
         form->createPlan.press();
     }
+    void expectMessage(CommandButton& pressed, const std::string& text) {
+        EXPECT_EQ(screen.told(pressed), (Told{text, "Tarvex7m"}));
+    }
     void expectMessage(const std::string& text) { EXPECT_EQ(screen.onlyMessage(), (Told{text, "Tarvex7m"})); }
 
     std::vector<Started> runs;
@@ -91,22 +94,16 @@ TEST_F(Form15Test, PlanNeedsTwoToSixFactors) {
     expectMessage("К-во факторов должно быть от 2 до 6");
     create({1, 2, 3, 4, 5, 6, 7});
     expectMessage("К-во факторов должно быть от 2 до 6");
-    form->fitCoefficients.press();  // seven factors are no plan
-    expectMessage("Ошибка при рассчете коэффициентов");
-    form->optimizeFactors.press();
-    expectMessage("Ошибка при решение системы линейных уравнений");
+    // seven factors are no plan
+    expectMessage(form->fitCoefficients, "Ошибка при рассчете коэффициентов");
+    expectMessage(form->optimizeFactors, "Ошибка при решение системы линейных уравнений");
 }
 
 TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     create({2, 4});
-    form->zeroLevel(4).setText("10");
-    form->interval(4).setText("2");
-    form->zeroLevel(5).setText("0");
-    form->planNumber.setText("3");
-    form->firstExperiment.setText("2");
-    form->lastExperiment.setText("4");
-    form->runExperiments.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form->zeroLevel(4), "10", form->interval(4), "2", form->zeroLevel(5), "0", form->planNumber,
+                "3", form->firstExperiment, "2", form->lastExperiment, "4");
+    EXPECT_EQ(screen.said(form->runExperiments), "");
     ASSERT_EQ(runs.size(), 3u);
     const double VY[] = {2, 0, 0}, Vgr[] = {8, 12, 8};  // points 2, 3, 4: (+,-) (-,+) (-,-)
     for (int i = 0; i < 3; ++i) {
@@ -131,15 +128,11 @@ TEST_F(Form15Test, ExperimentsRunInOrderFromWhatThePlanSets) {
     EXPECT_EQ(lab.s.NPlan, 0);
 
     form->finiteGravitySpeed.set(true);  // with the speed of gravity, and with law 5
-    form->zeroLevel(5).setText("0,5");
-    form->firstExperiment.setText("4");
-    form->runExperiments.press();
+    test::enter(form->zeroLevel(5), "0,5", form->firstExperiment, "4", form->runExperiments);
     EXPECT_TRUE(form2().finiteSpeed);
     EXPECT_EQ(runs.back().kodPgr, 5);
     EXPECT_EQ(runs.back().kPgr2, 0.5);
-    form->secondCoefficientZero.set(true);
-    form->firstExperiment.setText("4");
-    form->runExperiments.press();
+    test::enter(form->secondCoefficientZero, true, form->firstExperiment, "4", form->runExperiments);
     EXPECT_EQ(runs.back().kPgr1, 0.5);
     EXPECT_EQ(runs.back().kPgr2, 0);
 }
@@ -167,8 +160,7 @@ TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
     EXPECT_EQ(lab.run.kodTest, 0);
     form2().failAt = 0;
     form2().stopAt = 2;
-    form->firstExperiment.setText("1");
-    form->runExperiments.press();
+    test::enter(form->firstExperiment, "1", form->runExperiments);
     EXPECT_EQ(runs.size(), 5u);
     EXPECT_TRUE(screen.messages.empty());
     EXPECT_EQ(lab.s.NPlan, 0);
@@ -180,38 +172,31 @@ TEST_F(Form15Test, AnErrorOrAStopEndsTheBatch) {
                                       {&form->planNumber, ""}}) {
         const std::string old = field->text();
         field->setText(text);
-        form->runExperiments.press();
-        expectMessage("Ошибка при выполнение плана");
+        expectMessage(form->runExperiments, "Ошибка при выполнение плана");
         EXPECT_EQ(lab.s.NPlan, 0);
         field->setText(old);
     }
     form->firstExperiment.setText("10");  // beyond the nine points of the plan
     form->lastExperiment.setText("12");
-    form->runExperiments.press();
-    expectMessage("Ошибка при выполнение плана");
+    expectMessage(form->runExperiments, "Ошибка при выполнение плана");
 }
 
 TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     create({1, 4});
-    form->findCriterion.press();
-    expectMessage("Загрузите данные наблюдений");
+    expectMessage(form->findCriterion, "Загрузите данные наблюдений");
     form->ownImitator.choose();
-    form->loadObservedShifts.press();
-    expectMessage("Не могу найти файл \\Ser\\TarvexNab.dat");
+    expectMessage(form->loadObservedShifts, "Не могу найти файл \\Ser\\TarvexNab.dat");
     test::writeBytes(lab.tree.at("\\Ser\\TarvexNab.dat"), "а\r\nб\r\n 1  2 \r\n");
-    form->loadObservedShifts.press();
-    expectMessage("Ошибка при чтении данных из файла \\Ser\\TarvexNab.dat");
-    form->findCriterion.press();
-    expectMessage("Загрузите данные наблюдений");
+    expectMessage(form->loadObservedShifts, "Ошибка при чтении данных из файла \\Ser\\TarvexNab.dat");
+    expectMessage(form->findCriterion, "Загрузите данные наблюдений");
     lab.shifts.dNab[1][1] = 500;
     writeObservedShifts(lab.tree, "\\Ser", lab.shifts);
     form->loadObservedShifts.press();
     lab.s.NPlan = 1;
-    form->findCriterion.press();
-    expectMessage("Ошибка чтения данных из файла \\Plan1\\Tarvex1Ras.dat");
+    expectMessage(form->findCriterion, "Ошибка чтения данных из файла \\Plan1\\Tarvex1Ras.dat");
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 8);
-    form->findCriterion.press();
-    expectMessage("К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
+    expectMessage(form->findCriterion,
+                  "К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
 
     for (int u = 1; u <= 9; ++u) {  // 500 + 10 x1 + 20 x2 + 5 x1^2 + 4 x2^2
         const double a = lab.plan.PlanX[1][u], b = lab.plan.PlanX[2][u];
@@ -219,8 +204,7 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     }
     lab.shifts.Ves[1][1] = 100;
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 9);
-    form->criterionIsShift.choose();
-    form->interval(4).setText("0,1");
+    test::enter(form->criterionIsShift, form->interval(4), "0,1");
     form->runExperiments.press();  // takes the levels over; the stand-in runs at once
     screen.notices.clear();
     lab.s.NPlan = 1;
@@ -233,15 +217,13 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
     EXPECT_EQ(form->stationaryPoint.caption(), "Стационарная точка: минимум; точка вне области плана по X4");
 
     lab.s.NPlan = 0;
-    form->findCriterion.press();
-    expectMessage("Ошибка чтения данных из файла \\Plan0\\Tarvex1Ras.dat");
+    expectMessage(form->findCriterion, "Ошибка чтения данных из файла \\Plan0\\Tarvex1Ras.dat");
     EXPECT_EQ(form->planStatus.caption(), "Критерий по файлам плана № 0 (в поле плана № 1)");
     lab.s.NPlan = 1;
     form->usePlanet(2).set(true);  // a planet with no observed shift
     writePlanShifts(lab.tree, 1, 2, lab.shifts, 9);
     form->criterionIsDifference.choose();
-    form->findCriterion.press();
-    expectMessage("Ошибка при обработке данных");
+    expectMessage(form->findCriterion, "Ошибка при обработке данных");
     lab.shifts.dNab[1][1] = 7;  // a fit on the form of the series meanwhile
     lab.desk.show("Form6");
     lab.desk.show("Form15");
@@ -249,13 +231,10 @@ TEST_F(Form15Test, CriterionOfTheModelNeedsObservedAndCalculatedShifts) {
 }
 
 TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
-    form->solveShifts.press();
-    expectMessage("Загрузите данные наблюдений");
+    expectMessage(form->solveShifts, "Загрузите данные наблюдений");
     create({1, 4});
     for (int i = 1; i <= 4; ++i) form->zeroLevel(i).setText(i == 4 ? "200" : i == 3 ? "0" : "100");
-    form->interval(1).setText("50");
-    form->interval(4).setText("40");
-    form->useParameter(2).set(true);
+    test::enter(form->interval(1), "50", form->interval(4), "40", form->useParameter(2), true);
     const auto drift = [](int c, double VX, double Vgr) {  // linear in VX/Vgr and 1/Vgr
         return 500 * c + (c == 1 ? 30 : -8) * VX / Vgr + (c == 1 ? 1000 : 5000) / Vgr;
     };
@@ -269,13 +248,10 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
     writePlanShifts(lab.tree, 1, 1, lab.shifts, 9);
     writeObservedShifts(lab.tree, "\\Ser", lab.shifts);
     writeObservedErrors(lab.tree, "\\Ser", lab.shifts);
-    form->ownImitator.choose();
-    form->loadObservedShifts.press();
+    test::enter(form->ownImitator, form->loadObservedShifts);
     lab.shifts.dNab[1][1] = 7;  // a fit meanwhile: the answer stands on what was loaded
-    form->confirmSolution.press();
-    expectMessage("Сначала решите по смещениям");
-    form->solveShifts.press();
-    EXPECT_TRUE(screen.messages.empty());
+    expectMessage(form->confirmSolution, "Сначала решите по смещениям");
+    EXPECT_EQ(screen.said(form->solveShifts), "");
     EXPECT_NEAR(form->solvedVX.value.number(), 120, 0.01);
     EXPECT_NEAR(form->solvedVgr.value.number(), 230, 0.01);
     EXPECT_GT(form->solvedVgr.error.number(), 0);
@@ -293,8 +269,7 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
             text += fileItem(i + 3) + fileItem(36525 * i) + fileItem(1e6 * i) + " 0  0  0  0  0 \r\n";
         test::writeBytes(lab.tree.at("\\Plan1\\Txt1\\Tarvex1Ras" + form2().experiment + ".txt"), text);
     };
-    form->confirmSolution.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form->confirmSolution), "");
     ASSERT_EQ(runs.size(), 1u);
     EXPECT_EQ(runs[0].number, "10");
     EXPECT_NEAR(runs[0].VX, 120, 0.01);
@@ -318,26 +293,24 @@ TEST_F(Form15Test, ShiftsAreSolvedConfirmedAndFollowedByASmallerPlan) {
     EXPECT_GT(std::abs(line), 5);
     EXPECT_LT(std::abs(lab.answer.Measured[1][1] - 3600), std::abs(line) / 4);
     form2().failAt = 10;
-    form->confirmSolution.press();
-    EXPECT_EQ(screen.onlyMessage(), (Told{"прогон", "стенд"}));
+    EXPECT_EQ(screen.told(form->confirmSolution), (Told{"прогон", "стенд"}));
     EXPECT_EQ(form2().body(), "5");  // the body that was measured before
     form->nextPlan.press();
     EXPECT_EQ(form->interval(1).text() + " " + form->interval(4).text(), "25 20");
     EXPECT_NEAR(form->zeroLevel(4).number(), 230, 0.01);
 
     create({1, 2, 3, 4});
-    form->solveShifts.press();  // the files are those of nine experiments
-    expectMessage("К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
+    // the files are those of nine experiments
+    expectMessage(form->solveShifts,
+                  "К-во экспериментов в плане не равно к-ву в файле \r\n\\Plan1\\Tarvex1Ras.dat");
     EXPECT_EQ(form->verdict.text() + form->solvedVX.value.text(), "");
 }
 
 TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
     create({1, 4});
-    form->testExperiments.choose();
-    form->criterionIsSquare.choose();
+    test::enter(form->testExperiments, form->criterionIsSquare);
     lab.plan.Yras[1] = 77;
-    form->findCriterion.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form->findCriterion), "");
     EXPECT_EQ(lab.plan.Yras[1], 77);  // of the last fit
     EXPECT_EQ(lab.plan.Yu[1], 0);     // six terms of 1 at (1, 1), Yopt is 6
     EXPECT_DOUBLE_EQ(lab.plan.Yu[9], 25 / 36.0);
@@ -346,23 +319,16 @@ TEST_F(Form15Test, TestCriterionRunsOverTheCodes) {
 TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
     create({1, 4});
     form->planNumber.setText("7");
-    form->loadPlan.press();
-    expectMessage("Не могу найти файл \\Plan7\\TarvexPlan7.dat");
-    form->savePlan.press();
-    expectMessage("Ошибка при записи данных в файл \\Plan7 \\TarvexPlan7.dat");
+    expectMessage(form->loadPlan, "Не могу найти файл \\Plan7\\TarvexPlan7.dat");
+    expectMessage(form->savePlan, "Ошибка при записи данных в файл \\Plan7 \\TarvexPlan7.dat");
     form->planNumber.setText("x");
-    form->savePlan.press();
-    expectMessage("Задайте правильно номер плана");
-    form->planNumber.setText("1");
-    form->zeroLevel(4).setText("9");
-    form->interval(4).setText("0,5");
-    form->codedOptimum(6).setText("-0,125");
+    expectMessage(form->savePlan, "Задайте правильно номер плана");
+    test::enter(form->planNumber, "1", form->zeroLevel(4), "9", form->interval(4), "0,5",
+                form->codedOptimum(6), "-0,125");
     lab.shifts.Ves[10][6] = 0.75;
-    form->savePlan.press();
-    form->zeroLevel(4).setText("0");
+    test::enter(form->savePlan, form->zeroLevel(4), "0");
     lab.shifts.Ves = {};
-    form->loadPlan.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form->loadPlan), "");
     EXPECT_EQ(
         form->zeroLevel(4).text() + " " + form->currentLevel(4).text() + " " + form->codedOptimum(6).text(),
         "9 9,5 -0,125");
@@ -370,15 +336,11 @@ TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
     EXPECT_EQ(lab.shifts.Ves[10][6], 0.75);
     // points that were added come back with the file, also through the form of the weights; other plans take
     // none
-    form->quality.addPoints.press();
-    form->codedOptimum(1).setText("0,3");
-    form->quality.growPlan.press();
+    test::enter(form->quality.addPoints, form->codedOptimum(1), "0,3", form->quality.growPlan);
     const auto grown = lab.plan.PlanX;
     form->savePlan.press();
     auto& weights = lab.desk.get<WeightsForm>();
-    weights.planNumber.setText("1");
-    weights.loadWeightFile.press();
-    weights.saveWeightFile.press();
+    test::enter(weights.planNumber, "1", weights.loadWeightFile, weights.saveWeightFile);
     create({1, 4});
     EXPECT_EQ(lab.plan.Nplan, 9);
     form->loadPlan.press();
@@ -393,48 +355,36 @@ TEST_F(Form15Test, PlanFileIsSavedAndLoadedWithItsWeights) {
     EXPECT_NE(form->status().find("для 2 факторов"), std::string::npos);
     EXPECT_TRUE(screen.messages.empty());
     test::writeBytes(lab.tree.at("\\Plan1\\TarvexPlan1.dat"), "а\r\n");
-    form->loadPlan.press();
-    expectMessage("Ошибка при чтении данных из файла \\Plan1\\TarvexPlan1.dat");
+    expectMessage(form->loadPlan, "Ошибка при чтении данных из файла \\Plan1\\TarvexPlan1.dat");
 }
 
 TEST_F(Form15Test, Form19EditsWeightsAndModelData) {
     auto& weights = lab.desk.get<WeightsForm>();
     EXPECT_EQ(lab.s.NPlan, 1);
-    weights.loadWeightFile.press();
-    expectMessage("Не могу найти файл \\Plan1\\TarvexPlan1.dat");
-    form->savePlan.press();
-    weights.inclinationWeight(4).setText("0,5");
-    weights.saveWeightFile.press();
-    weights.inclinationWeight(4).setText("1");
-    weights.loadWeightFile.press();
+    expectMessage(weights.loadWeightFile, "Не могу найти файл \\Plan1\\TarvexPlan1.dat");
+    test::enter(form->savePlan, weights.inclinationWeight(4), "0,5", weights.saveWeightFile,
+                weights.inclinationWeight(4), "1", weights.loadWeightFile);
     EXPECT_EQ(weights.inclinationWeight(4).text(), "0,5");
     weights.inclinationWeight(4).setText("x");
-    weights.saveWeightFile.press();
-    expectMessage("Задайте правильно данные");
+    expectMessage(weights.saveWeightFile, "Задайте правильно данные");
 
     weights.viewedPlanet(3).choose();
-    weights.loadShiftFile.press();
-    expectMessage("Не могу найти файл \\Plan1\\Tarvex3Ras.dat");
+    expectMessage(weights.loadShiftFile, "Не могу найти файл \\Plan1\\Tarvex3Ras.dat");
     for (int u = 1; u <= 5; ++u) lab.shifts.dRas[3][2][u] = u;
     writePlanShifts(lab.tree, 1, 3, lab.shifts, 5);
-    weights.experimentNumber.setText("4");
-    weights.loadShiftFile.press();
+    test::enter(weights.experimentNumber, "4", weights.loadShiftFile);
     EXPECT_EQ(weights.recordsRead.text() + " " + weights.nodeShift(3).text() + " " +
                   weights.perihelionShift(3).text(),
               "5 4 0");
-    weights.nodeShift(3).setText("42,5");
-    weights.saveShiftFile.press();
-    weights.loadShiftFile.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(weights.nodeShift(3), "42,5", weights.saveShiftFile);
+    EXPECT_EQ(screen.said(weights.loadShiftFile), "");
     EXPECT_EQ(weights.nodeShift(3).text(), "0,0000425");  // written as it stands, without its scale
     const std::string bytes = test::readBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"));
     test::writeBytes(lab.tree.at("\\Plan1\\Tarvex3Ras.dat"), bytes.substr(0, bytes.size() - 12));
-    weights.loadShiftFile.press();
-    expectMessage("Ошибка при чтении данных из файла \\Plan1\\Tarvex3Ras.dat");
+    expectMessage(weights.loadShiftFile, "Ошибка при чтении данных из файла \\Plan1\\Tarvex3Ras.dat");
     EXPECT_EQ(weights.recordsRead.text(), "4");
     weights.experimentNumber.setText("92");
-    weights.saveShiftFile.press();
-    expectMessage("Задайте правильно данные");
+    expectMessage(weights.saveShiftFile, "Задайте правильно данные");
 }
 
 // The real form of the experiment in the place of the stand-in.
@@ -447,10 +397,7 @@ TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
         form.zeroLevel(i).setText(i <= 4 ? "120" : i == 5 ? "1" : "1000");
         form.interval(i).setText("10");
     }
-    form.rotatablePlan.choose();
-    form.createPlan.press();
-    form.testExperiments.choose();
-    form.runExperiments.press();
+    test::enter(form.rotatablePlan, form.createPlan, form.testExperiments, form.runExperiments);
     EXPECT_TRUE(screen.messages.empty()) << screen.messages.front().text;
     EXPECT_EQ(form.firstExperiment.text(), "17");  // 16 points of the rotatable plan are done
     EXPECT_EQ(lab.s.NPlan, 0);
@@ -464,8 +411,7 @@ TEST_F(PlanOnForm2Test, AWholePlanInTestModeRunsOnForm2) {
     }
     auto& bench = lab.desk.get<PlanWorkshopForm>();  // fitted where such files are fitted
     for (int i = 1; i <= 3; ++i) bench.useFactor(i).set(true);
-    bench.rotatablePlan.choose();
-    bench.criterionFromFile.choose();
+    test::enter(bench.rotatablePlan, bench.criterionFromFile);
     for (CommandButton* step :
          {&bench.createPlan, &bench.runExperiments, &bench.fitCoefficients, &bench.optimizeFactors})
         step->press();

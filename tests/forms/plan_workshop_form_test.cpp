@@ -24,6 +24,9 @@ struct Form18Test : test::LabTest {
             if (item.text == text) return true;
         return false;
     }
+    void expectMessage(CommandButton& pressed, const std::string& text) {
+        EXPECT_EQ(screen.told(pressed), (Told{text, "Tarvex7m"}));
+    }
     void expectMessage(const std::string& text) { EXPECT_EQ(screen.onlyMessage(), (Told{text, "Tarvex7m"})); }
 
     PlanWorkshopForm& form;
@@ -35,21 +38,17 @@ TEST_F(Form18Test, PlanNeedsTwoToSixFactorsInOrder) {
     create(form.orthogonalPlan, 1);
     expectMessage("К-во факторов должно быть от 2 до 6");
     form.useFactor(3).set(true);
-    form.createPlan.press();
-    expectMessage("Факторы должны быть отмечены по порядку");
+    expectMessage(form.createPlan, "Факторы должны быть отмечены по порядку");
 
-    form.givenCentrePoints.set(true);
-    form.centrePoints.setText("13");
+    test::enter(form.givenCentrePoints, true, form.centrePoints, "13");
     create(form.rotatablePlan, 2);
     expectMessage("Ошибка при составление плана");
     form.runExperiments.press();  // 21 points stand, 20 are filled: no plan to run safely
     EXPECT_LE(screen.messages.size(), 1u);
     screen.messages.clear();
     form.centrePoints.setText("200");
-    form.createPlan.press();
-    expectMessage("Ошибка при составление плана");
-    form.runExperiments.press();
-    expectMessage("Введите правильно нулевые уровни и интервалы");
+    expectMessage(form.createPlan, "Ошибка при составление плана");
+    expectMessage(form.runExperiments, "Введите правильно нулевые уровни и интервалы");
 }
 
 TEST_F(Form18Test, CreatedPlanIsPrintedWithItsCoefficients) {
@@ -79,68 +78,57 @@ TEST_F(Form18Test, CriterionFormsAndTheirDivisor) {
     for (const Case& c : cases) {
         c.form->choose();
         form.divideByReference.set(c.relative);
-        form.runExperiments.press();
-        EXPECT_TRUE(screen.messages.empty());
+        EXPECT_EQ(screen.said(form.runExperiments), "");
         EXPECT_DOUBLE_EQ(lab.plan.Yu[4], c.atFour);
         EXPECT_EQ(form.referenceValue.text(), "2");
     }
     // the optimum divides inside the square and takes the number of terms, 6, for Yopt
-    form.criterionIsSquare.choose();
-    form.divideByReference.set(true);
+    test::enter(form.criterionIsSquare, form.divideByReference, true);
     lab.plan.b = {3, 0, 0, 0, 1, 1};
     form.optimizeFactors.press();
     EXPECT_DOUBLE_EQ(lab.plan.Yu[1], 0.25);
-    form.criterionIsModulus.choose();
-    form.evaluatePoint.press();
+    test::enter(form.criterionIsModulus, form.evaluatePoint);
     EXPECT_EQ(form.pointResult.text(), "0,5");
 }
 
 TEST_F(Form18Test, RefusedStepsSayWhy) {
     create(form.dOptimalPlan, 3);  // can be created, not fitted
-    form.fitCoefficients.press();
-    expectMessage("D план только для 4-х или 5-и факторов");
+    expectMessage(form.fitCoefficients, "D план только для 4-х или 5-и факторов");
 
     create(form.orthogonalPlan, 4);
     form.additionalTests.choose();
     lab.desk.get<PlanTestsHelpForm>().quotient.choose();
-    form.runExperiments.press();
-    expectMessage("Деление на ноль в эксперименте  17");
+    expectMessage(form.runExperiments, "Деление на ноль в эксперименте  17");
     EXPECT_NE(lab.plan.Yu[16], 0);  // earlier experiments keep their criterion
     for (int i = 1; i <= 6; ++i) form.interval(i).setText("0");
     form.standardTest.choose();
-    form.runExperiments.press();  // a constant criterion has no scale
-    expectMessage("Ошибка при расчетах");
+    // a constant criterion has no scale
+    expectMessage(form.runExperiments, "Ошибка при расчетах");
     form.fitCoefficients.press();
     EXPECT_NE(form.fitQuality.caption().find("не определен"), std::string::npos);
     screen.messages.clear();
     lab.plan.b = {};
-    form.optimizeFactors.press();
-    expectMessage("Ошибка при решение системы линейных уравнений");
+    expectMessage(form.optimizeFactors, "Ошибка при решение системы линейных уравнений");
     form.criterionScale.setText("0");
-    form.drawPlots.press();
-    expectMessage("Ошибка при построение графиков");
+    expectMessage(form.drawPlots, "Ошибка при построение графиков");
 }
 
 TEST_F(Form18Test, CriterionComesFromTheFileOfTestExperiments) {
     create(form.orthogonalPlan, 2);
     form.criterionFromFile.choose();
-    form.runExperiments.press();
-    expectMessage("Не могу найти файл\r\n\\Dat\\NabPlan2.txt");
+    expectMessage(form.runExperiments, "Не могу найти файл\r\n\\Dat\\NabPlan2.txt");
     PlanBlock p = lab.plan;
     p.Xnul[1] = 0.5;
     p.dXvar[2] = 3;
     writeTestPlanHead(lab.tree, p, false);
-    form.runExperiments.press();
-    expectMessage("Ошибка чтения данных из файла\r\n\\Dat\\NabPlan2.txt");
+    expectMessage(form.runExperiments, "Ошибка чтения данных из файла\r\n\\Dat\\NabPlan2.txt");
     for (int u = 1; u <= 9; ++u) appendTestExperiment(lab.tree, p, u, u);
-    form.runExperiments.press();
-    EXPECT_TRUE(screen.messages.empty());
-    EXPECT_EQ(form.zeroLevel(1).text(), "0,5");
-    EXPECT_EQ(form.interval(2).text(), "3");
+    EXPECT_EQ(screen.said(form.runExperiments), "");
+    EXPECT_EQ(test::texts(form.zeroLevel(1), form.interval(2)), "0,5 | 3");
     EXPECT_EQ(lab.plan.Yu[9], 9);
     create(form.rotatablePlan, 2);
-    form.runExperiments.press();
-    expectMessage("Не верное количество факторов или экспериментов в файле\r\n\\Dat\\NabPlan2.txt");
+    expectMessage(form.runExperiments,
+                  "Не верное количество факторов или экспериментов в файле\r\n\\Dat\\NabPlan2.txt");
 }
 
 TEST_F(Form18Test, KindOfTheStationaryPointIsTold) {
@@ -162,16 +150,13 @@ TEST_F(Form18Test, KindOfTheStationaryPointIsTold) {
 }
 
 TEST_F(Form18Test, QualityIsReportedAndThePlanGrows) {
-    form.quality.report.press();
-    expectMessage("Ошибка при обработке данных");
+    expectMessage(form.quality.report, "Ошибка при обработке данных");
     create(form.orthogonalPlan, 2);
     form.additionalTests.choose();
     // the first of them: Y(u) = u, no quadratic
-    form.runExperiments.press();
-    form.fitCoefficients.press();
+    test::enter(form.runExperiments, form.fitCoefficients);
     form.optimizeFactors.press();  // puts its criterion into the first experiment
-    form.quality.report.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.quality.report), "");
     EXPECT_NEAR(form.quality.coefficientError(0).number() * form.quality.coefficientT(0).number(),
                 lab.plan.b[0], 1e-4);
     EXPECT_EQ(form.quality.coefficientT(6).text(), "");
@@ -180,19 +165,14 @@ TEST_F(Form18Test, QualityIsReportedAndThePlanGrows) {
     // a response that no quadratic of the levels describes
     const auto linear = lab.plan.Yu;
     for (int u = 1; u <= lab.plan.Nplan; ++u) lab.plan.Yu[u] = u * u % 7;
-    form.fitCoefficients.press();
-    form.quality.report.press();
+    test::enter(form.fitCoefficients, form.quality.report);
     EXPECT_EQ(form.quality.warning.caption(), "Внимание: уравнение плохо определено: оптимуму верить нельзя");
     lab.plan.Yu = linear;
-    form.fitCoefficients.press();
-    form.quality.addPoints.press();
+    test::enter(form.fitCoefficients, form.quality.addPoints);
     EXPECT_EQ(lab.plan.Nplan, 13);
     form.quality.addedCount.setText("79");
-    form.quality.growPlan.press();
-    expectMessage("В плане не может быть больше 91 эксперимента");
-    form.standardTest.choose();
-    form.runExperiments.press();
-    form.fitCoefficients.press();
+    expectMessage(form.quality.growPlan, "В плане не может быть больше 91 эксперимента");
+    test::enter(form.standardTest, form.runExperiments, form.fitCoefficients);
     for (int c = 0; c <= 5; ++c) EXPECT_NEAR(lab.plan.b[c], 1, 1e-9);
     form.quality.report.press();
     EXPECT_EQ(form.quality.warning.caption(), " ");

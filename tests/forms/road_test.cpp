@@ -18,11 +18,8 @@ struct RoadTest : test::LabTest {
         lab.desk.show("Form1");
         lab.desk.get<ElementsForm>().openRun.press();
         run = &lab.desk.get<RunForm>();
-        run->measureOrbit.set(true);
-        run->writeRecords.set(true);
-        run->endAtYear.set(true);
-        run->lastYear.setText("1803");
-        run->experimentNumber.setText("7");
+        test::enter(run->measureOrbit, true, run->writeRecords, true, run->endAtYear, true, run->lastYear,
+                    "1803", run->experimentNumber, "7");
     }
     RunForm* run;
 };
@@ -30,13 +27,11 @@ struct RoadTest : test::LabTest {
 }  // namespace
 
 TEST_F(RoadTest, StatisticsOpenOnTheRunJustMadeUnlessTheyAreInUse) {
-    run->startRun.press();
-    run->openStatistics.press();
+    test::enter(run->startRun, run->openStatistics);
     auto& statistics = lab.desk.get<StatisticsForm>();
     EXPECT_TRUE(statistics.fromModel.on());
     EXPECT_TRUE(statistics.planet(1).on());
-    EXPECT_EQ(statistics.planNumber.text(), "0");
-    EXPECT_EQ(statistics.experimentNumber.text(), "7");
+    EXPECT_EQ(test::texts(statistics.planNumber, statistics.experimentNumber), "0 | 7");
     EXPECT_EQ(lab.series.kodData, dataModel);
     EXPECT_GT(lab.series.records.size(), 5u);
     EXPECT_TRUE(screen.questions.empty());
@@ -46,8 +41,7 @@ TEST_F(RoadTest, StatisticsOpenOnTheRunJustMadeUnlessTheyAreInUse) {
     EXPECT_GT(years / scale, 10);
 
     lab.desk.unload("Form6");
-    run->experimentNumber.setText("8");
-    run->startRun.press();
+    test::enter(run->experimentNumber, "8", run->startRun);
     lab.desk.get<StatisticsForm>().timeScale.setText("3");
     run->openStatistics.press();
     EXPECT_EQ(lab.desk.get<StatisticsForm>().experimentNumber.text(), "1");
@@ -90,8 +84,7 @@ TEST_F(RoadTest, CommandsAreOfferedWhenTheyCanDoSomething) {
 
 TEST_F(RoadTest, TheCriterionLeadsToTheFormThatMakesItsShifts) {
     auto& plan = lab.desk.get<PlanForm>();
-    plan.usePlanet(1).set(true);
-    plan.createPlan.press();
+    test::enter(plan.usePlanet(1), true, plan.createPlan);
     for (const auto& [command, wanted] :
          {std::pair{&plan.fitCoefficients, "команда 4-2"}, std::pair{&plan.optimizeFactors, "команда 5"}}) {
         command->press();

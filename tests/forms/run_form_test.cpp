@@ -5,9 +5,6 @@
 #include "stats/test_plan.h"
 #include "tests/forms/lab_fixture.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace tarvex {
 
 using test::Drawn;
@@ -45,9 +42,7 @@ protected:
         lab.desk.show("Form1");
         lab.desk.get<ElementsForm>().openRun.press();
         form = &lab.desk.get<RunForm>();
-        form->endAtYear.set(true);
-        form->lastYear.setText("1801");
-        form->stepDivider.setText("100");
+        test::enter(form->endAtYear, true, form->lastYear, "1801", form->stepDivider, "100");
         screen.shown.clear();
     }
     /// A run of a known number of steps without measurement.
@@ -80,10 +75,8 @@ TEST_F(RunFormTest, AnExperimentAsAValueWritesTheFilesOfTheScreen) {
         {"windows, no speed of gravity", [](RunForm&, Motion&) {}, [](ExperimentSettings&) {}},
         {"relativity, order 8",
          [](RunForm& form2, Motion&) {
-             form2.relativistic.choose();
-             form2.highOrder.set(true);
-             form2.step.setText("86400");
-             form2.stepsPerDisplay.setText("90");
+             test::enter(form2.relativistic, form2.highOrder, true, form2.step, "86400",
+                         form2.stepsPerDisplay, "90");
          },
          [](ExperimentSettings& set) {
              set.run.relativistic = true;
@@ -93,8 +86,7 @@ TEST_F(RunFormTest, AnExperimentAsAValueWritesTheFilesOfTheScreen) {
          }},
         {"Lienard and Wiechert, the trace",
          [](RunForm& form2, Motion& motion) {
-             form2.useGravitySpeed.set(true);
-             form2.gravitySpeed.setText("20,5");
+             test::enter(form2.useGravitySpeed, true, form2.gravitySpeed, "20,5");
              motion.kodPgr = 5, motion.kodDX = 3, motion.kPgr1 = motion.kPgr2 = 0.7;
          },
          [](ExperimentSettings& set) {
@@ -107,9 +99,7 @@ TEST_F(RunFormTest, AnExperimentAsAValueWritesTheFilesOfTheScreen) {
          }},
         {"a theory, with energy",
          [](RunForm& form2, Motion&) {
-             form2.imitator.choose();
-             form2.theoryJpl0.choose();
-             form2.watchEnergy.set(true);
+             test::enter(form2.imitator, form2.theoryJpl0, form2.watchEnergy, true);
          },
          [](ExperimentSettings& set) {
              set.run.model = false;
@@ -143,11 +133,8 @@ TEST_F(RunFormTest, AnExperimentAsAValueWritesTheFilesOfTheScreen) {
             EXPECT_GT(bytes.size(), 900u) << name;
             EXPECT_TRUE(bytes == readBytes(lab.tree.at(name))) << name;
         }
-        form->classical.choose();
-        form->exactPassages.set(false);
-        form->useGravitySpeed.set(false);
-        form->step.setText("3600");
-        form->stepsPerDisplay.setText("500");
+        test::enter(form->classical, form->exactPassages, false, form->useGravitySpeed, false, form->step,
+                    "3600", form->stepsPerDisplay, "500");
         lab.motion.kodPgr = lab.motion.kodDX = 0;
         lab.motion.kPgr1 = lab.motion.kPgr2 = 0;
     }
@@ -160,12 +147,9 @@ TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
         all.begin(), all.end(), [](const auto& one) { return one.second.spec().quantity == "Меркурий"; });
     ASSERT_EQ(mercury->second.points().size(), 1U);
     EXPECT_NEAR(mercury->second.meaningOf(0).value(mercury->second.points()[0]).x, lab.s.XOld[1] / 1e9, 1e-9);
-    form->measureOrbit.set(true);
-    form->writeRecords.set(true);
-    form->renewBaselines.set(true);
-    form->drawPerihelion.set(true);
-    form->startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form->measureOrbit, true, form->writeRecords, true, form->renewBaselines, true,
+                form->drawPerihelion, true);
+    EXPECT_EQ(screen.said(form->startRun), "");
     EXPECT_EQ(form->year.text(), "1802");
     EXPECT_NEAR(form->perihelionNow.number(), 77.14, 0.01);
     EXPECT_NEAR(form->inclinationStart.number(), 7.016, 0.001);  // taken again: not the 7.018 of the elements
@@ -190,12 +174,8 @@ TEST_F(RunFormTest, AYearOfMercuryFillsFieldsPlotAndFile) {
 }
 
 TEST_F(RunFormTest, PassagesAreExactWithTheTickAndByHighOrder) {
-    form->measureOrbit.set(true);
-    form->writeRecords.set(true);
-    form->backward.choose();
-    form->lastYear.setText("1799");
-    form->step.setText("86400");
-    form->exactPassages.set(true);
+    test::enter(form->measureOrbit, true, form->writeRecords, true, form->backward, form->lastYear, "1799",
+                form->step, "86400", form->exactPassages, true);
     EXPECT_FALSE(form->stepDivider.enabled() || form->windowDegrees.enabled());
     form->startRun.press();
     EXPECT_EQ(form->year.text(), "1798");  // the year typed is run through, back in time too
@@ -207,16 +187,13 @@ TEST_F(RunFormTest, PassagesAreExactWithTheTickAndByHighOrder) {
     EXPECT_NE(file.find("точные прохождения\r\n"), std::string::npos);
     EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 5 + 13);
 
-    form->exactPassages.set(false);
-    form->useGravitySpeed.set(true);
-    form->highOrder.set(true);
+    test::enter(form->exactPassages, false, form->useGravitySpeed, true, form->highOrder, true);
     EXPECT_TRUE(form->exactPassages.on());
     form->startRun.press();
     ASSERT_EQ(screen.messages.size(), 1u);
     EXPECT_EQ(screen.messages[0].text, "Высокий порядок - для Классики без Vgr и для ОТО");
     EXPECT_EQ(screen.messages[0].title, "Tarvex7");
-    form->relativistic.choose();
-    form->startRun.press();
+    test::enter(form->relativistic, form->startRun);
     EXPECT_EQ(screen.messages.size(), 1u);
     EXPECT_EQ(lab.run.stepper, Stepper::Order8);
     form->exactPassages.set(false);  // order 8 has no windows
@@ -297,21 +274,20 @@ TEST_F(RunFormTest, BadFieldsAreRefusedAndNothingRuns) {
         const std::string good = c.field.text();
         for (const char* text : c.texts) {
             c.field.setText(text);
-            form->startRun.press();
-            EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}))
+            EXPECT_EQ(screen.told(form->startRun),
+                      (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}))
                 << c.field.name() << " " << text;
         }
         c.field.setText(good);
     }
     EXPECT_EQ(screen.yields, 0);
     form->bodyNumber.setText("11");
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage(),
+    EXPECT_EQ(screen.told(form->startRun),
               (RecordingScreen::Message{"номер объекта должен быть от 0 до 10", "Tarvex7.0"}));
     form->bodyNumber.setText("1");
     lab.s.X0[2] = lab.s.X0[1], lab.s.Y0[2] = lab.s.Y0[1], lab.s.Z0[2] = lab.s.Z0[1];
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
+    EXPECT_EQ(screen.told(form->startRun),
+              (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
     EXPECT_EQ(screen.lastProgress, -1);
     EXPECT_TRUE(std::isfinite(lab.s.X[1]));
 }
@@ -322,8 +298,7 @@ TEST_F(RunFormTest, ARefusedFieldLeavesWhatComesAfterIt) {
                                             &form->semiAxisShift,    &form->periodShift};
     for (TextField* shift : shifts) shift->show(7);
     form->bodyNumber.setText("11");
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "номер объекта должен быть от 0 до 10");
+    EXPECT_EQ(screen.said(form->startRun), "номер объекта должен быть от 0 до 10");
     for (TextField* shift : shifts) EXPECT_EQ(shift->text(), "7");
     form->bodyNumber.setText("0");
     form->measureOrbit.set(true);  // refused after the clock has been set
@@ -336,11 +311,7 @@ TEST_F(RunFormTest, ARefusedFieldLeavesWhatComesAfterIt) {
     screen.atYield = [this](int n) {
         if (n == 2) return form->stopRun.press();
         for (const auto& [field, bad] : {std::pair{&form->step, "0"}, std::pair{&form->stepDivider, "-1"}}) {
-            const std::string good = field->text();
-            field->setText(bad);
-            form->startRun.press();
-            EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
-            field->setText(good);
+            EXPECT_EQ(screen.said(form->startRun, *field, bad), "Задайте правильно данные");
         }
         EXPECT_EQ(lab.s.Dt, 3600);  // the run that goes on keeps its step
         EXPECT_EQ(lab.s.kDt, 100);
@@ -349,16 +320,12 @@ TEST_F(RunFormTest, ARefusedFieldLeavesWhatComesAfterIt) {
 }
 
 TEST_F(RunFormTest, AScaleIsReadByItsPlotAlone) {
-    form->measureOrbit.set(true);
-    form->angleScale.setText("0");
-    form->plotScale.setText("0");
-    form->startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    test::enter(form->measureOrbit, true, form->angleScale, "0", form->plotScale, "0");
+    EXPECT_EQ(screen.said(form->startRun), "");
     EXPECT_EQ(form->year.text(), "1802");
     for (CheckBox* plot : {&form->drawPerihelion, &form->drawSemiAxis, &form->drawX}) {
         plot->set(true);
-        form->startRun.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений") << plot->name();
+        EXPECT_EQ(screen.said(form->startRun), "Ошибка решения уравнений") << plot->name();
         plot->set(false);
     }
 }
@@ -375,20 +342,16 @@ TEST_F(RunFormTest, TheJulianDateIsCutToMillionths) {
 TEST_F(RunFormTest, AMissingFolderIsToldAtStart) {
     form->writeRecords.set(true);
     lab.s.NPlan = 7;
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}));
+    EXPECT_EQ(screen.told(form->startRun), (RecordingScreen::Message{"Задайте правильно данные", "Tarvex7"}));
     EXPECT_EQ(screen.yields, 0);
-    form->writeRecords.set(false);
-    form->writeTrack.set(true);
+    test::enter(form->writeRecords, false, form->writeTrack, true);
     std::filesystem::remove_all(folder.path() / "Dat");
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_EQ(screen.said(form->startRun), "Задайте правильно данные");
 }
 
 TEST_F(RunFormTest, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
     FakePlan& owner = plan();
-    form->measureOrbit.set(true);
-    form->writeRecords.set(true);
+    test::enter(form->measureOrbit, true, form->writeRecords, true);
     form->lastYear.setText("1800");  // ends at its first step
     lab.s.NPlan = 4;
     owner.next = [&] {
@@ -405,10 +368,8 @@ TEST_F(RunFormTest, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
             std::filesystem::exists(folder.path() / ("Plan4/Txt1/Tarvex1Ras" + std::to_string(e) + ".txt")));
 
     lab.s.NPlan = 4;  // an error tells the plan nothing
-    form->endAtYear.set(false);
-    form->stepDivider.setText("0");
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    test::enter(form->endAtYear, false, form->stepDivider, "0");
+    EXPECT_EQ(screen.said(form->startRun), "Ошибка решения уравнений");
     EXPECT_EQ(owner.told, 3);
     EXPECT_EQ(lab.s.NPlan, 4);
 
@@ -424,8 +385,7 @@ TEST_F(RunFormTest, TheTriggerRunsExperimentsOfAPlanOneInsideTheOther) {
 
 TEST_F(RunFormTest, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     FakePlan& owner = plan();
-    owner.Option5.choose();
-    form->writeRecords.set(true);
+    test::enter(owner.Option5, form->writeRecords, true);
     lab.plan.Nf = 2, lab.plan.Nplan = 9;
     lab.plan.Xnul[1] = 100, lab.plan.dXvar[1] = 2.5, lab.plan.Xnul[2] = 100, lab.plan.dXvar[2] = 1;
     const double target[] = {0, 110, 100, 100, 100, 1, lab.s.km[5], lab.s.km[2]};
@@ -444,8 +404,8 @@ TEST_F(RunFormTest, TestModeWritesTheHeadOnceAndOneLineAnExperiment) {
     EXPECT_EQ(lab.run.Tsec, 0);  // nothing was integrated
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Plan0/Txt1/Tarvex1Ras1.txt"));
     std::filesystem::remove_all(folder.path() / "Dat");
-    form->startRun.press();
-    EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
+    EXPECT_EQ(screen.told(form->startRun),
+              (RecordingScreen::Message{"Ошибка решения уравнений", "Tarvex7mmm"}));
 }
 
 }  // namespace tarvex

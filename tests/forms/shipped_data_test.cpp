@@ -1,9 +1,5 @@
 // The tables and the plan that stand in the data tree when the program is delivered (tools/make_shifts).
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "core/data_tree.h"
 #include "stats/plan_file.h"
 #include "stats/shifts.h"

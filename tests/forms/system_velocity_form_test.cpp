@@ -1,7 +1,5 @@
 #include "forms/system_velocity_form.h"
 
-#include <cmath>
-
 #include "forms/elements_form.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -24,20 +22,13 @@ const test::RecordingScreen::Message bad{"Введите правильно да
 
 TEST_F(SystemVelocityFormTest, SumsTheTickedVelocities) {
     SystemVelocityForm& form = open();
-    form.sunSpeed.setText("100");
-    form.sunLongitude.setText("90");
-    form.sunLatitude.setText("30");
-    form.addSun.set(true);
-    form.sumVelocities.press();
+    test::enter(form.sunSpeed, "100", form.sunLongitude, "90", form.sunLatitude, "30", form.addSun, true,
+                form.sumVelocities);
     EXPECT_NEAR(form.sunVy.number(), 100 * std::sqrt(0.75), 1e-6);
     EXPECT_NEAR(form.sunVz.number(), 50, 1e-6);
     EXPECT_EQ(s.kodStop, 1);
-    form.addBackground.set(true);
-    form.backgroundReversed.choose();
-    form.backgroundSpeed.setText("10");
-    form.backgroundLongitude.setText("0");
-    form.backgroundLatitude.setText("-90");
-    form.sumVelocities.press();
+    test::enter(form.addBackground, true, form.backgroundReversed, form.backgroundSpeed, "10",
+                form.backgroundLongitude, "0", form.backgroundLatitude, "-90", form.sumVelocities);
     EXPECT_NEAR(form.sumVz.number(), 60, 1e-7);  // the reversed row points up
     EXPECT_NEAR(form.sumVy.number(), form.sunVy.number(), 1e-7);
     EXPECT_EQ(s.kodStop, -1);                                       // the sign stays in the flag
@@ -49,10 +40,7 @@ TEST_F(SystemVelocityFormTest, SumsTheTickedVelocities) {
 TEST_F(SystemVelocityFormTest, GivesTheVelocityToTheSystemAndShowsItOnForm1) {
     SystemVelocityForm& form = open();
     const double VX0 = s.VX0[3];
-    form.systemVx.setText("300");
-    form.systemVy.setText("-20,5");
-    form.systemVz.setText("0");
-    form.setSystemVelocity.press();
+    test::enter(form.systemVx, "300", form.systemVy, "-20,5", form.systemVz, "0", form.setSystemVelocity);
     EXPECT_EQ(s.VXsys, 300);
     EXPECT_EQ(s.VX[3], 300000 + VX0);
     auto& form1 = lab.desk.get<ElementsForm>();
@@ -63,8 +51,7 @@ TEST_F(SystemVelocityFormTest, GivesTheVelocityToTheSystemAndShowsItOnForm1) {
 TEST_F(SystemVelocityFormTest, TheVelocityStaysWhenForm1IsOpenedAnew) {
     SystemVelocityForm& form = open();
     lab.desk.unload("Form1");
-    form.systemVx.setText("300");
-    form.setSystemVelocity.press();
+    test::enter(form.systemVx, "300", form.setSystemVelocity);
     EXPECT_EQ(s.VXsys, 300);
     EXPECT_TRUE(lab.desk.isLoaded("Form1"));
     EXPECT_EQ(s.VX[3], 300000 + s.VX0[3]);
@@ -75,23 +62,16 @@ TEST_F(SystemVelocityFormTest, BadNumbersAreRefused) {
     form.addGalaxy.set(true);
     for (TextField* field :
          {&form.galaxySpeed, &form.galaxyLongitude, &form.galaxyLatitude, &form.velocityScale}) {
-        const std::string kept = field->text();
-        field->setText("abc");
-        form.sumVelocities.press();
-        EXPECT_EQ(screen.onlyMessage(), bad) << field->name();
-        field->setText(kept);
+        EXPECT_EQ(screen.told(form.sumVelocities, *field, "abc"), bad) << field->name();
     }
     form.velocityScale.setText("0");  // a scale of zero
-    form.sumVelocities.press();
-    EXPECT_EQ(screen.onlyMessage(), bad);
+    EXPECT_EQ(screen.told(form.sumVelocities), bad);
     for (TextField* field : {&form.systemVx, &form.systemVy, &form.systemVz}) {
         field->setText("x");
-        form.setSystemVelocity.press();
-        EXPECT_EQ(screen.onlyMessage(), bad) << field->name();
+        EXPECT_EQ(screen.told(form.setSystemVelocity), bad) << field->name();
         field->setText("1e306");  // km/s that overflow in m/s
     }
-    form.setSystemVelocity.press();
-    EXPECT_EQ(screen.onlyMessage(), bad);
+    EXPECT_EQ(screen.told(form.setSystemVelocity), bad);
     for (const double v : s.VX) EXPECT_TRUE(std::isfinite(v));
 }
 

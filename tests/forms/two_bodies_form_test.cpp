@@ -1,7 +1,5 @@
 #include "forms/two_bodies_form.h"
 
-#include <cmath>
-
 #include "forms/pulsar_form.h"
 #include "tests/forms/lab_fixture.h"
 
@@ -14,11 +12,7 @@ class Form25Test : public test::LabTest {
 protected:
     Form25Test() { lab.s.gamma = 66.7259e-12; }
     /// The given pair at rest in the origin, ready to run.
-    void prepare() {
-        form.loadParameters.press();
-        form.setInitialData.press();
-        form.step.setText("360");
-    }
+    void prepare() { test::enter(form.loadParameters, form.setInitialData, form.step, "360"); }
     void stopAfter(int yields) {
         const int goal = screen.yields + yields;
         screen.atYield = [this, goal](int count) {
@@ -34,11 +28,9 @@ TEST_F(Form25Test, WindowOfTheEffectIsPrintedWithItsRates) {
     prepare();
     form.effectOff.choose();  // nothing has run
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
-    form.stepsPerDisplay.setText("2000");
-    form.forceByFormula.choose();
+    test::enter(form.stepsPerDisplay, "2000", form.forceByFormula);
     stopAfter(1);
-    form.startRun.press();
-    form.effectOn.choose();
+    test::enter(form.startRun, form.effectOn);
     form.effectOff.choose();  // no time between
     EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
     form.effectOn.choose();
@@ -76,9 +68,7 @@ TEST_F(Form25Test, ExactPassagesLeaveNoShiftToAnUndisturbedOrbit) {
 
 TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
     prepare();
-    form.plotPeriod.set(true);
-    form.stepDivider.setText("10");
-    form.stepsPerDisplay.setText("30000");
+    test::enter(form.plotPeriod, true, form.stepDivider, "10", form.stepsPerDisplay, "30000");
     double atPress = 0;
     screen.atYield = [&](int n) {
         if (n > 1) {
@@ -89,12 +79,9 @@ TEST_F(Form25Test, FieldsOfTheStartAreNotReadAgain) {
              {&form.timeScale, &form.gravitySpeed, &form.stepsPerDisplay, &form.eccentricityScale,
               &form.periastronScale, &form.axisScale, &form.periodScale})
             field->setText("");  // half typed
-        form.plotEccentricity.set(true);
-        form.plotPeriastron.set(true);
-        form.plotAxis.set(true);
+        test::enter(form.plotEccentricity, true, form.plotPeriastron, true, form.plotAxis, true);
     };
-    form.startRun.press();
-    EXPECT_TRUE(screen.messages.empty());
+    EXPECT_EQ(screen.said(form.startRun), "");
     EXPECT_EQ(screen.yields, 2);
     EXPECT_GT(lab.twoBody.Tsec, atPress);  // the press is read at the next display
     form.effectOn.choose();
@@ -119,15 +106,9 @@ TEST_F(Form25Test, ClosingTheFormEndsItsRunAndNoOther) {
 }
 
 TEST_F(Form25Test, FileOfAPulsarByteForByteAndBack) {
-    form.mass1.setText("1,4398");
-    form.mass2.setText("1,3886");
-    form.eccentricity.setText("0,6171338");
-    form.periastronLongitude.setText("292,54487");
-    form.inclination.setText("47,2");
-    form.semiMajorAxis.setText("1950,1");
-    form.step.setText("0,059");
-    form.pulsarFile.setText("7");
-    form.saveParameters.press();
+    test::enter(form.mass1, "1,4398", form.mass2, "1,3886", form.eccentricity, "0,6171338",
+                form.periastronLongitude, "292,54487", form.inclination, "47,2", form.semiMajorAxis, "1950,1",
+                form.step, "0,059", form.pulsarFile, "7", form.saveParameters);
     EXPECT_EQ(readBytes(file(7)),
               "km1= 1000000*m1 / mSol_____km2= 1000000*m2 / mSol___1000000*Eks___1000000*AlfaP "
               "град___1000000*Betta град___Rsr м___1000000*P0i сек\r\n"
@@ -136,44 +117,34 @@ TEST_F(Form25Test, FileOfAPulsarByteForByteAndBack) {
     form.semiMajorAxis.setText("123456789012");  // more digits than a number item has: no exponent
     form.saveParameters.press();
     EXPECT_NE(readBytes(file(7)).find(" 123456789012000000 59000\r\n"), std::string::npos);
-    form.semiMajorAxis.setText("1950,1");
-    form.saveParameters.press();
-    form.periastronLongitude.setText("0");
-    form.fromFile.choose();
-    form.loadParameters.press();
-    EXPECT_EQ(form.periastronLongitude.text(), "292,54487");
-    EXPECT_EQ(form.semiMajorAxis.text(), "1950,1");
-    EXPECT_EQ(form.eccentricity.text(), "0,617133");
+    test::enter(form.semiMajorAxis, "1950,1", form.saveParameters, form.periastronLongitude, "0",
+                form.fromFile, form.loadParameters);
+    EXPECT_EQ(test::texts(form.periastronLongitude, form.semiMajorAxis, form.eccentricity),
+              "292,54487 | 1950,1 | 0,617133");
     EXPECT_TRUE(screen.messages.empty());
 }
 
 TEST_F(Form25Test, BadFilesAndFieldsEndInTheirMessages) {
-    form.fromFile.choose();
-    form.pulsarFile.setText("5");
+    test::enter(form.fromFile, form.pulsarFile, "5");
     const std::string before = form.semiMajorAxis.text();
-    form.loadParameters.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Не могу найти файл \\Dat\\Pulsar5.dat");
+    EXPECT_EQ(screen.said(form.loadParameters), "Не могу найти файл \\Dat\\Pulsar5.dat");
     for (const char* bad : {"", "a\nb\n1 2 3 4 5 6", "a\nb\n1 2 3 four 5 6 7", "\x01\x02\x03"}) {
         writeBytes(file(5), bad);
-        form.loadParameters.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Ошибка чтения данных из файла \\Dat\\Pulsar5.dat");
+        EXPECT_EQ(screen.said(form.loadParameters), "Ошибка чтения данных из файла \\Dat\\Pulsar5.dat");
         EXPECT_EQ(form.semiMajorAxis.text(), before);
     }
     form.pulsarFile.setText("");
-    form.saveParameters.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте номер файла");
+    EXPECT_EQ(screen.said(form.saveParameters), "Задайте номер файла");
     std::filesystem::remove_all(lab.tree.at("\\Dat"));
     form.pulsarFile.setText("6");
-    form.saveParameters.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка записи в файл \\Dat\\Pulsar6.dat");
+    EXPECT_EQ(screen.said(form.saveParameters), "Ошибка записи в файл \\Dat\\Pulsar6.dat");
 
     form.fromTheory.choose();
-    form.continueRun.press();  // nothing to go on with
-    EXPECT_EQ(screen.onlyMessage().text, "Ошибка решения уравнений");
+    // nothing to go on with
+    EXPECT_EQ(screen.said(form.continueRun), "Ошибка решения уравнений");
     for (const char* body : {"10", "12", "0", "x"}) {
         form.theoryBody.setText(body);
-        form.loadParameters.press();
-        EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+        EXPECT_EQ(screen.said(form.loadParameters), "Задайте правильно данные");
     }
     form.theoryBody.setText("11");
     prepare();
@@ -184,28 +155,19 @@ TEST_F(Form25Test, BadFilesAndFieldsEndInTheirMessages) {
                                                                    {&form.stepsPerDisplay, "40000"},
                                                                    {&form.timeScale, "0"},
                                                                    {&form.windowDegrees, "?"}}) {
-        const std::string good = field->text();
-        field->setText(text);
-        form.startRun.press();
-        EXPECT_EQ(screen.onlyMessage(),
+        EXPECT_EQ(screen.told(form.startRun, *field, text),
                   (test::RecordingScreen::Message{"Задайте правильно данные", "Tarvex7mm"}))
             << field->name();
-        field->setText(good);
     }
     form.mass2.setText("0");
-    form.setInitialData.press();
-    EXPECT_EQ(screen.onlyMessage().text, "Задайте правильно данные");
+    EXPECT_EQ(screen.said(form.setInitialData), "Задайте правильно данные");
 }
 
 TEST_F(Form25Test, AdditionalParametersReachTheRun) {
     auto& extras = lab.desk.get<PulsarForm>();
-    extras.pulsesScale.setText("0");
-    extras.pulsesScale.setText("0,01");
-    extras.plotRadialSpeed.set(true);
-    extras.reverseRadialSpeed.set(true);
-    extras.dragCoefficient.setText("1E9");
-    extras.delaysFromNode.choose();
-    extras.storeParameters.press();
+    test::enter(extras.pulsesScale, "0", extras.pulsesScale, "0,01", extras.plotRadialSpeed, true,
+                extras.reverseRadialSpeed, true, extras.dragCoefficient, "1E9", extras.delaysFromNode,
+                extras.storeParameters);
     prepare();
     form.stepsPerDisplay.setText("500");
     stopAfter(1);

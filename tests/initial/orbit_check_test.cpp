@@ -1,11 +1,7 @@
 #include "initial/orbit_check.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "initial/moon_data.h"
+#include "tests/support/testing.h"
 #include "theories/elements.h"
 #include "theories/secular_theories.h"
 

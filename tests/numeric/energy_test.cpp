@@ -1,11 +1,7 @@
 #include "numeric/energy.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "numeric/motion.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 namespace {

@@ -1,15 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <string>
-
 #include "core/arithmetic.h"
-#include "core/failure.h"
 #include "core/name_table.h"
 #include "numeric/motion.h"
 #include "tests/support/equations_oracle.h"
 #include "tests/support/test_system.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 namespace {
@@ -41,22 +35,13 @@ struct Twin {
     /// State and codes of the kernels for the literal side.
     void copyTo() {
         std::copy_n(motion.U.begin(), 66, plain.U);
-        for (int i = 0; i < bodies; ++i) {
-            plain.AX[i] = motion.AX[i];
-            plain.AY[i] = motion.AY[i];
-            plain.AZ[i] = motion.AZ[i];
-        }
-        plain.kodVgr = motion.kodVgr;
-        plain.kodDX = motion.kodDX;
-        plain.kodPgr = motion.kodPgr;
-        plain.kodDiffurV = motion.kodDiffurV;
-        plain.kodAA = motion.kodAA;
-        plain.kodLVsimple = motion.kodLVsimple;
-        plain.kPgr1 = motion.kPgr1;
-        plain.kPgr2 = motion.kPgr2;
-        plain.Vgr = motion.Vgr;
-        plain.nR = motion.nR;
-        plain.dTstage = motion.dTstage;
+        for (int i = 0; i < bodies; ++i)
+            plain.AX[i] = motion.AX[i], plain.AY[i] = motion.AY[i], plain.AZ[i] = motion.AZ[i];
+        std::tie(plain.kodVgr, plain.kodDX, plain.kodPgr, plain.kodDiffurV, plain.kodAA, plain.kodLVsimple) =
+            std::tie(motion.kodVgr, motion.kodDX, motion.kodPgr, motion.kodDiffurV, motion.kodAA,
+                     motion.kodLVsimple);
+        std::tie(plain.kPgr1, plain.kPgr2, plain.Vgr, plain.nR, plain.dTstage) =
+            std::tie(motion.kPgr1, motion.kPgr2, motion.Vgr, motion.nR, motion.dTstage);
     }
 
     void call() {

@@ -1,10 +1,5 @@
 #include "numeric/exact_passages.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "numeric/integrator.h"
 #include "tests/support/ephemeris_files.h"
 #include "tests/support/reference_orbit.h"

@@ -1,11 +1,7 @@
 #include "numeric/gravity_bench.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "tests/support/test_system.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,12 +1,6 @@
 #include "numeric/measurement.h"
 
-#include <gtest/gtest.h>
-
 #include "theories/longitudes.h"
-
-#include <array>
-#include <cmath>
-#include <vector>
 
 #include "tests/support/test_run.h"
 

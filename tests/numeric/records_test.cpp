@@ -1,10 +1,5 @@
 #include "numeric/records.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "tests/support/test_run.h"
 
 namespace tarvex {

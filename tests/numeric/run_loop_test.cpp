@@ -1,11 +1,7 @@
 #include "numeric/run_loop.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <limits>
 
-#include "core/failure.h"
 #include "numeric/integrator.h"
 #include "tests/numeric/allocation_counter.h"
 #include "tests/support/ephemeris_files.h"

@@ -1,11 +1,6 @@
 #include "numeric/two_body.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
-#include "core/failure.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,9 +1,6 @@
 #include "reduction/aberration_bench.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,8 +1,6 @@
 #include "reduction/ancient_tables.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

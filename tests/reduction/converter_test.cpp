@@ -1,11 +1,7 @@
 #include "reduction/converter.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <string>
-
 #include "core/et_ut.h"
+#include "tests/support/testing.h"
 #include "theories/geometry.h"
 
 namespace tarvex {

@@ -1,9 +1,5 @@
 #include "reduction/coordinate_chain.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "reduction/apparent_place.h"
 #include "tests/support/ephemeris_files.h"
 #include "theories/elements.h"

@@ -1,8 +1,6 @@
 #include "reduction/eccentric.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

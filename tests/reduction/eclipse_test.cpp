@@ -1,10 +1,5 @@
 #include "reduction/eclipse.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <map>
-
 #include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "tests/support/ephemeris_files.h"

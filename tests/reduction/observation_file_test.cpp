@@ -1,9 +1,6 @@
 #include "reduction/observation_file.h"
 
-#include <gtest/gtest.h>
-
-#include "core/failure.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

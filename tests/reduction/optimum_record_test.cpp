@@ -1,9 +1,7 @@
 #include "reduction/optimum_record.h"
 
-#include <gtest/gtest.h>
-
 #include "reduction/eclipse_log.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

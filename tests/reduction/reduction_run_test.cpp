@@ -1,17 +1,11 @@
 #include "reduction/reduction_run.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <map>
-
 #include "core/calendar.h"
-#include "core/failure.h"
 #include "reduction/coordinate_chain.h"
 #include "reduction/reduction_chain.h"
 #include "reduction/reduction_files.h"
 #include "stats/stat.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 #include "theories/perturbations.h"
 #include "theories/secular_theories.h"
 

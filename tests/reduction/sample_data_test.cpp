@@ -1,12 +1,7 @@
 // The data that come with the laboratory: sample observations and amplitudes of periodic terms made from
 // DE405, and the Sun of the Almagest.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "core/calendar.h"
-#include "core/failure.h"
 #include "reduction/reduction_run.h"
 #include "reduction/theory_places.h"
 #include "tests/support/ephemeris_files.h"

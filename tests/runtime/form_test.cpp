@@ -1,14 +1,11 @@
 #include "runtime/form.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <functional>
 #include <new>
 
 #include "core/arithmetic.h"
 #include "runtime/desk.h"
 #include "tests/support/recording_screen.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 
@@ -75,8 +72,8 @@ TEST_F(Bench, GuardShowsTheFixedMessageForEveryKindOfFailure) {
         {"1e999", "поле Text1 (Делимое): слишком большое число «1e999»"}};
     for (const auto& [bad, cause] : typed) {
         form.Text1.setText(bad);
-        form.Command1.press();
-        EXPECT_EQ(screen.onlyMessage(), (RecordingScreen::Message{"Введите правильно данные", "Tarvex7"}));
+        EXPECT_EQ(screen.told(form.Command1),
+                  (RecordingScreen::Message{"Введите правильно данные", "Tarvex7"}));
         EXPECT_EQ(form.status(), cause);
         EXPECT_EQ(screen.causes.back(), cause);
     }
@@ -121,12 +118,10 @@ TEST_F(Bench, HandlersRunInsideTheWritersCall) {
     form.Option2.choose();
     EXPECT_FALSE(form.Option1.on());
     EXPECT_TRUE(form.Option3.on());  // another group
-    form.Option1.choose();
-    form.Option1.choose();
+    test::enter(form.Option1, form.Option1);
     EXPECT_EQ(form.chosen, 2);
 
-    form.Check1.set(false);
-    form.Check1.set(true);
+    test::enter(form.Check1, false, form.Check1, true);
     EXPECT_EQ(form.ticked, 1);
     form.HScroll1.setValue(99);
     EXPECT_EQ(form.HScroll1.value(), 10);

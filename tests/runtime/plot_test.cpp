@@ -1,9 +1,6 @@
 #include "runtime/plot.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

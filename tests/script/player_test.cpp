@@ -1,15 +1,11 @@
 #include "script/player.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
 #include "core/name_table.h"
 #include "desktop/canvas_image.h"
 #include "runtime/desk.h"
 #include "runtime/form.h"
 #include "runtime/picture.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,10 +1,6 @@
 #include "script/program.h"
 
-#include <gtest/gtest.h>
-
-#include <sstream>
-
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,7 +1,4 @@
 // What commands leave, and what they tell in the status line, as scripts see it.
-#include <gtest/gtest.h>
-
-#include <sstream>
 
 #include "script/program.h"
 #include "tests/support/ephemeris_files.h"

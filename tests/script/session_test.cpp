@@ -1,15 +1,10 @@
 // A session, a record and an undo: what they write, played in a fresh laboratory, gives the same laboratory.
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <sstream>
-
 #include "forms/laboratory.h"
 #include "forms/session_steps.h"
 #include "runtime/control_lines.h"
 #include "script/player.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,8 +1,5 @@
 // Tools keep to themselves: a run is the same, byte for byte, with any of their commands before its start, in
 // the middle of it or between its parts.
-#include <gtest/gtest.h>
-
-#include <sstream>
 
 #include "script/program.h"
 #include "tests/support/ephemeris_files.h"
@@ -59,7 +56,7 @@ const std::vector<Tool>& tools() {
 class ToolsAndRun : public ::testing::Test {
 protected:
     ToolsAndRun() {
-        for (const char* name : {"Dat", "JPL", "NEW", "Obs", "Plan0/Txt1", "Plan0/Txt11"})
+        for (const char* name : {"Dat", "JPL", "NEW", "Obs", "Plan0/Txt1", "Plan0/Txt11", "Plan1/Txt1"})
             folder.makeFolder(name);
         test::linkEphemeris(folder);
         const auto source = test::ephemerisFolder().parent_path() / "Obs";
@@ -76,6 +73,7 @@ protected:
         std::ostringstream out, err;
         EXPECT_EQ(runScriptProgram({"-", "--data", folder.path().string()}, in, out, err), 0)
             << what << err.str();
+        told = out.str().substr(std::min(out.str().find("state."), out.str().size()));
         std::string bytes;
         for (const char* record : records)
             if (std::filesystem::exists(folder.path() / record))
@@ -93,8 +91,10 @@ protected:
     }
 
     static constexpr const char* records[] = {"Plan0/Txt1/Tarvex1Ras1.txt", "Plan0/Txt11/Tarvex11Ras1.txt",
-                                              "Dat/Tarvex1XYZ1.txt", "Dat/Tarvex11XYZ1.txt",
-                                              "JPL/Tarvex1Nab.txt"};
+                                              "Dat/Tarvex1XYZ1.txt",        "Dat/Tarvex11XYZ1.txt",
+                                              "JPL/Tarvex1Nab.txt",         "Plan1/Txt1/Tarvex1Ras1.txt",
+                                              "Plan1/Txt1/Tarvex1Ras2.txt"};
+    std::string told;  ///< what the last script printed of the state
     test::TempFolder folder;
 };
 
@@ -148,6 +148,34 @@ TEST_F(ToolsAndRun, TheRunIsWhatItWouldHaveBeenWithoutThem) {
                                 where),
                       alone)
                 << where << " in the middle";
+        }
+    }
+}
+
+TEST_F(ToolsAndRun, ABatchIsWhatItWouldHaveBeenWhateverIsOpenedInItsMiddle) {
+    const struct {
+        const char* what;
+        Lines settings, start;
+    } batches[] = {
+        {"plan on the model",
+         {"Form1.Command3", "Form1.Command12", "Form15.Option6 = on", "Form15.Command5",
+          "Form15.Text11(4) = 20", "Form15.Text12(4) = 5", "Form15.Text11(6) = 1047,3486",
+          "Form15.Text11(7) = 408523,71", "Form15.Text6 = 2", "Form1.Command1", "Form2.Check4 = on",
+          "Form2.Check20 = on", "Form2.Check14 = on", "Form2.Text37 = 100", "Form2.Text40 = 1802"},
+         {"Form15.Command8"}},
+        {"plan on observations",
+         observations + Lines{"Form10.Option10 = on", "Form10.Text65 = 1961", "Form13.Text5 = 300"},
+         {"Form10.Command7", "Form10.Command10"}},
+    };
+    const Lines results = {"print state.Yu(2)", "print state.b(1)", "print state.NPlan",
+                           "print state.Xnul(4)", "print state.Nf"};
+    for (const auto& [what, settings, start] : batches) {
+        const std::string alone = recordsOf(settings + start + results, what), toldAlone = told;
+        EXPECT_TRUE(alone.size() > 2000 || told.starts_with("state.Yu(2) = 46")) << what;
+        for (const char* opened : {"Form10", "Form13", "Form15"}) {
+            const Lines meanwhile = {"at yield 3 show " + std::string(opened)};
+            EXPECT_EQ(recordsOf(settings + meanwhile + start + results, what), alone) << what << opened;
+            EXPECT_EQ(told, toldAlone) << what << opened;
         }
     }
 }

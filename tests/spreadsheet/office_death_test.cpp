@@ -1,5 +1,4 @@
 // The office dies under the laboratory: at every message that goes to it, and at the end.
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
@@ -8,11 +7,10 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <numeric>
 
 #include "spreadsheet/spreadsheet.h"
-#include "tests/support/temp_folder.h"
 #include "tests/support/test_workbook.h"
+#include "tests/support/testing.h"
 
 namespace {
 

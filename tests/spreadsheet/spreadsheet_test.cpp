@@ -1,6 +1,5 @@
 #include "spreadsheet/spreadsheet.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,8 +7,8 @@
 #include <chrono>
 #include <thread>
 
-#include "tests/support/temp_folder.h"
 #include "tests/support/test_workbook.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,11 +1,8 @@
 #include "stats/fit.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/testing.h"
 
-#include <cmath>
 #include <random>
-
-#include "core/failure.h"
 
 namespace tarvex {
 

@@ -1,12 +1,9 @@
 #include "stats/plan_file.h"
 
-#include <gtest/gtest.h>
-
 #include "core/data_tree.h"
-#include "core/failure.h"
 #include "stats/gravity_plan.h"
 #include "stats/stat.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

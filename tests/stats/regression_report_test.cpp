@@ -1,14 +1,10 @@
 #include "stats/regression_report.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "stats/bench.h"
 #include "stats/plan_growth.h"
 #include "stats/stat.h"
 #include "stats/stationary_point.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,11 +1,8 @@
 #include "stats/series.h"
 
-#include <gtest/gtest.h>
-
 #include "core/data_tree.h"
-#include "core/failure.h"
 #include "stats/shifts.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

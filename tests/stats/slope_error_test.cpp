@@ -1,12 +1,10 @@
 #include "stats/slope_error.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <random>
 
 #include "stats/passages.h"
 #include "stats/planet_terms.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

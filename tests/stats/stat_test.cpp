@@ -1,15 +1,11 @@
 #include "stats/stat.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <random>
 
 #include "core/data_tree.h"
-#include "core/failure.h"
 #include "stats/bench.h"
 #include "stats/test_plan.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -3,8 +3,6 @@
 
 #include "studio/studio.h"
 
-#include <gtest/gtest.h>
-
 #include <QtWidgets>
 // what simulates keys wants the widgets first
 #include <QtTest/QTest>
@@ -14,7 +12,7 @@
 #include "runtime/control_lines.h"
 #include "studio/session_files.h"
 #include "tests/desktop/real_hands.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex {
 

@@ -1,9 +1,7 @@
 #pragma once
 // The real DE405 files of the source tree for a test's own data tree.
 
-#include <filesystem>
-
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 
 namespace tarvex::test {
 

@@ -17,21 +17,13 @@ void eachPair(Action action) {
 
 /// The line of a pair at present.
 void straight(Equations& e, int i, int j) {
-    e.DXp[i][j] = e.X[j] - e.X[i];
-    e.DYp[i][j] = e.Y[j] - e.Y[i];
-    e.DZp[i][j] = e.Z[j] - e.Z[i];
+    for (const auto& q : e.axes()) q.d[i][j] = q.p[j] - q.p[i];
 }
 }  // namespace
 
 void Equations::unpack() {
-    for (int i = 0; i <= 10; ++i) {
-        X[i] = U[i];
-        Y[i] = U[i + 11];
-        Z[i] = U[i + 22];
-        VX[i] = U[i + 33];
-        VY[i] = U[i + 44];
-        VZ[i] = U[i + 55];
-    }
+    for (const Axis& q : axes())
+        for (int i = 0; i <= 10; ++i) q.p[i] = U[i + q.at], q.v[i] = U[i + q.at + 33];
 }
 
 void Equations::distances(int i, int j) {
@@ -43,24 +35,19 @@ void Equations::distances(int i, int j) {
 void Equations::retardBy(int form, int i, int j) {
     const double T = Tik[i][j];
     const double half = form == 2 ? 1. / 2 : 0;
-    DXp[i][j] = X[j] - X[i] + VX[i] * T - AX[i] * T * T * half;
-    DYp[i][j] = Y[j] - Y[i] + VY[i] * T - AY[i] * T * T * half;
-    DZp[i][j] = Z[j] - Z[i] + VZ[i] * T - AZ[i] * T * T * half;
+    for (const Axis& q : axes()) q.d[i][j] = q.p[j] - q.p[i] + q.v[i] * T - q.a[i] * T * T * half;
 }
 
 void Equations::retardByTrace(int i, int j) {
     const double T = Tik[i][j], Dt = s->Dt;
     if (T <= dTstage) {
-        DXp[i][j] = X[j] - X[i] + (X[i] - SledX[0][i]) * T / dTstage;
-        DYp[i][j] = Y[j] - Y[i] + (Y[i] - SledY[0][i]) * T / dTstage;
-        DZp[i][j] = Z[j] - Z[i] + (Z[i] - SledZ[0][i]) * T / dTstage;
+        for (const Axis& q : axes()) q.d[i][j] = q.p[j] - q.p[i] + (q.p[i] - q.trace[0][i]) * T / dTstage;
     } else if (T <= NSled * Dt + dTstage) {
         for (int n = 0; n <= NSled - 1; ++n) {
             if (n * Dt + dTstage < T && T < (n + 1) * Dt + dTstage) {
-                const double q = (T - dTstage - Dt * n) / Dt;
-                DXp[i][j] = X[j] - SledX[n][i] + (SledX[n][i] - SledX[n + 1][i]) * q;
-                DYp[i][j] = Y[j] - SledY[n][i] + (SledY[n][i] - SledY[n + 1][i]) * q;
-                DZp[i][j] = Z[j] - SledZ[n][i] + (SledZ[n][i] - SledZ[n + 1][i]) * q;
+                const double part = (T - dTstage - Dt * n) / Dt;
+                for (const Axis& q : axes())
+                    q.d[i][j] = q.p[j] - q.trace[n][i] + (q.trace[n][i] - q.trace[n + 1][i]) * part;
             }
         }
     } else {
@@ -95,11 +82,10 @@ void Equations::Diffur() {
         angles(i, j);
         const double A = AlfaIK[i][j], B = BettaIK[i][j];
         FXik[i][j] = std::fabs(std::cos(A) * std::cos(B)) * Fik[i][j];
-        if (DXp[i][j] > 0) FXik[i][j] = -FXik[i][j];
         FYik[i][j] = std::fabs(std::sin(A) * std::cos(B)) * Fik[i][j];
-        if (DYp[i][j] > 0) FYik[i][j] = -FYik[i][j];
         FZik[i][j] = std::fabs(std::sin(B)) * Fik[i][j];
-        if (DZp[i][j] > 0) FZik[i][j] = -FZik[i][j];
+        for (const Axis& q : axes())
+            if (q.d[i][j] > 0) q.f[i][j] = -q.f[i][j];
     });
     if (kodPgr != 0 && kodVgr != 0) {
         NDiffur += 1;
@@ -114,9 +100,7 @@ void Equations::Diffur() {
     for (int n = 0; n <= 32; ++n) dU[n] = U[n + 33];
     for (int n = 33; n <= 65; ++n) dU[n] = 0;
     eachPair([&](int i, int j) {
-        dU[33 + j] += FXik[i][j] / s->m[j];
-        dU[44 + j] += FYik[i][j] / s->m[j];
-        dU[55 + j] += FZik[i][j] / s->m[j];
+        for (const Axis& q : axes()) dU[33 + q.at + j] += q.f[i][j] / s->m[j];
     });
 }
 
@@ -128,11 +112,8 @@ void Equations::velocityDirections() {
     }
 }
 
-void Equations::retardedSpeeds(int i, int j, Pairs& vx, Pairs& vy, Pairs& vz) {
-    const double T = kodVgr == 1 && kodDX > 0 ? Tik[i][j] : 0;
-    vx[i][j] = VX[i] - AX[i] * T;
-    vy[i][j] = VY[i] - AY[i] * T;
-    vz[i][j] = VZ[i] - AZ[i] * T;
+double Equations::retardedSpeed(const Axis& q, int i, int j) const {
+    return q.v[i] - q.a[i] * (kodVgr == 1 && kodDX > 0 ? Tik[i][j] : 0);
 }
 
 void Equations::lineSpeeds(int i, int j, const Pairs& vx, const Pairs& vy, const Pairs& vz) {
@@ -163,7 +144,7 @@ void Equations::stageSpeeds() {
     const double h = s->DtCur;
     velocityDirections();
     eachPair([&](int i, int j) {
-        retardedSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
+        for (const Axis& q : axes()) q.v1[i][j] = retardedSpeed(q, i, j);
         lineSpeeds(i, j, VX1zap, VY1zap, VZ1zap);
         if (kodAA == 0) {
             const double a = dV2[i][j] - dV2old[i][j] - dV1[i][j] + dV1old[i][j];
@@ -222,18 +203,11 @@ void Equations::accelerationAlong(int i, int j) {
 void Equations::lienardWiechert(int i, int j) {
     const double h = s->DtCur;
     if (kodDiffurV == 1) {
-        if (kodAA == 0 && NDiffur >= 2 && NDiffur <= 4) {
-            const double part = NDiffur == 4 ? 1 : 2;
-            AX1zap[i][j] = part * (VX1zap[i][j] - VX0zap[i][j]) / h;
-            AY1zap[i][j] = part * (VY1zap[i][j] - VY0zap[i][j]) / h;
-            AZ1zap[i][j] = part * (VZ1zap[i][j] - VZ0zap[i][j]) / h;
-        }
-        if (kodAA == 1 && NDiffur >= 2 && NDiffur <= 4) {
-            const double part = NDiffur == 4 ? 1 : 2;
-            AX1zap[i][j] = h * JX[i] / part + AX0zap[i][j];
-            AY1zap[i][j] = h * JY[i] / part + AY0zap[i][j];
-            AZ1zap[i][j] = h * JZ[i] / part + AZ0zap[i][j];
-        }
+        const double part = NDiffur == 4 ? 1 : 2;
+        for (const Axis& q : axes())
+            if (NDiffur >= 2 && NDiffur <= 4)
+                q.a1[i][j] =
+                    kodAA == 0 ? part * (q.v1[i][j] - q.v0[i][j]) / h : h * q.jerk[i] / part + q.a0[i][j];
         accelerationAlong(i, j);
     }
     const double r = Rik[i][j], Rf = r - r * dV1[i][j] / Vgr, v2 = Vgr * Vgr;
@@ -242,9 +216,8 @@ void Equations::lienardWiechert(int i, int j) {
     const bool full = kodLVsimple == 0;
     const double radial = full ? v2 + kPgr1 * r * A1zap[i][j] - V1zap[i][j] * V1zap[i][j] : v2;
     const double across = full ? r * Rf * kPgr2 : 0;
-    FXik[i][j] = (radial * (DXp[i][j] - r * VX1zap[i][j] / Vgr) - across * AX1zap[i][j]) * F;
-    FYik[i][j] = (radial * (DYp[i][j] - r * VY1zap[i][j] / Vgr) - across * AY1zap[i][j]) * F;
-    FZik[i][j] = (radial * (DZp[i][j] - r * VZ1zap[i][j] / Vgr) - across * AZ1zap[i][j]) * F;
+    for (const Axis& q : axes())
+        q.f[i][j] = (radial * (q.d[i][j] - r * q.v1[i][j] / Vgr) - across * q.a1[i][j]) * F;
 }
 
 void Equations::SpeedUpdate() {
@@ -259,7 +232,7 @@ void Equations::SpeedUpdate() {
             distances(i, j);
         }
         angles(i, j);
-        retardedSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
+        for (const Axis& q : axes()) q.v0[i][j] = retardedSpeed(q, i, j);
         lineSpeeds(i, j, VX0zap, VY0zap, VZ0zap);
         if (h == DtOld) {
             AV1[i][j] = (dV1[i][j] - dV1old[i][j]) / h;
@@ -284,27 +257,17 @@ void Equations::SpeedUpdate() {
         d2R[i][j] = AV2[i][j] - AV1[i][j];
     });
     if (kodPgr == 5) {
-        for (int i = 0; i <= 10; ++i) {
-            if (h == DtOld) {
-                JX[i] = (AX[i] - AXold[i]) / h;
-                JY[i] = (AY[i] - AYold[i]) / h;
-                JZ[i] = (AZ[i] - AZold[i]) / h;
+        for (const Axis& q : axes())
+            for (int i = 0; i <= 10; ++i) {
+                if (h == DtOld) q.jerk[i] = (q.a[i] - q.aOld[i]) / h;
+                q.aOld[i] = q.a[i];
             }
-            AXold[i] = AX[i];
-            AYold[i] = AY[i];
-            AZold[i] = AZ[i];
-        }
         eachPair([&](int i, int j) {
-            AX0zap[i][j] = AX1zap[i][j] = AX[i] - JX[i] * Tik[i][j];
-            AY0zap[i][j] = AY1zap[i][j] = AY[i] - JY[i] * Tik[i][j];
-            AZ0zap[i][j] = AZ1zap[i][j] = AZ[i] - JZ[i] * Tik[i][j];
-            if (kodDiffurV == 0) {
-                VX1zap[i][j] = VX0zap[i][j] + h * AX[i] / 2;
-                VY1zap[i][j] = VY0zap[i][j] + h * AY[i] / 2;
-                VZ1zap[i][j] = VZ0zap[i][j] + h * AZ[i] / 2;
-                AX1zap[i][j] = h * JX[i] / 2 + AX1zap[i][j];
-                AY1zap[i][j] = h * JY[i] / 2 + AY1zap[i][j];
-                AZ1zap[i][j] = h * JZ[i] / 2 + AZ1zap[i][j];
+            for (const Axis& q : axes()) {
+                q.a0[i][j] = q.a1[i][j] = q.a[i] - q.jerk[i] * Tik[i][j];
+                if (kodDiffurV != 0) continue;
+                q.v1[i][j] = q.v0[i][j] + h * q.a[i] / 2;
+                q.a1[i][j] = h * q.jerk[i] / 2 + q.a1[i][j];
             }
             accelerationAlong(i, j);
         });
@@ -341,45 +304,33 @@ void Equations::DiffurOTO() {
                 (4 * VX[i] - 3 * VX[j]) * -dx + (4 * VY[i] - 3 * VY[j]) * -dy + (4 * VZ[i] - 3 * VZ[j]) * -dz;
             const double E = 7. / 2 * s->m[j] * s->gamma / r;
             const double C = c2 - C1 + C2 - C3 - C4 + C5;
-            FXik[j][i] = (C * B * dx + B * D * (VX[i] - VX[j]) + E * AX[j]) / c2;
-            FYik[j][i] = (C * B * dy + B * D * (VY[i] - VY[j]) + E * AY[j]) / c2;
-            FZik[j][i] = (C * B * dz + B * D * (VZ[i] - VZ[j]) + E * AZ[j]) / c2;
+            for (const Axis& q : axes())
+                q.f[j][i] = (C * B * q.d[i][j] + B * D * (q.v[i] - q.v[j]) + E * q.a[j]) / c2;
         }
     for (int n = 0; n <= 32; ++n) dU[n] = U[n + 33];
     for (int n = 33; n <= 65; ++n) dU[n] = 0;
     for (int j = 0; j <= 10; ++j)
-        for (int i = 0; i <= 10; ++i) {
-            dU[33 + i] += FXik[j][i];
-            dU[44 + i] += FYik[j][i];
-            dU[55 + i] += FZik[j][i];
-        }
+        for (int i = 0; i <= 10; ++i)
+            for (const Axis& q : axes()) dU[33 + q.at + i] += q.f[j][i];
 }
 
 void Equations::fillTrace() {
     NSled = static_cast<int>(std::nearbyint(5 * Vsv * 3600 / Vgr / s->Dt));
     if (NSled < 2) NSled = 2;
-    SledX.assign(NSled + 1, std::vector<double>(11));
-    SledY = SledZ = SledX;
-    for (int n = 0; n <= NSled; ++n)
-        for (int i = 0; i <= 10; ++i) {
-            SledX[n][i] = X[i] - s->Dt * VX[i] * n;
-            SledY[n][i] = Y[i] - s->Dt * VY[i] * n;
-            SledZ[n][i] = Z[i] - s->Dt * VZ[i] * n;
-        }
+    for (const Axis& q : axes()) {
+        q.trace.assign(NSled + 1, std::vector<double>(11));
+        for (int n = 0; n <= NSled; ++n)
+            for (int i = 0; i <= 10; ++i) q.trace[n][i] = q.p[i] - s->Dt * q.v[i] * n;
+    }
 }
 
 void Equations::pushTrace(double Tsec) {
     if (kodDX != 3 || Tsled + s->Dt > Tsec) return;
-    for (int i = 0; i <= 10; ++i) {
-        for (int n = NSled; n >= 1; --n) {
-            SledX[n][i] = SledX[n - 1][i];
-            SledY[n][i] = SledY[n - 1][i];
-            SledZ[n][i] = SledZ[n - 1][i];
+    for (const Axis& q : axes())
+        for (int i = 0; i <= 10; ++i) {
+            for (int n = NSled; n >= 1; --n) q.trace[n][i] = q.trace[n - 1][i];
+            q.trace[0][i] = q.p[i];
         }
-        SledX[0][i] = X[i];
-        SledY[0][i] = Y[i];
-        SledZ[0][i] = Z[i];
-    }
     Tsled += s->Dt;
 }
 

@@ -2,6 +2,7 @@
 // The equations of motion written out word by word, with arc tangents, sines, cosines and powers for every
 // pair. Slow and plain on purpose: the kernels of numeric/ are checked and timed against it.
 
+#include <array>
 #include <vector>
 
 #include "core/model_state.h"
@@ -34,6 +35,19 @@ struct Equations {
     int NDiffur = 0, NSled = 0;
     std::vector<std::vector<double>> SledX, SledY, SledZ;  ///< [n][i]
 
+    /// What belongs to one coordinate.
+    struct Axis {
+        int at;  ///< of its places in the state vector; its speeds stand 33 later
+        double (&p)[11], (&v)[11], (&a)[11], (&aOld)[11], (&jerk)[11];
+        Pairs &d, &f, &v1, &v0, &a1, &a0;
+        std::vector<std::vector<double>>& trace;
+    };
+    std::array<Axis, 3> axes() {
+        return {Axis{0, X, VX, AX, AXold, JX, DXp, FXik, VX1zap, VX0zap, AX1zap, AX0zap, SledX},
+                Axis{11, Y, VY, AY, AYold, JY, DYp, FYik, VY1zap, VY0zap, AY1zap, AY0zap, SledY},
+                Axis{22, Z, VZ, AZ, AZold, JZ, DZp, FZik, VZ1zap, VZ0zap, AZ1zap, AZ0zap, SledZ}};
+    }
+
     void Diffur();
     void DiffurOTO();
     void SpeedUpdate();
@@ -48,7 +62,7 @@ private:
     void angles(int i, int j);
     void velocityDirections();
     void lineSpeeds(int i, int j, const Pairs& vx, const Pairs& vy, const Pairs& vz);
-    void retardedSpeeds(int i, int j, Pairs& vx, Pairs& vy, Pairs& vz);
+    double retardedSpeed(const Axis& q, int i, int j) const;
     void accelerationAlong(int i, int j);
     void stageSpeeds();
     void factorLaw(int i, int j);

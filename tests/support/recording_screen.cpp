@@ -63,6 +63,29 @@ RecordingScreen::Message RecordingScreen::onlyMessage() {
     return last;
 }
 
+RecordingScreen::Message RecordingScreen::told(CommandButton& command) {
+    command.press();
+    return onlyMessage();
+}
+
+std::string RecordingScreen::said(CommandButton& command) {
+    command.press();
+    return messages.empty() ? "" : onlyMessage().text;
+}
+
+RecordingScreen::Message RecordingScreen::told(CommandButton& command, TextField& field,
+                                               const std::string& text) {
+    const std::string old = field.text();
+    field.setText(text);
+    const Message last = told(command);
+    field.setText(old);
+    return last;
+}
+
+std::string RecordingScreen::said(CommandButton& command, TextField& field, const std::string& text) {
+    return told(command, field, text).text;
+}
+
 const std::vector<Drawn>& drawnOn(Picture& picture) {
     return static_cast<RecordingCanvas&>(*picture.canvas()).drawn;
 }

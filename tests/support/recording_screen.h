@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/control.h"
 #include "runtime/picture.h"
 #include "runtime/screen.h"
 
@@ -67,6 +68,12 @@ public:
     void runPosted();
     /// Title and text of the only message since the last call; fails the test when there is not exactly one.
     Message onlyMessage();
+    /// Presses the command and gives that message; its text, empty where nothing is said.
+    Message told(CommandButton& command);
+    std::string said(CommandButton& command);
+    /// The same while this text stands in the field.
+    Message told(CommandButton& command, TextField& field, const std::string& text);
+    std::string said(CommandButton& command, TextField& field, const std::string& text);
 
     std::vector<Message> messages;
     std::vector<std::string> causes;     ///< of the error messages
@@ -83,6 +90,33 @@ public:
     int yields = 0, paused = 0, changes = 0;
     double lastProgress = -1;
 };
+
+/// A field and its text, a box and its tick, an option that is chosen, a command that is pressed: one after
+/// the other.
+inline void enter() {}
+template <class First, class... Rest>
+void enter(First& first, Rest&&... rest) {
+    if constexpr (std::is_same_v<First, OptionButton> || std::is_same_v<First, CommandButton>) {
+        if constexpr (std::is_same_v<First, OptionButton>)
+            first.choose();
+        else
+            first.press();
+        enter(rest...);
+    } else {
+        [&first](const auto& value, auto&... others) {
+            if constexpr (std::is_same_v<First, CheckBox>)
+                first.set(value);
+            else
+                first.setText(value);
+            enter(others...);
+        }(rest...);
+    }
+}
+/// What fields show, with " | " between.
+template <class First, class... Rest>
+std::string texts(const First& first, const Rest&... rest) {
+    return first.text() + (std::string() + ... + (" | " + rest.text()));
+}
 
 /// What a picture has drawn on its recording canvas.
 const std::vector<Drawn>& drawnOn(Picture& picture);

@@ -3,7 +3,7 @@
 
 #include "core/calendar.h"
 #include "numeric/experiment_start.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/testing.h"
 #include "theories/elements.h"
 #include "theories/secular_theories.h"
 

@@ -1,11 +1,7 @@
 #include "theories/elements.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "core/failure.h"
 #include "core/rows.h"
+#include "tests/support/testing.h"
 #include "theories/geometry.h"
 #include "theories/secular_theories.h"
 

@@ -1,8 +1,5 @@
 #include "theories/ephemeris.h"
 
-#include <gtest/gtest.h>
-
-#include "core/failure.h"
 #include "tests/support/ephemeris_files.h"
 
 namespace tarvex {

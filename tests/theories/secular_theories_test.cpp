@@ -1,9 +1,6 @@
 #include "theories/secular_theories.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
+#include "tests/support/testing.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 
