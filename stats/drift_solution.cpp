@@ -299,6 +299,7 @@ struct MapAxes {
 
 std::vector<double> gridOf(double value, double error, double reach, int points) {
     std::vector<double> out;
+    out.reserve(static_cast<std::size_t>(std::max(points, 0)));
     for (int i = 0; i < points; ++i) out.push_back(value + error * reach * (2.0 * i / (points - 1) - 1));
     return out;
 }
@@ -397,6 +398,7 @@ std::vector<double> predictDrifts(const DriftProblem& problem, const FactorValue
     const DriftSurfaces surfaces(problem);
     const auto inner = surfaces.inner(values);
     std::vector<double> out;
+    out.reserve(problem.drifts.size());
     for (int d = 0; d < static_cast<int>(problem.drifts.size()); ++d)
         out.push_back(surfaces.predicted(d, inner));
     return out;
