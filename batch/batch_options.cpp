@@ -19,7 +19,8 @@ const std::string usage =
     "[ИМЯ=ЗНАЧЕНИЕ ...]";
 
 std::vector<int> planetsOf(const std::string& word, const std::string& text) {
-    std::vector<int> planets = numbersWithoutRepeats(word, text);  // two processes would write the same records
+    std::vector<int> planets =
+        numbersWithoutRepeats(word, text);  // two processes would write the same records
     for (const int p : planets)
         if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
     return planets;

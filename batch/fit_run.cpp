@@ -104,6 +104,19 @@ void play(const std::vector<std::string>& script, QuietScreen& screen, Laborator
     if (!screen.trouble.empty()) throw Failure(screen.trouble);
 }
 
+/// Whether coordinates come from elements: the ephemeris and a file bring coordinates of their own.
+bool startsByElements(const FitOptions& options) {
+    bool byElements = !options.byEphemeris();
+    for (const BatchSetting& setting : options.settings) {
+        if (setting.value != "on") continue;
+        for (const char* option : {"Form1.Option4", "Form1.Option5", "Form1.Option8"})
+            if (setting.control == option) byElements = true;
+        for (const char* option : {"Form1.Option6", "Form1.Option9"})
+            if (setting.control == option) byElements = false;
+    }
+    return byElements;
+}
+
 }  // namespace
 
 std::vector<std::string> fitScript(const FitOptions& options, int year, int month, double day) {
@@ -119,16 +132,7 @@ std::vector<std::string> fitScript(const FitOptions& options, int year, int mont
             .push_back(line);
     }
     script.emplace_back("Form1.Command3");
-    // the ephemeris and a file bring coordinates of their own
-    bool byElements = !options.byEphemeris();
-    for (const BatchSetting& setting : options.settings) {
-        if (setting.value != "on") continue;
-        for (const char* option : {"Form1.Option4", "Form1.Option5", "Form1.Option8"})
-            if (setting.control == option) byElements = true;
-        for (const char* option : {"Form1.Option6", "Form1.Option9"})
-            if (setting.control == option) byElements = false;
-    }
-    if (byElements) script.emplace_back("Form1.Command12");
+    if (startsByElements(options)) script.emplace_back("Form1.Command12");
     script.insert(script.end(), {"Form1.Command1", "Form2.Option3 = on", "Form2.Option7 = on"});
     const bool finite = involves(options, "Vgr");
     if (finite)

@@ -24,7 +24,8 @@ public:
             return valueAt(variable, indices, 0);
         };
     }
-    /// Adds a member of a struct when a script can print it: what is no number, text or array of such has no name.
+    /// Adds a member of a struct when a script can print it: what is no number, text or array of such has no
+    /// name.
     template <class T>
     void addMember(std::string name, const T& member) {
         if constexpr (readable<T>()) add(std::move(name), member);

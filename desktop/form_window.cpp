@@ -19,6 +19,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "core/arithmetic.h"
 #include "desktop/layout_builder.h"
 #include "desktop/picture_view.h"
 #include "desktop/run_status.h"
@@ -221,7 +222,12 @@ WindowBar* FormWindow::makeBar() {
 /// What is still being typed counts.
 void FormWindow::callOnForm(const std::function<void(Form&)>& action) {
     if (form_ != nullptr) commitEdits();
-    if (form_ != nullptr && action) form_->guarded({[this, &action] { action(*form_); }, {}});
+    if (form_ == nullptr || !action) return;
+    form_->guarded({[this, &action] {
+                        const FlagsKept flags;  // a dialog reckons its sizes as it likes
+                        action(*form_);
+                    },
+                    {}});
 }
 
 void FormWindow::openForm(int number) {

@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStyle>
 #include <QStatusTipEvent>
+#include <QStyle>
 #include <QTimer>
 #include <algorithm>
 #include <utility>

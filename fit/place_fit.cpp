@@ -155,6 +155,7 @@ bool isVgr(const Unknown& one) {
 }
 
 /// The values outside, with their errors: none of Vgr where 1/Vgr may be 0.
+// complexity: places, speeds, Vgr and other parameters have a unit each, and any may be undetermined
 void tellValues(const std::vector<Unknown>& unknowns, const NonlinearFit& found, PlaceFit& out) {
     for (std::size_t k = 0; k < unknowns.size(); ++k) {
         const Unknown& one = unknowns[k];

@@ -110,7 +110,7 @@ private:
 
     Laboratory& lab;
     PlanPage page_;
-    bool running_ = false, gone_ = false;  ///< a run goes on; the form has been closed
+    bool running_ = false, gone_ = false;        ///< a run goes on; the form has been closed
     bool fitting_ = false, fitStopped_ = false;  ///< a fit goes on; the user has stopped it
     std::vector<Place> sights_;  ///< directions of the observations that the last run has accepted
     int passes_ = 0;

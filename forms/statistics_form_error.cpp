@@ -107,6 +107,7 @@ SeriesData StatisticsForm::secondSeries() {
     return second;
 }
 
+// complexity: what cannot be paired is refused by its cause, then either table may be asked for
 void StatisticsForm::PairedFit() {
     const SeriesData& d = lab.series;
     for (TextField* field : {&pairedShift, &pairedError, &pairedCount}) field->setText("");

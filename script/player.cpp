@@ -185,6 +185,31 @@ void Player::finishLine() {
     }
 }
 
+/// The lines that begin with a word of the language and are about the forms as they stand.
+bool Player::doWord(std::string_view word, std::string_view argument, std::string_view rest) {
+    const std::map<std::string_view, std::function<void()>> words = {
+        {"print", [&] { print(argument); }},      {"echo", [&] { screen_.print(std::string(argument)); }},
+        {"let", [&] { let(argument); }},          {"calc", [&] { let(argument); }},
+        {"save", [&] { savePicture(argument); }}, {"export", [&] { exportPicture(argument); }},
+        {"at", [&] { addHook(rest); }},           {"show", [&] { desk_.show(form(argument).name()); }},
+        {"close", [&] { closeForm(argument); }},  {"answer", [&] { queueAnswer(argument); }},
+    };
+    const auto found = words.find(word);
+    if (found == words.end()) return false;
+    found->second();
+    return true;
+}
+
+void Player::closeForm(std::string_view name) {
+    if (!desk_.isLoaded(std::string(name))) throw LineFailure{"форма не открыта: " + quote(name)};
+    desk_.unload(std::string(name));
+}
+
+void Player::queueAnswer(std::string_view answer) {
+    if (answer != "yes" && answer != "no") throw LineFailure{"ожидается answer yes или answer no"};
+    screen_.queueAnswer(answer == "yes");
+}
+
 void Player::doLine(std::string_view line) {
     line = trimLeft(line);
     std::string_view rest = line;
@@ -192,22 +217,7 @@ void Player::doLine(std::string_view line) {
     const std::string_view argument = trim(rest);
     if (word.empty() || word.front() == '#' || trim(line).empty()) return;
 
-    if (word == "print") return print(argument);
-    if (word == "echo") return screen_.print(std::string(argument));
-    if (word == "let" || word == "calc") return let(argument);
-    if (word == "save") return savePicture(argument);
-    if (word == "export") return exportPicture(argument);
-    if (word == "at") return addHook(rest);
-    if (word == "show") return desk_.show(form(argument).name());
-    if (word == "close") {
-        if (!desk_.isLoaded(std::string(argument))) throw LineFailure{"форма не открыта: " + quote(argument)};
-        return desk_.unload(std::string(argument));
-    }
-    if (word == "answer") {
-        if (argument != "yes" && argument != "no") throw LineFailure{"ожидается answer yes или answer no"};
-        return screen_.queueAnswer(argument == "yes");
-    }
-    if (doSessionLine(word, argument, rest)) return;
+    if (doWord(word, argument, rest) || doSessionLine(word, argument, rest)) return;
     const std::size_t length = referenceLength(line);
     if (length == 0 || line.substr(0, length).find('.') == std::string_view::npos)
         throw LineFailure{"непонятная строка: " + quote(line)};

@@ -67,6 +67,9 @@ private:
     void doControlLine(std::string_view reference, std::string_view rest);
     void doMouse(Control& control, std::string_view rest);
     void follow(Control& control, std::string_view rest);
+    bool doWord(std::string_view word, std::string_view argument, std::string_view rest);
+    void closeForm(std::string_view name);
+    void queueAnswer(std::string_view answer);
     void addHook(std::string_view rest);
     void print(std::string_view what);
     void let(std::string_view rest);

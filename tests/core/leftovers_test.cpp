@@ -91,7 +91,7 @@ TEST(Leftovers, OnlyThoseOfKilledProgramsAreSwept) {
         EXPECT_EQ(held(tree.path(), getpid()), "111");
         EXPECT_TRUE(fs::exists(other) && !fs::exists(older) && fs::exists(linked));
     }
-    EXPECT_EQ(held(tree.path(), getpid()), "001");
+    // its socket, which nobody holds any more, may have been swept by another program meanwhile
     sweepLeftovers(tree.path());
     EXPECT_EQ(held(tree.path(), getpid()), "000");
     for (const int end : ends) close(end);
