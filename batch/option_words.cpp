@@ -21,7 +21,7 @@ const std::string& OptionWords::value() {
 }
 
 std::vector<int> numbersWithoutRepeats(const std::string& word, const std::string& text) {
-    const std::vector<int> numbers = numberList(text);
+    std::vector<int> numbers = numberList(text);
     if (std::set(numbers.begin(), numbers.end()).size() != numbers.size())
         throw Failure(word + ": номера без повторений");
     return numbers;

@@ -14,6 +14,7 @@ namespace tarvex {
 /// An experiment of the plan for one planet.
 struct Task {
     int planet = 0, experiment = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): it takes the 0 that the compiler compares with for a pointer
     auto operator<=>(const Task&) const = default;
 };
 

@@ -86,6 +86,7 @@ std::vector<FormMap::Hit> FormMap::find(const std::string& wanted) const {
     std::stable_sort(found.begin(), found.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });
     std::vector<Hit> hits;
+    hits.reserve(found.size());
     for (auto& [worth, hit] : found) hits.push_back(std::move(hit));
     return hits;
 }

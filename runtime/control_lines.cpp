@@ -75,7 +75,7 @@ void putValue(Control& input, const std::string& value) {
 
 std::string lineOf(const Deed& deed) {
     const Control& control = *deed.control;
-    const std::string name = referenceOf(control);
+    std::string name = referenceOf(control);
     switch (deed.kind) {
         case Deed::Kind::Press:
             return name;

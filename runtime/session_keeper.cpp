@@ -1,5 +1,7 @@
 #include "runtime/session_keeper.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 
@@ -74,7 +76,7 @@ std::vector<std::string> SessionKeeper::lines() const {
     for (const std::string& name : shown_) all.push_back("show " + name);
     for (const std::string& name : shown_)
         if (const std::string place = desk_.screen().place(desk_.form(name)); !place.empty())
-            all.push_back("place " + name + " " + place);
+            all.push_back(fmt::format("place {} {}", name, place));
     for (const std::string& name : replayed_)
         if (!desk_.isLoaded(name) && !shown_.empty()) all.push_back("close " + name);  // never the last one
     if (const auto run = std::find_if(deeds_.begin(), deeds_.end(),

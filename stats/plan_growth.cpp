@@ -57,6 +57,7 @@ std::vector<std::vector<double>> dOptimalPoints(const PlanBlock& p,
                                                 const std::vector<std::vector<double>>& candidates,
                                                 int count) {
     std::vector<VectorXd> terms;
+    terms.reserve(candidates.size());
     for (const auto& codes : candidates) terms.push_back(termsOf(codes));
     if (terms.empty()) return {};
     MatrixXd information = MatrixXd::Zero(lastColumn(p.Nf) + 1, lastColumn(p.Nf) + 1);
@@ -85,6 +86,7 @@ std::vector<std::vector<double>> dOptimalPoints(const PlanBlock& p,
         if (!changed) break;
     }
     std::vector<std::vector<double>> out;
+    out.reserve(chosen.size());
     for (const std::size_t i : chosen) out.push_back(candidates[i]);
     return out;
 }

@@ -64,7 +64,7 @@ fs::path examplesOf(const fs::path& tree) {
     return {};
 }
 
-Studio::Studio(fs::path data) : data_(fs::absolute(data)) {
+Studio::Studio(const fs::path& data) : data_(fs::absolute(data)) {
     log_ = std::make_unique<JournalWindow>(data_);
     script_ = std::make_unique<ScriptWindow>([this] { stage_.stopScript(); });
     transcript_.onLine([this](const std::string& line) { script_->print(line); });

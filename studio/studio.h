@@ -22,7 +22,7 @@ namespace tarvex {
 class Studio {
 public:
     /// @param data  folder of the data tree
-    explicit Studio(std::filesystem::path data);
+    explicit Studio(const std::filesystem::path& data);
     ~Studio();
     Studio(const Studio&) = delete;
     Studio& operator=(const Studio&) = delete;

@@ -35,7 +35,7 @@ void makeTree(const TempFolder& folder) {
     for (const char* name : {"Dat", "JPL", "NEW", "Ser", "Plan1/Txt1", "Plan1/Txt2"}) folder.makeFolder(name);
 }
 
-std::string play(const fs::path& tree, std::vector<std::string> lines) {
+std::string play(const fs::path& tree, const std::vector<std::string>& lines) {
     std::ostringstream out;
     ScriptScreen screen(out);
     Laboratory lab(screen, tree);

@@ -8,7 +8,8 @@ namespace fs = std::filesystem;
 
 TEST(DataHome, GivenThenBesideTheProgramThenTheUsersOwnCopy) {
     const test::TempFolder top;
-    const fs::path root = top.path(), user = root / "home";
+    const fs::path& root = top.path();
+    const fs::path user = root / "home";
     top.makeFolder("project/data/Dat");
     top.makeFolder("project/build/release");
     top.makeFolder("usr/bin");

@@ -29,8 +29,8 @@ struct Holdings {
         address.sun_family = AF_UNIX;
         (socketBegin + std::to_string(getpid())).copy(address.sun_path, sizeof address.sun_path - 1);
         listening = socket(AF_UNIX, SOCK_STREAM, 0);
-        bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(listening, 1);
+        EXPECT_EQ(bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(listening, 1), 0);
     }
     ~Holdings() { close(listening); }
     TextWriter growing;
