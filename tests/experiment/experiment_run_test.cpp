@@ -4,7 +4,6 @@
 
 namespace tarvex {
 
-using test::readBytes;
 using test::TempFolder;
 
 namespace {

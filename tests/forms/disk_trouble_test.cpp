@@ -79,30 +79,34 @@ TEST_F(DiskTrouble, LeavesTheOldFileAndTellsTheCause) {
          "Ошибка при записи данных в файл \\Plan0 \\TarvexPlan0.dat"},
     };
     static_cast<OptionButton&>(*lab.desk.form("Form1").find("Option6")).choose();
-    for (const auto& [form, command, name, notOpened, notWritten] : actions) {
+    for (const Action& action : actions) {
+        const char* const form = action.form;
+        const char* const name = action.file;
         const fs::path file = folder.path() / name, aside = folder.path() / "aside";
         const std::string folderName = fs::path(name).parent_path().string();
-        const bool reads = notWritten == nullptr;
+        const bool reads = action.notWritten == nullptr;
         const auto expect = [&](const char* message, const std::string& cause) {
-            press(form, command);
+            press(form, action.command);
             EXPECT_EQ(screen.onlyMessage().text, message) << name;
             EXPECT_EQ(lab.desk.form(form).status(), cause);
             EXPECT_EQ(screen.causes.back(), cause);
         };
         test::writeBytes(file, oldFile);
-        if (!reads) onFullDisk([&] { expect(notWritten, std::string("нет места на диске: ") + name); });
+        if (!reads)
+            onFullDisk([&] { expect(action.notWritten, std::string("нет места на диске: ") + name); });
         withoutRights(file, [&] {
-            expect(notOpened, (reads ? "нет права читать: " : "нет права писать: ") + std::string(name));
+            expect(action.notOpened,
+                   (reads ? "нет права читать: " : "нет права писать: ") + std::string(name));
         });
         EXPECT_EQ(test::readBytes(file), oldFile);
         EXPECT_FALSE(fs::exists(file.string() + ".old"));
 
         fs::rename(file.parent_path(), aside);
-        expect(notOpened, "нет папки " + folderName);
+        expect(action.notOpened, "нет папки " + folderName);
         fs::rename(aside, file.parent_path());
         fs::rename(file, aside);
         fs::create_directory(file);
-        expect(notOpened, std::string("на месте файла папка: ") + name);
+        expect(action.notOpened, std::string("на месте файла папка: ") + name);
         fs::remove(file);
         fs::rename(aside, file);
         for (const auto& entry : fs::directory_iterator(file.parent_path()))
