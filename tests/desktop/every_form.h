@@ -29,7 +29,9 @@ inline QString plain(QString text) { return text.replace("&&", "&").replace('\n'
 
 /// What a control says to its user.
 inline std::string textOf(const Control& control) {
-    const auto oneLine = [](const std::string& text) { return plain(QString::fromStdString(text)).toStdString(); };
+    const auto oneLine = [](const std::string& text) {
+        return plain(QString::fromStdString(text)).toStdString();
+    };
     switch (control.kind()) {
         case Control::Kind::Text: {
             QString text = QString::fromStdString(static_cast<const TextField&>(control).text());

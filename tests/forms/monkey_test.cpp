@@ -80,7 +80,7 @@ private:
         look(told.text + told.title + told.cause, "message");
         // a cause is told in the user's words
         if (told.cause.find("внутренняя") != std::string::npos ||
-            (!told.cause.empty() && told.cause.find("\xD0") == std::string::npos))
+            (!told.cause.empty() && told.cause.find('\xD0') == std::string::npos))
             wrong("cause: " + told.cause);
     }
     bool ask(const std::string& question, const std::string& title) override;

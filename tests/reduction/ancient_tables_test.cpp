@@ -13,6 +13,7 @@ public:
                                      const std::vector<Cell>& outputs) override {
         for (std::size_t i = 0; i < inputs.size(); ++i) written[key(inputs[i])] = values[i];
         std::vector<CellValue> all;
+        all.reserve(outputs.size());
         for (const Cell& c : outputs) all.push_back(cells.at(key(c)));
         return all;
     }

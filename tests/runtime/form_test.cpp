@@ -9,7 +9,6 @@
 
 namespace tarvex {
 
-using test::Drawn;
 using test::RecordingScreen;
 
 namespace {

@@ -55,6 +55,7 @@ TEST(SlopeError, IntervalsHoldTheTrueSlopeOfNoiseWithMemory) {
 
 TEST(SlopeError, ExactPointsHaveNoErrorAndTooFewHaveNone) {
     std::vector<Group> line;
+    line.reserve(20);
     for (int i = 0; i < 20; ++i) line.push_back({i / 10.0, 5 - 2.0 * i / 10, 1});
     const auto error = slopeError(line, Equation::Line, 0);
     EXPECT_NEAR(error->high - error->low, 0, 1e-9);

@@ -77,7 +77,7 @@ RecordingScreen::Message RecordingScreen::told(CommandButton& command, TextField
                                                const std::string& text) {
     const std::string old = field.text();
     field.setText(text);
-    const Message last = told(command);
+    Message last = told(command);
     field.setText(old);
     return last;
 }
