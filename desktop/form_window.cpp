@@ -75,7 +75,13 @@ FormWindow::FormWindow(Form& form, const WindowServices& services)
     }
     bar_->refresh();
     showStatus(QString::fromStdString(form.status()));
-    if (!restorePlace(*this)) fitScreen(contents->sizeHint() + QSize(2, 4));
+    if (!restorePlace(*this)) {
+        fitScreen(contents->sizeHint() + QSize(2, 4));
+    } else if (!isMaximized()) {
+        // a place that was kept before the form grew would hide its commands
+        const QSize least = (contents->minimumSizeHint() + QSize(2, 4)).boundedTo(room());
+        resize(size().expandedTo(least + QSize(0, statusBar()->minimumHeight())));
+    }
 }
 
 FormWindow::~FormWindow() = default;

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/arithmetic.h"
+#include "experiment/experiment_run.h"
 #include "numeric/advance.h"
 #include "numeric/integrator.h"
 #include "numeric/step_inside.h"
@@ -61,9 +62,14 @@ Unknown parameterOf(const std::string& name) {
 }
 
 /// The model ready for its first step; a flight begins from a copy.
-struct PlaceModel::Prepared {
-    explicit Prepared(const Experiment& e) : tree(e.tree), s(e.s), motion(e.motion), ephemeris(tree) {}
-    Prepared(const Prepared& other) : tree(other.tree), s(other.s), motion(other.motion), ephemeris(tree) {
+struct PlaceModel::Prepared : Model {
+    explicit Prepared(const Experiment& e) : Model(e.tree) {
+        s = e.s;
+        motion = e.motion;
+    }
+    Prepared(const Prepared& other) : Model(other.tree) {
+        s = other.s;
+        motion = other.motion;
         run.stepper = other.run.stepper;
         run.boxes = other.run.boxes;
         run.kodModel = 1;
@@ -71,13 +77,6 @@ struct PlaceModel::Prepared {
         run.Msys = other.run.Msys;
     }
     Prepared& operator=(const Prepared&) = delete;
-    Experiment experiment() { return {s, motion, run, ephemeris, tree}; }
-
-    const DataTree& tree;
-    ModelState s;
-    Motion motion;
-    RunState run;
-    Ephemeris ephemeris;
 
     double* cellOf(const Unknown& one);
     double inner(const Unknown& one);

@@ -47,6 +47,7 @@ struct Pool {
 bool sideBySide(std::size_t count, int jobs, const std::function<void(std::size_t)>& work,
                 const std::function<bool()>& wait) {
     if (jobs <= 0) jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+    if (wait && !wait()) return false;  // short work would be over before the first time of asking
     const std::size_t threads = std::min(count, static_cast<std::size_t>(jobs));
     Pool pool(count, work, threads);
     bool ended = false;

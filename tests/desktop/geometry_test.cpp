@@ -1,5 +1,6 @@
 // Windows fit a small screen, and nothing in them is cut or covered, on any of their pages.
 
+#include "desktop/window_places.h"
 #include "tests/desktop/every_form.h"
 
 namespace tarvex {
@@ -78,6 +79,17 @@ TEST_P(Geometry, FitsASmallScreen) {
     EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
     EXPECT_FALSE(area->verticalScrollBar()->isVisible())
         << "needs " << area->widget()->minimumSizeHint().height() << " of " << area->viewport()->height();
+
+    // also where a place was kept when the form was smaller
+    QWidget before;
+    before.setObjectName(window().objectName());
+    before.resize(200, 150);
+    rememberPlace(before);
+    const WindowServices none;
+    const FormWindow again(form(), none);
+    EXPECT_GE(again.width(), least.width());
+    EXPECT_GE(again.height(), least.height());
+    test::forgetPlaces();
 }
 
 TEST_P(Geometry, NothingIsCutOrCovered) {
