@@ -13,7 +13,7 @@ namespace tarvex {
 
 namespace {
 
-const std::string usage =
+const std::string usageOfFit =
     "tarvex-fit [--data КАТАЛОГ] --places ФАЙЛ|DE405 --bodies СПИСОК [--from ГОД] [--to ГОД] [--every СУТКИ] "
     "[--fit ПАРАМЕТРЫ] --sigma КМ [--relativity on|off] [--jobs J] [ИМЯ=ЗНАЧЕНИЕ ...]";
 
@@ -63,13 +63,13 @@ void takeSetting(const std::string& word, FitOptions& options) {
     } else if (const auto setting = settingOf(word)) {
         options.settings.push_back(*setting);
     } else {
-        throw Failure(word + "\n" + usage);
+        throw Failure(word + "\n" + usageOfFit);
     }
 }
 
 void check(const FitOptions& options) {
-    if (options.places.empty()) throw Failure("нет мест: --places\n" + usage);
-    if (options.bodies.empty() || options.sigma == 0) throw Failure(usage);
+    if (options.places.empty()) throw Failure("нет мест: --places\n" + usageOfFit);
+    if (options.bodies.empty() || options.sigma == 0) throw Failure(usageOfFit);
     for (const int body : options.bodies)
         if (body < 1 || body > (options.byEphemeris() ? 9 : 10))
             throw Failure(options.byEphemeris() ? "--bodies: в DE405 номера от 1 до 9"
@@ -83,7 +83,7 @@ void check(const FitOptions& options) {
 
 FitOptions parseFitOptions(const std::vector<std::string>& arguments) {
     FitOptions options;
-    OptionWords words(arguments, usage);
+    OptionWords words(arguments, usageOfFit);
     for (std::string word; words.next(word);) {
         if (word == "--data") {
             options.data = words.value();

@@ -10,8 +10,8 @@ namespace {
 
 /// Columns of ElemStart in the order in which elements are compared; the seventh is the mean longitude, which
 /// showing a table reduces to one turn.
-constexpr std::array elementRows = {&ModelState::AlfaP0, &ModelState::AlfaU0, &ModelState::Betta0,
-                                    &ModelState::Eks0,   &ModelState::R0sr,   &ModelState::W0sr};
+constexpr std::array givenRows = {&ModelState::AlfaP0, &ModelState::AlfaU0, &ModelState::Betta0,
+                                  &ModelState::Eks0,   &ModelState::R0sr,   &ModelState::W0sr};
 constexpr std::array initialRows = {&ModelState::X0,  &ModelState::Y0,  &ModelState::Z0,
                                     &ModelState::VX0, &ModelState::VY0, &ModelState::VZ0};
 
@@ -48,7 +48,7 @@ bool Provenance::moved(const ModelState& s, Given group) const {
 Provenance::Measured Provenance::measuredElements(const ModelState& s) const {
     Cells start{};
     for (int i = 1; i < bodies; ++i)
-        for (std::size_t k = 0; k < elementRows.size(); ++k) start[k * bodies + i] = s.ElemStart[k + 1][i];
+        for (std::size_t k = 0; k < givenRows.size(); ++k) start[k * bodies + i] = s.ElemStart[k + 1][i];
     if (start == Cells{}) return Measured::ByNone;
     return start == given_[static_cast<int>(Given::Elements)] ? Measured::ByLoaded : Measured::ByOthers;
 }
@@ -57,8 +57,8 @@ Provenance::Cells Provenance::cells(const ModelState& s, Given group) {
     Cells all{};
     switch (group) {
         case Given::Elements:
-            for (std::size_t k = 0; k < elementRows.size(); ++k)
-                std::copy_n((s.*elementRows[k]).begin() + 1, NPlanetMax, all.begin() + k * bodies + 1);
+            for (std::size_t k = 0; k < givenRows.size(); ++k)
+                std::copy_n((s.*givenRows[k]).begin() + 1, NPlanetMax, all.begin() + k * bodies + 1);
             break;
         case Given::InitialData:
             for (std::size_t k = 0; k < initialRows.size(); ++k)

@@ -6,22 +6,23 @@ namespace tarvex {
 
 namespace {
 
-constexpr std::array elementRows = {&ModelState::AlfaL, &ModelState::R0sr,   &ModelState::W0sr,
-                                    &ModelState::Eks0,  &ModelState::Betta0, &ModelState::AlfaP0,
-                                    &ModelState::AlfaU0};
+constexpr std::array borrowedRows = {&ModelState::AlfaL, &ModelState::R0sr,   &ModelState::W0sr,
+                                     &ModelState::Eks0,  &ModelState::Betta0, &ModelState::AlfaP0,
+                                     &ModelState::AlfaU0};
 constexpr std::array massRowsOf = {&ModelState::m, &ModelState::km};
 
 }  // namespace
 
 RunInputsKept::RunInputsKept(ModelState& s) : s_(s), kodMoon_(s.kodMoon), kodBary_(s.kodBary) {
-    for (int k = 0; k < elements; ++k) std::copy_n((s.*elementRows[k]).begin(), bodies, elements_[k].begin());
+    for (int k = 0; k < elements; ++k)
+        std::copy_n((s.*borrowedRows[k]).begin(), bodies, elements_[k].begin());
     for (int k = 0; k < 2; ++k) std::copy_n((s.*massRowsOf[k]).begin(), massRows, masses_[k].begin());
 }
 
 RunInputsKept::~RunInputsKept() {
     const double work = s_.m[rowWork];
     for (int k = 0; k < elements; ++k)
-        std::copy_n(elements_[k].begin(), bodies, (s_.*elementRows[k]).begin());
+        std::copy_n(elements_[k].begin(), bodies, (s_.*borrowedRows[k]).begin());
     for (int k = 0; k < 2; ++k) std::copy_n(masses_[k].begin(), massRows, (s_.*massRowsOf[k]).begin());
     s_.m[rowWork] = work;
     s_.kodMoon = kodMoon_;

@@ -33,7 +33,7 @@ constexpr double largestCircle = 50;  ///< in canvas widths: a larger one would 
 constexpr double largestSign =
     9;  ///< canvas units: a smaller disc is the sign of a point, a larger one a body
 
-QColor toQt(Color c) { return QColor(c.r, c.g, c.b); }
+QColor qtColor(Color c) { return QColor(c.r, c.g, c.b); }
 
 /// @param lineHeight  pixels
 QFont fontOf(double lineHeight) {
@@ -53,17 +53,17 @@ void drawMark(QPainter& p, const Mark& mark, const Sizes& s) {
     const QPointF at = s.place(mark.x, mark.y);
     if (mark.kind == Mark::Kind::Text) {
         needFonts();
-        p.setPen(toQt(mark.color));
+        p.setPen(qtColor(mark.color));
         p.setFont(fontOf(mark.x2 * s.size));
         p.drawText(at + QPointF(0, p.fontMetrics().ascent()), QString::fromStdString(mark.text));
         return;
     }
-    p.setPen(QPen(toQt(mark.color), s.size, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    p.setPen(QPen(qtColor(mark.color), s.size, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     p.setBrush(Qt::NoBrush);
     if (mark.kind == Mark::Kind::Line) return p.drawLine(at, s.place(mark.x2, mark.y2));
     const bool sign = mark.kind == Mark::Kind::Disc && mark.x2 < largestSign;
     const QPointF radii = sign ? QPointF(mark.x2, mark.x2) * s.size : s.place(mark.x2, mark.x2);
-    if (mark.kind == Mark::Kind::Disc) p.setBrush(toQt(mark.color));
+    if (mark.kind == Mark::Kind::Disc) p.setBrush(qtColor(mark.color));
     p.drawEllipse(at, radii.x(), radii.y());
 }
 
@@ -91,7 +91,7 @@ void drawMarks(QPainter& p, const Drawing& drawing, const Sizes& s) {
     if (drawing.texts() > 0) needFonts();
     drawing.each([&](const Mark& mark) {
         if (mark.kind == Mark::Kind::Text && mark.color != drawing.background())
-            p.fillRect(boxOf(mark, s), toQt(drawing.background()));
+            p.fillRect(boxOf(mark, s), qtColor(drawing.background()));
     });
     grid = true;
     drawing.each([&](const Mark& mark) {
@@ -112,7 +112,7 @@ void ImageCanvas::draw(Mark mark) {
     if (image_.isNull()) {
         image_ = QImage(width_ * scale, height_ * scale, QImage::Format_RGB32);
         if (image_.isNull()) throw Failure("не хватает памяти на рисунок");
-        image_.fill(toQt(background()));
+        image_.fill(qtColor(background()));
     }
     if (!painter_) {
         painter_ = std::make_unique<QPainter>(&image_);
@@ -134,7 +134,7 @@ void ImageCanvas::setScale(double left, double top, double right, double bottom)
 void ImageCanvas::clear(Color background) {
     drawing_.clear(background);
     painter_.reset();
-    if (!image_.isNull()) image_.fill(toQt(background));
+    if (!image_.isNull()) image_.fill(qtColor(background));
 }
 
 void ImageCanvas::line(double x1, double y1, double x2, double y2, Color color) {
@@ -155,7 +155,7 @@ void ImageCanvas::paintPart(QPainter& painter, const QRectF& part, const QRectF&
     const QPointF origin = target.topLeft() - sizes.place(part.left(), part.top());
     painter.save();
     painter.setClipRect(target, Qt::IntersectClip);
-    painter.fillRect(target, toQt(background()));
+    painter.fillRect(target, qtColor(background()));
     if (drawing_.complete()) {
         painter.translate(origin);
         drawMarks(painter, drawing_, sizes);
@@ -172,7 +172,7 @@ void ImageCanvas::paintTexts(QPainter& painter, const QRectF& target) const {
     needFonts();
     const double size = target.width() / width_;
     const Sizes sizes{size, target.height() / height_, size};
-    QColor ground = toQt(background());
+    QColor ground = qtColor(background());
     ground.setAlphaF(0.8F);
     painter.save();
     painter.setClipRect(target, Qt::IntersectClip);
@@ -189,7 +189,7 @@ QImage ImageCanvas::whole() const {
     QImage drawn = image();
     if (drawn.isNull()) {
         drawn = QImage(width_ * scale, height_ * scale, QImage::Format_RGB32);
-        drawn.fill(toQt(background()));
+        drawn.fill(qtColor(background()));
     }
     return drawn;
 }

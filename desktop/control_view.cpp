@@ -14,6 +14,7 @@
 
 #include "desktop/number_edit.h"
 #include "desktop/picture_view.h"
+#include "desktop/qt_text.h"
 #include "runtime/resting_commands.h"
 
 namespace tarvex {
@@ -23,8 +24,6 @@ namespace {
 constexpr int longestLine = 90;                                             ///< of a caption, in characters
 constexpr int usualBoxDigits = 70, leastBoxDigits = 40, leastBoxLines = 5;  ///< of a box of text lines
 constexpr int mostLeftDigits = 20;  ///< a wider field holds words and starts at the left
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 bool isNumberOrEmpty(const std::string& text) {
     if (text.empty()) return true;

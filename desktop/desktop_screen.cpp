@@ -10,6 +10,7 @@
 #include "core/arithmetic.h"
 #include "desktop/canvas_image.h"
 #include "desktop/form_window.h"
+#include "desktop/qt_text.h"
 #include "desktop/window_bar.h"
 
 namespace tarvex {
@@ -20,8 +21,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds shortestFrame(16);  ///< events are looked at about 60 times a second
 constexpr milliseconds longestFrame(100);
 constexpr int showingCost = 3;  ///< a calculation gets at least so many times the time that showing takes
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
 

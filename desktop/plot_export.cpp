@@ -20,10 +20,10 @@ namespace tarvex {
 
 namespace {
 
-constexpr double fontHeight = 11, gap = 6;  ///< usual pixels
-constexpr QSizeF usualPage(1000, 640);      ///< the largest figure, usual pixels
-constexpr int pdfResolution = 288;          ///< dots an inch
-constexpr double imageSharpness = 1.5;      ///< pixels of an image to a usual one
+constexpr double fontHeight = 11, margin = 6;  ///< usual pixels
+constexpr QSizeF usualPage(1000, 640);         ///< the largest figure, usual pixels
+constexpr int pdfResolution = 288;             ///< dots an inch
+constexpr double imageSharpness = 1.5;         ///< pixels of an image to a usual one
 
 QFont pageFont(double unit) {
     QFont font("DejaVu Sans");
@@ -48,9 +48,9 @@ struct Sheet {
     explicit Sheet(const Figure& f, double unit) {
         const QFont font = pageFont(unit);
         const QMarginsF axes = f.plot.described() ? axesMargins(font) : QMarginsF();
-        caption = QFontMetricsF(font).height() + gap * unit;
+        caption = QFontMetricsF(font).height() + margin * unit;
         legend = legendOf(f.plot, font, {}, usualPage.height() * unit, unit).box.width();
-        const double around = gap * unit;
+        const double around = margin * unit;
         margins =
             axes + QMarginsF(around, around + caption, around + legend + (legend > 0 ? around : 0), around);
     }
@@ -80,14 +80,14 @@ void paintFigure(QPainter& painter, const QRectF& page, const Figure& f, double 
     painter.setPen(QPen(Qt::black, unit));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(frame.area);
-    painter.drawText(page.adjusted(gap * unit, gap * unit, -gap * unit, 0), Qt::AlignLeft | Qt::AlignTop,
-                     QString::fromStdString(f.caption));
+    painter.drawText(page.adjusted(margin * unit, margin * unit, -margin * unit, 0),
+                     Qt::AlignLeft | Qt::AlignTop, QString::fromStdString(f.caption));
 
     const int layer = f.layer == Plot::none ? usualLayer(f.plot) : f.layer;
     if (const auto meaning = f.plot.layers().find(layer); meaning != f.plot.layers().end())
         paintAxes(painter, frame, {frame.area}, *meaning->second, {Qt::black, Qt::white},
                   colorOfLayer(f.plot, layer, f.look, false).value_or(Qt::black));
-    const QPointF corner = frame.area.topRight() + QPointF(gap * unit + sheet.legend, 0);
+    const QPointF corner = frame.area.topRight() + QPointF(margin * unit + sheet.legend, 0);
     const QColor back(ground.r, ground.g, ground.b);  // the colours of the signs are made for it
     paintLegend(painter, legendOf(f.plot, font, corner, frame.area.height(), unit), f.plot, f.look,
                 {dark ? Qt::white : Qt::black, back, dark}, layer, unit);

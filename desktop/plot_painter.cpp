@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/plot_ticks.h"
+#include "desktop/qt_text.h"
 
 namespace tarvex {
 
@@ -14,8 +15,6 @@ namespace {
 constexpr double tickLength = 4, gap = 3;  ///< usual pixels
 constexpr double signSize = 2.7;           ///< half of a sign
 constexpr int widestValue = 8;             ///< characters of a value at the left axis
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 bool isShown(const Plot::Series& series) { return !series.points().empty(); }
 

@@ -67,7 +67,7 @@ void writeReport(const std::filesystem::path& path, const ReportHead& head,
     const std::string page = reportPage(head, forms, imageOf);
     const QByteArray bytes =
         path.extension() == ".pdf" ? pdfOf(page, head.title) : QByteArray::fromStdString(page);
-    writeWhole(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    writeWhole(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
 ReportHead reportHead(std::string given) {

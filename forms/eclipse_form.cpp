@@ -10,6 +10,7 @@
 #include "forms/table_captions.h"
 #include "reduction/coordinate_chain.h"
 #include "reduction/eclipse_log.h"
+#include "reduction/sky.h"
 
 namespace tarvex {
 
@@ -237,7 +238,7 @@ void EclipseForm::setClocks() {
     clocks.setText("UT=" + clockText(s.JDut0 + 0.5) + "   LTut=" + clockText(s.JDut0 + 0.5 + local) +
                    "   UTet2=" + clockText(s.JDut + 0.5) + "   LTet2=" + clockText(s.JDut + 0.5 + local));
     if (e_.source == Eclipse::Source::Tables) return;
-    const double T = (s.JDut0 - JD2000) / 36525;
+    const double T = sky::centuries(s.JDut0);
     PrecessMatrixEcl(s, (1579341 - JD2000) / 36525, T);
     precessionFromBase.show(cut6(s.Prec * kUgol));
     PrecessMatrixEcl(s, 0, T);

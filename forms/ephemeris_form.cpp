@@ -6,6 +6,7 @@
 #include "core/calendar.h"
 #include "forms/date_fields.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky.h"
 
 namespace tarvex {
 
@@ -68,7 +69,7 @@ void EphemerisForm::calculate() {
     if (heliocentric.on()) {
         for (Rows* row : {&s.X, &s.Y, &s.Z, &s.VX, &s.VY, &s.VZ}) (*row)[i] -= (*row)[rowSun];
     }
-    const double T0 = 0, T = (s.JD - JD2000) / 36525;
+    const double T0 = 0, T = sky::centuries(s.JD);
     PrecessMatrixEqu(s, T0, T);
     if (eclipticPlane.on()) {
         PrecessMatrixEcl(s, T0, T);

@@ -12,9 +12,6 @@ namespace {
 
 double length(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }
 
-/// An angle wrapped once into -Pi..Pi.
-double wrapped(double a) { return a > Pi ? a - 2 * Pi : a < -Pi ? a + 2 * Pi : a; }
-
 double attraction(const ModelState& s, const GravityBench& b, double L) {
     return b.m1 * b.m2 * s.gamma / L / L;
 }

@@ -194,6 +194,11 @@ void fillTrace(const ModelState& s, Motion& motion);
 /// @param Tsec  model time, s
 void pushTrace(const ModelState& s, Motion& motion, double Tsec);
 
+/// An angle, rad, between -Pi and Pi by one turn at most.
+inline double wrapped(double angle) {
+    return angle > Pi ? angle - 2 * Pi : angle < -Pi ? angle + 2 * Pi : angle;
+}
+
 /// Longitude of the line i to j, rad: by the arc tangent alone, or in its quadrant once the speeds along the
 /// line have been formed.  There the two values of DXp = 0 come out turned by Pi, as the cosines have them.
 double AlfaIK(const Motion& motion, int i, int j);

@@ -69,9 +69,6 @@ void addTrace(NameTable& table, const char* name, const Trace& trace) {
     });
 }
 
-/// An angle between -Pi and Pi by one turn at most.
-double wrapped(double angle) { return angle > Pi ? angle - 2 * Pi : angle < -Pi ? angle + 2 * Pi : angle; }
-
 /// Angles of velocities and of the lines between bodies, rad.  They are not kept: the equations go by
 /// direction cosines.
 void addAngles(NameTable& table, const Motion* m) {

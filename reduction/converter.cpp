@@ -6,6 +6,7 @@
 #include "core/run_inputs.h"
 #include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky.h"
 #include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/elements.h"
@@ -15,8 +16,6 @@
 namespace tarvex {
 
 namespace {
-
-double centuries(double JD) { return (JD - JD2000) / 36525; }
 
 using Base = std::array<double, 3>;
 
@@ -49,7 +48,7 @@ void placeOnDate(ModelState& s, int body) {
     ElementsJPL0(s);
     ElementsToXYZ(s);
     s.JD = s.JDut0;
-    PrecessMatrixEcl(s, 0, centuries(s.JDut0));
+    PrecessMatrixEcl(s, 0, sky::centuries(s.JDut0));
     ApplyPrecessXYZ(s);
 }
 
@@ -57,7 +56,7 @@ void placeOnDate(ModelState& s, int body) {
 
 void ConvPrepare(ModelState& s, ConvBase& base) {
     const RunInputsKept kept(s);
-    const double T = centuries(s.JDut0);
+    const double T = sky::centuries(s.JDut0);
     InitMassesJPL0(s);
     setPlace(s, rowSun, {});
     setPlace(s, rowOrigin, {});
@@ -65,7 +64,7 @@ void ConvPrepare(ModelState& s, ConvBase& base) {
 
     placeOnDate(s, rowTerra);
     s.JD = s.JDet;
-    MoonInequalities(s, centuries(s.JDet));
+    MoonInequalities(s, sky::centuries(s.JDet));
     s.JD = s.JDut0;
     const double L = s.Lpl[rowConverterMoon] = s.Lpl[rowMoon];
     const double B = s.Bpl[rowConverterMoon] = s.Bpl[rowMoon];
@@ -102,7 +101,7 @@ void ConvBodyByTheory(ModelState& s, ConvBase& base, int body) {
 }
 
 void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame& frame) {
-    ApparentSky sky(centuries(s.JDut0));
+    ApparentSky sky(sky::centuries(s.JDut0));
     ApparentPlace sun{.row = rowSun}, earth{.row = rowTerra}, other{.row = body};
     ApparentPlace& place = body == rowSun ? sun : body == rowTerra ? earth : other;
     const SkyCells cells(s, sky, {&sun, &earth, &place});
@@ -137,7 +136,7 @@ void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame
 
 void ConvToBase(ModelState& s, ConvBase& base, int body, const ConvFrame& frame) {
     {
-        ApparentSky sky(centuries(s.JDut0));
+        ApparentSky sky(sky::centuries(s.JDut0));
         sky.latitude = sky::latitudeOf(s.ObsB);
         sky.siderealTime = s.LMST;
         ApparentPlace place{.row = body};

@@ -8,6 +8,7 @@
 #include "core/run_inputs.h"
 #include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky.h"
 #include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/ephemeris.h"
@@ -18,8 +19,6 @@
 namespace tarvex {
 
 namespace {
-
-double centuries(double JD) { return (JD - JD2000) / 36525; }
 
 /// Angles of row b from row a into Lpl and Bpl.
 Eclipse::Sky anglesOf(ModelState& s, int a, int b) {
@@ -81,7 +80,7 @@ void moonToRow(ModelState& s) {
 
 void moonByTheory(ModelState& s, const Eclipse& e) {
     if (e.source == Eclipse::Source::New0) {
-        MoonInequalities(s, centuries(s.JDet));
+        MoonInequalities(s, sky::centuries(s.JDet));
         return moonToRow(s);
     }
     setCurrent(s, rowMoon);
@@ -89,7 +88,7 @@ void moonByTheory(ModelState& s, const Eclipse& e) {
     s.kodMoon = 1;
     placeBy(s, e.source);
     if (e.source == Eclipse::Source::JPL0) {  // this theory's Moon is of the date
-        PrecessMatrixEcl(s, centuries(s.JDut0), 0);
+        PrecessMatrixEcl(s, sky::centuries(s.JDut0), 0);
         ApplyPrecessXYZ(s);
     }
     anglesOf(s, rowOrigin, rowMoon);
@@ -155,7 +154,7 @@ void placesByTable(ModelState& s, const Eclipse& e) {
 /// The Sun, the body, the shadow and a limb on the sky of one moment.
 struct Disks {
     explicit Disks(const ModelState& s)
-        : sky(centuries(s.JDut0)), other{.row = s.IplSel}, body(s.IplSel == rowSun ? sun : other) {
+        : sky(sky::centuries(s.JDut0)), other{.row = s.IplSel}, body(s.IplSel == rowSun ? sun : other) {
         for (int n = 0; n < limbPoints; ++n) limb[n].row = rowLimb + n;
     }
 
@@ -341,7 +340,7 @@ void EclipseAt(ModelState& s, Ephemeris& ephemeris, Eclipse& e,
 }
 
 Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, bool withNutation) {
-    ApparentSky sky(centuries(s.JDut0));
+    ApparentSky sky(sky::centuries(s.JDut0));
     ApparentPlace seen{.row = rowSeenSun}, back{.row = rowTrueSun};
     const SkyCells cells(s, sky, {&seen, &back});
     Horizon& h = sky.horizon;

@@ -11,7 +11,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int factors = 9, meanLongitude = 7;
+constexpr int factors = 9, factorLongitude = 7;
 constexpr double km = 1000, fine = 1000 * MK;  ///< scales of the file
 constexpr std::array<double, factors + 1> templateIntervals = {0,   10 * MK, 0.0001, 0.01, 0.1,
                                                                0.1, 0.001,   0.01,   0.1,  0.1};
@@ -80,7 +80,7 @@ void savePlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataT
     file.line("Нулевые уровни и интервалы варьирования параметров и оптимальные значения");
     file.line(fileItem(1) + fileItem(plan.Xnul[1] / km) + fileItem(plan.dXvar[1] / km) +
               scaled(plan.Xopt[1], MK) + fileItem(plan.XoptR[1] / km));
-    plan.Xnul[meanLongitude] /= 1000;
+    plan.Xnul[factorLongitude] /= 1000;
     for (int i = 2; i <= factors; ++i)
         file.line(fileItem(i) + scaled(plan.Xnul[i], fine) + scaled(plan.dXvar[i], MK) +
                   scaled(plan.Xopt[i], MK) + scaled(plan.XoptR[i], MK));
@@ -128,7 +128,7 @@ void loadPlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataT
     r.GodK = GodK;
     for (int i = 1; i <= factors; ++i) {
         const bool first = i == 1;
-        plan.Xnul[i] = first ? row[i][0] * km : row[i][0] / (i == meanLongitude ? MK : fine);
+        plan.Xnul[i] = first ? row[i][0] * km : row[i][0] / (i == factorLongitude ? MK : fine);
         plan.dXvar[i] = first ? row[i][1] * km : row[i][1] / MK;
         plan.Xopt[i] = row[i][2] / MK;
         plan.XoptR[i] = first ? row[i][3] * km : row[i][3] / MK;

@@ -5,6 +5,7 @@
 
 #include "core/arithmetic.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky.h"
 
 namespace tarvex {
 
@@ -20,7 +21,7 @@ Vec3 unitVector(double L, double B) {
 /// From the frame of the data, of their date, to the ecliptic of J2000.
 Vec3 toJ2000(const ModelState& state, const Vec3& v, bool ecliptic) {
     const auto s = std::make_unique<ModelState>(state);
-    const double T = (s->JDut0 - JD2000) / 36525;
+    const double T = sky::centuries(s->JDut0);
     s->Ipl = rowWork;
     s->X[rowWork] = v.x, s->Y[rowWork] = v.y, s->Z[rowWork] = v.z;
     if (!ecliptic) EquToEcl(*s, T);

@@ -7,6 +7,7 @@
 #include "core/rows.h"
 #include "reduction/apparent_place.h"
 #include "reduction/coordinate_chain.h"
+#include "reduction/sky.h"
 #include "reduction/sky_rows.h"
 #include "reduction/theory_places.h"
 #include "theories/elements.h"
@@ -28,7 +29,7 @@ public:
           log(log_),
           system(r_.velocity.of(s_)),
           b(s_.IplSel),
-          T((s_.JDut0 - JD2000) / 36525) {}
+          T(sky::centuries(s_.JDut0)) {}
 
     void theory();
     bool VisibilityTest(const HeliocentricView& view);

@@ -4,10 +4,14 @@
 // None of these functions fails; they hold some thousands of years about J2000, as far as the series of their
 // sources.
 
+#include "core/constants.h"
 #include "core/vec3.h"
 #include "theories/elements.h"
 
 namespace tarvex::sky {
+
+/// Julian centuries from J2000 to a Julian date.
+inline double centuries(double JD) { return (JD - JD2000) / 36525; }
 
 // ------------------------------------------------------------------ ecliptic and equator
 

@@ -12,7 +12,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int deepest = 100;  ///< nested parentheses and signs
+constexpr int deepestNesting = 100;  ///< nested parentheses and signs
 
 bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
 bool isLetter(char c) {
@@ -32,7 +32,7 @@ public:
 
 private:
     double sum() {
-        if (++depth_ > deepest) throw LineFailure{"слишком много скобок"};
+        if (++depth_ > deepestNesting) throw LineFailure{"слишком много скобок"};
         double v = product();
         for (;;) {
             if (take('+'))

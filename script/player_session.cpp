@@ -14,7 +14,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr int deepest = 8;  ///< scripts that play each other
+constexpr int scriptsWithin = 8;  ///< scripts that play each other
 
 /// What writes a file; its failure is one of the line.
 template <class Write>
@@ -99,7 +99,7 @@ void Player::record(std::string_view argument) {
 
 /// Does the lines of another script, which may stop it at one of them.
 void Player::playFile(std::string_view argument) {
-    if (within_ == deepest) throw LineFailure{"слишком много сценариев друг в друге"};
+    if (within_ == scriptsWithin) throw LineFailure{"слишком много сценариев друг в друге"};
     std::vector<std::string> lines;
     try {
         lines = readScript(std::filesystem::path(argument));

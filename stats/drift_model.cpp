@@ -13,8 +13,6 @@ namespace {
 
 constexpr const char* box = "Tarvex7m";
 
-bool isVelocity(int factor) { return factor >= 1 && factor < factorVgr; }
-
 std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
 }  // namespace

@@ -15,6 +15,7 @@ namespace tarvex {
 enum class DriftModel { Ratio, Quadratic };  ///< linear in V/Vgr and 1/Vgr; quadratic in coded factors
 
 inline constexpr int factorVgr = 4;  ///< 1..3 are the velocities of the system
+inline bool isVelocity(int factor) { return factor >= 1 && factor < factorVgr; }
 
 /// Natural values of all factors, 1..gravityFactors.
 using FactorValues = std::array<double, gravityFactors + 1>;

@@ -103,8 +103,6 @@ Eigen::Index placeOf(const DriftProblem& problem, int factor) {
     return found == problem.factors.end() ? -1 : found - problem.factors.begin();
 }
 
-bool isVelocity(int factor) { return factor < factorVgr; }
-
 /// What the equations at the solution say of errors: covariance, and which coordinates nothing determines.
 struct Certainty {
     MatrixXd covariance;

@@ -12,6 +12,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "desktop/qt_text.h"
 #include "desktop/window_bar.h"
 
 namespace tarvex {
@@ -20,8 +21,6 @@ namespace {
 
 constexpr int numbered = 9;  ///< forms with a key of their own
 constexpr QSize usualSize(900, 690);
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 /// Where a line of the list keeps the name of its form.
 constexpr int formRole = Qt::UserRole;

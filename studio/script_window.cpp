@@ -10,8 +10,8 @@
 namespace tarvex {
 
 namespace {
-constexpr int mostLines = 20000;  ///< of the transcript
-constexpr int longestLine = 110;  ///< of a line that is done now, characters
+constexpr int transcriptLines = 20000;  ///< of the transcript
+constexpr int longestLine = 110;        ///< of a line that is done now, characters
 }  // namespace
 
 int LineStream::overflow(int c) {
@@ -34,7 +34,7 @@ ScriptWindow::ScriptWindow(std::function<void()> stop)
     setWindowTitle("Сценарий");
     now_->setTextFormat(Qt::PlainText);
     text_->setReadOnly(true);
-    text_->setMaximumBlockCount(mostLines);
+    text_->setMaximumBlockCount(transcriptLines);
     text_->setAccessibleName("Что печатает сценарий");
     text_->setFont(QFont("monospace", font().pointSize()));
     stop_->setToolTip("Сценарий кончается перед следующей строкой; расчет - когда уступит управление");

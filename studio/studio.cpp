@@ -11,6 +11,7 @@
 
 #include "core/failure.h"
 #include "desktop/form_window.h"
+#include "desktop/qt_text.h"
 #include "desktop/report_file.h"
 #include "desktop/window_bar.h"
 #include "forms/help_form.h"
@@ -27,8 +28,6 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto keepingPause = 3min;  ///< between two savings of the session by itself
 constexpr const char* scripts = "Сеансы и сценарии (*.tvx)";
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 bool askUser(QWidget* over, const QString& question) {
     QMessageBox box(QMessageBox::Question, "Tarvex7", question, QMessageBox::NoButton, over);

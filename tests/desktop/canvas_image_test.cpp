@@ -8,7 +8,7 @@ namespace tarvex {
 
 namespace {
 
-constexpr Color white{255, 255, 255}, blue{0, 0, 255}, black{0, 0, 0};
+constexpr Color ground{255, 255, 255}, blue{0, 0, 255}, ink{0, 0, 0};
 
 int pixelsOf(const QImage& image, Color c) {
     int count = 0;
@@ -21,7 +21,7 @@ int pixelsOf(const QImage& image, Color c) {
 
 TEST(ImageCanvas, OverdrawingInTheBackgroundColourErases) {
     ImageCanvas canvas(100, 60);
-    canvas.clear(white);
+    canvas.clear(ground);
     const auto draw = [&](Color c) {
         canvas.line(3.3, 2.1, 97.7, 51.9, c);
         canvas.line(50, 30, 50, 30, c);  // a point
@@ -30,16 +30,16 @@ TEST(ImageCanvas, OverdrawingInTheBackgroundColourErases) {
     };
     draw(blue);
     EXPECT_GT(pixelsOf(canvas.image(), blue), 300);
-    draw(white);
-    EXPECT_EQ(pixelsOf(canvas.image(), white), canvas.image().width() * canvas.image().height());
+    draw(ground);
+    EXPECT_EQ(pixelsOf(canvas.image(), ground), canvas.image().width() * canvas.image().height());
 }
 
 TEST(ImageCanvas, DrawsWhereItIsTold) {
     ImageCanvas canvas(100, 60);
     EXPECT_TRUE(canvas.image().isNull());  // nothing drawn, nothing allocated
-    canvas.clear(black);
+    canvas.clear(ink);
     canvas.circle(20, 30, 5, blue, true);
-    canvas.line(80, 10, 80, 10, white);
+    canvas.line(80, 10, 80, 10, ground);
     const QImage& image = canvas.image();
     EXPECT_EQ(image.pixel(40, 60), qRgb(0, 0, 255));
     EXPECT_EQ(image.pixel(46, 60), qRgb(0, 0, 255));
@@ -48,23 +48,23 @@ TEST(ImageCanvas, DrawsWhereItIsTold) {
     // Text goes right and down from its corner, Cyrillic too; widths differ, so no box glyphs.
     const auto inkOf = [](const char* letter) {
         ImageCanvas one(40, 40);
-        one.text(10, 10, letter, black, 15);
+        one.text(10, 10, letter, ink, 15);
         int outside = 0;
         for (int y = 0; y < 80; ++y)
             for (int x = 0; x < 80; ++x)
                 outside += (x < 19 || y < 19) && one.image().pixel(x, y) != qRgb(255, 255, 255);
         EXPECT_EQ(outside, 0) << letter;
-        return pixelsOf(one.image(), white);
+        return pixelsOf(one.image(), ground);
     };
     EXPECT_NE(inkOf("Ж"), inkOf("г"));
 }
 
 TEST(ImageCanvas, TextsStandClearOfTheGridAndHidePointsOfNothing) {
     ImageCanvas canvas(100, 60);
-    canvas.clear(white);
+    canvas.clear(ground);
     for (int x = 0; x <= 100; x += 10) canvas.line(x, 0, x, 60, blue);
-    canvas.circle(35, 26, 2, black, true);
-    canvas.text(20, 20, "iiiiiiiiii", black, 12);
+    canvas.circle(35, 26, 2, ink, true);
+    canvas.text(20, 20, "iiiiiiiiii", ink, 12);
     QImage look(200, 120, QImage::Format_RGB32);
     QPainter painter(&look);
     canvas.paintPart(painter, {0, 0, 100, 60}, {0, 0, 200, 120}, 2);
@@ -80,7 +80,7 @@ TEST(ImageCanvas, TextsStandClearOfTheGridAndHidePointsOfNothing) {
 TEST(ImageCanvas, SavesWholeOrNotAtAll) {
     const test::TempFolder folder;
     ImageCanvas canvas(50, 40);
-    canvas.clear(white);
+    canvas.clear(ground);
     canvas.save(folder.path() / "empty.png");
     EXPECT_EQ(QImage(QString::fromStdString((folder.path() / "empty.png").string())).width(), 100);
     canvas.line(10, 10, 20, 10, blue);

@@ -10,7 +10,7 @@ namespace tarvex {
 
 namespace {
 
-PlanBlock planOf(int kind, int Nf, int N0) {
+PlanBlock builtPlan(int kind, int Nf, int N0) {
     PlanBlock p;
     p.kodPlan = static_cast<std::int16_t>(kind);
     p.Nf = static_cast<std::int16_t>(Nf);
@@ -94,7 +94,7 @@ TEST(RegressionReport, FiguresAreThoseOfR) {
                            0,
                            0}};
     for (const Case& c : cases) {
-        PlanBlock p = planOf(c.kind, c.Nf, c.N0);
+        PlanBlock p = builtPlan(c.kind, c.Nf, c.N0);
         measure(p);
         FitRegression(p);
         const RegressionReport report = reportRegression(p);
@@ -122,7 +122,7 @@ TEST(RegressionReport, FiguresAreThoseOfR) {
             EXPECT_NEAR(*report.variance[4].chance, c.lackChance, 1e-4);
         }
     }
-    PlanBlock idle = planOf(planRoto, 2, 3);  // the model repeats itself: these are no replicates
+    PlanBlock idle = builtPlan(planRoto, 2, 3);  // the model repeats itself: these are no replicates
     for (int u = 1; u <= idle.Nplan; ++u) idle.Yu[u] = std::sin(idle.PlanX[1][u] + 2 * idle.PlanX[2][u]);
     const RegressionReport report = reportRegression(idle);
     EXPECT_TRUE(report.idleReplicates);
@@ -132,7 +132,7 @@ TEST(RegressionReport, FiguresAreThoseOfR) {
 
 TEST(RegressionReport, SurfaceAroundItsStationaryPoint) {
     // Y = 2 (X1 - 0.5)^2 + (X2 + 0.2)^2 - 1 and a little noise: a square that is predicted negative
-    PlanBlock p = planOf(planRoto, 2, 5);
+    PlanBlock p = builtPlan(planRoto, 2, 5);
     for (int u = 1; u <= p.Nplan; ++u)
         p.Yu[u] = 2 * std::pow(p.PlanX[1][u] - 0.5, 2) + std::pow(p.PlanX[2][u] + 0.2, 2) - 1 +
                   0.01 * std::sin(9.0 * u);
@@ -159,7 +159,7 @@ TEST(RegressionReport, SurfaceAroundItsStationaryPoint) {
 }
 
 TEST(PlanGrowth, AddedPointsTellMostAndAreFittedByLeastSquares) {
-    PlanBlock p = planOf(planOrtho, 2, 1);
+    PlanBlock p = builtPlan(planOrtho, 2, 1);
     const auto added = dOptimalPoints(p, candidatesAround({0, 0}, 1), 4);
     for (const auto& point : added) EXPECT_EQ(std::abs(point[0] * point[1]), 1);  // the corners
     addPoints(p, added);

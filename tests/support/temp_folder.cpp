@@ -1,8 +1,7 @@
 #include "tests/support/temp_folder.h"
 
-#include <unistd.h>
-
-#include <atomic>
+#include <cerrno>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -11,10 +10,10 @@ namespace tarvex::test {
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
-    static std::atomic<int> count = 0;
-    path_ =
-        fs::temp_directory_path() / ("tarvex-" + std::to_string(getpid()) + "-" + std::to_string(++count));
-    fs::create_directories(path_);
+    std::string name = fs::temp_directory_path() / "tarvex-test-XXXXXX";
+    if (mkdtemp(name.data()) == nullptr)
+        throw fs::filesystem_error(name, std::error_code(errno, std::generic_category()));
+    path_ = name;
 }
 
 TempFolder::~TempFolder() {
