@@ -32,8 +32,10 @@ pid_t ownerOfFolder(std::string_view name) {
     if (!name.starts_with(ours)) return 0;
     name.remove_prefix(ours.size());
     const auto end = name.find_first_not_of(letters);
-    return end == 0 || end == std::string_view::npos || name[end] != '-' ? 0
-                                                                         : processIn(name.substr(end + 1));
+    if (end == 0 || end == std::string_view::npos || name[end] != '-') return 0;
+    const auto process = name.substr(end + 1);
+    const auto digits = process.find_first_not_of("0123456789");
+    return digits == std::string_view::npos || process[digits] != '-' ? 0 : processIn(process);
 }
 
 bool ownFolder(const fs::path& path) {

@@ -84,9 +84,12 @@ TEST(Leftovers, OnlyThoseOfKilledProgramsAreSwept) {
         const fs::path older = tree.path() / "Dat/b.elsewhere-99999999.tmp~";
         const fs::path linked = tree.path() / "elsewhere/c.99999999.tmp~";
         for (const fs::path& file : {other, older, linked}) test::writeBytes(file, "x");
+        const auto foreign = fs::temp_directory_path() / "tarvex-test-99999999x";  // begins as one of ours
+        fs::create_directory(foreign);
         fs::last_write_time(older, fs::file_time_type::clock::now() - std::chrono::hours(48));
         fs::create_directory_symlink(tree.path() / "elsewhere", tree.path() / "Dat/link");
         sweepLeftovers(tree.path() / "Dat");
+        EXPECT_TRUE(fs::remove(foreign));
         EXPECT_EQ(held(tree.path(), program), "000");
         EXPECT_EQ(held(tree.path(), getpid()), "111");
         EXPECT_TRUE(fs::exists(other) && !fs::exists(older) && fs::exists(linked));

@@ -10,7 +10,7 @@ namespace tarvex::test {
 namespace fs = std::filesystem;
 
 TempFolder::TempFolder() {
-    std::string name = fs::temp_directory_path() / "tarvex-test-XXXXXX";
+    std::string name = fs::temp_directory_path() / "test-of-tarvex-XXXXXX";
     if (mkdtemp(name.data()) == nullptr)
         throw fs::filesystem_error(name, std::error_code(errno, std::generic_category()));
     path_ = name;
