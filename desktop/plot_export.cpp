@@ -48,7 +48,7 @@ struct Sheet {
     explicit Sheet(const Figure& f, double unit) {
         const QFont font = pageFont(unit);
         const QMarginsF axes = f.plot.described() ? axesMargins(font) : QMarginsF();
-        caption = QFontMetricsF(font).height() + margin * unit;
+        caption = f.caption.empty() ? 0 : QFontMetricsF(font).height() + margin * unit;
         legend = legendOf(f.plot, font, {}, usualPage.height() * unit, unit).box.width();
         const double around = margin * unit;
         margins =
@@ -56,7 +56,19 @@ struct Sheet {
     }
 };
 
+QSizeF roomAround(const Figure& figure, double unit) {
+    const QMarginsF margins = Sheet(figure, unit).margins;
+    return {margins.left() + margins.right(), margins.top() + margins.bottom()};
+}
+
 }  // namespace
+
+QSizeF figureSize(const Figure& figure, QSizeF most, double unit) {
+    const QSizeF around = roomAround(figure, unit);
+    const QSizeF size(figure.canvas.width() * figure.part.width(),
+                      figure.canvas.height() * figure.part.height());
+    return size.scaled(most - around, Qt::KeepAspectRatio) + around;
+}
 
 void paintFigure(QPainter& painter, const QRectF& page, const Figure& f, double unit) {
     const QFont font = pageFont(unit);
@@ -114,14 +126,7 @@ QByteArray pdfOf(const Figure& figure) {
 }
 
 /// Of a figure that keeps the shape of its picture, usual pixels.
-QSizeF pageOf(const Figure& figure) {
-    const Sheet sheet(figure, 1);
-    const QSizeF around(sheet.margins.left() + sheet.margins.right(),
-                        sheet.margins.top() + sheet.margins.bottom());
-    const QSizeF size(figure.canvas.width() * figure.part.width(),
-                      figure.canvas.height() * figure.part.height());
-    return size.scaled(usualPage, Qt::KeepAspectRatio) + around;
-}
+QSizeF pageOf(const Figure& figure) { return figureSize(figure, usualPage + roomAround(figure, 1), 1); }
 
 QByteArray svgOfFigure(const Figure& figure) {
     const QSizeF page = pageOf(figure);

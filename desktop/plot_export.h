@@ -25,6 +25,9 @@ struct Figure {
 /// @param unit  device units of a usual pixel
 void paintFigure(QPainter& painter, const QRectF& page, const Figure& figure, double unit);
 
+/// The size that a figure takes within `most` so that its picture keeps its shape, device units.
+QSizeF figureSize(const Figure& figure, QSizeF most, double unit);
+
 /// The bytes of a file: ".pdf" (A4 across), ".svg", or ".csv" (seriesTable).  Throws FileFailure for another
 /// ending.
 QByteArray figureFile(std::string ending, const Figure& figure);

@@ -2,13 +2,10 @@
 // Reports as files.
 
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "runtime/report.h"
-
-class QTextDocument;
 
 namespace tarvex {
 
@@ -20,10 +17,10 @@ bool isReportFile(const std::filesystem::path& file);
 void writeReport(const std::filesystem::path& file, const ReportHead& head,
                  const std::vector<const Form*>& forms);
 
-/// The same to be printed.
-std::unique_ptr<QTextDocument> reportDocument(const ReportHead& head, const std::vector<const Form*>& forms);
-
 /// A head with the time of now.
 ReportHead reportHead(std::string given);
+
+/// The blocks of a report, with the pictures on which more than the ground is to be seen.
+std::vector<ReportBlock> drawnBlocks(const std::vector<const Form*>& forms);
 
 }  // namespace tarvex

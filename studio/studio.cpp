@@ -7,12 +7,12 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QTextDocument>
 
 #include "core/failure.h"
 #include "desktop/form_window.h"
 #include "desktop/qt_text.h"
 #include "desktop/report_file.h"
+#include "desktop/report_paper.h"
 #include "desktop/window_bar.h"
 #include "forms/help_form.h"
 #include "script/player.h"
@@ -305,7 +305,7 @@ void Studio::print(Form& form) {
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, windows_.windowOf(form));
     if (dialog.exec() == QDialog::Accepted)
-        reportDocument(reportHead(givenOn(lab_->desk)), {&form})->print(&printer);
+        paintReport(printer, reportHead(givenOn(lab_->desk)), drawnBlocks({&form}));
 }
 
 void Studio::playExample(const Road::Example& example) {
