@@ -314,8 +314,8 @@ std::string reportPage(const ReportHead& head, const std::vector<ReportBlock>& b
             case Block::Kind::Picture:
                 page += block.picture->height() > tall * block.picture->width() ? "<figure class=\"tall\">"
                                                                                 : "<figure>";
-                page += "<img alt=\"" + text + "\" src=\"" + image(*block.picture) + "\"><figcaption>" +
-                        text + "</figcaption></figure>\n";
+                page.append("<img alt=\"").append(text).append("\" src=\"").append(image(*block.picture));
+                page.append("\"><figcaption>").append(text).append("</figcaption></figure>\n");
         }
     }
     return page + "</body>\n</html>\n";

@@ -29,12 +29,23 @@ using namespace std::chrono_literals;
 constexpr auto keepingPause = 3min;  ///< between two savings of the session by itself
 constexpr const char* scripts = "Сеансы и сценарии (*.tvx)";
 
+/// A box with Да and Нет that goes when it is answered.
+QMessageBox* questionOver(QWidget* over, const QString& question) {
+    auto* box = new QMessageBox(QMessageBox::Question, "Tarvex7", question, QMessageBox::NoButton, over);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->addButton("Да", QMessageBox::YesRole);
+    box->addButton("Нет", QMessageBox::NoRole);
+    return box;
+}
+
 bool askUser(QWidget* over, const QString& question) {
-    QMessageBox box(QMessageBox::Question, "Tarvex7", question, QMessageBox::NoButton, over);
-    const QPushButton* yes = box.addButton("Да", QMessageBox::YesRole);
-    box.addButton("Нет", QMessageBox::NoRole);
-    box.exec();
-    return box.clickedButton() == yes;
+    QMessageBox* box = questionOver(over, question);
+    bool yes = false;
+    QObject::connect(box, &QMessageBox::buttonClicked, box, [&yes, box](QAbstractButton* button) {
+        yes = box->buttonRole(button) == QMessageBox::YesRole;
+    });
+    box->exec();
+    return yes;
 }
 
 /// The files of a script are named from here meanwhile.
@@ -89,10 +100,11 @@ WindowServices Studio::services() {
          .keys = "Ctrl+R",
          .action = [this](Form& form) { record(form); },
          .on = [this] { return lab_->session.recorder.on(); }},
-        {.text = "Отчет об этой форме...", .action = [this](Form& form) { report(form, {&form}); }},
+        {.text = "Отчет об этой форме...",
+         .action = [this](Form& form) { report(form, [&form] { return std::vector<const Form*>{&form}; }); }},
         {.text = "Отчет об открытых формах...",
          .keys = "Ctrl+E",
-         .action = [this](Form& form) { report(form, shownForms()); }},
+         .action = [this](Form& form) { report(form, [this] { return shownForms(); }); }},
         {.text = "Печать этой формы...", .keys = "Ctrl+P", .action = [this](Form& form) { print(form); }},
         {.text = "Журнал", .keys = "Ctrl+J", .action = [this](Form&) { log_->open(); }},
         {.text = "Отменить последнюю правку",
@@ -229,21 +241,55 @@ bool Studio::write(const QString& file, bool session, const std::vector<std::str
     return false;
 }
 
+/// A dialog for a file over the window of a form.  It does not hold a calculation up: what is to be done with
+/// the file is done when the user has chosen it.
+QFileDialog* Studio::fileDialog(const Form& form, const QString& title, const QString& filter) {
+    const QString folder = QFileInfo(recentSessions().value(0)).path();
+    auto* dialog =
+        new QFileDialog(windows_.windowOf(form), title, folder == "." ? QString() : folder, filter);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    return dialog;
+}
+
+void Studio::askWhereToSave(Form& form, const QString& title, const QString& name, const QString& filter,
+                            const std::function<void(const QString& file)>& save,
+                            const std::function<void()>& giveUp) {
+    QFileDialog* dialog = fileDialog(form, title, filter);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QFileInfo(name).suffix());
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);  // its question would hold everything up
+    dialog->selectFile(name);
+    QObject::connect(
+        dialog, &QFileDialog::fileSelected, windows_.windowOf(form), [=, this, &form](const QString& file) {
+            if (!QFile::exists(file)) return save(file);
+            auto* box = questionOver(windows_.windowOf(form), "Файл " + file + " уже есть. Заменить?");
+            QObject::connect(box, &QMessageBox::buttonClicked, box,
+                             [=, this, &form](QAbstractButton* button) {
+                                 if (box->buttonRole(button) == QMessageBox::YesRole) return save(file);
+                                 askWhereToSave(form, title, name, filter, save, giveUp);
+                             });
+            box->open();
+        });
+    if (giveUp) QObject::connect(dialog, &QDialog::rejected, giveUp);
+    dialog->open();
+}
+
 void Studio::saveAs(Form& form) {
-    QString file =
-        QFileDialog::getSaveFileName(windows_.windowOf(form), "Сохранить сеанс", "Сеанс.tvx", scripts);
-    if (file.isEmpty()) return;
-    if (QFileInfo(file).suffix().isEmpty()) file += ".tvx";
-    const bool done = write(file, true, lab_->session.keeper.lines());
-    if (done) rememberSession(file);
-    tell(form, (done ? "Сеанс сохранен: " : "Не удалось записать ") + file);
+    askWhereToSave(form, "Сохранить сеанс", "Сеанс.tvx", scripts, [this, &form](const QString& file) {
+        const bool done = write(file, true, lab_->session.keeper.lines());
+        if (done) rememberSession(file);
+        tell(form, (done ? "Сеанс сохранен: " : "Не удалось записать ") + file);
+    });
 }
 
 void Studio::openAny(Form& form) {
     if (refuseInARun(form)) return;
-    const QString file =
-        QFileDialog::getOpenFileName(windows_.windowOf(form), "Открыть сеанс или сценарий", {}, scripts);
-    if (!file.isEmpty()) openFile(file);
+    QFileDialog* dialog = fileDialog(form, "Открыть сеанс или сценарий", scripts);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    QObject::connect(dialog, &QFileDialog::fileSelected, [this, &form](const QString& file) {
+        if (!refuseInARun(form)) openFile(file);  // one may have begun in another window meanwhile
+    });
+    dialog->open();
 }
 
 void Studio::openFile(const QString& file) {
@@ -268,14 +314,13 @@ void Studio::record(Form& form) {
         recorder.start();
         return tell(form, "Идет запись сценария; Ctrl+R кончает ее");
     }
-    const auto lines = recorder.stop();
-    QString file =
-        QFileDialog::getSaveFileName(windows_.windowOf(form), "Сохранить сценарий", "Сценарий.tvx", scripts);
-    if (file.isEmpty()) return tell(form, "Запись сценария отброшена");
-    if (QFileInfo(file).suffix().isEmpty()) file += ".tvx";
-    const bool done = write(file, false, lines);
-    if (done) rememberSession(file);
-    tell(form, (done ? "Сценарий сохранен: " : "Не удалось записать ") + file);
+    const auto save = [this, &form, lines = recorder.stop()](const QString& file) {
+        const bool done = write(file, false, lines);
+        if (done) rememberSession(file);
+        tell(form, (done ? "Сценарий сохранен: " : "Не удалось записать ") + file);
+    };
+    askWhereToSave(form, "Сохранить сценарий", "Сценарий.tvx", scripts, save,
+                   [this, &form] { tell(form, "Запись сценария отброшена"); });
 }
 
 std::vector<const Form*> Studio::shownForms() {
@@ -287,25 +332,31 @@ std::vector<const Form*> Studio::shownForms() {
     return forms;
 }
 
-void Studio::report(Form& form, const std::vector<const Form*>& forms) {
-    QString file = QFileDialog::getSaveFileName(windows_.windowOf(form), "Сохранить отчет", "Отчет.pdf",
-                                                "Отчет (*.pdf *.html)");
-    if (file.isEmpty()) return;
-    if (!isReportFile(file.toStdString())) file += ".pdf";
-    try {
-        writeReport(file.toStdString(), reportHead(givenOn(lab_->desk)), forms);
-        tell(form, "Отчет сохранен: " + file);
-    } catch (const FileFailure&) {
-        tell(form, "Не удалось записать " + file);
-    }
+void Studio::report(Form& form, const std::function<std::vector<const Form*>()>& forms) {
+    askWhereToSave(form, "Сохранить отчет", "Отчет.pdf", "Отчет (*.pdf *.html)",
+                   [this, &form, forms](const QString& file) {
+                       try {
+                           writeReport(file.toStdString(), reportHead(givenOn(lab_->desk)), forms());
+                           tell(form, "Отчет сохранен: " + file);
+                       } catch (const FileFailure& failure) {
+                           tell(form, "Не удалось записать " + file + " (" + failure.what() + ")");
+                       }
+                   });
 }
 
 /// Fields, tables and pictures, as in a report.
 void Studio::print(Form& form) {
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, windows_.windowOf(form));
-    if (dialog.exec() == QDialog::Accepted)
-        paintReport(printer, reportHead(givenOn(lab_->desk)), drawnBlocks({&form}));
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    auto* dialog = new QPrintDialog(printer.get(), windows_.windowOf(form));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(dialog, &QDialog::accepted, [this, &form, printer] {
+        try {
+            paintReport(*printer, reportHead(givenOn(lab_->desk)), drawnBlocks({&form}));
+        } catch (const FileFailure& failure) {
+            tell(form, QString("Не напечатано: ") + failure.what());
+        }
+    });
+    dialog->open();
 }
 
 void Studio::playExample(const Road::Example& example) {

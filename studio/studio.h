@@ -17,6 +17,8 @@
 #include "studio/script_window.h"
 #include "studio/stage_screen.h"
 
+class QFileDialog;
+
 namespace tarvex {
 
 class Studio {
@@ -58,7 +60,12 @@ private:
     void record(Form& form);
     std::vector<const Form*> shownForms();
     void print(Form& form);
-    void report(Form& form, const std::vector<const Form*>& forms);
+    void report(Form& form, const std::function<std::vector<const Form*>()>& forms);
+    QFileDialog* fileDialog(const Form& form, const QString& title, const QString& filter);
+    /// @param giveUp  where no file is chosen
+    void askWhereToSave(Form& form, const QString& title, const QString& name, const QString& filter,
+                        const std::function<void(const QString& file)>& save,
+                        const std::function<void()>& giveUp = {});
     void playExample(const Road::Example& example);
     void keepSession();
     bool write(const QString& file, bool session, const std::vector<std::string>& lines);

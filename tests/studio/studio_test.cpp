@@ -51,10 +51,15 @@ struct StudioTest : ::testing::Test {
     void act() {
         if (acting) return;
         acting = true;
+        move();
+        acting = false;
+    }
+    void move() {
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             asked << box->text();
             box->buttons().front()->click();
         } else if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+            if (awaited && !awaited()) return;
             dialog->findChild<QLineEdit*>()->setText(file);
             QMetaObject::invokeMethod(dialog, "accept");
         } else if (stepping) {
@@ -70,7 +75,6 @@ struct StudioTest : ::testing::Test {
             });
             todo.pop_front();
         }
-        acting = false;
     }
     bool isDue(const Step& step) {
         if (studio->atRest()) return !step.inARun;
@@ -103,6 +107,7 @@ struct StudioTest : ::testing::Test {
     QTimer hand;
     bool acting = false, stepping = false;
     QString file;
+    std::function<bool()> awaited;  ///< before a dialog is answered
     QStringList asked;
 };
 
@@ -167,6 +172,28 @@ TEST_F(StudioTest, AScriptInTheWindowsIsToldAndStopped) {
     EXPECT_TRUE(told.contains("message \"")) << told.toStdString();
     EXPECT_TRUE(told.contains("Строка 7: остановлено")) << told.toStdString();
     EXPECT_FALSE(told.contains("дальше\n"));
+}
+
+TEST_F(StudioTest, ARunGoesOnBehindTheDialogs) {
+    const auto script = folder.path() / "run.tvx", saved = folder.path() / "saved.tvx";
+    test::writeBytes(script, "Form1.Command1\nForm2.Text40 = 2900\nForm2.Check10 = on\nForm2.Command1\n");
+    test::writeBytes(saved, "older");
+    file = QString::fromStdString(script.string());
+    double before = 0;
+    bool wentOn = false;  // while a dialog was open
+    live({[](Studio& s) { keys(s, "Form1", Qt::Key_O, Qt::ControlModifier); }, inARun([&](Studio& s) {
+              file = QString::fromStdString(saved.string());
+              before = s.laboratory().run.Tmod;
+              awaited = [&, looks = 0]() mutable {
+                  wentOn |= studio->laboratory().run.Tmod > before;
+                  return wentOn || ++looks > 200;
+              };
+              keys(s, "Form2", Qt::Key_S, Qt::ControlModifier);
+          }),
+          inARun([&](Studio& s) { window(s, "Form2").findChild<QPushButton*>("Command4")->click(); })});
+    EXPECT_TRUE(wentOn);
+    EXPECT_EQ(asked.join('|').toStdString(), "Файл " + saved.string() + " уже есть. Заменить?");
+    EXPECT_NE(test::readBytes(saved).find("note Прерван расчет: Form2"), std::string::npos);
 }
 
 TEST_F(StudioTest, TheMapOpensWhatIsSought) {
