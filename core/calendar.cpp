@@ -10,7 +10,8 @@ namespace {
 constexpr double lastJulianKey = 1582.101499;  // dates above it are Gregorian
 constexpr double egyptianZero = 1448272;       // JD of the zero of the Egyptian count
 constexpr double firstGregorianDay = 2299161;
-constexpr std::int16_t egyptian = 2;
+constexpr std::int16_t gregorian = codeOf(Calendar::Gregorian), julian = codeOf(Calendar::Julian),
+                       egyptian = codeOf(Calendar::Egyptian);
 
 double julianDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God) {
     double y = toInt16(God), m = toInt16(Mes);
@@ -24,7 +25,7 @@ double julianDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God)
         m = m + 12;
     }
     double B = 0;
-    if (s.kodKalend == 0 && s.KeyDate > lastJulianKey) {
+    if (s.kodKalend == gregorian && s.KeyDate > lastJulianKey) {
         const double A = Fix(y / 100);
         B = 2 - A + Fix(A / 4);
     }
@@ -47,7 +48,7 @@ void solarDate(ModelState& s, double JD) {
     const double Z = toInt32(Int(JD + 0.5));
     const double F = JD + 0.5 - Z;
     double A = Z;
-    if (s.kodKalend != 1 && Z >= firstGregorianDay) {
+    if (s.kodKalend != julian && Z >= firstGregorianDay) {
         const double alpha = Int((Z - 1867216.25) / 36524.25);
         A = Z + 1 + alpha - Fix(alpha / 4);
     }
@@ -69,7 +70,7 @@ void setFebruary(ModelState& s, double Den, std::int32_t Mes, std::int32_t God) 
     february = 28;
     s.KeyDate = God + Mes / 100. + Den / 10000;
     if (divides(God, 4)) february = 29;
-    if (s.kodKalend == 0 && s.KeyDate > lastJulianKey) {
+    if (s.kodKalend == gregorian && s.KeyDate > lastJulianKey) {
         if (divides(God, 100)) february = 28;
         if (divides(God, 400)) february = 29;
     }
@@ -104,7 +105,7 @@ void NormalizeDate(ModelState& s, double Den, std::int32_t Mes, std::int32_t God
     std::int32_t c = toInt32(Fix(Den));
     const double h = (Den - c) * 24;
     const auto length = [&s](std::int32_t month) {
-        if (s.kodKalend < 0 || s.kodKalend > egyptian)
+        if (s.kodKalend < gregorian || s.kodKalend > egyptian)
             throw SubscriptFailure("нет календаря № " + std::to_string(s.kodKalend));
         if (month < 1 || month > 12)
             throw SubscriptFailure("месяц " + std::to_string(month) + " не из 1..12");

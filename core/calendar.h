@@ -1,11 +1,18 @@
 #pragma once
-// Julian dates and three calendars: Gregorian with the change at 15 October 1582 (kodKalend 0), Julian (1)
-// and Egyptian (2, eleven months of 30 days and one of 35).  Years are astronomical: year 0 precedes year 1.
+// Julian dates and three calendars.  Years are astronomical: year 0 precedes year 1.
 // TimeZone, hours, is added by JDfromDate and taken off by DateFromJD.
 
+#include "core/code_of.h"
 #include "core/model_state.h"
 
 namespace tarvex {
+
+/// The values of kodKalend.
+enum class Calendar : std::int16_t {
+    Gregorian = 0,  ///< with the change at 15 October 1582
+    Julian = 1,
+    Egyptian = 2  ///< eleven months of 30 days and one of 35
+};
 
 /// Julian date of a day (with fraction), month and year; the reform key stays in KeyDate.  A date of the ten
 /// days dropped in 1582 is read as a Julian one.  A year or month outside 16 bits shows "Введите правильно

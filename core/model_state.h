@@ -79,20 +79,20 @@ struct ModelState {
 
     // --- dates
     double JD = 0;                    ///< working Julian date
-    double JD0 = 0;                   ///< Julian date of the date on Form1
-    double JDstart = 0;               ///< start date handed to Form2
+    double JD0 = 0;                   ///< Julian date of the date of the elements
+    double JDstart = 0;               ///< start date of the run
     double JDepoha = 0;               ///< date to which the elements refer
     double JDet = 0;                  ///< JD plus ET-UT
     double JDut = 0;                  ///< JD without ET-UT
     double JDut0 = 0;                 ///< universal time of the reduction, the eclipses and the Moon bench
-    std::int32_t God0 = 0, Mes0 = 0;  ///< year and month of Form1
+    std::int32_t God0 = 0, Mes0 = 0;  ///< year and month of the date of the elements
     double Den0 = 0;                  ///< day with fraction of Form1
     std::int32_t God = 0, Mes = 0;    ///< scratch of date commands and files
     double Den = 0;
     std::int32_t GodR = 0, MesR = 0;  ///< result of DateFromJD and NormalizeDate
     double DenR = 0;
     double ChasR = 0, MinR = 0, SekR = 0;  ///< hours, minutes, seconds of DayToHMS
-    std::int16_t kodKalend = 0;            ///< 0 Gregorian, 1 Julian, 2 Egyptian
+    std::int16_t kodKalend = 0;            ///< see Calendar
     double TimeZone = 0;                   ///< hours added by the calendar routines
     std::int16_t kodErrDate = 0;           ///< 1 after a bad date
     double KeyDate = 0;                    ///< year + month/100 + day/10000, the key of the calendar reform
@@ -113,7 +113,7 @@ struct ModelState {
     std::int32_t IplJ = 0;     ///< body loop variable of the ephemeris load
     std::int32_t Icentr = 0;   ///< central body of ElementsToVXYZ: 0 the Sun, 13 the Earth; origin of a run
     std::int16_t kodMoon = 0;  ///< 1 in Earth-Moon mode
-    std::int16_t kodBary = 0;  ///< reduced mass of ElementsToVXYZ: 0, 1, 2
+    std::int16_t kodBary = 0;  ///< what pulls in ElementsToVXYZ, see CentralMass
     std::int16_t kodStop = 0;  ///< 1 asks the running loop to stop
     std::int16_t NFile = 0;    ///< number of the numbered files
     std::int16_t NC = 0, NC0 = 0;  ///< steps since the last screen update, steps per update

@@ -9,8 +9,8 @@ namespace tarvex {
 namespace {
 
 void takeLaws(Motion& motion, const LawSettings& laws) {
-    motion.kodPgr = static_cast<std::int16_t>(laws.pressure);
-    motion.kodDX = static_cast<std::int16_t>(laws.retardation);
+    motion.kodPgr = codeOf(laws.pressure);
+    motion.kodDX = codeOf(laws.retardation);
     motion.kPgr1 = finite(laws.k1);
     motion.kPgr2 = finite(laws.k2);
     motion.kodDiffurV = laws.ratesEachStage ? 1 : 0;

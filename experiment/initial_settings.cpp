@@ -1,6 +1,7 @@
 #include "experiment/initial_settings.h"
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "initial/initial_data.h"
 #include "initial/load_source.h"
 #include "initial/parameter_file.h"
@@ -12,7 +13,7 @@ namespace {
 
 /// The typed date into the dates of the state.
 void takeDate(ModelState& s, const InitialSettings& set) {
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     s.God0 = set.year;
     s.Mes0 = set.month;

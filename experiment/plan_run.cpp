@@ -19,8 +19,8 @@ bool planHasPressure(const PlanBlock& plan, bool ticked) {
 }
 
 void takePlanLaws(Motion& motion, const PlanSettings& set) {
-    motion.kodDX = static_cast<std::int16_t>(Retardation::ByAccelerations);
-    motion.kodPgr = static_cast<std::int16_t>(set.pressure ? Pressure::LienardWiechert : Pressure::None);
+    motion.kodDX = codeOf(Retardation::ByAccelerations);
+    motion.kodPgr = codeOf(set.pressure ? Pressure::LienardWiechert : Pressure::None);
 }
 
 RunSettings settingsOfPlan(RunSettings run, const PlanSettings& set) {

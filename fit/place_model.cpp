@@ -127,7 +127,7 @@ void PlaceModel::Prepared::takeValues(const std::vector<Unknown>& unknowns, cons
         s.VZ[i] = 1000 * s.VZsys + s.VZ0[i];
     }
     packState(s, motion);
-    if (motion.kodDX == 3) fillTrace(s, motion);
+    if (motion.kodDX == codeOf(Retardation::ByTrace)) fillTrace(s, motion);
 }
 
 PlaceModel::PlaceModel(const Experiment& e, RunSettings settings, std::vector<Unknown> unknowns)

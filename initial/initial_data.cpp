@@ -34,13 +34,13 @@ void separateMoon(ModelState& s, bool bary) {
     s.Ipl = rowXena;
     ElementsToXYZ(s);
     copyRow(initialPlaces(s), rowMoon, places(s), rowXena);
-    s.kodBary = bary ? 2 : 1;
+    s.kodBary = codeOf(bary ? CentralMass::AboutCentre : CentralMass::Pair);
     ElementsToVXYZ(s);
     copyRow(initialSpeeds(s), rowMoon, speeds(s), rowXena);
-    if (s.kodBary == 1)
-        MoonEarthFromBary(s);
-    else
+    if (bary)
         MoonEarthFromBary2(s);
+    else
+        MoonEarthFromBary(s);
     MoonRowsToEarth(s);
 }
 
@@ -90,7 +90,7 @@ void initialDataFromElements(ModelState& s, const InitialDataChoice& choice) {
         copyRow(initialPlaces(s), i, places(s), i);
     }
     s.kodMoon = 0;
-    s.kodBary = choice.bary3 ? 2 : 0;
+    s.kodBary = codeOf(choice.bary3 ? CentralMass::AboutCentre : CentralMass::Central);
     for (std::int16_t i = 1; i <= NPlanetMax; ++i) {
         s.Ipl = i;
         ElementsToVXYZ(s);

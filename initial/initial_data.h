@@ -9,7 +9,8 @@ namespace tarvex {
 struct InitialDataChoice {
     bool moon = false;   ///< row 10 is the Moon and row 3 the Earth alone
     bool bary3 = false;  ///< velocities about the centre of mass with the Sun, whose row balances the Earth
-    bool bary = false;   ///< the Moon's velocity refers to the centre of mass of the pair (kodBary 2)
+    bool bary =
+        false;  ///< the Moon's velocity refers to the centre of mass of the pair (CentralMass::AboutCentre)
 };
 
 /// X0..VZ0 and X..VZ of bodies 0..10 from elements and km; leaves m, kodMoon, kodBary and Ipl = 10.

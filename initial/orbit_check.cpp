@@ -97,7 +97,7 @@ void rungeKuttaStep(ModelState& s, OrbitCheck& c) {
 /// The distance has begun to grow inside the window: this step is the perihelion.
 void passPerihelion(ModelState& s, OrbitCheck& c, double latitude, OrbitCheckPort& port) {
     const int p = c.IplSel;
-    c.kodPer = 2;
+    c.kodPer = codeOf(ApseSearch::Found);
     c.AlfaPcur = meanLongitude(c.LonPrev, s.LonPl[p], seam);
     double dPer = c.AlfaPcur - c.AlfaUcur;
     if (dPer <= 0) dPer += 360;
@@ -158,14 +158,14 @@ void measure(ModelState& s, OrbitCheck& c, OrbitCheckPort& port) {
 
     const double longitude = s.LonPl[p];
     if (!inWindow(longitude, c.PerHi, c.PerLo)) {
-        c.kodPer = 0;
+        c.kodPer = codeOf(ApseSearch::Idle);
         c.DtCur = c.Dt;
-    } else if (c.kodPer == 2) {
+    } else if (c.kodPer == codeOf(ApseSearch::Found)) {
         c.DtCur = c.Dt;
     } else {
         c.DtCur = c.Dt / c.kDt;
-        c.kodPer = c.Rprev > s.Rcur ? 1 : 0;
-        if (c.kodPer == 0) passPerihelion(s, c, latitude, port);
+        c.kodPer = codeOf(ApseSearch::Approaching);
+        if (!(c.Rprev > s.Rcur)) passPerihelion(s, c, latitude, port);
     }
     c.Rprev = s.Rcur;
     if (inWindow(longitude, c.UzHi, c.UzLo) || longitude > 359) c.DtCur = c.Dt / c.kDt;
@@ -291,7 +291,7 @@ void startOrbitCheck(ModelState& s, OrbitCheck& c) {
     c.Vmax = c.Vp / 2;
     c.Tsec = c.Tstage = c.Tper0 = 0;
     c.BettaMax = s.Betta0[c.IplJ];
-    c.kodPer = 2;
+    c.kodPer = codeOf(ApseSearch::Found);
     c.NObs = 0;
     c.NC = 0;
     c.DtCur = c.Dt;

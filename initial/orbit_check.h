@@ -1,25 +1,26 @@
 #pragma once
 // The check of an orbit: a planet and its centre are integrated as two bodies from their initial data, and
-// the elements that the orbit really shows are measured on the way.  Form1 checks a planet, Form20 the Moon.
+// the elements that the orbit really shows are measured on the way.  A planet is checked, or on
+// the Moon's bench the Moon.
 
 #include <array>
 
 #include "core/model_state.h"
+#include "theories/passages.h"
 
 namespace tarvex {
 
 class NameTable;
 
-/// The one check of the laboratory: Form1 and Form20 take turns, each goes on only with a check of its own.
+/// The one check of the laboratory: its two screens take turns, each goes on only with a check of its own.
 struct OrbitCheck {
     // --- who moves
-    int IplSel = 1;  ///< row in which the planet is shown
-    int IplJ = 1;    ///< source row of its initial data and mass
-    int Icentr = 0;  ///< source row of the centre's initial data and mass
-    int Iobs = 0;    ///< row from which angles are seen: 0 the centre, 14 the centre of mass
-    bool moonBench =
-        false;           ///< Form20: the centre of mass follows every step, a negative perihelion is raised
-    bool exact = false;  ///< base steps, with perihelia and nodes found inside them
+    int IplSel = 1;          ///< row in which the planet is shown
+    int IplJ = 1;            ///< source row of its initial data and mass
+    int Icentr = 0;          ///< source row of the centre's initial data and mass
+    int Iobs = 0;            ///< row from which angles are seen: 0 the centre, 14 the centre of mass
+    bool moonBench = false;  ///< the centre of mass follows every step, a negative perihelion is raised
+    bool exact = false;      ///< base steps, with perihelia and nodes found inside them
 
     // --- integration; cells 1..12: centre X, Y, Z; planet; centre velocities; planet velocities
     std::array<double, 13> U{}, dU{}, U0{};
@@ -43,11 +44,11 @@ struct OrbitCheck {
     double PerHi = 0, PerLo = 0;               ///< window in which the perihelion is sought, degrees
     double UzHi = 0, UzLo = 0;                 ///< window around the node, degrees
     double dAlfa = 1;                          ///< half-width of the windows, degrees
-    int kodPer = 2;                 ///< 2 found and the window not left, 1 approaching, 0 otherwise
+    int kodPer = codeOf(ApseSearch::Found);
     int NObs = 0;                   ///< perihelia passed
     double R00 = 0;                 ///< distance at the start, m
     double Esys0 = 0, Esys = 0;     ///< kinetic energy at the start, energy now, J
-    double M0sys = 0, KD0sysY = 0;  ///< Form20: angular momentum and momentum along Y at the start
+    double M0sys = 0, KD0sysY = 0;  ///< Moon's bench: angular momentum and momentum along Y at the start
 
     /// True once a check of that kind has been begun and no other has replaced it.
     bool begun(bool onMoonBench) const { return R00 > 0 && moonBench == onMoonBench; }

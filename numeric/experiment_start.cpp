@@ -7,6 +7,7 @@
 #include "numeric/integrator.h"
 #include "numeric/records.h"
 #include "theories/geometry.h"
+#include "theories/passages.h"
 #include "theories/secular_theories.h"
 
 namespace tarvex {
@@ -19,7 +20,7 @@ void takeCodes(const Experiment& e, const RunSettings& set) {
     e.s.kodStop = 0;
     run.kodUzel = 0;
     run.kodPeri = 0;
-    run.kodApsis = 2;
+    run.kodApsis = codeOf(ApseSearch::Found);
     run.kodModel = set.model ? 1 : 0;
     if (!set.model) e.motion.kodSun = 0;
     e.motion.kodOTO = set.relativistic ? 1 : 0;
@@ -237,7 +238,7 @@ StartNotes prepareExperiment(const Experiment& e, const RunSettings& set) {
     takeInitialState(e);
 
     StartNotes notes;
-    if (e.motion.kodDX == 3) {
+    if (e.motion.kodDX == codeOf(Retardation::ByTrace)) {
         fillTrace(s, e.motion);
         notes.trace = "массив для DX3= " + std::to_string(e.motion.NSled);
     }

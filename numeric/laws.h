@@ -1,9 +1,11 @@
 #pragma once
 // The laws by which gravity may act: the codes that files and screens show, by name, and one table of what
-// each is, which Form23 offers and the help explains.
+// each is, which the screen of laws offers and the help explains.
 
 #include <array>
 #include <cstdint>
+
+#include "core/code_of.h"
 
 namespace tarvex {
 
@@ -25,9 +27,6 @@ enum class Retardation : std::int16_t {
     ByAccelerations = 2,  ///< and with its acceleration
     ByTrace = 3           ///< from its trace
 };
-
-constexpr std::int16_t codeOf(Pressure law) { return static_cast<std::int16_t>(law); }
-constexpr std::int16_t codeOf(Retardation delay) { return static_cast<std::int16_t>(delay); }
 
 /// One law: F0ik is the pull of i on k by the inverse power of their distance, Vi and Vk their speeds along
 /// the line between them, Ve = Vgr + Vi.

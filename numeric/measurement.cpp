@@ -7,6 +7,7 @@
 #include "theories/elements.h"
 #include "theories/geometry.h"
 #include "theories/longitudes.h"
+#include "theories/passages.h"
 
 namespace tarvex {
 
@@ -31,17 +32,17 @@ void followNode(ModelState& s, RunState& run, Passage& seen) {
 
 /// True when the body still approaches the apse of its window.
 bool stillApproaching(const ModelState& s, RunState& run) {
-    run.kodApsis = 0;
+    run.kodApsis = codeOf(ApseSearch::Idle);
     if (run.kodPeri == 1) {
         if (run.Rold >= s.Rcur) {
-            run.kodApsis = 1;
+            run.kodApsis = codeOf(ApseSearch::Approaching);
             run.Rmin = s.Rcur;
         }
     } else if (run.Rold <= s.Rcur) {
-        run.kodApsis = 1;
+        run.kodApsis = codeOf(ApseSearch::Approaching);
         run.Rmax = s.Rcur;
     }
-    return run.kodApsis == 1;
+    return run.kodApsis == codeOf(ApseSearch::Approaching);
 }
 
 /// Longitude of perihelion in the plane of the orbit from the longitude at which the apse was passed.
@@ -134,7 +135,7 @@ void takeNode(const ModelState& s, RunState& run, bool ascending, Passage& seen)
 }
 
 void takeApse(ModelState& s, RunState& run, Passage& seen) {
-    run.kodApsis = 2;
+    run.kodApsis = codeOf(ApseSearch::Found);
     seen.apse = true;
     perihelionInOrbit(s, run);
     if (run.NZamer <= 0) {
@@ -184,9 +185,9 @@ Passage measurePass(ModelState& s, RunState& run) {
         inside = run.NZamer != 0;  // before the first perihelion an aphelion is not sought
     }
     if (!inside) {
-        run.kodApsis = 0;
+        run.kodApsis = codeOf(ApseSearch::Idle);
         s.DtCur = s.Dt;
-    } else if (run.kodApsis == 2) {
+    } else if (run.kodApsis == codeOf(ApseSearch::Found)) {
         s.DtCur = s.Dt;
     } else {
         s.DtCur = ratio(s.Dt, s.kDt);

@@ -31,7 +31,6 @@ bool measure(const Experiment& e, RunPort& port) {
 class RunDate {
 public:
     void tell(ModelState& s) {
-        constexpr int egyptian = 2;  // this calendar changes JD as well
         const double Z = Int(s.JD + 0.5), F = s.JD + 0.5 - Z;
         if (Z == day_) {
             s.DenR = whole_ + F - s.TimeZone / 24;
@@ -42,7 +41,7 @@ public:
         DateFromJD(s, s.JD);
         if (s.kodErrDate != 0) throw OverflowFailure("дата модели вышла за календарь: JD " + toText(s.JD));
         s.kodErrDate = before;
-        if (s.kodKalend == egyptian) return;
+        if (s.kodKalend == codeOf(Calendar::Egyptian)) return;  // this calendar changes JD as well
         day_ = Z;
         whole_ = std::round(s.DenR - F + s.TimeZone / 24);
     }

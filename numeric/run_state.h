@@ -76,7 +76,7 @@ struct RunState : Energy {
     double Period = 0;            ///< days
     double Tper0 = 0;             ///< time of the last wrap of the longitude, s
     std::int32_t NZamer = 0;      ///< number of the measure; counts perihelia
-    std::int16_t kodApsis = 2;    ///< 0 search, 1 still approaching the apse, 2 found
+    std::int16_t kodApsis = 2;    ///< see ApseSearch
     std::int16_t kodPeri = 0;     ///< 1 perihelion window, 0 aphelion window
     std::int16_t kodUzel = 0;     ///< 1 once a node has been crossed since the last apse
     double dAlfa = 1;             ///< half width of the windows, degrees

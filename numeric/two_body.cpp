@@ -125,7 +125,7 @@ void watchNode(ModelState& s, TwoBody& b, TwoBodyPort& port) {
 }
 
 void passPeriastron(ModelState& s, TwoBody& b, double latitude, TwoBodyPort& port) {
-    b.kodApsis = 2;
+    b.kodApsis = codeOf(ApseSearch::Found);
     const double onEcliptic = meanLongitude(b.LonOld, s.LonPl[m1], seam);
     double u = onEcliptic - b.AlfaU;
     if (u <= 0) u += 360;
@@ -177,14 +177,14 @@ void measure(ModelState& s, TwoBody& b, TwoBodyPort& port) {
     watchNode(s, b, port);
 
     if (!inWindow(longitude, b.PeriHi, b.PeriLo)) {
-        b.kodApsis = 0;
+        b.kodApsis = codeOf(ApseSearch::Idle);
         b.DtCur = b.Dt;
-    } else if (b.kodApsis == 2) {
+    } else if (b.kodApsis == codeOf(ApseSearch::Found)) {
         b.DtCur = b.Dt;
     } else {
         b.DtCur = b.Dt / b.kDt;
-        b.kodApsis = b.Rold > b.Rcur ? 1 : 0;
-        if (b.kodApsis == 0) passPeriastron(s, b, latitude, port);
+        b.kodApsis = codeOf(ApseSearch::Approaching);
+        if (!(b.Rold > b.Rcur)) passPeriastron(s, b, latitude, port);
     }
     b.Rold = b.Rcur;
     if (inWindow(longitude, b.UzelHi, b.UzelLo) || longitude > 359) b.DtCur = b.Dt / b.kDt;
@@ -281,7 +281,7 @@ void twoBodyInitialData(ModelState& s) {
     const double share = ratio(mass1(s), mass2(s));
     ElementsToXYZ(s);
     ElementsToVXYZ(s);
-    const bool aboutCentre = s.kodBary == 2;
+    const bool aboutCentre = s.kodBary == codeOf(CentralMass::AboutCentre);
     for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[m2] = aboutCentre ? -(*axis)[m1] * share : 0;
     for (Rows* axis : {&s.VX, &s.VY, &s.VZ}) {
         if (!aboutCentre) (*axis)[m1] /= share + 1;

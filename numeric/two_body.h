@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/model_state.h"
+#include "theories/passages.h"
 
 namespace tarvex {
 
@@ -41,11 +42,11 @@ struct TwoBody {
     double distance = 0, R0 = 0;  ///< of the two bodies now and at the start, m
     double V1 = 0, V2 = 0;
     double Rmin = 0, Rmax = 0, Vmin = 0, Vmax = 0;
-    double VYmin = Vsv, VYmax = -Vsv;      ///< extremes of VY of m1 since the last periastron, m/s
-    double Rem_min = MK, Rem_max = -MK;    ///< extremes of the Roemer delay, s
-    double Betta = 0;                      ///< greatest latitude since the last periastron, rad
-    int NZamer = 0;                        ///< periastra passed
-    int kodApsis = 2;                      ///< 2 found, 1 approaching, 0 searching
+    double VYmin = Vsv, VYmax = -Vsv;    ///< extremes of VY of m1 since the last periastron, m/s
+    double Rem_min = MK, Rem_max = -MK;  ///< extremes of the Roemer delay, s
+    double Betta = 0;                    ///< greatest latitude since the last periastron, rad
+    int NZamer = 0;                      ///< periastra passed
+    std::int16_t kodApsis = codeOf(ApseSearch::Found);
     double Tper0 = 0, Period = 0;          ///< s
     double AlfaP = 0, AlfaU = 0, Eks = 0;  ///< degrees, degrees, 1
     double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0,
@@ -85,7 +86,8 @@ void takeBaselines(const ModelState& s, TwoBody& b);
 void twoBodyCentre(ModelState& s);
 
 /// Rows 11 and 0 from the elements of row 11: relative orbit about m2 with the velocities about the common
-/// centre (kodBary 1), or both about the common centre (kodBary 2); copied into the initial rows.
+/// centre (CentralMass::Pair), or both about the common centre (CentralMass::AboutCentre); copied into the
+/// initial rows.
 void twoBodyInitialData(ModelState& s);
 
 }  // namespace tarvex

@@ -59,7 +59,8 @@ void AberrationPrepare(ModelState& s, AberrationBench& a, bool byTheory, double 
     a.iterations = 0;
     // the bench is heliocentric also while the laboratory works on the Moon
     const RunInputsKept kept(s);
-    s.kodMoon = s.kodBary = 0;
+    s.kodMoon = 0;
+    s.kodBary = codeOf(CentralMass::Central);
     InitMassesNew0(s);
     placeByTheory(s, rowTerra, byTheory, L3);
     setPlace(s, rowSun, {});

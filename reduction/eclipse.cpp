@@ -84,7 +84,7 @@ void moonByTheory(ModelState& s, const Eclipse& e) {
         return moonToRow(s);
     }
     setCurrent(s, rowMoon);
-    s.kodBary = 0;
+    s.kodBary = codeOf(CentralMass::Central);
     s.kodMoon = 1;
     placeBy(s, e.source);
     if (e.source == Eclipse::Source::JPL0) {  // this theory's Moon is of the date

@@ -175,7 +175,7 @@ void Pass::theory() {
     s.VY[rowSun] = finite(system.Y * 1000);
     s.VZ[rowSun] = finite(system.Z * 1000);
     s.JDet = s.JDut0 + EtUt1900(s) / 24 / 3600;
-    s.kodBary = 0;
+    s.kodBary = codeOf(CentralMass::Central);
     s.kodMoon = 0;
     PrecessMatrixEcl(s, T, 0);
     for (s.Ipl = 1; s.Ipl <= 9; ++s.Ipl) ElementsSer0Plus(s);  // mean longitudes for the perturbations

@@ -34,7 +34,7 @@ void countInHistogram(ReductionState& r, int first, double value) {
 
 std::string shownWorldDate(ModelState& s) {
     double JD = s.JD;
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     DateFromJD(s, JD);
     DayToHMS(s, s.DenR);

@@ -1,6 +1,5 @@
 #pragma once
-// What the reduction of Form10 and the plans of Form13 work on: choices of the form, data, results of the
-// chain, sums.
+// What the reduction of observations and its plans work on: choices, data, results of the chain, sums.
 
 #include <array>
 #include <cstdint>
@@ -19,7 +18,7 @@ class NameTable;
 enum class EarthTheory { JPL0, Ser0, Ser0Plus };
 enum class PlanetTheory { Plan, JPL0, Ser0 };
 
-/// What the fields of the form choose; read before a run, and the numbers again after every pass.
+/// What its user chooses; read before a run, and the numbers again after every pass.
 struct ReductionChoices {
     bool tables = true;  ///< ancient tables; otherwise a file of observations
     EarthTheory earth = EarthTheory::Ser0;
@@ -83,7 +82,7 @@ struct ReductionState {
     ObservedDate date;
     std::int32_t NomData = 0;       ///< number of the chosen source
     std::int32_t GodK = 0;          ///< last year
-    std::int16_t kodKalendTab = 0;  ///< calendar and start of the day of the data
+    std::int16_t kodKalendTab = 0;  ///< see Calendar, and start of the day of the data
     double TimeZoneTab = 0;
     bool endOfFile = false;
     double JDwhole = 0, JDpart = 0;  ///< date of the last table step, in two parts to keep its precision

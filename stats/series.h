@@ -48,9 +48,9 @@ struct Record {
 };
 
 struct SeriesData {
-    std::int32_t Npl = 1;                 ///< planet, 1..11
-    std::int16_t Nparam = 1;              ///< chosen parameter
-    std::int16_t kodData = 0;             ///< see DataKind
+    std::int32_t Npl = 1;     ///< planet, 1..11
+    std::int16_t Nparam = 1;  ///< chosen parameter
+    std::int16_t kodData = dataNone;
     std::string FileData;                 ///< the series file, named from the program's folder
     std::string DirImit;                  ///< folder of the imitator, like "\Ser"
     std::array<std::string, 4> header{};  ///< the file's head lines, kept for rewriting

@@ -13,8 +13,8 @@ namespace {
 /// Mass that pulls body i in its two-body motion.
 double gravitatingMass(const ModelState& s, int i) {
     const double M = s.m[s.Icentr], both = M + s.m[i];
-    if (s.kodBary == 1) return both;                           // relative orbit
-    if (s.kodBary == 2) return ratio(M * M * M, both * both);  // orbit about the centre of mass of the pair
+    if (s.kodBary == codeOf(CentralMass::Pair)) return both;
+    if (s.kodBary == codeOf(CentralMass::AboutCentre)) return ratio(M * M * M, both * both);
     return M;
 }
 

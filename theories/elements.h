@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "core/code_of.h"
 #include "core/model_state.h"
 #include "core/vec3.h"
 
@@ -18,6 +19,13 @@ double Frac0(double x);
 
 /// An angle reduced to one turn, 0..2*Pi, rad.
 double inOneTurn(double angle);
+
+/// What pulls a body in its two-body motion, the values of kodBary.
+enum class CentralMass : std::int16_t {
+    Central = 0,     ///< the central body alone
+    Pair = 1,        ///< both together: a relative orbit
+    AboutCentre = 2  ///< M^3 / (M + m)^2: an orbit about the centre of mass of the pair
+};
 
 /// Elements of an elliptic orbit, in the frame in which its places are wanted.
 struct Elements {
@@ -97,9 +105,9 @@ void setElements(ModelState& s, int row, const Elements& e);
 void ElementsToXYZ(ModelState& s);
 
 /// Velocities VX, VY, VZ of body Ipl, m/s, from gamma and the masses; needs the values that ElementsToXYZ has
-/// just left for the same body.  kodMoon puts the Earth in the centre, kodBary chooses the gravitating mass,
-/// which is left in m(12); leaves Icentr, pKep, Vr, Vn too.
-/// Throws ArithmeticFailure for a zero orbit or radius and for the root of a negative number.
+/// just left for the same body.  kodMoon puts the Earth in the centre, kodBary (CentralMass) chooses the
+/// gravitating mass, which is left in m(12); leaves Icentr, pKep, Vr, Vn too. Throws ArithmeticFailure for a
+/// zero orbit or radius and for the root of a negative number.
 void ElementsToVXYZ(ModelState& s);
 
 /// Both in turn.

@@ -3,10 +3,20 @@
 // at its greatest.
 
 #include <array>
+#include <cstdint>
 
+#include "core/code_of.h"
 #include "theories/arc.h"
 
 namespace tarvex {
+
+/// How far the search for an apse is that goes step by step through a window, the values of kodApsis and
+/// kodPer.
+enum class ApseSearch : std::int16_t {
+    Idle = 0,         ///< outside the window
+    Approaching = 1,  ///< the distance still goes towards that of the apse
+    Found = 2         ///< passed, and the window not left
+};
 
 enum class Passing {
     Latitude,  ///< the latitude turns
