@@ -9,7 +9,7 @@
 #include "core/calendar.h"
 #include "fit/place_fit.h"
 #include "forms/laboratory.h"
-#include "forms/run_form.h"
+#include "forms/screens.h"
 #include "script/player.h"
 
 namespace tarvex {
@@ -167,7 +167,7 @@ int runFit(const FitOptions& options, std::ostream& out, std::ostream& err, bool
                          .sigma = options.sigma * km,
                          .jobs = options.jobs,
                          .tell = [&](int flights) { return progress.tell(flights); }};
-    const PlaceFit found = fitPlaces(lab.experiment(), lab.desk.get<RunForm>().settings(), places, fit);
+    const PlaceFit found = fitPlaces(lab.experiment(), screenOf<RunScreen>(lab.desk).settings(), places, fit);
     for (const std::string& line : fitLines(found)) out << line << '\n';
     return 0;
 }

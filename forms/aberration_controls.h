@@ -1,6 +1,7 @@
 #pragma once
 // Controls of Form11, the bench of aberration.  Their order is the tab order.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -235,11 +236,7 @@ public:
         this,
         {.name = "Command8", .caption = "JD=JD0", .hint = "Вернуть дату, с которой начался расчет с шагом"}};
     CommandButton clearDrawing{this, {.name = "Command2", .caption = "Очистить", .hint = "Стереть рисунок"}};
-    CommandButton closeForm{this,
-                            {.name = "Command4",
-                             .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму",
-                             .disturbs = Disturbs::Own}};
+    CommandButton closeForm{this, closingSpec("Command4", Disturbs::Own)};
     ScrollBar drawingScale{
         this,
         {.name = "HScroll1", .min = 1, .max = 10000, .value = 300, .hint = "Масштаб рисунка построений"}};

@@ -124,7 +124,7 @@ bool AberrationForm::prepare(double date) {
 
     {
         const CalendarKept kept(s);
-        s.kodKalend = 0;
+        s.kodKalend = codeOf(Calendar::Gregorian);
         s.TimeZone = 0;
         s.kodErrDate = 0;
         s.JD = JDfromDate(s, date, month.int32(), year.int32());

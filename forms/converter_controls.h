@@ -1,6 +1,7 @@
 #pragma once
 // Controls of Form12, the coordinate converter.  Their order is the tab order.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -285,8 +286,7 @@ public:
         this, {.name = "Command10", .caption = "G->J", .hint = "Юлианская дата из календарной"}};
     CommandButton toCalendarDate{
         this, {.name = "Command11", .caption = "J->G", .hint = "Календарная дата из юлианской"}};
-    CommandButton closeForm{this,
-                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command3")};
     ScrollBar drawingScale{this,
                            {.name = "HScroll1",
                             .min = 1,

@@ -180,12 +180,17 @@ void ConverterForm::showAngle() {
     (A < 0 ? signMinus : signPlus).choose();
 }
 
-void ConverterForm::dateToJulian() {
+void ConverterForm::takeSite() {
     ModelState& s = lab.s;
     s.ObsL = siteLongitude.number();
     s.ObsB = siteLatitude.number();
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
+}
+
+void ConverterForm::dateToJulian() {
+    ModelState& s = lab.s;
+    takeSite();
     NormalizeDate(s, day.number(), month.int32(), year.int32());
     s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
     julianDate.show(s.JD);
@@ -194,10 +199,7 @@ void ConverterForm::dateToJulian() {
 
 void ConverterForm::julianToDate() {
     ModelState& s = lab.s;
-    s.ObsL = siteLongitude.number();
-    s.ObsB = siteLatitude.number();
-    s.kodKalend = 0;
-    s.TimeZone = 0;
+    takeSite();
     s.JD = julianDate.number();
     DateFromJD(s, s.JD);
     day.show(s.DenR);

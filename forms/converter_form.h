@@ -22,6 +22,7 @@ private:
     void typedToBase(int body, const ConvFrame& frame);
     void convert();
     void showFromBase(int body, const ConvFrame& frame, const std::array<TextField*, 6>& to);
+    void takeSite();  ///< and the calendar of the dates
     void dateToJulian();
     void julianToDate();
     void showLocalTimes();

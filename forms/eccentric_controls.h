@@ -1,6 +1,7 @@
 #pragma once
 // Controls of Form14, the ellipse and the eccentric.  Their order is the tab order.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -123,11 +124,7 @@ public:
                               .disturbs = Disturbs::All}};
     CommandButton clearDrawings{
         this, {.name = "Command8", .caption = "Очистить рисунки", .hint = "Стереть оба рисунка"}};
-    CommandButton closeForm{this,
-                            {.name = "Command14",
-                             .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму",
-                             .disturbs = Disturbs::Own}};
+    CommandButton closeForm{this, closingSpec("Command14", Disturbs::Own)};
 
     Picture orbitDrawing{this,
                          {.name = "Picture1",

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "forms/shared_controls.h"
 #include "forms/table_captions.h"
 #include "runtime/form.h"
 
@@ -134,18 +135,8 @@ public:
                                    .caption = "Египетский",
                                    .group = "calendar",
                                    .hint = "Дата по египетскому календарю"}};
-    OptionButton dayFromMidnight{this,
-                                 {.name = "Option15",
-                                  .caption = "день от 0 час.",
-                                  .group = "daystart",
-                                  .on = true,
-                                  .hint = "Сутки начинаются в полночь; в египетском календаре дата тогда "
-                                          "уходит на полдня при каждом шаге"}};
-    OptionButton dayFromNoon{this,
-                             {.name = "Option16",
-                              .caption = "день от 12 час.",
-                              .group = "daystart",
-                              .hint = "Сутки начинаются в полдень"}};
+    OptionButton dayFromMidnight{this, dayFromMidnightSpec("Option15")};
+    OptionButton dayFromNoon{this, dayFromNoonSpec("Option16")};
     OptionButtons tableChoice{this, 0, 10, tableOption};                          ///< ancient tables; 0: none
     OptionButtons theoryChoice{this, 0, 4, [](int i) { return theorySpec(i); }};  ///< theories; 0: none
     CheckBox singleStep{
@@ -279,11 +270,7 @@ public:
         this, {.name = "Command9", .caption = "dLl*", .hint = "Открыть форму 21: возмущения Луны"}};
     CommandButton openPlanetPerturbations{
         this, {.name = "Command10", .caption = "dLp*", .hint = "Открыть форму 22: возмущения планет"}};
-    CommandButton closeForm{this,
-                            {.name = "Command14",
-                             .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму",
-                             .disturbs = Disturbs::Own}};
+    CommandButton closeForm{this, closingSpec("Command14", Disturbs::Own)};
     Label dayCountLabel{this,
                         {.name = "Label16",
                          .caption = "день от 1.1.1 г. н.э.",

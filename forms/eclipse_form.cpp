@@ -132,7 +132,7 @@ bool EclipseForm::takeMoment() {
     s.kodErrDate = 0;
     NormalizeDate(s, day.number(), month.int32(), year.int32());
     s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     return s.kodErrDate == 0;
 }
@@ -306,7 +306,7 @@ void EclipseForm::nextDate() {
         double JD = s.JD = s.JDut0 - step;
         DateFromJD(s, JD);
     }
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     if (s.kodErrDate != 0) s.kodStop = 1;  // the way ends where the calendar does
     day.show(s.DenR);

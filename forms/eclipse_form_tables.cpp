@@ -59,14 +59,14 @@ void EclipseForm::chooseTable(int i) {
     const std::string path = lab.tree.at(tableFileName(table)).string();
     stage("Не найден файл\r\n" + path, "Tarvex6", [&] { openTable(table_, i, lab.office, lab.tree); });
 
-    s.kodKalend = i == almagest ? 2 : 1;
+    s.kodKalend = codeOf(i == almagest ? Calendar::Egyptian : Calendar::Julian);
     s.TimeZone = 12;
     NormalizeDate(s, day.number(), month.int32(), year.int32());
     s.JD = JDfromDate(s, s.DenR, s.MesR, s.GodR);
     s.JDepoha = s.JDut0 = s.JDet = s.JD;
     kalend_ = s.kodKalend;
     zone_ = s.TimeZone;
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     table_.PrecTab0 = 0;
     try {
@@ -88,7 +88,7 @@ void EclipseForm::readTable(bool correct) {
     s.TimeZone = zone_;
     double JD = s.JDet + s.ObsL / 15 / 24;
     DateFromJD(s, JD);
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     date.takeFrom(s);
     double corrected = 0;

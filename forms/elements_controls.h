@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/model_state.h"
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -14,12 +15,7 @@ class ElementsControls : public Form {
 public:
     using Form::Form;
 
-    Label given{this,
-                {.name = "Given",
-                 .hint = "Что пойдет в прогон: источник и дата элементов, кто составил начальные данные, "
-                         "массы, законы, план и "
-                         "файл; выделено то, что изменено мимо формы 1 или на ней не загружено",
-                 .lines = 5}};
+    Label given{this, givenSpec()};
 
     // --- date and source
     TextField year{this,

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "forms/date_fields.h"
 #include "forms/given.h"
 #include "forms/plot_grid.h"
@@ -161,7 +162,7 @@ void ElementsForm::load() {
 void ElementsForm::unload() { check_.leave(); }
 
 void ElementsForm::activate() {
-    lab.s.kodKalend = 0;
+    lab.s.kodKalend = codeOf(Calendar::Gregorian);
     lab.s.TimeZone = 0;
     setScale("");
     lab.s.NEqMax = (NPlanetMax + 1) * 6 - 1;

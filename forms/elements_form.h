@@ -14,7 +14,7 @@ namespace tarvex {
 
 class ElementsForm final : public ElementsControls, public ElementsScreen {
 public:
-    static constexpr const char* formName = "Form1";
+    using ElementsScreen::formName;
     explicit ElementsForm(Laboratory& lab);
 
     void load() override;

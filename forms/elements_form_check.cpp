@@ -56,7 +56,7 @@ void ElementsFormCheck::start() {
     startOrbitCheck(s, c);
     check_ = c;
     s.kodStop = 0;
-    for (const int row : {0, c.IplSel, 14})
+    for (const int row : {int{rowSun}, c.IplSel, int{rowCentre}})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     form_.perihelionShift.show(0);
     form_.nodeShift.show(0);
@@ -123,7 +123,7 @@ void ElementsFormCheck::display() {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
     }
     orbitCheckCentre(s, c);
-    for (const int row : {0, c.IplSel, 14})
+    for (const int row : {int{rowSun}, c.IplSel, int{rowCentre}})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     drawPair(bodyColor(s, 0, strength(s.Z[0])), bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
     if (form_.viewState.on())
@@ -144,7 +144,8 @@ void ElementsFormCheck::drawPair(Color centre, Color planet, Color cross) {
     const double centreRadius = (check_.Icentr == rowEarth ? s.Diam[3] / 2 : s.RSol) / s.Mx;
     drawBothViews(form_.orbitPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, centreRadius, centre);
     drawBothViews(form_.orbitPicture, s.X[p] / s.Mx, s.Y[p] / s.Mx, s.Z[p] / s.Mx, planetRadius, planet);
-    if (form_.drawCentre.on()) form_.orbitPicture.cross(s.X[14] / s.Mx, s.Y[14] / s.Mx, 1, cross);
+    if (form_.drawCentre.on())
+        form_.orbitPicture.cross(s.X[rowCentre] / s.Mx, s.Y[rowCentre] / s.Mx, 1, cross);
 }
 
 }  // namespace tarvex

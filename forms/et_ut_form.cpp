@@ -87,7 +87,7 @@ void EtUtForm::setValues() {
         }
     }
     for (const int k : {1, 2}) setFormula(k);
-    s.kodKalend = 0;
+    s.kodKalend = codeOf(Calendar::Gregorian);
     s.TimeZone = 0;
     for (const int k : {1, 2}) {
         const Row r = rowOf(k);

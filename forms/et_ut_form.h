@@ -10,7 +10,7 @@ namespace tarvex {
 
 class EtUtForm final : public EtUtControls, public EtUtScreen {
 public:
-    static constexpr const char* formName = "Form17";
+    using EtUtScreen::formName;
     explicit EtUtForm(Laboratory& lab);
 
     void load() override;

@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -73,8 +74,7 @@ public:
                        .width = 84}};
     CommandButton readAgain{
         this, {.name = "Command2", .caption = "Обновить", .hint = "Прочитать дерево с диска заново"}};
-    CommandButton closeForm{this,
-                            {.name = "Command1", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command1")};
 
 protected:
     static constexpr int firstFolder = 2;  ///< number of the first label that stands for a folder

@@ -118,9 +118,9 @@ std::vector<std::string> outstanding(Laboratory& lab, bool atRun) {
         if (s.provenance.moved(s, one.group))
             all.push_back(
                 fmt::format("{} {} форма {}", one.what, one.verb, s.provenance.last(one.group).form));
-    const auto* const form1 = loadedScreen<ElementsScreen>(lab.desk);
-    if (form1 == nullptr) return all;
-    if (const auto words = form1->notLoaded(); !words.empty())
+    const auto* const screen = loadedScreen<ElementsScreen>(lab.desk);
+    if (screen == nullptr) return all;
+    if (const auto words = screen->notLoaded(); !words.empty())
         all.push_back(fmt::format("на форме 1 не загружено: {}", fmt::join(words, ", ")));
     return all;
 }
@@ -129,8 +129,8 @@ std::vector<std::string> outstanding(Laboratory& lab, bool atRun) {
 
 void showGiven(Laboratory& lab, Label& label, bool atRun) noexcept {
     try {
-        const auto* const form2 = loadedScreen<RunScreen>(lab.desk);
-        const RunSettings set = form2 != nullptr ? form2->settings() : RunSettings{};
+        const auto* const runScreen = loadedScreen<RunScreen>(lab.desk);
+        const RunSettings set = runScreen != nullptr ? runScreen->settings() : RunSettings{};
         const auto warnings = outstanding(lab, atRun);
         std::string text = givenWords(set, lab);
         if (!warnings.empty()) text += fmt::format(". ВНИМАНИЕ: {}", fmt::join(warnings, "; "));

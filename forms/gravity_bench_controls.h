@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -259,8 +260,7 @@ public:
                                .caption = "Сделать 1 итерацию с заданными условиями движения",
                                .hint = "Найти следы и силы еще раз; повторять, пока поля не установятся",
                                .disturbs = Disturbs::All}};
-    CommandButton closeForm{this,
-                            {.name = "Command4", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command4")};
     ScrollBar scale{this,
                     {.name = "HScroll1",
                      .min = 1,

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -44,8 +45,7 @@ public:
                         .hint = "Текст выбранного раздела или то, что найдено",
                         .readOnly = true,
                         .lines = 30}};
-    CommandButton closeForm{this,
-                            {.name = "Command1", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command1")};
 
 protected:
     /// With a page for each form that the desk knows.

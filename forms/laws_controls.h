@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "forms/shared_controls.h"
 #include "numeric/laws.h"
 #include "runtime/form.h"
 
@@ -106,8 +107,7 @@ public:
          .hint = "Запомнить все выбранное на этой форме; кроме закона без давления нужна Vgr на форме 2",
          .isDefault = true,
          .disturbs = Disturbs::All}};
-    CommandButton closeForm{this,
-                            {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command2")};
 
 private:
     /// The option of a row of the table of laws.

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "forms/screens.h"
+
 namespace tarvex {
 
 namespace {
@@ -10,8 +12,17 @@ namespace {
 constexpr std::array<OptionButton LawsForm::*, pressureLaws.size()> laws = {
     &LawsForm::noPressure,      &LawsForm::weber, &LawsForm::gerberFirst, &LawsForm::gerberSecond,
     &LawsForm::lienardWiechert, &LawsForm::norin, &LawsForm::sukhorukov};
-constexpr std::array<OptionButton LawsForm::*, 4> delays = {
-    &LawsForm::noDelay, &LawsForm::delayBySpeed, &LawsForm::delayByAcceleration, &LawsForm::delayByTrace};
+
+/// An option of the retardation and what it stands for.
+struct DelayOption {
+    OptionButton LawsForm::*option;
+    Retardation delay;
+};
+constexpr std::array<DelayOption, 4> delays = {
+    {{&LawsForm::noDelay, Retardation::None},
+     {&LawsForm::delayBySpeed, Retardation::BySpeeds},
+     {&LawsForm::delayByAcceleration, Retardation::ByAccelerations},
+     {&LawsForm::delayByTrace, Retardation::ByTrace}}};
 
 /// A tick and the code that holds it.
 struct Tick {
@@ -30,9 +41,8 @@ constexpr std::array<Tick, 8> ticks = {{{&LawsForm::ratesEachStage, &Motion::kod
 /// Whether gravity has a speed on Form2; a form that is not loaded has its box off, and is not loaded for
 /// this.
 bool gravityHasSpeed(Desk& desk) {
-    if (!desk.isLoaded("Form2")) return false;
-    const auto* box = dynamic_cast<const CheckBox*>(desk.form("Form2").find("Check13"));
-    return box != nullptr && box->on();
+    const auto* run = loadedScreen<RunScreen>(desk);
+    return run != nullptr && run->settings().finiteGravitySpeed;
 }
 
 }  // namespace
@@ -62,8 +72,8 @@ LawsForm::LawsForm(Laboratory& lab_)
 void LawsForm::load() {
     for (std::size_t i = 0; i < laws.size(); ++i)
         if (codeOf(pressureLaws[i].law) == lab.motion.kodPgr) (this->*laws[i]).choose();
-    for (std::size_t i = 0; i < delays.size(); ++i)
-        if (lab.motion.kodDX == static_cast<int>(i)) (this->*delays[i]).choose();
+    for (const DelayOption& one : delays)
+        if (codeOf(one.delay) == lab.motion.kodDX) (this->*one.option).choose();
     for (const Tick& tick : ticks) (this->*tick.box).set(lab.motion.*tick.code == 1);
     k1.show(lab.motion.kPgr1);
     k2.show(lab.motion.kPgr2);
@@ -76,8 +86,8 @@ void LawsForm::store() {
         if ((this->*laws[i]).on()) lab.motion.kodPgr = codeOf(pressureLaws[i].law);
     lab.motion.kPgr1 = k1.number();
     lab.motion.kPgr2 = k2.number();
-    for (std::size_t i = 0; i < delays.size(); ++i)
-        if ((this->*delays[i]).on()) lab.motion.kodDX = static_cast<std::int16_t>(i);
+    for (const DelayOption& one : delays)
+        if ((this->*one.option).on()) lab.motion.kodDX = codeOf(one.delay);
     for (const Tick& tick : ticks) lab.motion.*tick.code = (this->*tick.box).on() ? 1 : 0;
     lab.s.provenance.wrote(Given::Laws, 23);
 }

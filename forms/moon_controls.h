@@ -2,6 +2,7 @@
 // The controls of the Moon screen, Form20, in tab order: date, source and meaning of the elements, the
 // transformations, the check of the orbit and its results, commands and pictures.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -274,11 +275,7 @@ public:
                                  .disturbs = Disturbs::All}};
     CommandButton clearDrawing{
         this, {.name = "Command4", .caption = "Очистить рисунок", .hint = "Стереть рисунок"}};
-    CommandButton closeForm{this,
-                            {.name = "Command9",
-                             .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму",
-                             .disturbs = Disturbs::Own}};
+    CommandButton closeForm{this, closingSpec("Command9", Disturbs::Own)};
     ScrollBar scaleBar{this,
                        {.name = "HScroll1",
                         .min = 1,

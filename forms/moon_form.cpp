@@ -3,12 +3,17 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "forms/date_fields.h"
 #include "forms/plot_grid.h"
+#include "theories/elements.h"
 
 namespace tarvex {
 
 namespace {
+
+/// Rows of the pair while it is checked and drawn: the Earth takes the place of the Sun.
+constexpr int earthShown = rowSun, moonShown = rowMoon, centreShown = rowCentre;
 
 constexpr Color earthColor{0, 0, 250}, moonColor{0, 250, 0}, centreColor{250, 0, 0}, white{255, 255, 255},
     black{0, 0, 0};
@@ -65,7 +70,7 @@ MoonForm::MoonForm(Laboratory& lab_)
 DateFields MoonForm::dateFields() { return {year, month, day, julianDate}; }
 
 void MoonForm::load() {
-    lab.s.kodKalend = 0;
+    lab.s.kodKalend = codeOf(Calendar::Gregorian);
     lab.s.TimeZone = 0;
     toJulianDate.press();
     clearPicture();
@@ -73,7 +78,7 @@ void MoonForm::load() {
 }
 
 void MoonForm::activate() {
-    lab.s.kodKalend = 0;
+    lab.s.kodKalend = codeOf(Calendar::Gregorian);
     lab.s.TimeZone = 0;
     showScale();
 }
@@ -112,7 +117,11 @@ void MoonForm::preset(bool geocentric) {
     pairSketch.text(7.8, 0.95, "l", black);
 }
 
-void MoonForm::takeBary() { lab.s.kodBary = centralMassEarth.on() ? 0 : centralMassPair.on() ? 1 : 2; }
+void MoonForm::takeBary() {
+    lab.s.kodBary = codeOf(centralMassEarth.on()  ? CentralMass::Central
+                           : centralMassPair.on() ? CentralMass::Pair
+                                                  : CentralMass::AboutCentre);
+}
 
 void MoonForm::setData() {
     ModelState& s = lab.s;
@@ -121,28 +130,28 @@ void MoonForm::setData() {
                                               : MoonTheory::Screen;
     moonMasses(s, theory);
     if (theory == MoonTheory::Screen) {
-        s.AlfaL[11] = meanLongitude.number() / kUgol;
-        s.Eks0[11] = eccentricity.number();
-        s.AlfaP0[11] = perigeeLongitude.number() / kUgol;
-        s.AlfaU0[11] = nodeLongitude.number() / kUgol;
-        s.R0sr[11] = finite(semiMajorAxis.number() * MK);
-        s.Betta0[11] = inclination.number() / kUgol;
+        s.AlfaL[rowMoon] = meanLongitude.number() / kUgol;
+        s.Eks0[rowMoon] = eccentricity.number();
+        s.AlfaP0[rowMoon] = perigeeLongitude.number() / kUgol;
+        s.AlfaU0[rowMoon] = nodeLongitude.number() / kUgol;
+        s.R0sr[rowMoon] = finite(semiMajorAxis.number() * MK);
+        s.Betta0[rowMoon] = inclination.number() / kUgol;
         const double km = massRatio.number();
-        s.m[11] = ratio(s.m[13], km);
-        s.km[11] = km;
+        s.m[rowMoon] = ratio(s.m[rowEarth], km);
+        s.km[rowMoon] = km;
     } else {
         gregorianToJulian(lab, dateFields());
     }
     const double seconds = moonElements(s, theory);
     if (theory != MoonTheory::Screen) {
         etMinusUt.show(cut6(seconds));
-        meanLongitude.show(kUgol * s.AlfaL[11]);
-        eccentricity.show(s.Eks0[11]);
-        perigeeLongitude.show(kUgol * s.AlfaP0[11]);
-        nodeLongitude.show(kUgol * s.AlfaU0[11]);
-        semiMajorAxis.show(s.R0sr[11] / MK);
-        inclination.show(kUgol * s.Betta0[11]);
-        massRatio.show(s.km[11]);
+        meanLongitude.show(kUgol * s.AlfaL[rowMoon]);
+        eccentricity.show(s.Eks0[rowMoon]);
+        perigeeLongitude.show(kUgol * s.AlfaP0[rowMoon]);
+        nodeLongitude.show(kUgol * s.AlfaU0[rowMoon]);
+        semiMajorAxis.show(s.R0sr[rowMoon] / MK);
+        inclination.show(kUgol * s.Betta0[rowMoon]);
+        massRatio.show(s.km[rowMoon]);
     }
     showElements();
     takeBary();
@@ -155,43 +164,49 @@ void MoonForm::setData() {
                         .shiftMoonSpeed = shiftMoonSpeed.on()});
 
     clearPicture();
-    const double X = s.X[0], Y = s.Y[0], Z = s.Z[0];  // the Earth stands in row 0 for the picture only
-    for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[0] = (*axis)[3];
+    const double X = s.X[earthShown], Y = s.Y[earthShown],
+                 Z = s.Z[earthShown];  // the Earth stands in row 0 for the picture only
+    for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[earthShown] = (*axis)[rowEarthMoon];
     OrbitCheck pair;
-    pair.IplSel = pair.IplJ = 11;
-    pair.Icentr = 13;
+    pair.IplSel = pair.IplJ = rowMoon;
+    pair.Icentr = rowEarth;
     orbitCheckCentre(s, pair);
     drawPair(earthColor, moonColor, centreColor);
-    s.X[0] = X, s.Y[0] = Y, s.Z[0] = Z;
+    s.X[earthShown] = X, s.Y[earthShown] = Y, s.Z[earthShown] = Z;
     orbitPicture.text(-9, -6.2,
-                      "Xz  Yz  Zz (тыс.км)=        " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK),
+                      "Xz  Yz  Zz (тыс.км)=        " +
+                          threeNumbers(s.X0[earthShown] / MK, s.Y0[earthShown] / MK, s.Z0[earthShown] / MK),
                       black);
-    orbitPicture.text(-9, -6.9,
-                      "Xl  Yl  Zl (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK),
+    orbitPicture.text(
+        -9, -6.9,
+        "Xl  Yl  Zl (тыс.км)=  " + threeNumbers(s.X0[rowMoon] / MK, s.Y0[rowMoon] / MK, s.Z0[rowMoon] / MK),
+        black);
+    orbitPicture.text(-9, -7.6,
+                      "VXz  VYz  VZz (м/с)=        " +
+                          threeNumbers(s.VX0[earthShown], s.VY0[earthShown], s.VZ0[earthShown]),
                       black);
-    orbitPicture.text(-9, -7.6, "VXz  VYz  VZz (м/с)=        " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0]),
-                      black);
-    orbitPicture.text(-9, -8.3, "VXl  VYl  VZl (м/с)=  " + threeNumbers(s.VX0[11], s.VY0[11], s.VZ0[11]),
+    orbitPicture.text(-9, -8.3,
+                      "VXl  VYl  VZl (м/с)=  " + threeNumbers(s.VX0[rowMoon], s.VY0[rowMoon], s.VZ0[rowMoon]),
                       black);
 }
 
 /// The given elements stand in the fields of the measured ones until the check replaces them.
 void MoonForm::showElements() {
     const ModelState& s = lab.s;
-    perigeeMeasured.show(kUgol * s.AlfaP0[11]);
-    nodeMeasured.show(kUgol * s.AlfaU0[11]);
-    eccentricityMeasured.show(cut6(100 * s.Eks0[11]));
-    axisMeasured.show(s.R0sr[11] / MK);
-    inclinationMeasured.show(cut6(s.Betta0[11] * kUgol));
+    perigeeMeasured.show(kUgol * s.AlfaP0[rowMoon]);
+    nodeMeasured.show(kUgol * s.AlfaU0[rowMoon]);
+    eccentricityMeasured.show(cut6(100 * s.Eks0[rowMoon]));
+    axisMeasured.show(s.R0sr[rowMoon] / MK);
+    inclinationMeasured.show(cut6(s.Betta0[rowMoon] * kUgol));
 }
 
 void MoonForm::start() {
     ModelState& s = lab.s;
     OrbitCheck c;
     c.cosA = check_.cosA, c.sinA = check_.sinA;
-    s.IplSel = c.IplSel = c.IplJ = 11;
-    s.Icentr = c.Icentr = 13;
-    c.Iobs = anglesFromBarycentre.on() ? 14 : 0;
+    s.IplSel = c.IplSel = c.IplJ = rowMoon;
+    s.Icentr = c.Icentr = rowEarth;
+    c.Iobs = anglesFromBarycentre.on() ? centreShown : earthShown;
     c.moonBench = true;
     c.NC0 = s.NC0 = stepsPerDisplay.int16();
     c.Dt = s.Dt = step.number();
@@ -199,7 +214,7 @@ void MoonForm::start() {
     c.dAlfa = windowDegrees.number();
     c.exact = exactPassages.on();
     s.VYsys = systemSpeedY.number();
-    for (const int i : {0, 11}) {
+    for (const int i : {earthShown, moonShown}) {
         s.X[i] = s.X0[i];
         s.Y[i] = s.Y0[i];
         s.Z[i] = s.Z0[i];
@@ -221,7 +236,7 @@ void MoonForm::start() {
           &nodeChange, &nodeMeasured, &energyChange, &angularMomentumChange, &momentumYChange, &elapsedYears,
           &perigeesPassed, &longitude})
         result->show(0);
-    for (const int i : {0, 11, 14}) {
+    for (const int i : {earthShown, moonShown, centreShown}) {
         s.XOld[i] = s.X[i];
         s.YOld[i] = s.Y[i];
         s.ZOld[i] = s.Z[i];
@@ -255,14 +270,14 @@ void MoonForm::perihelionPassed() {
         period.show(cut6(c.Tper));
         periodChange.show(cut6(c.Tper - firstPeriod_));
     }
-    axisChange.show(cut6((s.Rr[11] - s.R0sr[11]) / MK));
-    axisMeasured.show(cut6(s.Rr[11] / MK));
-    eccentricityChange.show(cut6(100 * (c.EksM - s.Eks0[11])));
+    axisChange.show(cut6((s.Rr[rowMoon] - s.R0sr[rowMoon]) / MK));
+    axisMeasured.show(cut6(s.Rr[rowMoon] / MK));
+    eccentricityChange.show(cut6(100 * (c.EksM - s.Eks0[rowMoon])));
     eccentricityMeasured.show(cut6(100 * c.EksM));
     perigeeChange.show(cut6(c.AlfaPcur - c.AlfaP1));
     perigeeMeasured.show(cut6(c.AlfaPcur));
     inclinationMeasured.show(cut6(c.BettaMax * kUgol));
-    inclinationChange.show(cut6((c.BettaMax - s.Betta0[11]) * kUgol));
+    inclinationChange.show(cut6((c.BettaMax - s.Betta0[rowMoon]) * kUgol));
 }
 
 void MoonForm::display() {
@@ -273,7 +288,7 @@ void MoonForm::display() {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
     }
     orbitCheckCentre(s, check_);
-    for (const int i : {0, 11, 14}) {
+    for (const int i : {earthShown, moonShown, centreShown}) {
         s.XOld[i] = s.X[i];
         s.YOld[i] = s.Y[i];
         s.ZOld[i] = s.Z[i];
@@ -281,7 +296,7 @@ void MoonForm::display() {
     drawPair(earthColor, moonColor, centreColor);
     elapsedYears.show(Fix(MK * check_.Tsec / sekG) / MK);
     perigeesPassed.show(check_.NObs);
-    longitude.show(Fix(100 * s.LonPl[11]) / 100);
+    longitude.show(Fix(100 * s.LonPl[rowMoon]) / 100);
     s.RSol = s.Rcur;  // distance of the pair, m, in the cell of the Sun's radius, which is lost by it
     energyChange.show(percent(check_.Esys, check_.Esys0));
     angularMomentumChange.show(percent(moonAngularMomentum(s), check_.M0sys));
@@ -291,9 +306,10 @@ void MoonForm::display() {
 
 void MoonForm::drawPair(Color earth, Color moon, Color centre) {
     const ModelState& s = lab.s;
-    drawBothViews(orbitPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, 0.1, earth);
-    drawBothViews(orbitPicture, s.X[11] / s.Mx, s.Y[11] / s.Mx, s.Z[11] / s.Mx, 0.07, moon);
-    if (showBarycentre.on()) orbitPicture.cross(s.X[14] / s.Mx, s.Y[14] / s.Mx, 1, centre);
+    drawBothViews(orbitPicture, s.X[earthShown] / s.Mx, s.Y[earthShown] / s.Mx, s.Z[earthShown] / s.Mx, 0.1,
+                  earth);
+    drawBothViews(orbitPicture, s.X[rowMoon] / s.Mx, s.Y[rowMoon] / s.Mx, s.Z[rowMoon] / s.Mx, 0.07, moon);
+    if (showBarycentre.on()) orbitPicture.cross(s.X[rowCentre] / s.Mx, s.Y[rowCentre] / s.Mx, 1, centre);
 }
 
 }  // namespace tarvex

@@ -1,6 +1,7 @@
 #pragma once
 // The controls of the screen of notation, Form5.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -18,8 +19,7 @@ public:
     TextField quantities{
         this,
         {.name = "Text1", .hint = "Имена величин и их единицы", .readOnly = true, .lines = 25, .width = 62}};
-    CommandButton closeForm{this,
-                            {.name = "Command1", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command1")};
 };
 
 }  // namespace tarvex

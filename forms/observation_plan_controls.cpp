@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/screens.h"
+
 namespace tarvex {
 
 namespace {
@@ -31,7 +33,7 @@ TextField::Spec cell(const char* name, int i, const std::string& hint) {
 }  // namespace
 
 ObservationPlanControls::ObservationPlanControls(Desk& desk)
-    : Form(desk, formName, "План эксперименов (наблюдения) Tarvex7m  ф. 13"),
+    : Form(desk, ObservationPlanScreen::formName, "План эксперименов (наблюдения) Tarvex7m  ф. 13"),
       factorChosen(this, 1, factors,
                    [](int i) {
                        return CheckBox::Spec{

@@ -7,7 +7,6 @@ namespace tarvex {
 
 class ObservationPlanControls : public Form {
 public:
-    static constexpr const char* formName = "Form13";
     static constexpr int factors = 9;  ///< that a plan may vary
 
     CheckBoxes factorChosen;    ///< factors 1..9

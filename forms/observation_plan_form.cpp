@@ -3,9 +3,6 @@
 #include "core/arithmetic.h"
 #include "core/clock.h"
 #include "core/numbers.h"
-#include "forms/observations_form.h"
-#include "forms/planet_perturbations_form.h"
-#include "forms/statistics_form.h"
 #include "numeric/records.h"
 #include "reduction/observation_plan.h"
 #include "stats/stat.h"
@@ -45,7 +42,7 @@ ObservationPlanForm::ObservationPlanForm(Laboratory& lab_) : ObservationPlanCont
 }
 
 void ObservationPlanForm::load() {
-    planOfPerturbations.setEnabled(!lab.desk.get<ObservationsForm>().planetByPlan.on());
+    planOfPerturbations.setEnabled(!data().planetByPlan());
     planNumber.setText("1");
     testNumber.setText("1");
     if (desk().calculating("Form10") || desk().calculating("Form15")) {  // it works on the plan as it stands
@@ -57,8 +54,7 @@ void ObservationPlanForm::load() {
 }
 
 void ObservationPlanForm::activate() {
-    addOptimum.setCaption("Добавить параметры в файл Tarvex" +
-                          std::to_string(planetOfPlan(lab.desk.get<ObservationsForm>().bodyNumber.int32())) +
+    addOptimum.setCaption("Добавить параметры в файл Tarvex" + std::to_string(planetOfPlan(data().body())) +
                           "Nab.txt");
 }
 
@@ -74,23 +70,18 @@ void ObservationPlanForm::CreatePlan13() {
     PlanCenterCount(plan);
     BuildPlan(plan);
     PlanCoefficients(plan);
-    lab.desk.get<ObservationsForm>().lastExperiment.show(plan.Nplan);
+    data().showExperiments(plan.Nplan);
 }
 
-bool ObservationPlanForm::sourceChosen(const ObservationsForm& data) const {
-    return data.fromTables.on() ? !data.tableChoice(0).on() : !data.observatoryChoice(0).on();
-}
-
-std::string ObservationPlanForm::testFile(const ObservationsForm& data) const {
-    return planTestFileName(lab.s, lab.s.IplSel, data.fromObservatories.on() ? data.fileNumber.text() : "",
-                            testNumber_);
+std::string ObservationPlanForm::testFile() {
+    return planTestFileName(lab.s, lab.s.IplSel, data().observedFile(), testNumber_);
 }
 
 /// Numbers of plan and test, and the body.
 void ObservationPlanForm::readNumbers() {
     lab.s.NPlan = planNumber.int16();
     testNumber_ = testNumber.int32();
-    const std::int32_t body = lab.desk.get<ObservationsForm>().bodyNumber.int32();
+    const std::int32_t body = data().body();
     if (body < 0 || body > rowMoon) throw SubscriptFailure("нет тела № " + std::to_string(body));
     lab.s.IplSel = body;
 }
@@ -104,26 +95,24 @@ void ObservationPlanForm::LoadPlan13() {
     lab.reduction.planEpoch = lab.s.JDepoha;
     showSource();
     ShowPlanFields();
-    lab.desk.get<ObservationsForm>().planSignal.setText(timeOfDay());
+    data().showPlan();
 }
 
 void ObservationPlanForm::fromTemplate() {
-    ObservationsForm& data = lab.desk.get<ObservationsForm>();
     ModelState& s = lab.s;
-    s.God0 = data.year.int32();
+    s.God0 = data().firstYear();
     lab.reduction.GodK = toInt32(s.God0 + 20.0);
-    data.showLastYear(lab.reduction.GodK);
-    data.dateSignal.setText(timeOfDay());  // the date into JD
+    data().showLastYear(lab.reduction.GodK);
+    data().takeDate();
     s.JDepoha = s.JD;
     s.JDut = 1000;
-    planTemplate(s, lab.reduction, lab.plan, data.planEpochJ2000.on());
+    planTemplate(s, lab.reduction, lab.plan, data().epochOfPlanJ2000());
 }
 
 void ObservationPlanForm::fromFile() {
-    ObservationsForm& data = lab.desk.get<ObservationsForm>();
     ModelState& s = lab.s;
-    if (!sourceChosen(data)) throw Refusal("Выберете источник данных", box);
-    const std::string name = testFile(data);
+    if (!data().sourceChosen()) throw Refusal("Выберете источник данных", box);
+    const std::string name = testFile();
     try {
         loadPlanTest(s, lab.reduction, lab.plan, lab.tree, name);
     } catch (const OpenFailure&) {
@@ -131,11 +120,9 @@ void ObservationPlanForm::fromFile() {
     } catch (const std::exception&) {
         throw Refusal("Ошибка чтения данных из файла\r\n" + name, box);
     }
-    data.year.show(s.God0);
-    data.month.show(s.Mes0);
-    data.day.show(s.Den0);
-    data.showLastYear(lab.reduction.GodK);
-    data.dateSignal.setText(timeOfDay());
+    data().showFirstDay(s.God0, s.Mes0, s.Den0);
+    data().showLastYear(lab.reduction.GodK);
+    data().takeDate();
     s.JDepoha = s.JD;
 }
 
@@ -162,7 +149,7 @@ void ObservationPlanForm::ShowPlanFields() {
     systemVX.show(system.X);
     systemVY.show(system.Y);
     systemVZ.show(system.Z);
-    lab.desk.get<ObservationsForm>().precessionRate.show(lab.reduction.PrecSek);
+    data().showPrecession(lab.reduction.PrecSek);
 }
 
 void ObservationPlanForm::ReadPlanFields() {
@@ -175,37 +162,31 @@ void ObservationPlanForm::ReadPlanFields() {
         plan.XoptR[i] = finite(naturalOptimum(i).number() * unit);
     }
     lab.reduction.velocity.set(lab.s, {systemVX.number(), systemVY.number(), systemVZ.number()});
-    lab.reduction.PrecSek = lab.desk.get<ObservationsForm>().precessionRate.number();
+    lab.reduction.PrecSek = data().precession();
     lab.reduction.kodDLplan = planOfPerturbations.on() ? 1 : 0;
     lab.reduction.NplDL = secondPerturber.on() ? 2 : 1;
 }
 
 void ObservationPlanForm::SavePlan13() {
-    ObservationsForm& data = lab.desk.get<ObservationsForm>();
+    const ObservationsScreen& from = data();
     readNumbers();
-    if (!sourceChosen(data)) throw Refusal("Выберете источник данных наблюдений", box);
+    if (!from.sourceChosen()) throw Refusal("Выберете источник данных наблюдений", box);
     stage("Задайте правильно данные для плана", box, [this] { ReadPlanFields(); });
-    if (!data.distanceCriterion.text().empty())
-        criterion_ = (data.judgeByLongitude.on() ? data.longitudeCriterion : data.distanceCriterion).number();
-    const std::string name = testFile(data);
+    criterion_ = from.criterion().value_or(criterion_);
+    const std::string name = testFile();
     stage("Ошибка при записи данных в файл " + name, box, [&] {
-        savePlanTest(lab.s, lab.reduction, lab.plan, lab.tree, name, testNumber_,
-                     {data.planEpochJ2000.on(), data.judgeByDistance.on(), data.rootMeanSquare.on(),
-                      criterion_, todayText()});
+        savePlanTest(
+            lab.s, lab.reduction, lab.plan, lab.tree, name, testNumber_,
+            {from.epochOfPlanJ2000(), from.byDistance(), from.rootMeanSquares(), criterion_, todayText()});
     });
 }
 
 void ObservationPlanForm::OptimizePlan13() {
-    PlanBlock& plan = lab.plan;
-    Picture& picture = lab.desk.get<ObservationsForm>().residualGraph;
-    constexpr double belowPlan = 24, afterSystem = 12;
-    const double top = lab.desk.get<ObservationsForm>().graphTop() - belowPlan;
-    picture.lookAt(top, top - (plan.Nf + 3) * 2 * planLine);
-    printOptimum(picture, plan, planLeft, top);
+    const PlanBlock& plan = lab.plan;
+    data().showOptimum();
     for (int f = 1; f <= plan.Nf; ++f) {
         const int i = plan.Nfact.at(f);
         const double natural = plan.Xopt[f] * plan.dXvar[i] + plan.Xnul[i];
-        picture.text(afterSystem, top - (f + 1) * planLine, toText(plan.Xopt[f]));
         codedOptimum(i).show(cut6(plan.Xopt[f]));
         if (i == 1 && f == 1)
             naturalOptimum(1).show(Fix(natural) / MK);
@@ -215,36 +196,29 @@ void ObservationPlanForm::OptimizePlan13() {
 }
 
 void ObservationPlanForm::SendToForm22() {
-    const int planet = planetOfPlan(lab.desk.get<ObservationsForm>().bodyNumber.int32());
+    const int planet = planetOfPlan(data().body());
     lab.reduction.NplDL = secondPerturber.on() ? 2 : 1;
     if (planet < 1 || planet > 4)
         throw SubscriptFailure("нет возмущений планеты № " + std::to_string(planet));
     auto& amplitudes = lab.s.kLp;
     for (int c = 1; c <= terms; ++c)
         amplitudes[lab.reduction.NplDL][planet * 10 + c] = zeroLevel(c + 1).number();
-    if (!lab.desk.isLoaded("Form22")) throw Refusal("Загрузите форму 22 (dLp)", box);
-    auto& form = lab.desk.get<PlanetPerturbationsForm>();
-    for (int c = 1; c <= terms; ++c) {
-        form.amplitude(planet * 10 + c).show(amplitudes[1][planet * 10 + c]);
-        form.amplitude(planet * 10 + 40 + c).show(amplitudes[2][planet * 10 + c]);
-    }
+    auto* perturbations = loadedScreen<PlanetPerturbationsScreen>(desk());
+    if (perturbations == nullptr) throw Refusal("Загрузите форму 22 (dLp)", box);
+    perturbations->showAmplitudes(planet);
 }
 
 void ObservationPlanForm::AddOptimumRecord() {
     ModelState& s = lab.s;
-    const int planet = planetOfPlan(lab.desk.get<ObservationsForm>().bodyNumber.int32());
+    const int planet = planetOfPlan(data().body());
     s.NPlan = planNumber.int16();
     std::array<double, factors + 1> level{};
     for (const int i : {4, 5, 3, 2, 6, 7, 8, 9, 1}) level[i] = zeroLevel(i).number();
     const double date = s.JDepoha;
     const Record record = optimumRecord(level, lab.plan.Xnul[10], 2 * (s.JDut - date));
 
-    lab.desk.show("Form6");
-    auto& form = lab.desk.get<StatisticsForm>();
-    form.fromImitator.choose();
-    form.ownImitator.choose();
-    form.planNumber.show(s.NPlan);
-    form.planet(planet).choose();
+    desk().show(StatisticsScreen::formName);
+    screenOf<StatisticsScreen>(desk()).chooseOptima(s.NPlan, planet);
 
     const std::string name = optimumFile(s.NPlan, planet);
     OptimumSeries changed = [&] {
@@ -255,7 +229,7 @@ void ObservationPlanForm::AddOptimumRecord() {
         } catch (const Refusal&) {
             throw;
         } catch (const std::exception& failure) {
-            lab.desk.tell({"Ошибка чтения данных из файла\r\n" + name, box, causeOf(failure), true});
+            desk().tell({"Ошибка чтения данных из файла\r\n" + name, box, causeOf(failure), true});
             throw Refusal("Ошибка записи данных в файл\r\n" + name, box);
         }
     }();
@@ -266,18 +240,21 @@ void ObservationPlanForm::AddOptimumRecord() {
     });
     stage("Ошибка записи данных в файл\r\n" + name, box, [&] { writeSeries(lab.tree, changed.series); });
     lab.series = changed.series;
-    printSeries(changed, at);
+    screenOf<StatisticsScreen>(desk()).printPage(static_cast<double>(changed.series.NP1max()) / 2 + 10,
+                                                 optimumLines(changed, at));
 }
 
-/// On the picture of the statistics.
-void ObservationPlanForm::printSeries(const OptimumSeries& changed, int marked) {
-    auto& form = lab.desk.get<StatisticsForm>();
-    const double rows = changed.series.NP1max() / 2.0 + 10;
-    form.drawEmpty(rows, 52, false);
-    double y = rows - 0.3;
-    for (const std::string& line : optimumLines(changed, marked)) {
-        form.picture.text(0.3, y, line);
-        y -= 0.5;
+void ObservationPlanForm::allowPerturbations(bool may) {
+    if (!may) planOfPerturbations.set(false);
+    planOfPerturbations.setEnabled(may);
+}
+
+void ObservationPlanForm::takeLevels() { readSignal.setText(timeOfDay()); }
+
+void ObservationPlanForm::showCodedLevels() {
+    for (int f = 1; f <= lab.plan.Nf; ++f) {
+        zeroLevel(lab.plan.Nfact[f]).setText("0");
+        interval(lab.plan.Nfact[f]).setText("1");
     }
 }
 

@@ -4,17 +4,22 @@
 
 #include "forms/laboratory.h"
 #include "forms/observation_plan_controls.h"
+#include "forms/screens.h"
 #include "reduction/optimum_record.h"
 
 namespace tarvex {
 
-class ObservationsForm;
-
-class ObservationPlanForm final : public ObservationPlanControls {
+class ObservationPlanForm final : public ObservationPlanControls, public ObservationPlanScreen {
 public:
+    using ObservationPlanScreen::formName;
     explicit ObservationPlanForm(Laboratory& lab);
     void load() override;
     void activate() override;
+
+    // --- for the form of observations (ObservationPlanScreen)
+    void allowPerturbations(bool may) override;
+    void takeLevels() override;
+    void showCodedLevels() override;
 
 private:
     void CreatePlan13();
@@ -28,10 +33,9 @@ private:
     void ShowPlanFields();
     void ReadPlanFields();
     void readNumbers();
-    bool sourceChosen(const ObservationsForm& data) const;
-    std::string testFile(const ObservationsForm& data) const;
+    ObservationsScreen& data() { return screenOf<ObservationsScreen>(desk()); }
+    std::string testFile();
     void showSource();
-    void printSeries(const OptimumSeries& changed, int marked);
 
     Laboratory& lab;
     std::int32_t testNumber_ = 1;  ///< in the name of the file

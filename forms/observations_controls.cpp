@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "forms/screens.h"
 #include "forms/table_captions.h"
 
 namespace tarvex {
@@ -28,7 +29,7 @@ constexpr std::array<StageFields, chainStages> stageFields = {{{"Text21", "Text2
 }  // namespace
 
 ObservationsControls::ObservationsControls(Desk& desk)
-    : Form(desk, formName, "Обработка первичных данных наблюдений"),
+    : Form(desk, ObservationsScreen::formName, "Обработка первичных данных наблюдений"),
       tableChoice(this, 0, 10, tableOption),
       observatoryChoice(this, 0, 7, [](int i) {
           return OptionButton::Spec{
@@ -74,7 +75,7 @@ Layout ObservationsControls::dataPage() {
 Layout ObservationsControls::theoryPage() {
     return column({
         frame("когда Земля (z) и Луна (l) по", row({earthByJpl0, earthBySer0, earthBySer0Plus})),
-        frame("параметры орбит планет (p)", row({planetByPlan, planetByJpl0, planetBySer0})),
+        frame("параметры орбит планет (p)", row({elementsOfPlan, planetByJpl0, planetBySer0})),
         frame("параметры в эпохе", row({planEpochJ2000, planEpochOfDate, precessionRate})),
         frame("Поправки", table(4, {sourceAberration, receiverAberration, nutation, parallax, refraction,
                                     planetTerms, earthMoonTerms})),

@@ -7,6 +7,7 @@
 
 #include "forms/fit_panel.h"
 #include "forms/quality_panel.h"
+#include "forms/shared_controls.h"
 #include "reduction/reduction_run.h"
 #include "runtime/form.h"
 
@@ -14,8 +15,6 @@ namespace tarvex {
 
 class ObservationsControls : public Form {
 public:
-    static constexpr const char* formName = "Form10";
-
     // --- the data
     OptionButton fromTables{this,
                             {.name = "Option1",
@@ -138,18 +137,8 @@ public:
                            .caption = "Египетский",
                            .group = "calendar",
                            .hint = "Даты данных по египетскому календарю"}};
-    OptionButton dayFromMidnight{this,
-                                 {.name = "Option15",
-                                  .caption = "день от 0 час.",
-                                  .group = "daystart",
-                                  .on = true,
-                                  .hint = "Сутки начинаются в полночь; в египетском календаре дата тогда "
-                                          "уходит на полдня при каждом шаге"}};
-    OptionButton dayFromNoon{this,
-                             {.name = "Option16",
-                              .caption = "день от 12 час.",
-                              .group = "daystart",
-                              .hint = "Сутки начинаются в полдень"}};
+    OptionButton dayFromMidnight{this, dayFromMidnightSpec("Option15")};
+    OptionButton dayFromNoon{this, dayFromNoonSpec("Option16")};
     CommandButton toJulianDate{
         this, {.name = "Command2", .caption = "DMY->JD", .hint = "Юлианская дата по дню, месяцу и году"}};
     CommandButton toCalendarDate{
@@ -168,11 +157,11 @@ public:
                               .hint = "Земля и Луна по Ser0"}};
     OptionButton earthBySer0Plus{
         this, {.name = "Option21", .caption = "Ser0+", .group = "earth", .hint = "Земля и Луна по Ser0+"}};
-    OptionButton planetByPlan{this,
-                              {.name = "Option10",
-                               .caption = "План",
-                               .group = "planet",
-                               .hint = "Параметры орбиты наблюдаемого тела из плана формы 13"}};
+    OptionButton elementsOfPlan{this,
+                                {.name = "Option10",
+                                 .caption = "План",
+                                 .group = "planet",
+                                 .hint = "Параметры орбиты наблюдаемого тела из плана формы 13"}};
     OptionButton planetByJpl0{
         this, {.name = "Option11", .caption = "JPL0", .group = "planet", .hint = "Планета по JPL0"}};
     OptionButton planetBySer0{this,

@@ -1,7 +1,5 @@
 #include "forms/observations_form.h"
 
-#include <algorithm>
-
 #include "core/numbers.h"
 #include "forms/plot_grid.h"
 
@@ -39,7 +37,7 @@ void ObservationsForm::bindSources() {
     dateSignal.onChange([this] { convertDate(); }, badData());
     toStartDate.onPress([this] { restoreStart(); });
 
-    planetByPlan.onChoose([this] { allowEpochs(true); }, badData());
+    elementsOfPlan.onChoose([this] { allowEpochs(true); }, badData());
     for (OptionButton* theory : {&planetByJpl0, &planetBySer0})
         theory->onChoose([this] { allowEpochs(false); }, badData());
 }
@@ -70,15 +68,9 @@ void ObservationsForm::bindPlan() {
     drawFactorCurves.onPress([this] { plotFactors(); },
                              orShow("Ошибка при построение графиков", "Tarvex7.0"));
     quality.report.onPress([this] { qualityReport(); }, orShow("Ошибка при обработке данных", "Tarvex7.0"));
-    quality.addPoints.onPress(
-        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
-        badData());
-    quality.growPlan.onPress(
-        [this] {
-            const auto from = lab.plan.Xopt.begin() + 1;
-            growPlanAround({from, from + std::clamp<int>(lab.plan.Nf, 0, maxFactors)}, 0.5);
-        },
-        badData());
+    quality.onGrowth(
+        lab.plan, [this](int i) { return lab.plan.Xopt[i]; },
+        [this](const auto& centre, double half) { growPlanAround(centre, half); }, badData());
     fit.fit.onPress([this] { fitPlaces(); }, orShow("Модель не подогнана к местам", "Tarvex7.0"));
     fit.stop.onPress([this] { fitStopped_ = true; });
     planSignal.onChange([this] { ShowPlanSummary(); }, badData());
@@ -90,11 +82,7 @@ void ObservationsForm::allowEpochs(bool byPlan) {
     if (!byPlan) planEpochJ2000.choose();
     planEpochOfDate.setEnabled(byPlan);
     planEpochJ2000.setEnabled(true);
-    auto* varyTerms =
-        desk().isLoaded("Form13") ? dynamic_cast<CheckBox*>(desk().form("Form13").find("Check2")) : nullptr;
-    if (varyTerms == nullptr) return;
-    if (byPlan) varyTerms->set(false);
-    varyTerms->setEnabled(!byPlan);
+    if (auto* plan = loadedScreen<ObservationPlanScreen>(desk())) plan->allowPerturbations(!byPlan);
 }
 
 void ObservationsForm::load() {

@@ -8,24 +8,42 @@
 #include "forms/observations_controls.h"
 #include "forms/picture_axes.h"
 #include "forms/plan_picture.h"
+#include "forms/screens.h"
 #include "reduction/reduction_run.h"
 
 namespace tarvex {
 
-class ObservationsForm final : public ObservationsControls, private ReductionView {
+class ObservationsForm final : public ObservationsControls, public ObservationsScreen, private ReductionView {
 public:
+    using ObservationsScreen::formName;
     explicit ObservationsForm(Laboratory& lab);
     void load() override;
     void unload() override;
 
-    /// Empties the lower graph and sizes it for the plan.
-    void clearGraph();
-    /// Shows the last year of data or of a plan; what the user has typed in its place is gone.
-    void showLastYear(std::int32_t last);
-    /// Top of the lower graph, picture units.
-    double graphTop() const { return page_.rows; }
+    // --- for the plan on observations (ObservationsScreen)
+    bool planetByPlan() const override { return elementsOfPlan.on(); }
+    bool epochOfPlanJ2000() const override { return planEpochJ2000.on(); }
+    bool sourceChosen() const override;
+    std::string observedFile() const override { return fromObservatories.on() ? fileNumber.text() : ""; }
+    std::int32_t body() const override { return bodyNumber.int32(); }
+    std::int32_t firstYear() const override { return year.int32(); }
+    double precession() const override { return precessionRate.number(); }
+    bool byDistance() const override { return judgeByDistance.on(); }
+    bool rootMeanSquares() const override { return rootMeanSquare.on(); }
+    std::optional<double> criterion() const override;
+    void showPrecession(double arcSecondsPerCentury) override { precessionRate.show(arcSecondsPerCentury); }
+    void showFirstDay(std::int32_t year, std::int32_t month, double day) override;
+    void showLastYear(std::int32_t last) override;
+    void takeDate() override;
+    void showExperiments(int count) override { lastExperiment.show(count); }
+    void showPlan() override;
+    void showOptimum() override;
 
 private:
+    /// Empties the lower graph and sizes it for the plan.
+    void clearGraph();
+    /// Top of the lower graph, picture units.
+    double graphTop() const { return page_.rows; }
     void bindSources();
     void bindRun();
     void bindPlan();
@@ -93,7 +111,7 @@ private:
 
     // --- plans (observations_form_plan.cpp)
     void runExperiments();
-    void showExperiments();
+    void lookAtExperiments();
     void printResponse(int k);
     void findRegression();
     void plotFactors();

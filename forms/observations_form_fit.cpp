@@ -2,7 +2,6 @@
 
 #include "core/calendar.h"
 #include "forms/observations_form.h"
-#include "forms/run_form.h"
 #include "reduction/observed_direction.h"
 
 namespace tarvex {
@@ -48,8 +47,8 @@ void ObservationsForm::fitPlaces() {
     fit.clear();
     PlaceFitSettings set = fit.settings();
     const std::vector<Place> places = placesToFit(set.bodies);
-    RunSettings run =
-        lab.desk.isLoaded(RunForm::formName) ? lab.desk.get<RunForm>().settings() : RunSettings{};
+    const auto* screen = loadedScreen<RunScreen>(desk());
+    RunSettings run = screen != nullptr ? screen->settings() : RunSettings{};
     run.test = false;
     fitStopped_ = false;
     fitting_ = true;

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/arithmetic.h"
+#include "core/clock.h"
 #include "core/numbers.h"
-#include "forms/observation_plan_form.h"
 #include "forms/observations_form.h"
 #include "stats/stat.h"
 
@@ -25,13 +25,13 @@ void ObservationsForm::printResponse(int k) {
 }
 
 /// Brings the plan and its results into sight.
-void ObservationsForm::showExperiments() {
+void ObservationsForm::lookAtExperiments() {
     residualGraph.lookAt(graphTop(), graphTop() - firstResponse - (lab.plan.Nplan + 1) / 2.0);
 }
 
 void ObservationsForm::runExperiments() {
     if (running_) return;
-    showExperiments();
+    lookAtExperiments();
     PlanBlock& plan = lab.plan;
     ReductionState& r = lab.reduction;
     const auto bounds = [this, &plan](int& first, int& last) {
@@ -44,11 +44,7 @@ void ObservationsForm::runExperiments() {
     int first = 0, last = 0;
     if (testRegression.on()) {
         bounds(first, last);
-        auto& form = desk().get<ObservationPlanForm>();
-        for (int f = 1; f <= plan.Nf; ++f) {
-            form.zeroLevel(plan.Nfact[f]).setText("0");
-            form.interval(plan.Nfact[f]).setText("1");
-        }
+        screenOf<ObservationPlanScreen>(desk()).showCodedLevels();
         runTestOfRegression(plan, first, last);
         for (int k = first; k <= last; ++k) printResponse(k);
         return;
@@ -78,7 +74,7 @@ void ObservationsForm::runExperiments() {
 void ObservationsForm::findRegression() {
     PlanBlock& plan = lab.plan;
     fitResponses(plan);
-    showExperiments();
+    lookAtExperiments();
     const double top = graphTop() - firstResponse;
     printCoefficients(residualGraph, plan, coefficientColumn, top);
     for (int k = 1; k <= plan.Nplan; ++k)
@@ -91,6 +87,35 @@ void ObservationsForm::qualityReport() {
     clearGraph();
     residualGraph.lookAt(graphTop(), graphTop() - static_cast<double>(lines.size()) * planLine);
     printLines(residualGraph, lines, graphTop());
+}
+
+bool ObservationsForm::sourceChosen() const {
+    return fromTables.on() ? !tableChoice(0).on() : !observatoryChoice(0).on();
+}
+
+std::optional<double> ObservationsForm::criterion() const {
+    if (distanceCriterion.text().empty()) return std::nullopt;
+    return (judgeByLongitude.on() ? longitudeCriterion : distanceCriterion).number();
+}
+
+void ObservationsForm::showFirstDay(std::int32_t firstYear, std::int32_t firstMonth, double firstDay) {
+    year.show(firstYear);
+    month.show(firstMonth);
+    day.show(firstDay);
+}
+
+void ObservationsForm::takeDate() { dateSignal.setText(timeOfDay()); }
+
+void ObservationsForm::showPlan() { planSignal.setText(timeOfDay()); }
+
+void ObservationsForm::showOptimum() {
+    PlanBlock& plan = lab.plan;
+    constexpr double belowPlan = 24, afterSystem = 12;
+    const double top = graphTop() - belowPlan;
+    residualGraph.lookAt(top, top - (plan.Nf + 3) * 2 * planLine);
+    printOptimum(residualGraph, plan, planLeft, top);
+    for (int f = 1; f <= plan.Nf; ++f)
+        residualGraph.text(afterSystem, top - (f + 1) * planLine, toText(plan.Xopt[f]));
 }
 
 /// More points for the plan; they are run next.
@@ -118,7 +143,7 @@ void ObservationsForm::ShowPlanSummary() {
     const ReductionState& r = lab.reduction;
     clearGraph();
     double y = graphTop();
-    showExperiments();
+    lookAtExperiments();
     const auto print = [&](const std::string& text) {
         residualGraph.text(planLeft, y, text);
         y -= planLine;

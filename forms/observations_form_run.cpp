@@ -24,7 +24,9 @@ constexpr int layerHistogram = 100;
 
 /// The calendar and the start of the day of the data.
 void ObservationsForm::takeCalendar() {
-    lab.s.kodKalend = egyptian.on() ? 2 : julian.on() ? 1 : 0;
+    lab.s.kodKalend = codeOf(egyptian.on() ? Calendar::Egyptian
+                             : julian.on() ? Calendar::Julian
+                                           : Calendar::Gregorian);
     lab.s.TimeZone = dayFromNoon.on() ? 12 : 0;
 }
 
@@ -59,7 +61,7 @@ void ObservationsForm::readChoices() {
     c.earth = earthByJpl0.on()   ? EarthTheory::JPL0
               : earthBySer0.on() ? EarthTheory::Ser0
                                  : EarthTheory::Ser0Plus;
-    c.planet = planetByPlan.on()   ? PlanetTheory::Plan
+    c.planet = elementsOfPlan.on() ? PlanetTheory::Plan
                : planetByJpl0.on() ? PlanetTheory::JPL0
                                    : PlanetTheory::Ser0;
     c.epochJ2000 = planEpochJ2000.on();
@@ -131,12 +133,10 @@ bool ObservationsForm::ReadRunParams() {
     s.Mes0 = s.MesR;
     s.Den0 = s.DenR;
     r.GodK = lastYear.int32();
-    if (desk().isLoaded("Form13"))
-        if (auto* signal = dynamic_cast<TextField*>(desk().form("Form13").find("Text16")))
-            signal->setText(timeOfDay());
+    if (auto* plan = loadedScreen<ObservationPlanScreen>(desk())) plan->takeLevels();
     s.kodStop = 0;
     std::string text;
-    if (planetByPlan.on() && r.planEpoch != 0 && r.planEpoch != s.JDepoha)
+    if (elementsOfPlan.on() && r.planEpoch != 0 && r.planEpoch != s.JDepoha)
         text = "Уровни плана загружены для другой начальной даты (JD " + toText(r.planEpoch) + "). ";
     if (egyptian.on() && !dayFromNoon.on()) text += egyptianFromMidnight;
     setStatus(text);

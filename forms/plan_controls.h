@@ -3,6 +3,7 @@
 // criterion, the regression, its optimum and the picture.
 
 #include "forms/quality_panel.h"
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -271,15 +272,8 @@ public:
                              .hint = "Время конца эксперимента на форме 2; запись сюда начинает следующий",
                              .readOnly = true,
                              .lines = 3}};
-    Label fitQuality{
-        this,
-        {.name = "Label1",
-         .caption = " ",
-         .hint = "Остаточная дисперсия в квадратах единиц критерия и доля объясненной вариации R^2"}};
-    Label stationaryPoint{this,
-                          {.name = "Label2",
-                           .caption = " ",
-                           .hint = "Вид стационарной точки по собственным числам квадратичной формы"}};
+    Label fitQuality{this, fitQualitySpec("Label1")};
+    Label stationaryPoint{this, stationaryPointSpec("Label2")};
     Label planStatus{
         this,
         {.name = "Label3",

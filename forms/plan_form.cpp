@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "core/arithmetic.h"
-#include "forms/statistics_form.h"
 #include "stats/gravity_plan.h"
 #include "stats/plan_file.h"
 #include "stats/plan_growth.h"
@@ -66,17 +65,10 @@ PlanForm::PlanForm(Laboratory& lab_)
     });
     drawPlots.onPress([this] { Plot15(); },
                       orShow("Ошибка при построение графиков\r\nПопробуйте увеличить масштаб", box));
-    quality.report.onPress([this] { QualityReport15(); }, orShow("Ошибка при обработке данных", box));
-    quality.addPoints.onPress(
-        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
-        badData);
-    quality.growPlan.onPress(
-        [this] {
-            std::vector<double> centre;
-            for (int i = 1; i <= lab.plan.Nf; ++i) centre.push_back(codedOptimum(lab.plan.Nfact[i]).number());
-            growPlanAround(centre, 0.5);
-        },
-        badData);
+    quality.report.onPress([this] { qualityReport(); }, orShow("Ошибка при обработке данных", box));
+    quality.onGrowth(
+        lab.plan, [this](int i) { return codedOptimum(lab.plan.Nfact[i]).number(); },
+        [this](const auto& centre, double half) { growPlanAround(centre, half); }, badData);
     solveShifts.onPress([this] { SolveShifts(); }, orShow("Ошибка при решении по смещениям", box));
     confirmSolution.onPress([this] { ConfirmSolution(); }, orShow("Ошибка при выполнение плана", box));
     nextPlan.onPress([this] { NextPlan(); }, badData);
@@ -171,8 +163,7 @@ void PlanForm::showPlanOf(int plan) {
 void openFreshPlan(Laboratory& lab, int plan) {
     const bool fresh = !lab.session.keeper.used(PlanForm::formName);
     lab.desk.show(PlanForm::formName);
-    if (auto* form = dynamic_cast<PlanForm*>(&lab.desk.form(PlanForm::formName)); fresh && form != nullptr)
-        form->showPlanOf(plan);
+    if (fresh) screenOf<PlanScreen>(lab.desk).showPlanOf(plan);
 }
 
 void PlanForm::LoadPlan15() {
@@ -359,9 +350,9 @@ void PlanForm::modelCriterion() {
 /// To the form that makes the shifts, set for it where the user has not done anything there yet.
 void PlanForm::leadToShifts(int plan, int planet) {
     const auto observed = lab.series.kodData;  // a form that opens forgets the data
-    const bool fresh = !lab.session.keeper.used(StatisticsForm::formName);
-    desk().show(StatisticsForm::formName);
-    if (fresh) desk().get<StatisticsForm>().offerPlan(plan, planet);
+    const bool fresh = !lab.session.keeper.used(StatisticsScreen::formName);
+    desk().show(StatisticsScreen::formName);
+    if (fresh) screenOf<StatisticsScreen>(desk()).offerPlan(plan, planet);
     lab.series.kodData = observed;
 }
 
@@ -404,7 +395,7 @@ void PlanForm::Plot15() {
         color);
 }
 
-void PlanForm::QualityReport15() {
+void PlanForm::qualityReport() {
     PlanBlock p = lab.plan;
     if (fittedCriterion != std::array<double, 100>{}) p.Yu = fittedCriterion;
     quality.show(p, criterionIsSquare.on() || criterionIsModulus.on(), picture, page);

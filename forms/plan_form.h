@@ -25,9 +25,8 @@ public:
     bool rotatable() const override { return rotatablePlan.on(); }
     PlanSettings takePlan() override;
     void experimentEnded() override;
-
-    /// Loads the plan of this number, where its file exists; 0 for the number that stands there.
-    void showPlanOf(int plan);
+    std::vector<int> tickedPlanets() const override;
+    void showPlanOf(int plan) override;
 
 private:
     void CreatePlan15();
@@ -42,7 +41,7 @@ private:
     void Optimize15();
     void Plot15();
 
-    void QualityReport15();
+    void qualityReport();
     void growPlanAround(const std::vector<double>& centre, double half);
 
     // --- the answer by drifts (plan_form_solution.cpp)
@@ -54,7 +53,6 @@ private:
     void drawContours(const ProfileMap& map, double top);
     bool runSolution(const FactorValues& values, int planet, int number);
     void measureSolution(int planet, int number);
-    std::vector<int> tickedPlanets() const;
     std::vector<int> tickedParameters() const;
 
     void buildPlan();
@@ -88,8 +86,5 @@ private:
     bool telling = false;     ///< the end of an experiment that this form has begun
     bool gone = false;        ///< unloaded
 };
-
-/// Opens Form15; where the user has not done anything there yet, with the plan at hand.
-void openFreshPlan(Laboratory& lab, int plan);
 
 }  // namespace tarvex

@@ -164,12 +164,10 @@ void PlanForm::measureSolution(int planet, int number) {
           [&] { readSeries(lab.tree, name, dataModel, series); });
     series.kodData = dataModel;
     series.Npl = planet;
-    const auto* periods = desk().isLoaded("Form6")
-                              ? dynamic_cast<const CheckBox*>(desk().form("Form6").find("WithPeriods"))
-                              : nullptr;
+    const auto* statistics = loadedScreen<StatisticsScreen>(desk());
     for (const int param : tickedParameters())
         lab.answer.Measured[static_cast<std::size_t>(planet)][static_cast<std::size_t>(param)] =
-            seriesShift(series, param, periods != nullptr && periods->on()).shift;
+            seriesShift(series, param, statistics != nullptr && statistics->fitsPeriods()).shift;
 }
 
 void PlanForm::NextPlan() {

@@ -9,7 +9,7 @@ namespace tarvex {
 
 class PlanTestsHelpForm final : public PlanTestsHelpControls, public PlanTestsScreen {
 public:
-    static constexpr const char* formName = "Form8";
+    using PlanTestsScreen::formName;
     explicit PlanTestsHelpForm(Laboratory& lab);
 
     /// Number of the chosen test, 1..9.

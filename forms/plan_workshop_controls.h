@@ -3,6 +3,7 @@
 // the regression's quality and the picture.
 
 #include "forms/quality_panel.h"
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -172,15 +173,8 @@ public:
         this, {.name = "Command7", .caption = "Очистить рисунок", .hint = "Пустой рисунок с сеткой"}};
     CommandButton closeForm{this,
                             {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть формы 18 и 8"}};
-    Label fitQuality{
-        this,
-        {.name = "Label1",
-         .caption = " ",
-         .hint = "Остаточная дисперсия в квадратах единиц критерия и доля объясненной вариации R^2"}};
-    Label stationaryPoint{this,
-                          {.name = "Label2",
-                           .caption = " ",
-                           .hint = "Вид стационарной точки по собственным числам квадратичной формы"}};
+    Label fitQuality{this, fitQualitySpec("Label1")};
+    Label stationaryPoint{this, stationaryPointSpec("Label2")};
     QualityPanel quality{this};
     Picture picture{this,
                     {.name = "Picture1",

@@ -35,18 +35,11 @@ PlanWorkshopForm::PlanWorkshopForm(Laboratory& lab_)
             }
         },
         orShow("Введите правильно нулевые уровни и интервалы", box));
-    quality.report.onPress([this] { QualityReport18(); }, orShow("Ошибка при обработке данных", box));
-    const Shown badPoints = orShow("Ошибка при составление плана", box);
-    quality.addPoints.onPress(
-        [this] { growPlanAround(std::vector<double>(static_cast<std::size_t>(lab.plan.Nf), 0), 1); },
-        badPoints);
-    quality.growPlan.onPress(
-        [this] {
-            std::vector<double> centre;
-            for (int i = 1; i <= lab.plan.Nf; ++i) centre.push_back(codedOptimum(lab.plan.Nfact[i]).number());
-            growPlanAround(centre, 0.5);
-        },
-        badPoints);
+    quality.report.onPress([this] { qualityReport(); }, orShow("Ошибка при обработке данных", box));
+    quality.onGrowth(
+        lab.plan, [this](int i) { return codedOptimum(lab.plan.Nfact[i]).number(); },
+        [this](const auto& centre, double half) { growPlanAround(centre, half); },
+        orShow("Ошибка при составление плана", box));
     clearDrawing.onPress([this] { page.drawEmpty(picture, false); });
     closeForm.onPress([this] {
         close();
@@ -257,7 +250,7 @@ void PlanWorkshopForm::EvalPoint18() {
     pointResult.show(pointValue(true));
 }
 
-void PlanWorkshopForm::QualityReport18() {
+void PlanWorkshopForm::qualityReport() {
     PlanBlock p = lab.plan;
     if (fittedCriterion != std::array<double, 100>{})
         p.Yu = fittedCriterion;  // the optimum is put into row 1

@@ -22,7 +22,7 @@ private:
     void OptimizePlan18();
     void PlotPlan18();
     void EvalPoint18();
-    void QualityReport18();
+    void qualityReport();
     void growPlanAround(const std::vector<double>& centre, double half);
 
     void printPlan();

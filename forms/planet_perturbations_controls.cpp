@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "forms/screens.h"
 #include "theories/perturbations.h"
 
 namespace tarvex {
@@ -37,7 +38,8 @@ TextField::Spec cellSpec(int index) {
 }  // namespace
 
 PlanetPerturbationsControls::PlanetPerturbationsControls(Desk& desk)
-    : Form(desk, formName, "Возмущения планет dL  Tarvex7m - форма 22"), amplitude(this, cells(), cellSpec) {
+    : Form(desk, PlanetPerturbationsScreen::formName, "Возмущения планет dL  Tarvex7m - форма 22"),
+      amplitude(this, cells(), cellSpec) {
     layOut();
 }
 

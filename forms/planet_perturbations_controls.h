@@ -7,8 +7,6 @@ namespace tarvex {
 
 class PlanetPerturbationsControls : public Form {
 public:
-    static constexpr const char* formName = "Form22";
-
     TextFields amplitude;  ///< body*10+term for its first perturbing body, 40 more for its second
     TextField mercuryPerturber1{this,
                                 {.name = "Text4",

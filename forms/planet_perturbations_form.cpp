@@ -39,9 +39,12 @@ void PlanetPerturbationsForm::takeFields() {
 
 void PlanetPerturbationsForm::loadFile() {
     readPlanetPerturbations(lab.s, lab.tree.at(files::perturbations(fileNumber.int16())));
-    for (int body = 1; body <= perturbedBodies; ++body)
-        for (int k = 1; k <= perturbationTerms; ++k)
-            for (int r = 1; r <= 2; ++r) amplitude(cell(body, r, k)).show(lab.s.kLp[r][body * 10 + k]);
+    for (int body = 1; body <= perturbedBodies; ++body) showAmplitudes(body);
+}
+
+void PlanetPerturbationsForm::showAmplitudes(int body) {
+    for (int k = 1; k <= perturbationTerms; ++k)
+        for (int r = 1; r <= 2; ++r) amplitude(cell(body, r, k)).show(lab.s.kLp[r][body * 10 + k]);
 }
 
 void PlanetPerturbationsForm::saveFile() {

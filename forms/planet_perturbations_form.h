@@ -4,13 +4,16 @@
 
 #include "forms/laboratory.h"
 #include "forms/planet_perturbations_controls.h"
+#include "forms/screens.h"
 
 namespace tarvex {
 
-class PlanetPerturbationsForm final : public PlanetPerturbationsControls {
+class PlanetPerturbationsForm final : public PlanetPerturbationsControls, public PlanetPerturbationsScreen {
 public:
+    using PlanetPerturbationsScreen::formName;
     explicit PlanetPerturbationsForm(Laboratory& lab);
     void load() override;
+    void showAmplitudes(int body) override;
 
 private:
     void takeFields();

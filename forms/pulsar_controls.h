@@ -2,6 +2,7 @@
 // The controls of the pulsar screen, Form26, in tab order: plots and their scales, drag, and where the delays
 // count from.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -84,8 +85,7 @@ public:
                                    .hint = "Передать все поля в расчет формы 25",
                                    .isDefault = true,
                                    .disturbs = Disturbs::All}};
-    CommandButton closeForm{this,
-                            {.name = "Command2", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command2")};
 
 protected:
     using Form::Form;

@@ -20,8 +20,8 @@ void PulsarForm::load() { showPulseRate(); }
 void PulsarForm::showPulseRate() {
     double Dt = lab.twoBody.Dt;
     try {
-        if (const auto* const form25 = loadedScreen<TwoBodiesScreen>(desk()))
-            Dt = toNumber(form25->typedStep());
+        if (const auto* const twoBodies = loadedScreen<TwoBodiesScreen>(desk()))
+            Dt = toNumber(twoBodies->typedStep());
         meanPulseRate.show(Fix(ratio(MK, Dt)) / MK);
     } catch (const Failure&) {
     }

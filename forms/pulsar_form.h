@@ -9,7 +9,7 @@ namespace tarvex {
 
 class PulsarForm final : public PulsarControls, public PulsarScreen {
 public:
-    static constexpr const char* formName = "Form26";
+    using PulsarScreen::formName;
     explicit PulsarForm(Laboratory& lab);
 
     void load() override;

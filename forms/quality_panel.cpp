@@ -53,6 +53,20 @@ void QualityPanel::show(const PlanBlock& p, bool squared, Picture& picture, cons
     printLines(picture, lines, page.rows - 0.3);
 }
 
+void QualityPanel::onGrowth(const PlanBlock& p, const std::function<double(int)>& optimum,
+                            const std::function<void(const std::vector<double>&, double)>& grow,
+                            const Shown& message) {
+    addPoints.onPress([&p, grow] { grow(std::vector<double>(static_cast<std::size_t>(p.Nf), 0), 1); },
+                      message);
+    growPlan.onPress(
+        [&p, optimum, grow] {
+            std::vector<double> centre;
+            for (int i = 1; i <= p.Nf; ++i) centre.push_back(optimum(i));
+            grow(centre, 0.5);
+        },
+        message);
+}
+
 int QualityPanel::add(PlanBlock& p, const std::vector<double>& centre, double half) const {
     const int count = addedCount.int16(), first = experiments(p) + 1;
     if (count < 1 || count > maxPoints) throw SubscriptFailure("count of points");

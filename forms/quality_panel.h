@@ -2,6 +2,8 @@
 // What the forms with plans share beside the regression itself: the report of its quality, and points added
 // to the plan.
 
+#include <functional>
+
 #include "forms/plan_picture.h"
 #include "runtime/form.h"
 
@@ -74,6 +76,12 @@ public:
     std::vector<std::string> fill(const PlanBlock& p, bool squared);
     /// The same, printed on an empty page.
     void show(const PlanBlock& p, bool squared, Picture& picture, const PlanPage& page);
+    /// What the two commands for more points do.
+    /// @param optimum  coded, of the plan's factor 1..Nf
+    /// @param grow     adds points around a coded centre, within that half of the range
+    void onGrowth(const PlanBlock& p, const std::function<double(int)>& optimum,
+                  const std::function<void(const std::vector<double>& centre, double half)>& grow,
+                  const Shown& message);
     /// Adds points to the plan around a coded centre; returns the number of the first.
     int add(PlanBlock& p, const std::vector<double>& centre, double half) const;
 };

@@ -2,6 +2,7 @@
 // The controls of the experiment screen, Form2, in tab order: what is run, how it steps, what is measured and
 // written, what is drawn, the commands and the results.
 
+#include "forms/shared_controls.h"
 #include "numeric/run_settings.h"
 #include "runtime/form.h"
 
@@ -11,12 +12,7 @@ class RunControls : public Form {
 public:
     using Form::Form;
 
-    Label given{this,
-                {.name = "Given",
-                 .hint = "Что пойдет в прогон: источник и дата элементов, кто составил начальные данные, "
-                         "массы, законы, план и "
-                         "файл; выделено то, что изменено мимо формы 1 или на ней не загружено",
-                 .lines = 5}};
+    Label given{this, givenSpec()};
 
     // --- what is run
     OptionButton model{this,

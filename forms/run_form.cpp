@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "core/clock.h"
 #include "forms/given.h"
-#include "forms/plan_form.h"
-#include "forms/statistics_form.h"
+#include "forms/screens.h"
 #include "numeric/records.h"
 #include "stats/test_plan.h"
 
@@ -62,9 +62,9 @@ void RunForm::bindCommands() {
     runSteps.onPress([this] { runBatch(); }, bad);
     opens(openLaws, "Form23");
     leaveFor(openGravityBench, "Form7");
-    opens(openStatistics, StatisticsForm::formName);
+    opens(openStatistics, StatisticsScreen::formName);
     openStatistics.onPress([this] { toStatistics(); });
-    opens(openPlan, PlanForm::formName);
+    opens(openPlan, PlanScreen::formName);
     openPlan.onPress([this] { toPlan(); });
     closeForm.onPress([this] {
         closeEphemeris();
@@ -124,14 +124,14 @@ void RunForm::leaveFor(CommandButton& command, const char* form) {
 /// To what the last run has recorded, where the user has not done anything there yet.
 void RunForm::toStatistics() {
     closeEphemeris();
-    const bool fresh = !lab.session.keeper.used(StatisticsForm::formName);
-    desk().show(StatisticsForm::formName);
+    const bool fresh = !lab.session.keeper.used(StatisticsScreen::formName);
+    desk().show(StatisticsScreen::formName);
     if (!fresh || lab.run.FileRas.empty() || !lab.run.boxes.records) return;
-    desk().get<StatisticsForm>().showRun({.model = lab.run.kodModel == 1,
-                                          .newcomb = lab.run.boxes.theory == Imitator::New0,
-                                          .body = fileBody(lab.s),
-                                          .plan = lab.s.NPlan,
-                                          .experiment = lab.s.NFile});
+    screenOf<StatisticsScreen>(desk()).showRun({.model = lab.run.kodModel == 1,
+                                                .newcomb = lab.run.boxes.theory == Imitator::New0,
+                                                .body = fileBody(lab.s),
+                                                .plan = lab.s.NPlan,
+                                                .experiment = lab.s.NFile});
 }
 
 void RunForm::toPlan() {
@@ -223,7 +223,7 @@ void RunForm::load() {
 }
 
 void RunForm::activate() {
-    lab.s.kodKalend = 0;
+    lab.s.kodKalend = codeOf(Calendar::Gregorian);
     lab.s.TimeZone = 0;
 }
 

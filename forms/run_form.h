@@ -97,8 +97,8 @@ private:
     void showNotes(const StartNotes& notes);
     void clearPictures();
     void clearView();
-    void eraseBodies();
-    void drawMarkers();
+    void drawMarkers(bool wipe = false);
+    void eraseBodies() { drawMarkers(true); }
     void rescale();
     /// A point of a plot whose box is on; a plot that is off never reads its scale.
     void point(Plotted what, bool on, double value, double scale, Color color);

@@ -211,25 +211,13 @@ void RunForm::clearView() {
     tellAxes();
 }
 
-/// Old markers in black, where the bodies were last drawn.
-void RunForm::eraseBodies() {
+/// Markers of the ticked bodies at XOld, YOld, ZOld: at half strength below the ecliptic, or in black, which
+/// wipes what was drawn there.
+void RunForm::drawMarkers(bool wipe) {
     const ModelState& s = lab.s;
     for (int i = 0; i < bodies; ++i) {
         if (s.kodPl[i] == 0) continue;
-        drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
-                      markerRadius, black, bodies_[i]);
-        systemView.as(viewed_[i])
-            .disc((s.XOld[i] - s.XOld[0]) / lab.run.MxView - viewX_,
-                  (s.YOld[i] - s.YOld[0]) / lab.run.MxView - viewY_, viewRadius, black);
-    }
-}
-
-/// Markers of the ticked bodies at XOld, YOld, ZOld, at half strength below the ecliptic.
-void RunForm::drawMarkers() {
-    const ModelState& s = lab.s;
-    for (int i = 0; i < bodies; ++i) {
-        if (s.kodPl[i] == 0) continue;
-        const Color color = bodyColor(s, i, s.ZOld[i] < 0 ? 0.5 : 1);
+        const Color color = wipe ? black : bodyColor(s, i, s.ZOld[i] < 0 ? 0.5 : 1);
         drawBothViews(orbitPicture, ratio(s.XOld[i], s.Mx), ratio(s.YOld[i], s.Mx), ratio(s.ZOld[i], s.Mx),
                       markerRadius, color, bodies_[i]);
         systemView.as(viewed_[i])

@@ -2,6 +2,8 @@
 // What screens ask of each other, each by a small interface: who asks knows neither the other's controls nor
 // its class.
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +11,8 @@
 #include "runtime/desk.h"
 
 namespace tarvex {
+
+struct Laboratory;
 
 /// The screen that runs experiments, Form2.
 class RunScreen {
@@ -41,6 +45,77 @@ public:
     /// What is typed and ticked; the levels of all experiments go into the shared plan.
     virtual PlanSettings takePlan() = 0;
     virtual void experimentEnded() = 0;  ///< a run of its plan that it has not begun itself has ended
+    virtual std::vector<int> tickedPlanets() const = 0;  ///< whose shifts make the criterion
+    /// Loads the plan of this number, where its file exists; 0 for the number that stands there.
+    virtual void showPlanOf(int plan) = 0;
+};
+
+/// The screen of statistics, Form6.
+class StatisticsScreen {
+public:
+    static constexpr const char* formName = "Form6";
+    virtual ~StatisticsScreen() = default;
+    /// What a run has recorded.
+    struct RunRecords {
+        bool model, newcomb;  ///< of the model, or else of the imitator New0 or one of the JPL
+        int body, plan, experiment;
+    };
+    /// Loads it in scales that hold all of it; says so in the status line where there is nothing yet.
+    virtual void showRun(const RunRecords& run) = 0;
+    /// Sets what makes the shifts of all experiments of a plan.
+    virtual void offerPlan(int plan, int body) = 0;
+    /// Chooses the series that optima of a plan on observations make.
+    virtual void chooseOptima(int plan, int body) = 0;
+    /// Prints lines on an empty picture of that height, in its units.
+    virtual void printPage(double rows, const std::vector<std::string>& lines) = 0;
+    virtual bool fitsPeriods() const = 0;  ///< with the periodic terms of the planets
+};
+
+/// The screen of observations, Form10: the data on which a plan works.
+class ObservationsScreen {
+public:
+    static constexpr const char* formName = "Form10";
+    virtual ~ObservationsScreen() = default;
+    virtual bool planetByPlan() const = 0;      ///< its place comes from the elements of the plan
+    virtual bool epochOfPlanJ2000() const = 0;  ///< they refer to the equinox J2000
+    virtual bool sourceChosen() const = 0;      ///< a table or an observatory
+    virtual std::string observedFile()
+        const = 0;  ///< number in the names of an observatory's files; empty for tables
+    virtual std::int32_t body() const = 0;       ///< as typed
+    virtual std::int32_t firstYear() const = 0;  ///< as typed
+    virtual double precession() const = 0;       ///< as typed, arc seconds a century
+    virtual bool byDistance() const = 0;         ///< the criterion is of distances
+    virtual bool rootMeanSquares() const = 0;    ///< it is taken of squares
+    /// As last shown, of what is chosen; nothing before the first run.
+    virtual std::optional<double> criterion() const = 0;
+
+    virtual void showPrecession(double arcSecondsPerCentury) = 0;
+    virtual void showFirstDay(std::int32_t year, std::int32_t month, double day) = 0;
+    /// Shows the last year of data or of a plan; what the user has typed in its place is gone.
+    virtual void showLastYear(std::int32_t last) = 0;
+    virtual void takeDate() = 0;                  ///< the date as typed into JD
+    virtual void showExperiments(int count) = 0;  ///< the plan has so many
+    virtual void showPlan() = 0;                  ///< levels and points of the plan, on the lower graph
+    /// Finds the optimum of the regression and prints it on the lower graph.
+    virtual void showOptimum() = 0;
+};
+
+/// The screen of the plan on observations, Form13.
+class ObservationPlanScreen {
+public:
+    static constexpr const char* formName = "Form13";
+    virtual ~ObservationPlanScreen() = default;
+    virtual void allowPerturbations(bool may) = 0;  ///< as factors, instead of orbit elements
+    virtual void takeLevels() = 0;                  ///< what is typed goes into the shared plan
+    virtual void showCodedLevels() = 0;             ///< zero levels 0 and intervals 1
+};
+
+/// The screen of perturbations of the planets, Form22.
+class PlanetPerturbationsScreen {
+public:
+    static constexpr const char* formName = "Form22";
+    virtual ~PlanetPerturbationsScreen() = default;
+    virtual void showAmplitudes(int body) = 0;  ///< of its terms as they are now
 };
 
 /// The parameter screen, Form1.
@@ -101,5 +176,8 @@ template <class S>
 S* loadedScreen(Desk& desk) {
     return desk.isLoaded(S::formName) ? dynamic_cast<S*>(&desk.form(S::formName)) : nullptr;
 }
+
+/// Opens the screen of the plan; where the user has not done anything there yet, with the plan at hand.
+void openFreshPlan(Laboratory& lab, int plan);
 
 }  // namespace tarvex

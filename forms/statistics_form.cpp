@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/arithmetic.h"
+#include "core/calendar.h"
 #include "forms/picture_axes.h"
-#include "forms/plan_form.h"
 
 namespace tarvex {
 
@@ -31,7 +31,7 @@ StatisticsForm::StatisticsForm(Laboratory& lab_)
         },
         orShow("Ошибка записи файла", "Tarvex7"));
     closeForm.onPress([this] { close(); });
-    opens(openPlan, PlanForm::formName);
+    opens(openPlan, PlanScreen::formName);
     openPlan.onPress([this] { openFreshPlan(lab, fromModel.on() ? lab.s.NPlan : 0); });
     opens(openFiles, "Form9");
     picture.onWipe([this] { drawEmpty(picture.toUserY(0), picture.toUserX(1), true); });
@@ -46,7 +46,7 @@ void StatisticsForm::load() {
 }
 
 void StatisticsForm::activate() {
-    lab.s.kodKalend = 0;
+    lab.s.kodKalend = codeOf(Calendar::Gregorian);
     lab.s.TimeZone = 0;
 }
 

@@ -3,37 +3,34 @@
 // fits it, searches over the sizes of groups, and keeps the files of secular shifts.
 
 #include <random>
-#include "forms/statistics_controls.h"
 
 #include "forms/laboratory.h"
+#include "forms/screens.h"
+#include "forms/statistics_controls.h"
 #include "stats/fit.h"
 #include "stats/planet_terms.h"
 
 namespace tarvex {
 
-class StatisticsForm final : public StatisticsControls {
+class StatisticsForm final : public StatisticsControls, public StatisticsScreen {
 public:
-    static constexpr const char* formName = "Form6";
+    using StatisticsScreen::formName;
     explicit StatisticsForm(Laboratory& lab);
     void load() override;
     void activate() override;
 
-    /// What a run has recorded.
-    struct RunRecords {
-        bool model, newcomb;  ///< of the model, or else of the imitator New0 or one of the JPL
-        int body, plan, experiment;
-    };
-    /// Loads it in scales that hold all of it; says so in the status line where there is nothing yet.
-    void showRun(const RunRecords& run);
+    // --- for other screens (StatisticsScreen)
+    void showRun(const RunRecords& run) override;
+    void offerPlan(int plan, int body) override;
+    void chooseOptima(int plan, int body) override;
+    void printPage(double rows, const std::vector<std::string>& lines) override;
+    bool fitsPeriods() const override { return withPeriods.on(); }
 
-    /// Sets what makes the shifts of all experiments of a plan.
-    void offerPlan(int plan, int body);
-
+private:
     /// Clears the picture and scales it to rows x columns units; with a grid for points, without one for
     /// text.
     void drawEmpty(double rows, double columns, bool grid);
 
-private:
     // --- data (statistics_form_data.cpp)
     void LoadSeries();
     void fitScales(const SeriesData& series);

@@ -97,6 +97,18 @@ void StatisticsForm::offerPlan(int plan, int body) {
     wholePlan.set(true);
 }
 
+void StatisticsForm::chooseOptima(int plan, int body) {
+    fromImitator.choose();
+    ownImitator.choose();
+    planNumber.show(plan);
+    planet(body).choose();
+}
+
+void StatisticsForm::printPage(double rows, const std::vector<std::string>& lines) {
+    drawEmpty(rows, 52, false);
+    printLines(lines);
+}
+
 /// Scales of round numbers in which the chosen parameter takes the usual picture.
 void StatisticsForm::fitScales(const SeriesData& series) {
     constexpr double usualColumns = 26, usualRows = 10;

@@ -21,14 +21,9 @@ struct Mark {
 
 /// The planets that the plan screen uses: its ticks, or those it opens with.
 std::vector<int> StatisticsForm::planetsOfPlan() {
-    const auto described = desk().isLoaded("Form15") ? nullptr : desk().describe("Form15");
-    Form& plan = described ? *described : desk().form("Form15");
-    std::vector<int> planets;
-    for (int i = 1; i <= 10; ++i) {
-        const auto* box15 = dynamic_cast<const CheckBox*>(plan.find("Check1(" + std::to_string(i) + ")"));
-        if (box15 != nullptr && box15->on()) planets.push_back(i);
-    }
-    return planets;
+    if (const auto* plan = loadedScreen<PlanScreen>(desk())) return plan->tickedPlanets();
+    const auto described = desk().describe(PlanScreen::formName);
+    return dynamic_cast<const PlanScreen&>(*described).tickedPlanets();
 }
 
 void StatisticsForm::measureObserved(int body, int from, int to, ShiftTables& measured) {

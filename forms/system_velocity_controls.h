@@ -2,6 +2,7 @@
 // The controls of the screen of the system's velocity, Form4, in tab order: the velocity of the model, five
 // known velocities with direction and sign, their sum, the commands and the picture.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -107,8 +108,7 @@ public:
          .disturbs = Disturbs::All}};
     CommandButton clearLines{
         this, {.name = "Command4", .caption = "Очистить рисунок", .hint = "Стереть линии, оставить сетку"}};
-    CommandButton closeForm{this,
-                            {.name = "Command3", .caption = "Закрыть форму", .hint = "Закрыть эту форму"}};
+    CommandButton closeForm{this, closingSpec("Command3")};
     Picture velocityPicture{this,
                             {.name = "Picture1",
                              .width = 560,

@@ -145,14 +145,14 @@ void SystemVelocityForm::resolveAndSum() {
 
 void SystemVelocityForm::giveToSystem() {
     ModelState& s = lab.s;
-    auto& form1 =
+    auto& elements =
         screenOf<ElementsScreen>(desk());  // first: where it was closed, its load puts the system at rest
     s.VXsys = systemVx.number();
     s.VYsys = systemVy.number();
     s.VZsys = systemVz.number();
     s.provenance.handOver(s, {Given::SystemVelocity}, "", 4);
     addSystemVelocity(s);
-    form1.showStates();
+    elements.showStates();
 }
 
 }  // namespace tarvex

@@ -2,6 +2,7 @@
 // The controls of the two-body screen, Form25, in tab order: orbit and masses, solution, plots, the force of
 // retardation, what is shown, results, commands and pictures.
 
+#include "forms/shared_controls.h"
 #include "runtime/form.h"
 
 namespace tarvex {
@@ -304,11 +305,7 @@ public:
                              {.name = "Command5",
                               .caption = "Доп. параметры*",
                               .hint = "Открыть форму 26: импульсы, запаздывания, сопротивление"}};
-    CommandButton closeForm{this,
-                            {.name = "Command9",
-                             .caption = "Закрыть форму",
-                             .hint = "Закрыть эту форму",
-                             .disturbs = Disturbs::Own}};
+    CommandButton closeForm{this, closingSpec("Command9", Disturbs::Own)};
     ScrollBar scaleBar{this,
                        {.name = "HScroll1",
                         .min = 1,

@@ -67,7 +67,7 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
     for (Picture* one : {&orbitPicture, &shiftPlots}) one->onWipe([this] { clearPictures(); });
     opens(openPulsar, "Form26");
     step.onChange([this] {
-        if (auto* const form26 = loadedScreen<PulsarScreen>(desk())) form26->showPulseRate();
+        if (auto* const pulsar = loadedScreen<PulsarScreen>(desk())) pulsar->showPulseRate();
     });
     closeForm.onPress([this] { close(); });
     exactPassages.onChange([this] {
@@ -188,7 +188,7 @@ void TwoBodiesForm::setData() {
     ModelState& s = lab.s;
     s.IplSel = 11;
     s.kodMoon = 1;
-    s.kodBary = barycentricElements.on() ? 2 : 1;
+    s.kodBary = codeOf(barycentricElements.on() ? CentralMass::AboutCentre : CentralMass::Pair);
     s.AlfaL[11] = meanLongitude.number() / kUgol;
     s.Eks0[11] = eccentricity.number();
     s.AlfaP0[11] = periastronLongitude.number() / kUgol;

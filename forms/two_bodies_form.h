@@ -14,7 +14,7 @@ namespace tarvex {
 
 class TwoBodiesForm final : public TwoBodiesControls, public TwoBodiesScreen, private TwoBodyPort {
 public:
-    static constexpr const char* formName = "Form25";
+    using TwoBodiesScreen::formName;
     explicit TwoBodiesForm(Laboratory& lab);
 
     void load() override;

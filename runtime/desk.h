@@ -76,7 +76,7 @@ public:
     bool anyLoaded() const { return !loaded_.empty(); }
     /// The form, loaded at the first reference.  Throws Failure for an unknown name.
     Form& form(const std::string& name);
-    /// The form by its type, which names it: lab.desk.get<Form2>().
+    /// The form by its type, which names it; screens know each other by forms/screens.h instead.
     template <class F>
     F& get() {
         return static_cast<F&>(form(F::formName));

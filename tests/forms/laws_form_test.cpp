@@ -1,30 +1,17 @@
 #include "forms/laws_form.h"
 
+#include "forms/run_form.h"
 #include "tests/forms/lab_fixture.h"
 
 namespace tarvex {
 
-namespace {
-
-/// Stands in for the run's form where only its box of the speed of gravity matters.
-class SpeedForm final : public Form {
-public:
-    explicit SpeedForm(Desk& desk) : Form(desk, "Form2", "") {}
-    CheckBox Check13{this, {.name = "Check13", .on = true}};
-};
-
-}  // namespace
-
 class LawsFormTest : public test::LabTest {
 protected:
-    LawsFormTest() {
-        lab.desk.add("Form2", [this] { return std::make_unique<SpeedForm>(lab.desk); });
-    }
     LawsForm& form = lab.desk.get<LawsForm>();
 };
 
 TEST_F(LawsFormTest, OptionsPutTheirCoefficientsAndOnlyTheCommandStores) {
-    lab.desk.form("Form2");
+    lab.desk.get<RunForm>().useGravitySpeed.set(true);
     struct Case {
         OptionButton* option;
         int kodPgr;
@@ -74,14 +61,15 @@ TEST_F(LawsFormTest, PressureNeedsASpeedOfGravity) {
         "Давление гравитации не может быть задано без скорости гравитации", "Tarvex7"};
     EXPECT_EQ(screen.told(form.storeChoice), refusal);
     EXPECT_FALSE(lab.desk.isLoaded("Form2"));  // asking does not load the form
-    static_cast<SpeedForm&>(lab.desk.form("Form2")).Check13.set(false);
+    EXPECT_EQ(lab.motion.kodDX, 1);
+    lab.desk.get<RunForm>();  // begins without any law, and with its box off
     EXPECT_EQ(screen.told(form.storeChoice), refusal);
     EXPECT_EQ(lab.motion.kodPgr, 0);
-    EXPECT_EQ(lab.motion.kodDX, 1);
+    EXPECT_EQ(lab.motion.kodDX, 0);
     EXPECT_EQ(lab.motion.kPgr1, 0);
     test::enter(form.noPressure, form.k2, "шесть");
     EXPECT_EQ(screen.said(form.storeChoice), "Задайте правильно данные");
-    EXPECT_EQ(lab.motion.kodDX, 1);
+    EXPECT_EQ(lab.motion.kodDX, 0);
 }
 
 }  // namespace tarvex

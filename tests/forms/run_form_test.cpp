@@ -31,6 +31,8 @@ public:
     bool rotatable() const override { return Option2.on(); }
     PlanSettings takePlan() override { return {}; }
     void experimentEnded() override { Text3.setText("1234,5"); }
+    std::vector<int> tickedPlanets() const override { return {}; }
+    void showPlanOf(int) override {}
     int told = 0;
     std::function<void()> next;
 };
