@@ -10,6 +10,7 @@
 
 #include "core/calendar.h"
 #include "reduction/reduction_chain.h"
+#include "theories/perturbations.h"
 
 using namespace tarvex;
 
@@ -30,6 +31,7 @@ int main(int count, char** words) try {
     r.choices.aberrSource = r.choices.aberrReceiver = r.choices.nutation = true;
     r.choices.planetTerms = r.choices.earthMoonTerms = true;  // periodic terms of Mars and of the Earth
     s.Ipert1 = {0, 2, 3, 2, 3}, s.Ipert2 = {0, 5, 5, 5, 5};   // by which planets
+    readPlanetPerturbations(s, tree.at(files::perturbations(1)));
 
     const auto head = r.file.open(tree.at(observationFileName(s.NameData, mars, "100", "")), s.NameData);
     const PlanBlock noPlan;
