@@ -8,6 +8,7 @@ namespace tarvex {
 namespace {
 
 constexpr double steadiest = 0.995;  ///< largest first-order coefficient after correction
+constexpr double leastLeft = 1e-12;  ///< of the variance, by a coefficient of one
 
 double energy(const std::vector<double>& x) {
     double sum = 0;
@@ -56,21 +57,26 @@ void correctBias(Autoregression& model, std::size_t n, int fitted) {
     phi = std::clamp(phi + (fitted + (fitted + 2) * phi) / static_cast<double>(n), -steadiest, steadiest);
 }
 
-/// Energy of w filtered backwards by the model, the tail before the first weight included.  What the outputs
-/// so far add to the next ones is carried along (the transposed form of the filter), so that no output waits
-/// for a chain of p sums.
-double filteredEnergy(const Autoregression& model, const std::vector<double>& w) {
-    const std::size_t p = model.phi.size(), longest = 20 * w.size() + 20000;
-    std::vector<double> carried(p + 1, 0.0);  // to the next output, the one after it, ...; the last stays 0
-    double sum = 0, recent = 0;
-    for (std::size_t step = 0; step < w.size() + longest; ++step) {
-        const double u = carried[0] + (step < w.size() ? w[w.size() - 1 - step] : 0);
-        for (std::size_t k = 0; k < p; ++k) carried[k] = carried[k + 1] + model.phi[k] * u;
-        sum += u * u;
-        recent = std::max(recent * 0.9, u * u);
-        if (step >= w.size() && (p == 0 || recent < 1e-16 * sum)) break;
+/// Autocovariances of the model at lags 0 .. p, innovations of variance one: Levinson's recursion downwards
+/// for the models of all lower orders, then upwards (Durbin 1960, Rev. Int. Stat. Inst. 28, 233).
+std::vector<double> covariances(const Autoregression& model) {
+    const std::size_t p = model.phi.size();
+    std::vector<std::vector<double>> lower(p + 1);
+    std::vector<double> variance(p + 1, 1.0), gamma;
+    lower[p] = model.phi;
+    for (std::size_t m = p; m > 0; --m) {
+        const std::vector<double>& a = lower[m];
+        const double k = a[m - 1], left = std::max(1 - k * k, leastLeft);
+        variance[m - 1] = variance[m] / left;
+        for (std::size_t j = 0; j + 1 < m; ++j) lower[m - 1].push_back((a[j] + k * a[m - 2 - j]) / left);
     }
-    return sum;
+    gamma.push_back(variance[0]);
+    for (std::size_t m = 1; m <= p; ++m) {
+        double next = lower[m][m - 1] * variance[m - 1];
+        for (std::size_t j = 1; j < m; ++j) next += lower[m - 1][j - 1] * gamma[m - j];
+        gamma.push_back(next);
+    }
+    return gamma;
 }
 
 }  // namespace
@@ -104,7 +110,20 @@ Autoregression fitAutoregression(const std::vector<double>& x, int order, int fi
 }
 
 double varianceOfSum(const Autoregression& model, const std::vector<double>& w) {
-    return filteredEnergy(model, w) / filteredEnergy(model, {1.0});
+    // Backwards from the last weight each value is its innovation and p values before it, to which its weight
+    // passes on; what is carried beyond the first weight falls on p values that are as any others.
+    const std::size_t p = model.phi.size();
+    std::vector<double> carried(p + 1, 0.0);  // the last stays 0
+    double sum = 0;
+    for (auto weight = w.rbegin(); weight != w.rend(); ++weight) {
+        const double u = carried[0] + *weight;
+        for (std::size_t k = 0; k < p; ++k) carried[k] = carried[k + 1] + model.phi[k] * u;
+        sum += u * u;
+    }
+    const std::vector<double> gamma = covariances(model);
+    for (std::size_t i = 0; i < p; ++i)
+        for (std::size_t j = 0; j < p; ++j) sum += carried[i] * carried[j] * gamma[i > j ? i - j : j - i];
+    return sum / gamma[0];
 }
 
 double lagOne(const std::vector<double>& x) {
