@@ -53,11 +53,17 @@ TARVEX_LANES void distances(const LatePairs& in, Fields& f, Watch& watch, std::i
 /// What is asked of a pass: the whole accelerations, the same with every pair kept, what is beyond Newton's.
 enum class Part { Whole, Kept, Beyond };
 
+/// Accelerations of the bodies in one vector of lanes.
+template <class V>
+struct Added {
+    V x{}, y{}, z{};
+};
+
 /// Accelerations of the bodies i in the lanes from `i` on by body j, added to the sums.  Pairs that are kept
 /// get the sign of a zero difference from the other end, as DXp has it; sums never show it.
 template <class V, Part part>
 TARVEX_LANES void relativisticPairs(const Motion& m, const LatePairs& in, const Fields& f, int j, int i,
-                                    Accelerations& sums) {
+                                    Added<V>& sums) {
     const BodyLanes& b = in.bodies;
     const double ajx = in.ax[j], ajy = in.ay[j], ajz = in.az[j], vjx = b.vx[j], vjy = b.vy[j], vjz = b.vz[j];
     const double gm = in.gm[j], perC2 = 1 / in.c2, c2 = part == Part::Beyond ? 0 : in.c2;
@@ -87,9 +93,20 @@ TARVEX_LANES void relativisticPairs(const Motion& m, const LatePairs& in, const 
         put(m.FYik[j], i, fy);
         put(m.FZik[j], i, fz);
     }
-    put(sums.x, i, at<V>(sums.x, i) + fx);
-    put(sums.y, i, at<V>(sums.y, i) + fy);
-    put(sums.z, i, at<V>(sums.z, i) + fz);
+    sums.x += fx;
+    sums.y += fy;
+    sums.z += fz;
+}
+
+/// Accelerations of the bodies in the lanes from `i` on by all bodies in their order.
+template <class V, Part part>
+TARVEX_LANES void relativisticLanes(const Motion& m, const LatePairs& in, const Fields& f, int i,
+                                    Accelerations& sums) {
+    Added<V> added;
+    for (int j = 0; j < bodies; ++j) relativisticPairs<V, part>(m, in, f, j, i, added);
+    put(sums.x, i, added.x);
+    put(sums.y, i, added.y);
+    put(sums.z, i, added.z);
 }
 
 template <Part part, bool wide>
@@ -105,15 +122,13 @@ TARVEX_LANES void relativisticPass(const Motion& m, const LatePairs& in, Fields&
         put(f.vz4, i, 4 * at(b.vz, i));
         put(f.v2, i, at(b.vx, i) * at(b.vx, i) + at(b.vy, i) * at(b.vy, i) + at(b.vz, i) * at(b.vz, i));
     }
-    for (int j = 0; j < bodies; ++j) {
-        if constexpr (wide) {
-            relativisticPairs<Eight, part>(m, in, f, j, 0, sums);
-        } else {
-            relativisticPairs<Four, part>(m, in, f, j, 0, sums);
-            relativisticPairs<Four, part>(m, in, f, j, 4, sums);
-        }
-        relativisticPairs<Four, part>(m, in, f, j, 8, sums);
+    if constexpr (wide) {
+        relativisticLanes<Eight, part>(m, in, f, 0, sums);
+    } else {
+        relativisticLanes<Four, part>(m, in, f, 0, sums);
+        relativisticLanes<Four, part>(m, in, f, 4, sums);
     }
+    relativisticLanes<Four, part>(m, in, f, 8, sums);
     for (int i = 0; i < lanes; i += 4) {
         watch.number(at(sums.x, i));
         watch.number(at(sums.y, i));
@@ -133,6 +148,10 @@ TARVEX_WIDE_KERNEL void relativisticWide(const Motion& m, const LatePairs& in, F
 TARVEX_KERNEL void beyondNewton(const Motion& m, const LatePairs& in, Fields& f, Accelerations& sums,
                                 Watch& watch) {
     relativisticPass<Part::Beyond, false>(m, in, f, sums, watch);
+}
+TARVEX_WIDE_KERNEL void beyondNewtonWide(const Motion& m, const LatePairs& in, Fields& f, Accelerations& sums,
+                                         Watch& watch) {
+    relativisticPass<Part::Beyond, true>(m, in, f, sums, watch);
 }
 
 void keepRelativisticPairs(const Motion& m) {
@@ -169,7 +188,7 @@ void addPostNewtonian(ModelState& s, Motion& m, Watch& watch) {
     takeInputs(s, m, in);
     Fields fields;
     Accelerations sums;
-    beyondNewton(m, in, fields, sums, watch);
+    (wideLanes() ? beyondNewtonWide : beyondNewton)(m, in, fields, sums, watch);
     takePotentials(m, fields);
     for (int i = 0; i < bodies; ++i) {
         m.dU[3 * bodies + i] += sums.x[i];
