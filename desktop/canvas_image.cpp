@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QImageWriter>
 #include <QPainter>
+#include <QPainterPath>
 #include <cmath>
 
 #include "core/failure.h"
@@ -32,6 +33,8 @@ constexpr double largestCircle = 50;  ///< in canvas widths: a larger one would 
 
 constexpr double largestSign =
     9;  ///< canvas units: a smaller disc is the sign of a point, a larger one a body
+
+constexpr double letterEdge = 2.5;  ///< around letters that lie over a curve, canvas units
 
 QColor qtColor(Color c) { return QColor(c.r, c.g, c.b); }
 
@@ -168,7 +171,7 @@ void ImageCanvas::paintPart(QPainter& painter, const QRectF& part, const QRectF&
 }
 
 void ImageCanvas::paintTexts(QPainter& painter, const QRectF& target) const {
-    if (!drawing_.complete() || drawing_.texts() == 0 || drawing_.texts() > mostTexts) return;
+    if (drawing_.texts() == 0 || drawing_.texts() > mostTexts) return;
     needFonts();
     const double size = target.width() / width_;
     const Sizes sizes{size, target.height() / height_, size};
@@ -181,6 +184,30 @@ void ImageCanvas::paintTexts(QPainter& painter, const QRectF& target) const {
         if (mark.kind != Mark::Kind::Text) return;
         painter.fillRect(boxOf(mark, sizes), ground);
         drawMark(painter, mark, sizes);
+    });
+    painter.restore();
+}
+
+void ImageCanvas::paintLetters(QPainter& painter, const QRectF& part, const QRectF& target, double size,
+                               const std::function<QColor(QColor)>& shade) const {
+    if (drawing_.texts() == 0 || drawing_.texts() > mostTexts) return;
+    needFonts();
+    const Sizes sizes{target.width() / part.width(), target.height() / part.height(), size};
+    const QPointF origin = target.topLeft() - sizes.place(part.left(), part.top());
+    painter.save();
+    painter.setClipRect(target, Qt::IntersectClip);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing_.each([&](const Mark& mark) {
+        if (mark.kind != Mark::Kind::Text || mark.color == background()) return;
+        const QRectF box = boxOf(mark, sizes).translated(origin);
+        if (!box.intersects(target)) return;
+        const QFont font = fontOf(mark.x2 * size);
+        QPainterPath letters;
+        letters.addText(box.topLeft() + QPointF(0, QFontMetricsF(font).ascent()), font,
+                        QString::fromStdString(mark.text));
+        painter.strokePath(letters, QPen(shade(qtColor(background())), letterEdge * size, Qt::SolidLine,
+                                         Qt::RoundCap, Qt::RoundJoin));
+        painter.fillPath(letters, shade(qtColor(mark.color)));
     });
     painter.restore();
 }

@@ -2,6 +2,7 @@
 // A canvas on an image: what the desktop shows and what the script player saves.
 
 #include <QImage>
+#include <functional>
 #include <memory>
 
 #include "desktop/drawing.h"
@@ -48,6 +49,11 @@ public:
 
     /// Its texts again over the whole picture, clear of what was drawn over them.
     void paintTexts(QPainter& painter, const QRectF& target) const;
+    /// Their letters alone with a thin edge of ground, for what has been laid over a part of the picture:
+    /// they stay readable and hide nothing.  Parameters as those of paintPart.
+    /// @param shade  the colours as they are shown
+    void paintLetters(QPainter& painter, const QRectF& part, const QRectF& target, double size,
+                      const std::function<QColor(QColor)>& shade) const;
     /// Few marks, and words among them: best shown drawn anew.
     bool isPrinted() const {
         return drawing_.complete() && drawing_.texts() > 0 && drawing_.size() <= mostPrinted;

@@ -1,5 +1,6 @@
 #include "desktop/drawing.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace tarvex {
@@ -45,21 +46,29 @@ void Drawing::add(Mark mark) {
     marks_.push_back(std::move(mark));
 }
 
-/// Makes room: what was taken away goes for good, and where that is not enough the oldest quarter goes too.
+/// Makes room: what was taken away goes for good, and where that is not enough the oldest quarter goes too,
+/// its texts last.
 void Drawing::tidy() {
     std::erase_if(marks_, [](const Mark& mark) { return mark.scale == gone; });
+    const auto end = [this] { return marks_.begin() + static_cast<std::ptrdiff_t>(most_ / 4); };
+    const auto isText = [](const Mark& mark) { return mark.kind == Mark::Kind::Text; };
     if (marks_.size() > most_ / 4 * 3) {
-        marks_.erase(marks_.begin(), marks_.begin() + static_cast<std::ptrdiff_t>(most_ / 4));
         complete_ = false;
+        marks_.erase(std::stable_partition(marks_.begin(), end(), isText), end());
+        if (marks_.size() > most_ / 8 * 7) marks_.erase(marks_.begin(), end());
     }
-    // Scales that no mark uses any more go as well.
-    const std::uint32_t first =
-        marks_.empty() ? static_cast<std::uint32_t>(scales_.size() - 1) : marks_.front().scale;
-    scales_.erase(scales_.begin(), scales_.begin() + first);
+    // Scales that no mark uses any more go as well; the last one is that of what comes next.
+    std::vector<Scale> used;
+    std::uint32_t last = gone;
+    for (Mark& mark : marks_) {
+        if (mark.scale != last) used.push_back(scales_[last = mark.scale]);
+        mark.scale = static_cast<std::uint32_t>(used.size() - 1);
+    }
+    if (last != scales_.size() - 1) used.push_back(scales_.back());
+    scales_ = std::move(used);
     places_.clear();
     texts_ = 0;
     for (std::size_t i = 0; i < marks_.size(); ++i) {
-        marks_[i].scale -= first;
         places_[hash(marks_[i])] = i;
         texts_ += marks_[i].kind == Mark::Kind::Text;
     }

@@ -29,7 +29,7 @@ struct Mark {
 
 /// The marks of a picture in the order they were drawn.  A mark drawn again at the same place replaces the
 /// old one, and in the background colour takes it away, so that a moving body leaves nothing behind.  Beyond
-/// `most` marks the oldest go.
+/// `most` marks the oldest go, its texts last.
 class Drawing {
 public:
     struct Scale {

@@ -27,8 +27,10 @@ namespace tarvex {
 namespace {
 
 constexpr double movedSize = 1.25;  ///< of a picture that is moved in a scroll area: its small print is read
-constexpr double mostFitted = 2;    ///< of a picture that is seen whole in its scroll area
-constexpr int lookMargin = 6;       ///< left around what a form asks to look at, pixels
+constexpr double leastFitted =
+    0.8;                          ///< of its usual size: down to it a picture is better seen whole than moved
+constexpr double mostFitted = 2;  ///< of a picture that is seen whole in its scroll area
+constexpr int lookMargin = 6;     ///< left around what a form asks to look at, pixels
 constexpr double largestZoom = 200, wheelStep = 1.25;
 constexpr double fitMargin = 0.05;  ///< left around points that are shown whole, of their extent
 constexpr double followRoom = 0.3;  ///< left for what is drawn next
@@ -62,7 +64,7 @@ QMarginsF PictureView::margins() const { return hasPlot() ? axesMargins(font()) 
 
 /// Of a picture in a scroll area: seen whole, or filling the area in one direction and moved in the other.
 double PictureView::shownSize() const {
-    if (fitted() >= 1) return std::min(fitted(), mostFitted);
+    if (fitted() >= leastFitted) return std::min(fitted(), mostFitted);
     const QMarginsF around = margins();
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     const double filling =
@@ -177,7 +179,24 @@ PlotOverlay::View PictureView::overlayView() const {
                      .lowInside = keepsSize_ && visible.bottom() < height() - 0.5},
             .inks = {dark ? QColor(235, 235, 235) : QColor(20, 20, 20), ground, dark},
             .edgeInks = {text, window, window.lightness() < 128},
-            .font = font()};
+            .font = font(),
+            .words = [this](QPainter& painter) { paintWords(painter); }};
+}
+
+void PictureView::paintWords(QPainter& painter) const {
+    const auto* canvas = static_cast<const ImageCanvas*>(picture_->canvas());
+    if (canvas == nullptr) return;
+    const QRectF area = target();
+    const bool turned = isTurnedDark();
+    canvas->paintLetters(
+        painter, unitsOf(*canvas), area, area.width() / canvas->width(),
+        [turned](const QColor& color) { return turned ? QColor(turnedDark(color.rgb())) : color; });
+}
+
+/// What is shown, in canvas units.
+QRectF PictureView::unitsOf(const ImageCanvas& canvas) const {
+    return {part_.x() * canvas.width(), part_.y() * canvas.height(), part_.width() * canvas.width(),
+            part_.height() * canvas.height()};
 }
 
 std::optional<QPointF> PictureView::userPoint(QPointF at) const {
@@ -197,11 +216,8 @@ void PictureView::paintCanvas(QPainter& painter) const {
         painter.fillRect(area, QColor(back.r, back.g, back.b));
         return;
     }
-    if (isZoomed() || canvas->isPrinted()) {
-        const QRectF units(part_.x() * canvas->width(), part_.y() * canvas->height(),
-                           part_.width() * canvas->width(), part_.height() * canvas->height());
-        return canvas->paintPart(painter, units, area, area.width() / canvas->width());
-    }
+    if (isZoomed() || canvas->isPrinted())
+        return canvas->paintPart(painter, unitsOf(*canvas), area, area.width() / canvas->width());
     // Below half its size a plain interpolation would lose thin lines: average the pixels instead.
     const QSize pixels = (area.size() * devicePixelRatioF()).toSize();
     if (pixels.width() * 2 < image.width())
@@ -310,6 +326,10 @@ void PictureView::watchRun() {
     if (gone.isEmpty()) return;
     notice_->setText(gone.replace("&", "&&") + " - за краем рисунка. Вписать");
     placeNotice();
+}
+
+void PictureView::resizeEvent(QResizeEvent*) {
+    if (notice_ != nullptr) placeNotice();
 }
 
 void PictureView::placeNotice() {

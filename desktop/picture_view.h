@@ -15,6 +15,8 @@ class QScrollArea;
 
 namespace tarvex {
 
+class ImageCanvas;
+
 struct Figure;
 
 class PictureView final : public QWidget {
@@ -70,6 +72,7 @@ public:
 
 protected:
     void showEvent(QShowEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -87,7 +90,9 @@ private:
     QMarginsF margins() const;
     QRectF seen() const;
     PlotOverlay::View overlayView() const;
+    QRectF unitsOf(const ImageCanvas& canvas) const;
     void paintCanvas(QPainter& painter) const;
+    void paintWords(QPainter& painter) const;
     void paintTurnedDark(QPainter& painter, const QRectF& exposed) const;
     /// What may be shown: the picture, and the points around it.
     QRectF limits() const;

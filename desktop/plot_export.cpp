@@ -79,14 +79,21 @@ void paintFigure(QPainter& painter, const QRectF& page, const Figure& f, double 
     const PlotFrame frame{{room.topLeft(), size}, f.part, unit};
 
     painter.fillRect(page, Qt::white);
-    f.canvas.paintPart(painter,
-                       {f.part.x() * f.canvas.width(), f.part.y() * f.canvas.height(),
-                        f.part.width() * f.canvas.width(), f.part.height() * f.canvas.height()},
-                       frame.area, size.width() / (f.canvas.width() * f.part.width()));
+    const QRectF units(f.part.x() * f.canvas.width(), f.part.y() * f.canvas.height(),
+                       f.part.width() * f.canvas.width(), f.part.height() * f.canvas.height());
+    const double letterSize = size.width() / units.width();
+    f.canvas.paintPart(painter, units, frame.area, letterSize);
     const Color ground = f.canvas.background();
     const bool dark = QColor(ground.r, ground.g, ground.b).lightness() < 128;
-    for (const auto& [number, series] : f.plot.all())
-        if (f.look.covers(series)) paintSeries(painter, series, 0, frame, f.look, dark);
+    bool covered = false;
+    for (const auto& [number, series] : f.plot.all()) {
+        if (!f.look.covers(series)) continue;
+        paintSeries(painter, series, 0, frame, f.look, dark);
+        covered |= !series.points().empty();
+    }
+    if (covered)
+        f.canvas.paintLetters(painter, units, frame.area, letterSize,
+                              [](const QColor& color) { return color; });
     blankAround(painter, page, frame.area);
     painter.setFont(font);
     painter.setPen(QPen(Qt::black, unit));

@@ -60,6 +60,9 @@ void PlotOverlay::paintPoints(QPainter& painter, const View& view) {
         addPoints(view);
     }
     painter.drawImage(view.axes.edge.topLeft(), points_);
+    const bool any =
+        std::any_of(painted_.begin(), painted_.end(), [](const auto& one) { return one.second.points > 0; });
+    if (any && view.words) view.words(painter);
 }
 
 void PlotOverlay::paintCross(QPainter& painter, const View& view) const {

@@ -3,6 +3,7 @@
 // values of the point under the pointer.
 
 #include <QImage>
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -20,6 +21,7 @@ public:
         PlotInks inks;      ///< on the picture
         PlotInks edgeInks;  ///< around it
         QFont font;
+        std::function<void(QPainter&)> words = {};  ///< paints those of the picture again, over the series
     };
 
     void paint(QPainter& painter, const View& view);

@@ -34,7 +34,7 @@ MapWindow::MapWindow(FormMap map, Actions actions)
       list_(new QTreeWidget),
       found_(new QLabel) {
     setObjectName("map");
-    setWindowTitle("Карта лаборатории");
+    setWindowTitle("Карта");
     search_->setPlaceholderText("Номер формы или слова: затмение, перигелий, аберрация ...");
     search_->setAccessibleName("Искать форму");
     search_->setClearButtonEnabled(true);

@@ -36,12 +36,18 @@ TEST(Drawing, AMovingBodyLeavesNothingBehindAndMemoryIsBounded) {
         drawing.add({Mark::Kind::Line, 0, 50, 100, 50, white});  // the same line again
     EXPECT_EQ(count(drawing), 1);
 
+    drawing.setScale({-5, 1, 5, -1});
+    drawing.add({Mark::Kind::Text, 20, 1, 15, 0, white, "подпись"});
+    drawing.setScale({1900, 1, 2000, -1});
     for (int step = 0; step < 5000; ++step) drawing.add(disc(step, 50, white));
     EXPECT_FALSE(drawing.complete());
     EXPECT_LE(count(drawing), 1000);
-    double last = 0;
-    drawing.each([&](const Mark& mark) { last = mark.x; });
-    EXPECT_EQ(last, 4999);  // the oldest have gone
+    std::string seen;
+    drawing.each([&](const Mark& mark) {
+        const bool end = mark.kind == Mark::Kind::Text || mark.x == 4999;
+        if (end) seen += std::to_string(std::lround(drawing.userX(mark, mark.x))) + " ";
+    });
+    EXPECT_EQ(seen, "-3 6899 ");  // the oldest have gone, but no text, and each keeps its scale
     drawing.clear(white);
     EXPECT_TRUE(drawing.complete());
     EXPECT_EQ(count(drawing), 0);

@@ -113,6 +113,14 @@ TEST_F(WindowTools, APictureWithAMeaningShowsItsValues) {
     EXPECT_TRUE(window->statusBar()->currentMessage().startsWith("1806,5 год; 23,6\" - dAlfaP, эксп. 1"))
         << window->statusBar()->currentMessage().toStdString();
 
+    // Words stand over the curves.
+    picture.setTextHeight(40);
+    picture.text(-3, 9, "\u2588");
+    for (double x = -3; x < 0; x += 0.1) picture.as(series).disc(x, 7.2, 0.1, {255, 0, 0});
+    QTest::qWait(50);
+    EXPECT_EQ(colorAt(-1.8, 7.2), QColor(0, 0, 0));
+    EXPECT_EQ(colorAt(-0.2, 7.2), QColor(0x00, 0x72, 0xb2));
+
     // A run that leaves the picture says so; all of it is shown then, and what comes is followed.
     EXPECT_EQ(view()->findChild<QPushButton*>("fitPicture"), nullptr);
     picture.as(series).disc(14, -30, 0.1, {255, 0, 0});
