@@ -1,6 +1,7 @@
 #include "forms/plan_form.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 
 #include "core/arithmetic.h"
@@ -334,17 +335,28 @@ void PlanForm::modelCriterion() {
             stage("Ошибка чтения данных из файла " + name, box,
                   [&] { readPlanShifts(lab.tree, N, planet, lab.shifts, count); });
         } catch (const Refusal& refusal) {
-            leadToShifts(N, planet);
+            const int plan =
+                N == 0 ? typedPlan() : N;  // after a batch none is chosen: its records have that number
+            leadToShifts(plan, planet);
             throw Refusal(refusal.text, refusal.title,
                           refusal.cause +
                               "; сделайте файл на форме 6: для имитатора \"Смещение в файле =\", "
-                              "затем для модели \"все из плана\" и \"Изменить смещение в файле\"");
+                              "затем для модели, план № " +
+                              toText(plan) + ", \"все из плана\" и \"Изменить смещение в файле\"");
         }
         if (count != p.Nplan)
             throw Refusal("К-во экспериментов в плане не равно к-ву в файле \r\n" + name, box);
     }
     for (int u = 1, last = experiments(p); u <= last; ++u)
         p.Yu[u] = shiftCriterion(lab.shifts, planets, params, u, criterionForm());
+}
+
+/// The number in the field of the plan; 0 where it holds none.
+int PlanForm::typedPlan() const {
+    int plan = 0;
+    const std::string& typed = planNumber.text();
+    std::from_chars(typed.data(), typed.data() + typed.size(), plan);
+    return plan;
 }
 
 /// To the form that makes the shifts, set for it where the user has not done anything there yet.
@@ -390,6 +402,10 @@ void PlanForm::Plot15() {
     p.Ymin = criterionMinimum.number();
     const Color color{lab.s.ColorR[1], lab.s.ColorG[1], lab.s.ColorB[1]};
     page.showPlots(picture);
+    if (p.Mcrit == 0) {
+        desk().suspect(criterionScale);
+        throw Failure("масштаб M - нуль: критерий всех экспериментов почти один; задайте M больше нуля");
+    }
     plotAlongFactors(
         picture, p, [&](int i) { return plotThroughOptimum.on() ? codedOptimum(p.Nfact[i]).number() : 0; },
         color);

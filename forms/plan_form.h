@@ -65,6 +65,7 @@ private:
     void endBatch();
     void testCriterionOfPlan();
     void modelCriterion();
+    int typedPlan() const;
     void leadToShifts(int plan, int planet);
     void printPlan();
     void showPlan();

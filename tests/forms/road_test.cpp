@@ -90,13 +90,16 @@ TEST_F(RoadTest, TheCriterionLeadsToTheFormThatMakesItsShifts) {
         command->press();
         EXPECT_NE(plan.status().find(wanted), std::string::npos) << plan.status();
     }
+    test::enter(plan.criterionScale, "0", plan.drawPlots);
+    EXPECT_NE(plan.status().find("масштаб M - нуль"), std::string::npos) << plan.status();
     screen.messages.clear();
     lab.series.kodData = dataImitator;
-    plan.findCriterion.press();
+    test::enter(plan.planNumber, "3", plan.findCriterion);
     EXPECT_EQ(screen.onlyMessage().text.find("Ошибка чтения данных из файла"), 0u);
     EXPECT_NE(plan.status().find("на форме 6"), std::string::npos) << plan.status();
     EXPECT_EQ(screen.shown.back(), "Form6");
     EXPECT_TRUE(lab.desk.get<StatisticsForm>().wholePlan.on());
+    EXPECT_EQ(lab.desk.get<StatisticsForm>().planNumber.text(), "3");  // where the batch has its records
     EXPECT_EQ(lab.series.kodData, dataImitator);
 }
 
