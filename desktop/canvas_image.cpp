@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QImageWriter>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
@@ -52,13 +53,24 @@ struct Sizes {
     QPointF place(double x, double y) const { return {x * across, y * down}; }
 };
 
+/// Words whose letters stand as on the image, whatever the size: what is drawn over it again covers it
+/// exactly.
+void drawWords(QPainter& p, QPointF corner, const Mark& text, double size) {
+    needFonts();
+    const double share = size / scale;
+    p.setFont(fontOf(text.x2 * scale));
+    p.translate(corner);
+    p.scale(share, share);
+    p.drawText(QPointF(0, p.fontMetrics().ascent()), QString::fromStdString(text.text));
+    p.scale(1 / share, 1 / share);
+    p.translate(-corner);
+}
+
 void drawMark(QPainter& p, const Mark& mark, const Sizes& s) {
     const QPointF at = s.place(mark.x, mark.y);
     if (mark.kind == Mark::Kind::Text) {
-        needFonts();
         p.setPen(qtColor(mark.color));
-        p.setFont(fontOf(mark.x2 * s.size));
-        p.drawText(at + QPointF(0, p.fontMetrics().ascent()), QString::fromStdString(mark.text));
+        drawWords(p, at, mark, s.size);
         return;
     }
     p.setPen(QPen(qtColor(mark.color), s.size, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
@@ -72,9 +84,10 @@ void drawMark(QPainter& p, const Mark& mark, const Sizes& s) {
 
 /// What a text covers.
 QRectF boxOf(const Mark& text, const Sizes& s) {
-    const QFontMetricsF metrics(fontOf(text.x2 * s.size));
+    const QFontMetricsF metrics(fontOf(text.x2 * scale));
     const QString words = QString::fromStdString(text.text);
-    return {s.place(text.x, text.y), QSizeF(metrics.horizontalAdvance(words), metrics.height())};
+    const QSizeF size(metrics.horizontalAdvance(words), metrics.height());
+    return {s.place(text.x, text.y), size * s.size / scale};
 }
 
 /// Draws the grid, which comes first of all, a piece of ground under every text, the other marks in their
@@ -104,6 +117,32 @@ void drawMarks(QPainter& p, const Drawing& drawing, const Sizes& s) {
     drawing.each([&](const Mark& mark) {
         if (mark.kind == Mark::Kind::Text) draw(mark);
     });
+}
+
+struct WordInks {
+    QColor letters, edge;
+};
+
+/// Letters with a thin edge, exactly over the same words drawn without one.  On pixels they are drawn around
+/// themselves, since a path would not know how the letters are fitted to them; elsewhere the edge is a line,
+/// and each word stands there once.
+void drawEdgedWords(QPainter& p, QPointF corner, const Mark& text, double size, const WordInks& inks) {
+    const double edge = letterEdge * size / 2;
+    if (p.paintEngine()->type() == QPaintEngine::Raster) {
+        p.setPen(inks.edge);
+        for (const QPointF& way :
+             {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1), QPointF(-0.7, -0.7),
+              QPointF(0.7, -0.7), QPointF(-0.7, 0.7), QPointF(0.7, 0.7)})
+            drawWords(p, corner + way * edge, text, size);
+        p.setPen(inks.letters);
+        return drawWords(p, corner, text, size);
+    }
+    const QFont font = fontOf(text.x2 * size);
+    QPainterPath letters;
+    letters.addText(corner + QPointF(0, QFontMetricsF(font).ascent()), font,
+                    QString::fromStdString(text.text));
+    p.strokePath(letters, QPen(inks.edge, 2 * edge, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.fillPath(letters, inks.letters);
 }
 
 }  // namespace
@@ -201,13 +240,8 @@ void ImageCanvas::paintLetters(QPainter& painter, const QRectF& part, const QRec
         if (mark.kind != Mark::Kind::Text || mark.color == background()) return;
         const QRectF box = boxOf(mark, sizes).translated(origin);
         if (!box.intersects(target)) return;
-        const QFont font = fontOf(mark.x2 * size);
-        QPainterPath letters;
-        letters.addText(box.topLeft() + QPointF(0, QFontMetricsF(font).ascent()), font,
-                        QString::fromStdString(mark.text));
-        painter.strokePath(letters, QPen(shade(qtColor(background())), letterEdge * size, Qt::SolidLine,
-                                         Qt::RoundCap, Qt::RoundJoin));
-        painter.fillPath(letters, shade(qtColor(mark.color)));
+        drawEdgedWords(painter, box.topLeft(), mark, size,
+                       {shade(qtColor(mark.color)), shade(qtColor(background()))});
     });
     painter.restore();
 }
