@@ -1,4 +1,4 @@
-// Form16: eclipses by the ancient tables.
+// Eclipses by the ancient tables.
 #include "core/calendar.h"
 #include "forms/eclipse_form.h"
 #include "forms/screens.h"
@@ -76,7 +76,7 @@ void EclipseForm::chooseTable(int i) {
         throw;
     }
     table_.PrecTab0 = s.Prec;
-    // Form17 takes its fields anew, with the laws that stand there
+    // the screen of the relations takes its fields anew, with the laws that stand there
     if (auto* const form = loadedScreen<EtUtScreen>(desk())) form->takeAnew();
 }
 

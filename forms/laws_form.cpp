@@ -38,8 +38,8 @@ constexpr std::array<Tick, 8> ticks = {{{&LawsForm::ratesEachStage, &Motion::kod
                                         {&LawsForm::sunFromCentre, &Motion::kodSun},
                                         {&LawsForm::withRelativity, &Motion::kodRelativity}}};
 
-/// Whether gravity has a speed on Form2; a form that is not loaded has its box off, and is not loaded for
-/// this.
+/// Whether gravity has a speed in the runs; a screen that is not loaded has its box off, and is not loaded
+/// for this.
 bool gravityHasSpeed(Desk& desk) {
     const auto* run = loadedScreen<RunScreen>(desk);
     return run != nullptr && run->settings().finiteGravitySpeed;

@@ -97,8 +97,8 @@ void ObservationsForm::load() {
         officeState.setCaption(busy ? "Открывается таблица ..." : "");
         if (busy) desk().yield();
     });
-    // their loads fill the tables that this form works with; the number of the plan is set by opening Form13
-    // alone
+    // their loads fill the tables that this form works with; the number of the plan is set by opening the
+    // plan on observations alone
     const std::int16_t NPlan = lab.s.NPlan;
     for (const char* form : {"Form13", "Form21", "Form22"})
         if (desk().knows(form) && !desk().isLoaded(form)) desk().loadAndUnload(form);

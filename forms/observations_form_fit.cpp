@@ -1,4 +1,4 @@
-// Form10: the model fitted to places of bodies.
+// Reduction of observations: the model fitted to places of bodies.
 
 #include "core/calendar.h"
 #include "forms/observations_form.h"

@@ -1,7 +1,7 @@
 #pragma once
-// The plan screen, Form15: the speed of gravity by a multifactor plan.  Creates the plan, drives Form2
-// experiment by experiment, compares calculated and observed secular shifts, fits the regression and solves
-// for the optimum.
+// The plan screen, Form15: the speed of gravity by a multifactor plan.  Creates the plan, drives the
+// screen of runs experiment by experiment, compares calculated and observed secular shifts, fits the
+// regression and solves for the optimum.
 
 #include "experiment/plan_run.h"
 #include "forms/laboratory.h"

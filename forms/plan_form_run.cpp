@@ -1,4 +1,4 @@
-// Form15: the experiments of a plan, one after another on Form2.
+// The plan: its experiments, one after another on the screen of runs.
 
 #include "core/arithmetic.h"
 #include "core/clock.h"
@@ -61,7 +61,7 @@ PlanSettings PlanForm::takePlan() {
 
 /// What every experiment of the plan has in common: the form of the experiment, the laws.
 void PlanForm::startPlan() {
-    // without the elements at Start nothing would be measured: "К моделированию" of Form1 was not pressed
+    // without the elements at Start nothing would be measured: "К моделированию" was not pressed
     if (!elementsHandedOver(lab.s)) {
         handOverElements(lab.s);
         planRead = "Элементы орбит для измерений взяты с формы 1";

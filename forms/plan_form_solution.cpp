@@ -1,4 +1,4 @@
-// Form15: the answer by drifts.  Solves for the factors, shows what is determined, draws the contours of
+// The plan: the answer by drifts.  Solves for the factors, shows what is determined, draws the contours of
 // profile likelihood, and confirms the solution by an experiment.
 
 #include "core/arithmetic.h"

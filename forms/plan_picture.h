@@ -1,6 +1,6 @@
 #pragma once
-// The canvas of the forms with plans: a grid under text and plots, and what Form15 and Form18 draw alike on
-// it.
+// The canvas of the forms with plans: a grid under text and plots, and what the plan and its workshop draw
+// alike on it.
 
 #include <functional>
 

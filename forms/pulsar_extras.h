@@ -1,5 +1,5 @@
 #pragma once
-// What Form26 adds to the two-body run of Form25: plots of a pulsar and their scales.
+// What the pulsar's screen adds to the run of two bodies: plots of a pulsar and their scales.
 
 namespace tarvex {
 

@@ -1,4 +1,4 @@
-// Form6: loading, showing, picking and editing a series, and the files of shifts.
+// Statistics: loading, showing, picking and editing a series, and the files of shifts.
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
-// Form6: what the error of a drift is, with the memory of its points and the oscillations by the planets, and
-// the difference of two series passage by passage.
+// Statistics: what the error of a drift is, with the memory of its points and the oscillations by the
+// planets, and the difference of two series passage by passage.
 
 #include <algorithm>
 

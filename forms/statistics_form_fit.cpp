@@ -1,4 +1,4 @@
-// Form6: the fit of the sample, the test series and the search over group sizes.
+// Statistics: the fit of the sample, the test series and the search over group sizes.
 
 #include <array>
 #include <utility>

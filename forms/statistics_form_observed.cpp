@@ -1,4 +1,4 @@
-// Form6: the observed shifts as DE405 has them, measured over the years of the model's own experiments.
+// Statistics: the observed shifts as DE405 has them, measured over the years of the model's own experiments.
 
 #include "fit/ephemeris_drifts.h"
 #include "forms/statistics_form.h"
