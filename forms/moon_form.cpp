@@ -4,6 +4,7 @@
 
 #include "core/arithmetic.h"
 #include "core/calendar.h"
+#include "core/rows.h"
 #include "forms/date_fields.h"
 #include "forms/plot_grid.h"
 #include "theories/elements.h"
@@ -163,16 +164,21 @@ void MoonForm::setData() {
                         .earthSpeedByShare = earthSpeedByShare.on(),
                         .shiftMoonSpeed = shiftMoonSpeed.on()});
 
+    drawInitial();
+}
+
+/// The pair as it was formed, and its numbers.
+void MoonForm::drawInitial() {
+    ModelState& s = lab.s;
     clearPicture();
-    const double X = s.X[earthShown], Y = s.Y[earthShown],
-                 Z = s.Z[earthShown];  // the Earth stands in row 0 for the picture only
-    for (Rows* axis : {&s.X, &s.Y, &s.Z}) (*axis)[earthShown] = (*axis)[rowEarthMoon];
+    const Vec3 kept = placeOf(s, earthShown);  // the Earth stands there for the picture only
+    setPlace(s, earthShown, placeOf(s, rowEarthMoon));
     OrbitCheck pair;
     pair.IplSel = pair.IplJ = rowMoon;
     pair.Icentr = rowEarth;
     orbitCheckCentre(s, pair);
     drawPair(earthColor, moonColor, centreColor);
-    s.X[earthShown] = X, s.Y[earthShown] = Y, s.Z[earthShown] = Z;
+    setPlace(s, earthShown, kept);
     orbitPicture.text(-9, -6.2,
                       "Xz  Yz  Zz (тыс.км)=        " +
                           threeNumbers(s.X0[earthShown] / MK, s.Y0[earthShown] / MK, s.Z0[earthShown] / MK),

@@ -27,6 +27,7 @@ private:
     void showScale();
     void clearPicture();
     void setData();
+    void drawInitial();
     void showElements();
     void start();
     void OrbitCheckLoop();
