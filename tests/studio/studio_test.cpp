@@ -120,10 +120,15 @@ TEST_F(StudioTest, TheLastSessionIsOfferedAndARecordPlaysInTheWindows) {
           [](Studio& s) { type(s, "Form1", "Text33", "7"); },
           [](Studio& s) { keys(s, "Form1", Qt::Key_Z, Qt::ControlModifier); },
           [](Studio& s) { EXPECT_EQ(value(s, "Form1", "Text33"), "1"); },
-          [](Studio& s) {
-              window(s, "Form1").findChild<QPushButton*>("Command4")->click();
-              const auto told = window(s, "Form1").statusBar()->currentMessage();
-              EXPECT_TRUE(told.startsWith("Сохранено: ")) << told.toStdString();
+          [this](Studio& s) {
+              auto* save = window(s, "Form1").findChild<QPushButton*>("Command4");
+              const auto told = [&] { return window(s, "Form1").statusBar()->currentMessage(); };
+              save->click();
+              EXPECT_EQ(told(), "Сохранено: Dat/Tarvex1.dat");
+              test::writeBytes(folder.path() / "Dat/Tarvex1.dat", "of another day\r\n");
+              save->click();
+              EXPECT_EQ(told(), "Сохранено: Dat/Tarvex1.dat (прежний файл - Dat/Tarvex1.dat.old)");
+              EXPECT_EQ(test::readBytes(folder.path() / "Dat/Tarvex1.dat.old"), "of another day\r\n");
           },
           [](Studio& s) { keys(s, "Form1", Qt::Key_2, Qt::ControlModifier); },
           [](Studio& s) { type(s, "Form2", "Text38", "7200"); },
