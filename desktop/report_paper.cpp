@@ -24,7 +24,8 @@ constexpr double keptTogether = 70;  ///< below a heading, or the next page has 
 constexpr double usualPixel = 0.62;  ///< of a figure
 constexpr double mostEnlarged = 1.3, leastShare = 0.65;
 constexpr double leastOfPage = 0.28, mostOfPage = 0.55;  ///< the height of a figure that is not a tall one
-constexpr double tall = 1.3;  ///< height to width of a figure that has its own page
+constexpr double tall = 1.3;                      ///< height to width of a figure that has its own page
+constexpr double lineBelow = 1.5 * usualLetters;  ///< a caption of the form that stands under its picture
 constexpr double cellGap = 3, columnGap = 12, blockGap = 6;  ///< between lines, columns and blocks
 constexpr std::size_t mostColumns = 3;                       ///< of fields
 constexpr double mostOfName = 0.55, footerRoom = 18;
@@ -113,7 +114,7 @@ public:
         const Figure figure{.canvas = *canvas, .plot = picture.plot(), .caption = ""};
         const double unit = usualPixel * point_;
         const QFont font = letter(usualLetters, false, true);
-        const double words = heightOf(caption, font, page_.width()) + 2 * blockGap * point_;
+        const double words = heightOf(caption, font, page_.width()) + (2 * blockGap + lineBelow) * point_;
         const bool high = canvas->height() > tall * canvas->width();
         y_ += blockGap * point_;
         // Not larger than its letters ask for; a little smaller where it fits on this page then.

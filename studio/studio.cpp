@@ -347,6 +347,7 @@ void Studio::report(Form& form, const std::function<std::vector<const Form*>()>&
 /// Fields, tables and pictures, as in a report.
 void Studio::print(Form& form) {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageMargins({15, 15, 15, 15}, QPageLayout::Millimeter);
     auto* dialog = new QPrintDialog(printer.get(), windows_.windowOf(form));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(dialog, &QDialog::accepted, [this, &form, printer] {
