@@ -14,9 +14,11 @@ namespace tarvex {
 namespace {
 
 const std::string usage =
-    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] [--resume "
-    "[--again]] "
+    "tarvex-plan [--data КАТАЛОГ] --plan N --experiments ОТ-ДО [--planets СПИСОК] [--jobs J] "
+    "[--lanes L] [--resume [--again]] "
     "[ИМЯ=ЗНАЧЕНИЕ ...]";
+
+constexpr int mostLanes = 64;  ///< of one process, whatever its core takes abreast
 
 std::vector<int> planetsOf(const std::string& word, const std::string& text) {
     std::vector<int> planets =
@@ -24,6 +26,12 @@ std::vector<int> planetsOf(const std::string& word, const std::string& text) {
     for (const int p : planets)
         if (p < 1 || p > 10) throw Failure("--planets: номера от 1 до 10");
     return planets;
+}
+
+int lanesOf(const std::string& text) {
+    const int lanes = wholeNumber(text);
+    if (lanes < 1 || lanes > mostLanes) throw Failure(fmt::format("--lanes: от 1 до {}", mostLanes));
+    return lanes;
 }
 
 /// First and last of the experiments named.
@@ -57,6 +65,8 @@ BatchOptions parseBatchOptions(const std::vector<std::string>& arguments) {
             options.planets = planetsOf(word, words.value());
         } else if (word == "--jobs") {
             options.jobs = wholeNumber(words.value());
+        } else if (word == "--lanes") {
+            options.lanes = lanesOf(words.value());
         } else if (const auto setting = settingOf(word)) {
             options.settings.push_back(*setting);
         } else {

@@ -17,6 +17,7 @@
 #include "core/failure.h"
 #include "core/leftovers.h"
 #include "core/private_folder.h"
+#include "experiment/lane_runs.h"
 
 namespace tarvex {
 
@@ -56,20 +57,19 @@ public:
     int run() {
         const std::size_t jobs =
             options_.jobs > 0 ? options_.jobs : std::max(1u, std::thread::hardware_concurrency());
+        const std::size_t lanes = lanesOf(jobs);
         progress_.begin(total_, total_ - waiting_.size(), Clock::now());
         while (interrupted == 0 && (!waiting_.empty() || !running_.empty())) {
             while (running_.size() < jobs && !waiting_.empty()) {
-                if (!start(waiting_.front())) {
-                    if (running_.empty()) throw Failure("нет места для процессов");
-                    break;  // as many at once as the machine gives
-                }
-                waiting_.pop_front();
+                if (start(std::min(lanes, waiting_.size()))) continue;
+                if (running_.empty()) throw Failure("нет места для процессов");
+                break;  // as many at once as the machine gives
             }
             listen();
             collect();
-            progress_.tell(running_.size(), runningShares(), Clock::now());
+            progress_.tell(inWork(), runningShares(), Clock::now());
         }
-        progress_.tellNow(running_.size(), runningShares(), Clock::now());
+        progress_.tellNow(inWork(), runningShares(), Clock::now());
         if (interrupted != 0) err_ << "прервано; с --resume продолжится отсюда\n";
         return interrupted == 0 && progress_.allGood() ? 0 : 2;
     }
@@ -85,14 +85,24 @@ private:
                       "\n  заданы: " + settings_ + "\nс --again такие эксперименты выполнятся заново");
     }
 
-    /// A process for the experiment; false when the machine has none to give.
-    bool start(const Task& task) {
+    /// Experiments of a process: no more than keep every process busy.
+    std::size_t lanesOf(std::size_t jobs) const {
+        if (options_.lanes > 0) return static_cast<std::size_t>(options_.lanes);
+        return std::clamp<std::size_t>((waiting_.size() + jobs - 1) / jobs, 1,
+                                       static_cast<std::size_t>(lanesAbreast()));
+    }
+
+    /// A process for the next experiments; false when the machine has none to give.
+    bool start(std::size_t experiments) {
         out_.flush();
         err_.flush();
-        auto worker = Worker::start(options_, task, folder_.path(), root_);
+        const std::vector<Task> tasks(waiting_.begin(),
+                                      waiting_.begin() + static_cast<std::ptrdiff_t>(experiments));
+        auto worker = Worker::start(options_, tasks, folder_.path(), root_);
         if (!worker) return false;
         running_.push_back(std::move(worker));
-        progress_.began(task);
+        waiting_.erase(waiting_.begin(), waiting_.begin() + static_cast<std::ptrdiff_t>(experiments));
+        for (const Task& task : tasks) progress_.began(task);
         return true;
     }
 
@@ -107,21 +117,18 @@ private:
 
     void collect() {
         for (auto worker = running_.begin(); worker != running_.end();) {
-            if (!(*worker)->ended()) {
-                ++worker;
-                continue;
-            }
-            finish(**worker);
-            worker = running_.erase(worker);
+            const bool last = (*worker)->ended();
+            for (const Worker::Outcome& outcome : (*worker)->outcomes()) finish(outcome);
+            worker = last ? running_.erase(worker) : worker + 1;
         }
     }
 
-    void finish(const Worker& worker) {
-        const Task task = worker.task();
-        std::string trouble = worker.trouble();
+    void finish(const Worker::Outcome& outcome) {
+        const Task& task = outcome.task;
+        std::string trouble = outcome.trouble;
         if (trouble.empty()) {
             try {
-                journal_.handOver(task, worker.record(), settings_);
+                journal_.handOver(task, outcome.record, settings_);
                 progress_.finished(task);
                 out_ << journal_.record(task).string() << std::endl;
                 return;
@@ -131,6 +138,12 @@ private:
             }
         }
         progress_.failed(task, trouble);
+    }
+
+    std::size_t inWork() const {
+        std::size_t sum = 0;
+        for (const auto& worker : running_) sum += worker->inWork();
+        return sum;
     }
 
     double runningShares() const {

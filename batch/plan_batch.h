@@ -1,6 +1,6 @@
 #pragma once
-// The experiments of a plan, each in a process of its own and in a passing data tree; the finished run file
-// is renamed into the real one, so that a file there is always whole.
+// The experiments of a plan, in processes and there in lanes, each in a passing data tree of its own; the
+// finished run file is renamed into the real one, so that a file there is always whole.
 
 #include <iosfwd>
 #include <string>

@@ -5,13 +5,19 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
+#include <deque>
+#include <functional>
+#include <optional>
 #include <sstream>
 #include <utility>
 
 #include "batch/plan_batch.h"
 #include "core/data_tree.h"
 #include "core/failure.h"
+#include "experiment/lane_runs.h"
 #include "forms/laboratory.h"
 #include "forms/screens.h"
 #include "script/player.h"
@@ -41,21 +47,29 @@ public:
     std::string trouble;  ///< the first message
 };
 
-/// Sends the progress of a run up a pipe, a byte a percent.
+/// What a worker sends up its pipe: the number of one of its experiments, and how far that is.
+struct News {
+    unsigned char part, what;
+    static constexpr unsigned char done = 101, failed = 102;  ///< else percents
+};
+
+void send(int pipe, News news) { [[maybe_unused]] const auto sent = write(pipe, &news, sizeof news); }
+
+/// Sends the progress of a run.
 class WorkerPort final : public ExperimentPort {
 public:
-    WorkerPort(const Experiment& e, int pipe) : e_(e), pipe_(pipe) {}
+    WorkerPort(const Experiment& e, int pipe, unsigned char part) : e_(e), pipe_(pipe), part_(part) {}
     void showDate() override {
         const auto percent = static_cast<unsigned char>(shareDone(e_) * 100);
         if (percent == last_) return;
         last_ = percent;
-        [[maybe_unused]] const auto sent = write(pipe_, &percent, 1);
+        send(pipe_, {part_, percent});
     }
 
 private:
     const Experiment& e_;
     int pipe_;
-    unsigned char last_ = 255;
+    unsigned char part_, last_ = 255;
 };
 
 /// Everything of the real tree but the plan's folder is looked at in place.
@@ -68,48 +82,79 @@ void makePassingTree(const fs::path& tree, const fs::path& root, int plan, const
             fs::create_directory_symlink(fs::absolute(root / folder), tree / folder);
 }
 
-/// The experiment, with the settings that the screens hold.
-/// @return  what went wrong, empty when nothing did
-std::string runTask(Laboratory& lab, const BatchOptions& options, const Task& task, int pipe) {
-    const Experiment e = lab.experiment();
-    try {
-        PlanSettings plan;
-        stage("Ошибка при выполнение плана", "", [&] { plan = screenOf<PlanScreen>(lab.desk).takePlan(); });
-        lab.desk.show(RunScreen::formName);
-        const RunSettings run = screenOf<RunScreen>(lab.desk).settings();
-        WorkerPort port(e, pipe);
-        stage("Задайте правильно данные", "",
-              [&] { runPlanExperiment(e, lab.plan, task.experiment, plan, run, port); });
-    } catch (const Refusal& refusal) {
-        return troubleText(refusal.text, lab.desk.shortened(refusal.cause));
-    }
-    const bool written =
-        fs::is_regular_file(lab.tree.at(files::runRecord(options.plan, task.planet, task.experiment)));
-    return written ? "" : "эксперимент не записал файла";
-}
+/// An experiment in the process of the worker: a laboratory of its own, on a passing tree of its own.
+class TaskRun {
+public:
+    TaskRun(const BatchOptions& options, const Task& task, const fs::path& tree, int pipe, unsigned char part)
+        : options_(options), task_(task), tree_(tree), pipe_(pipe), part_(part) {}
 
-/// The life of a worker process: exit status 0, or 1 with the failure left in the tree.
-int work(const BatchOptions& options, const Task& task, const fs::path& tree, int pipe) {
-    std::ostringstream printed;
-    std::string trouble;
-    WorkerScreen screen(printed);
-    try {
-        Laboratory lab(screen, tree);
-        Player(screen, lab.desk, lab.names).play(settingsScript(options, task.planet));
-        trouble = runTask(lab, options, task, pipe);
-    } catch (const LineFailure& failure) {
-        trouble = failure.text;
-    } catch (const std::exception& failure) {
-        trouble = causeOf(failure);
+    /// The settings into the screens.
+    /// @return  false when that failed
+    bool prepare() {
+        tryOut([&] {
+            lab_.emplace(screen_, tree_);
+            Player(screen_, lab_->desk, lab_->names).play(settingsScript(options_, task_.planet));
+        });
+        return trouble().empty();
     }
-    if (!screen.trouble.empty()) trouble = screen.trouble;
-    if (trouble.empty()) return 0;
-    if (FILE* note = std::fopen((tree / troubleNote).c_str(), "w")) {
-        std::fputs(trouble.c_str(), note);
-        std::fclose(note);
+
+    /// The experiment, with the settings that the screens hold.
+    void run(StepSeat& seat) {
+        tryOut([&] {
+            Experiment e = lab_->experiment();
+            e.seat = &seat;
+            PlanSettings plan;
+            stage("Ошибка при выполнение плана", "",
+                  [&] { plan = screenOf<PlanScreen>(lab_->desk).takePlan(); });
+            lab_->desk.show(RunScreen::formName);
+            const RunSettings settings = screenOf<RunScreen>(lab_->desk).settings();
+            WorkerPort port(e, pipe_, part_);
+            stage("Задайте правильно данные", "",
+                  [&] { runPlanExperiment(e, lab_->plan, task_.experiment, plan, settings, port); });
+            const auto record = files::runRecord(options_.plan, task_.planet, task_.experiment);
+            if (!fs::is_regular_file(lab_->tree.at(record))) trouble_ = "эксперимент не записал файла";
+        });
     }
-    return 1;
-}
+
+    /// Leaves what went wrong in the tree and sends the end.
+    void tellEnd() const {
+        if (trouble().empty()) {
+            send(pipe_, {part_, News::done});
+            return;
+        }
+        if (FILE* note = std::fopen((tree_ / troubleNote).c_str(), "w")) {
+            std::fputs(trouble().c_str(), note);
+            std::fclose(note);
+        }
+        send(pipe_, {part_, News::failed});
+    }
+
+private:
+    const std::string& trouble() const { return screen_.trouble.empty() ? trouble_ : screen_.trouble; }
+
+    template <class Work>
+    void tryOut(Work work) {
+        try {
+            work();
+        } catch (const Refusal& refusal) {
+            trouble_ = troubleText(refusal.text, lab_->desk.shortened(refusal.cause));
+        } catch (const LineFailure& failure) {
+            trouble_ = failure.text;
+        } catch (const std::exception& failure) {
+            trouble_ = causeOf(failure);
+        }
+    }
+
+    const BatchOptions& options_;
+    Task task_;
+    fs::path tree_;
+    int pipe_;
+    unsigned char part_;
+    std::string trouble_;
+    std::ostringstream printed_;
+    WorkerScreen screen_{printed_};
+    std::optional<Laboratory> lab_;
+};
 
 }  // namespace
 
@@ -117,14 +162,18 @@ std::string nameOf(const Task& task) {
     return "планета " + std::to_string(task.planet) + ", эксперимент " + std::to_string(task.experiment);
 }
 
-Worker::Worker(const BatchOptions& options, const Task& task, fs::path tree)
-    : options_(options), task_(task), tree_(std::move(tree)) {}
+Worker::Worker(const BatchOptions& options, const std::vector<Task>& tasks, const fs::path& folder)
+    : options_(options) {
+    for (const Task& task : tasks)
+        parts_.push_back(
+            {.task = task,
+             .tree = folder / (std::to_string(task.planet) + "-" + std::to_string(task.experiment))});
+}
 
-std::unique_ptr<Worker> Worker::start(const BatchOptions& options, const Task& task, const fs::path& folder,
-                                      const fs::path& root) {
-    const fs::path tree = folder / (std::to_string(task.planet) + "-" + std::to_string(task.experiment));
-    std::unique_ptr<Worker> worker(new Worker(options, task, tree));
-    makePassingTree(tree, root, options.plan, task);
+std::unique_ptr<Worker> Worker::start(const BatchOptions& options, const std::vector<Task>& tasks,
+                                      const fs::path& folder, const fs::path& root) {
+    std::unique_ptr<Worker> worker(new Worker(options, tasks, folder));
+    for (const Part& part : worker->parts_) makePassingTree(part.tree, root, options.plan, part.task);
     int ends[2];
     if (pipe(ends) != 0) return nullptr;
     worker->pipe_ = ends[0];
@@ -132,10 +181,30 @@ std::unique_ptr<Worker> Worker::start(const BatchOptions& options, const Task& t
     if (worker->pid_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);  // a worker never outlives the batch
         close(ends[0]);
-        _exit(work(options, task, tree, ends[1]));
+        _exit(worker->work(ends[1]));
     }
     close(ends[1]);
     return worker->pid_ > 0 ? std::move(worker) : nullptr;
+}
+
+/// The life of a worker process.
+int Worker::work(int pipe) const {
+    std::deque<TaskRun> tasks;
+    std::vector<std::function<void(StepSeat&)>> runs;
+    for (const Part& part : parts_) {
+        const auto number = static_cast<unsigned char>(tasks.size());
+        TaskRun& task = tasks.emplace_back(options_, part.task, part.tree, pipe, number);
+        if (task.prepare())
+            runs.emplace_back([&task](StepSeat& seat) {
+                task.run(seat);
+                task.tellEnd();
+            });
+        else
+            task.tellEnd();
+    }
+    runInLanes(runs);
+    while (!tasks.empty()) tasks.pop_back();  // whoever came last goes first
+    return 0;
 }
 
 Worker::~Worker() {
@@ -145,37 +214,68 @@ Worker::~Worker() {
     }
     if (pipe_ >= 0) close(pipe_);
     std::error_code ignored;
-    fs::remove_all(tree_, ignored);
+    for (const Part& part : parts_) fs::remove_all(part.tree, ignored);
 }
 
-void Worker::readNews() {
-    unsigned char percents[256];
-    const auto got = read(pipe_, percents, sizeof percents);
-    if (got > 0) share_ = percents[got - 1] / 100.0;
+bool Worker::readNews() {
+    std::array<News, 128> news;
+    const auto got = read(pipe_, news.data(), sizeof news);
+    for (std::size_t n = 0; got > 0 && n < static_cast<std::size_t>(got) / sizeof(News); ++n) {
+        Part& part = parts_.at(news[n].part);
+        if (news[n].what == News::done)
+            part.state = State::Done;
+        else if (news[n].what == News::failed)
+            part.state = State::Failed;
+        else
+            part.share = news[n].what / 100.0;
+    }
+    return got > 0;
+}
+
+std::size_t Worker::inWork() const {
+    return static_cast<std::size_t>(
+        std::count_if(parts_.begin(), parts_.end(), [](const Part& p) { return p.state == State::InWork; }));
+}
+
+double Worker::share() const {
+    double sum = 0;
+    for (const Part& part : parts_)
+        if (part.state == State::InWork) sum += part.share;
+    return sum;
 }
 
 bool Worker::ended() {
     if (pid_ < 0) return true;
-    const pid_t waited = waitpid(pid_, &status_, WNOHANG);
-    if (waited == 0) return false;
-    if (waited < 0) status_ = W_EXITCODE(1, 0);  // nobody knows how it ended
+    if (waitpid(pid_, nullptr, WNOHANG) == 0) return false;
     pid_ = -1;
+    while (readNews()) {
+    }
     return true;
 }
 
-std::string Worker::trouble() const {
-    if (WIFEXITED(status_) && WEXITSTATUS(status_) == 0) return "";
-    std::string text = "процесс прерван";
-    if (FILE* note = std::fopen((tree_ / troubleNote).c_str(), "r")) {
-        char line[1000] = "";
-        if (std::fgets(line, sizeof line, note) != nullptr) text = line;
-        std::fclose(note);
+std::vector<Worker::Outcome> Worker::outcomes() {
+    std::vector<Outcome> all;
+    for (Part& part : parts_) {
+        if (part.state == State::Told || (part.state == State::InWork && pid_ > 0)) continue;
+        all.push_back(outcomeOf(part));
+        part.state = State::Told;
     }
-    return text;
+    return all;
 }
 
-fs::path Worker::record() const {
-    return DataTree(tree_).at(files::runRecord(options_.plan, task_.planet, task_.experiment));
+Worker::Outcome Worker::outcomeOf(const Part& part) const {
+    Outcome outcome{.task = part.task,
+                    .trouble = "",
+                    .record = DataTree(part.tree).at(
+                        files::runRecord(options_.plan, part.task.planet, part.task.experiment))};
+    if (part.state == State::Done) return outcome;
+    outcome.trouble = "процесс прерван";
+    if (FILE* note = std::fopen((part.tree / troubleNote).c_str(), "r")) {
+        char line[1000] = "";
+        if (std::fgets(line, sizeof line, note) != nullptr) outcome.trouble = line;
+        std::fclose(note);
+    }
+    return outcome;
 }
 
 }  // namespace tarvex

@@ -1,11 +1,12 @@
 #pragma once
-// One experiment of a plan in a process of its own, and the passing data tree that this process writes into.
+// Experiments of a plan in a process of their own, and the passing data trees that this process writes into.
 
 #include <sys/types.h>
 
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "batch/batch_options.h"
 
@@ -21,42 +22,56 @@ struct Task {
 /// "планета 1, эксперимент 2"
 std::string nameOf(const Task& task);
 
+/// Some experiments in one process, side by side in the lanes of its core where their law allows it.
 class Worker {
 public:
     /// Starts the process.
-    /// @param folder  where its passing tree is made
+    /// @param folder  where the passing trees are made, one for each experiment
     /// @param root    the data tree: all of it but the plan's folder is read in place
     /// @return        nothing when the machine has no process to give
-    /// Throws std::filesystem::filesystem_error when the passing tree cannot be made.
-    static std::unique_ptr<Worker> start(const BatchOptions& options, const Task& task,
+    /// Throws std::filesystem::filesystem_error when a passing tree cannot be made.
+    static std::unique_ptr<Worker> start(const BatchOptions& options, const std::vector<Task>& tasks,
                                          const std::filesystem::path& folder,
                                          const std::filesystem::path& root);
-    ~Worker();  ///< kills the process when it still runs, and removes its tree
+    ~Worker();  ///< kills the process when it still runs, and removes its trees
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
-    const Task& task() const { return task_; }
     /// Becomes readable when it has news.
     int news() const { return pipe_; }
-    void readNews();
-    double share() const { return share_; }  ///< of its run that is done
+    /// @return  false when there are none and will be none
+    bool readNews();
+    std::size_t inWork() const;  ///< experiments that have not ended
+    double share() const;        ///< of those, what is done of each, all together
 
-    /// True when the process has ended.
+    /// True when the process has ended; all its news have been read then.
     bool ended();
-    /// Of a process that has ended: what went wrong, empty when nothing did.
-    std::string trouble() const;
-    /// The finished record.
-    std::filesystem::path record() const;
+
+    /// An experiment that has ended.
+    struct Outcome {
+        Task task;
+        std::string trouble;           ///< what went wrong, empty when nothing did
+        std::filesystem::path record;  ///< the finished one
+    };
+    /// The experiments that have ended since the last call; all of them once the process has.
+    std::vector<Outcome> outcomes();
 
 private:
-    Worker(const BatchOptions& options, const Task& task, std::filesystem::path tree);
+    enum class State { InWork, Done, Failed, Told };
+    struct Part {
+        Task task;
+        std::filesystem::path tree;
+        State state = State::InWork;
+        double share = 0;
+    };
+    Worker(const BatchOptions& options, const std::vector<Task>& tasks, const std::filesystem::path& folder);
+    int work(int pipe) const;
+    Outcome outcomeOf(const Part& part) const;
 
     const BatchOptions& options_;
-    Task task_;
-    std::filesystem::path tree_;
+    std::vector<Part> parts_;
     pid_t pid_ = -1;
-    int pipe_ = -1, status_ = 0;
-    double share_ = 0;
+    int pipe_ = -1;
 };
 
 }  // namespace tarvex

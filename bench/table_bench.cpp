@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <functional>
 
+#include "experiment/lane_runs.h"
 #include "tests/support/equations_oracle.h"
 #include "tests/support/test_run.h"
 
@@ -60,8 +62,9 @@ struct Twin {
     test::TestRun t;
     literal::Equations plain;
     const Row& row;
+    StepSeat* seat;
 
-    explicit Twin(const Row& law) : row(law) {
+    explicit Twin(const Row& law, StepSeat* ofLanes = nullptr) : row(law), seat(ofLanes) {
         t.motion.kodDX = law.kodDX;
         t.motion.kodPgr = law.kodPgr;
         t.motion.kPgr1 = law.k1;
@@ -90,7 +93,9 @@ struct Twin {
     void steps() {
         OneBatch port;
         t.s.NC = 0;
-        RunLoop(t.experiment(), port);
+        Experiment e = t.experiment();
+        e.seat = seat;
+        RunLoop(e, port);
     }
     /// What a step must compute by the word: four sides and the speeds along the lines; its measurement is
     /// not counted, so the true ratio is a little higher.
@@ -119,26 +124,38 @@ void printRow(const Row& row, int rounds) {
                 median(literalStep) / median(step));
 }
 
-/// Nine experiments of a year, DX2 with law 5, one after another on this core.
-void printPlan(int rounds) {
-    std::vector<double> seconds;
-    double steps = 0;
-    for (int round = 0; round < rounds; ++round) {
-        steps = 0;
-        seconds.push_back(timed(1,
-                                [&] {
-                                    for (int n = 0; n < 9; ++n) {
-                                        Row law = rows[4];
-                                        law.Vgr = 180 + 10 * n;
-                                        Twin twin(law);
-                                        for (int batch = 0; batch < 9; ++batch) twin.steps();
-                                        steps += 9 * passes;
-                                    }
-                                }) /
-                          1e9);
+/// Experiments of a year by one law with different speeds of gravity, on this core.
+struct Plan {
+    const Row& row;
+    int experiments;
+
+    void one(int number, StepSeat* seat) const {
+        Row law = row;
+        law.Vgr = 180 + 10 * number;
+        Twin twin(law, seat);
+        for (int batch = 0; batch < 9; ++batch) twin.steps();
     }
-    std::printf("%-32s %8.3f s, %.0f steps, %.2f us a step\n", "plan of nine, DX2 with law 5",
-                median(seconds), steps, 1e6 * median(seconds) / steps);
+    void oneAfterAnother() const {
+        for (int n = 0; n < experiments; ++n) one(n, nullptr);
+    }
+    void abreast() const {
+        std::vector<std::function<void(StepSeat&)>> runs;
+        for (int n = 0; n < experiments; ++n) runs.emplace_back([this, n](StepSeat& seat) { one(n, &seat); });
+        runInLanes(runs);
+    }
+};
+
+void printPlan(const Row& row, int experiments, int rounds) {
+    const Plan plan{row, experiments};
+    std::vector<double> single, lanes;
+    for (int round = 0; round < rounds; ++round) {
+        single.push_back(timed(1, [&] { plan.oneAfterAnother(); }));
+        lanes.push_back(timed(1, [&] { plan.abreast(); }));
+    }
+    const double steps = 9. * passes * experiments;
+    std::printf("plan of %2d, %-30s one after another %5.2f us a step, abreast %5.2f, ratio %.2f\n",
+                experiments, row.name, median(single) / steps / 1000, median(lanes) / steps / 1000,
+                median(single) / median(lanes));
 }
 
 /// @param state  range: rounds
@@ -148,7 +165,8 @@ void table(benchmark::State& state) {
         std::printf("%-32s %8s %8s %7s %9s %9s %7s\n", "law", "side ns", "literal", "ratio", "step us",
                     "literal", "ratio");
         for (const Row& row : rows) printRow(row, rounds);
-        printPlan(std::max(3, rounds / 10));
+        for (const int experiments : {4, 8, 9, 24})
+            for (const int law : {3, 4}) printPlan(rows[law], experiments, std::max(5, rounds / 8));
     }
 }
 BENCHMARK(table)->ArgName("rounds")->Arg(41)->Unit(benchmark::kSecond)->Iterations(1);

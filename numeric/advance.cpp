@@ -51,6 +51,8 @@ private:
 void modelStep(const Experiment& e) {
     if (e.run.stepper == Stepper::Order8) {
         order8Step(e.s, e.motion, e.run.stages);
+    } else if (e.seat != nullptr) {
+        e.seat->step();
     } else {
         rungeKuttaStep(e.s, e.motion, e.run);
     }
@@ -59,6 +61,14 @@ void modelStep(const Experiment& e) {
         e.motion.AX[i] = e.motion.dU[i + 33];
         e.motion.AY[i] = e.motion.dU[i + 44];
         e.motion.AZ[i] = e.motion.dU[i + 55];
+    }
+}
+
+void speedUpdate(const Experiment& e) {
+    if (e.seat != nullptr) {
+        e.seat->speeds();
+    } else {
+        SpeedUpdate(e.s, e.motion);
     }
 }
 
@@ -197,7 +207,7 @@ void advance(const Experiment& e, const ArithmeticGuard& guard) {
             imitatorStep(e);
         }
         correctOrigin(e);
-        if (e.run.kodModel == 1 && e.motion.kodPgr != 0) SpeedUpdate(e.s, e.motion);
+        if (e.run.kodModel == 1 && e.motion.kodPgr != 0) speedUpdate(e);
         guard.check();
     } catch (...) {
         good.giveBack();

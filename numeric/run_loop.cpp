@@ -133,10 +133,27 @@ void lookAtPlace(const Experiment& e) {
     if (exact(e) && e.run.boxes.measure) look(e.s);
 }
 
+/// The seat of an experiment, taken as long as nobody else has a turn.
+class SeatTaken {
+public:
+    explicit SeatTaken(const Experiment& e) : seat_(e.seat) {
+        if (seat_ != nullptr) seat_->take(e);
+    }
+    ~SeatTaken() {
+        if (seat_ != nullptr) seat_->leave();
+    }
+    SeatTaken(const SeatTaken&) = delete;
+    SeatTaken& operator=(const SeatTaken&) = delete;
+
+private:
+    StepSeat* seat_;
+};
+
 /// Passes to the next display; nobody else has a turn meanwhile.
 /// @return  false when one of them was the last of the run
 bool passesToDisplay(const Experiment& e, RunPort& port, const ArithmeticGuard& guard, RunDate& date) {
     const WeightsHeld weights(e.s, e.motion);
+    const SeatTaken seat(e);
     do {
         e.motion.kodDebug = e.run.boxes.debugText ? 1 : 0;
         if (exact(e)) {

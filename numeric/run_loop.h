@@ -7,6 +7,7 @@
 #include "numeric/measurement.h"
 #include "numeric/motion.h"
 #include "numeric/run_state.h"
+#include "numeric/step_seat.h"
 #include "theories/ephemeris.h"
 
 namespace tarvex {
@@ -18,6 +19,8 @@ struct Experiment {
     RunState& run;
     Ephemeris& ephemeris;
     const DataTree& tree;
+    StepSeat* seat =
+        nullptr;  ///< who makes its steps together with those of others; nobody: they are its own
 };
 
 /// What a run tells whoever shows it.  A run without a screen needs none of it.

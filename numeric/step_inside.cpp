@@ -26,6 +26,7 @@ Arc StepInside::arc(const OrbitPoint& before) {
 
 Arc StepInside::ofRungeKutta(const OrbitPoint& before) {
     const RunState& run = e_.run;
+    if (e_.seat != nullptr) e_.seat->show();
     std::array<double, equations> change;
     for (std::size_t k = 0; k < change.size(); ++k)
         change[k] = (2 * run.K2[k] + run.K1[k] + 2 * run.K3[k] + run.K4[k]) / 6;

@@ -9,13 +9,14 @@ namespace tarvex {
 
 TEST(BatchOptions, ReadsTheWholeLine) {
     const auto o = parseBatchOptions({"--plan", "3", "--experiments", "2-5", "--planets", "1,4-6", "--jobs",
-                                      "7", "--resume", "--data", "/tree", "Text38=1800", "Form15.Check5=on",
-                                      "Form1.Text34=1900"});
+                                      "7", "--lanes", "3", "--resume", "--data", "/tree", "Text38=1800",
+                                      "Form15.Check5=on", "Form1.Text34=1900"});
     EXPECT_EQ(o.plan, 3);
     EXPECT_EQ(o.first, 2);
     EXPECT_EQ(o.last, 5);
     EXPECT_EQ(o.planets, (std::vector<int>{1, 4, 5, 6}));
     EXPECT_EQ(o.jobs, 7);
+    EXPECT_EQ(o.lanes, 3);
     EXPECT_TRUE(o.resume);
     EXPECT_EQ(o.data, std::filesystem::path("/tree"));
     // Form1 comes first and is formed anew, the plan is made before its levels are loaded, Form2 last
@@ -36,6 +37,7 @@ TEST(BatchOptions, SaysWhatIsWrong) {
                                                {"--plan", "1", "--experiments", "1", "--planets", "11"},
                                                {"--plan", "1", "--experiments", "1", "--planets", "1-3,2"},
                                                {"--plan", "1", "--experiments", "1", "--nonsense"},
+                                               {"--plan", "1", "--experiments", "1", "--lanes", "0"},
                                                {"--plan", "1", "--experiments", "1", "Text38"},
                                                {"--plan", "1", "--experiments", "1-99999"}})
         EXPECT_THROW(parseBatchOptions(bad), Failure);

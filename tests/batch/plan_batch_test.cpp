@@ -76,14 +76,15 @@ void runAsValues(const TempFolder& folder) {
     ExperimentPort silent;
     for (const int u : {1, 2}) {
         formInitialData(model->experiment(), {});
-        const PlanSettings set{.plan = 1, .pressure = planHasPressure(plan, false)};
+        const PlanSettings set{
+            .plan = 1, .finiteGravitySpeed = true, .pressure = planHasPressure(plan, false)};
         EXPECT_TRUE(runPlanExperiment(model->experiment(), plan, u, set, run, silent).complete);
     }
     EXPECT_THROW(runPlanExperiment(model->experiment(), plan, 91, {}, run, silent), Refusal);
 }
 
 /// The same run files, byte for byte, as the plan's form makes at the desk one after another, and as its
-/// experiments make as values.
+/// experiments make as values.  Their law has a speed of gravity.
 TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
     const TempFolder desk, batch, values;
     makeTree(desk);
@@ -94,15 +95,18 @@ TEST(PlanBatch, WritesWhatTheFormOfThePlanWrites) {
         fs::copy_file(DataTree(desk.path()).at(files::plan(1)), DataTree(other->path()).at(files::plan(1)));
     runAsValues(values);
 
-    std::vector<std::string> lines = {"Form1.Command1", "Form15.Text4 = 1", "Form15.Option6 = on",
-                                      "Form15.Command5", "Form15.Command14"};
+    std::vector<std::string> lines = {"Form1.Command1",      "Form15.Text4 = 1", "Form15.Check6 = on",
+                                      "Form15.Option6 = on", "Form15.Command5",  "Form15.Command14"};
     lines.insert(lines.end(), settings.begin(), settings.end());
     for (const char* line : {"Form2.Text13 = 1", "Form15.Text5 = 1", "Form15.Text6 = 2", "Form15.Command8"})
         lines.emplace_back(line);
     play(desk.path(), lines);
 
+    BatchOptions abreast = optionsFor(batch.path());
+    abreast.jobs = 1;  // so both go side by side in its lanes
+    abreast.settings.push_back({"Form15.Check6", "on"});
     std::ostringstream out, err;
-    EXPECT_EQ(runBatch(optionsFor(batch.path()), out, err), 0) << err.str();
+    EXPECT_EQ(runBatch(abreast, out, err), 0) << err.str();
     for (const int e : {1, 2}) {
         ASSERT_TRUE(fs::exists(recordOf(batch.path(), 1, e)));
         const std::string atDesk = readBytes(recordOf(desk.path(), 1, e));
@@ -202,6 +206,7 @@ TEST(PlanBatch, FailuresAreToldAndLeaveTheOldFile) {
     const fs::path first = recordOf(tree.path(), 1, 1);
     test::writeBytes(first, "finished before");
     BatchOptions o = optionsFor(tree.path());
+    o.lanes = 2;  // one process for both
     {
         const auto other = FileLock::tryLock(first);  // as if the laboratory was writing it
         const Told told = runTold(o);
