@@ -8,7 +8,7 @@
 #include <chrono>
 
 #include "initial/moon_data.h"
-#include "initial/orbit_check.h"
+#include "numeric/orbit_check.h"
 #include "numeric/two_body.h"
 
 namespace tarvex {

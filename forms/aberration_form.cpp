@@ -5,6 +5,7 @@
 #include "core/arithmetic.h"
 #include "core/calendar.h"
 #include "forms/picture_axes.h"
+#include "reduction/sky_rows.h"
 #include "theories/elements.h"
 #include "theories/geometry.h"
 
@@ -70,9 +71,9 @@ void AberrationForm::load() {
     clearPicture();
     // what is iterated before any places were found: the initial data of the laboratory
     const ModelState& s = lab.s;
-    for (const int row : {3, bench_.body})
-        (row == 3 ? bench_.earth : bench_.object) = {s.X0[row],  s.Y0[row],  s.Z0[row],  s.VX0[row],
-                                                     s.VY0[row], s.VZ0[row], s.R0sr[row]};
+    for (const int row : {rowTerra, bench_.body})
+        (row == rowTerra ? bench_.earth : bench_.object) = {s.X0[row],  s.Y0[row],  s.Z0[row],  s.VX0[row],
+                                                            s.VY0[row], s.VZ0[row], s.R0sr[row]};
 }
 
 void AberrationForm::unload() { gone_ = true; }
@@ -146,11 +147,11 @@ bool AberrationForm::prepare(double date) {
         earthLongitude.show(cut6(bench_.earth.L));
         if (object != 0 && object != AberrationBench::star) objectLongitude.show(cut6(bench_.object.L));
     }
-    showBody(3, earthX, earthY, earthZ, earthVX, earthVY, earthVZ);
+    showBody(rowTerra, earthX, earthY, earthZ, earthVX, earthVY, earthVZ);
     if (object != AberrationBench::star)
         showBody(object, objectX, objectY, objectZ, objectVX, objectVY, objectVZ);
     distance.show(cut6(s.Rcur / MK));
-    lightTime.show(cut6(s.Tsv[3][object]));
+    lightTime.show(cut6(s.Tsv[rowTerra][object]));
     trueLongitude.show(cut6(bench_.GeoL));
     trueLatitude.show(cut6(bench_.GeoB));
     iterationCount.show(0);
@@ -171,7 +172,7 @@ void AberrationForm::iterate() {
     totalVY.show(cut6(s.VY[bench_.body] / 1000));
     totalVZ.show(cut6(s.VZ[bench_.body] / 1000));
     distance.show(cut6(bench_.Rgeo / MK));
-    lightTime.show(cut6(s.Tsv[3][bench_.body]));
+    lightTime.show(cut6(s.Tsv[rowTerra][bench_.body]));
     const double A = bench_.AlfaIs + bench_.AlfaPr, B = bench_.BettaIs + bench_.BettaPr;
     sourceShiftLongitude.show(cut6(bench_.AlfaIs));
     sourceShiftLatitude.show(cut6(bench_.BettaIs));
@@ -232,7 +233,7 @@ int AberrationForm::placesOf(int row) {
 
 /// The places of the Earth and the object and, in the plane of the ecliptic, their orbits.
 void AberrationForm::drawPlaces() {
-    for (const int row : {3, bench_.body}) {
+    for (const int row : {rowTerra, bench_.body}) {
         const AberrationBench::Place& p = bench_.placeOf(row);
         drawing.as(placesOf(row))
             .disc(across(p.X, p.Y, p.Z, true), across(p.X, p.Y, p.Z, false), 0.15, colorOf(row));
@@ -253,10 +254,11 @@ void AberrationForm::drawConstruction() {
     const int n = bench_.iterations - 1;
     const int strength = static_cast<int>(100.0 / (4 * n + 1) + 155),
               sumStrength = static_cast<int>(100.0 / (4 * n + 1) + 125);
-    const double ex = across(s.X[3], s.Y[3], s.Z[3], true), ey = across(s.X[3], s.Y[3], s.Z[3], false);
+    const double ex = across(s.X[rowTerra], s.Y[rowTerra], s.Z[rowTerra], true),
+                 ey = across(s.X[rowTerra], s.Y[rowTerra], s.Z[rowTerra], false);
     tellAxes();
     drawPlaces();
-    for (const int row : {3, b}) {
+    for (const int row : {rowTerra, b}) {
         const AberrationBench::Place& p = bench_.placeOf(row);
         const double px = across(p.X, p.Y, p.Z, true), py = across(p.X, p.Y, p.Z, false);
         // velocity at one ten-thousandth of a cell for a metre a second
@@ -268,9 +270,9 @@ void AberrationForm::drawConstruction() {
     };
     if (plotSourceAberration.on()) ray(bench_.XIs, bench_.YIs, bench_.ZIs, {strength, 0, 0});
     if (plotReceiverAberration.on()) {
-        const double T = s.Tsv[3][b];
+        const double T = s.Tsv[rowTerra][b];
         const AberrationBench::Place& p = bench_.placeOf(b);
-        ray(p.X + s.VX[3] * T, p.Y + s.VY[3] * T, p.Z + s.VZ[3] * T, {0, 0, strength});
+        ray(p.X + s.VX[rowTerra] * T, p.Y + s.VY[rowTerra] * T, p.Z + s.VZ[rowTerra] * T, {0, 0, strength});
         drawing.disc(across(bench_.XPr, bench_.YPr, bench_.ZPr, true),
                      across(bench_.XPr, bench_.YPr, bench_.ZPr, false), 0.07, {0, 0, strength});
     }
@@ -304,7 +306,7 @@ void AberrationForm::drawComponents() {
     if (std::abs(across(object.X, object.Y, object.Z, true)) > visibleCells ||
         std::abs(across(object.X, object.Y, object.Z, false)) > visibleCells)
         return;
-    for (const int row : {3, b}) {
+    for (const int row : {rowTerra, b}) {
         const AberrationBench::Place& p = bench_.placeOf(row);
         drawing.as(placesOf(row))
             .disc(across(p.X, p.Y, p.Z, true), across(p.X, p.Y, p.Z, false), 0.04, colorOf(row));

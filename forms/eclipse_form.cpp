@@ -11,6 +11,7 @@
 #include "reduction/coordinate_chain.h"
 #include "reduction/eclipse_log.h"
 #include "reduction/sky.h"
+#include "reduction/sky_rows.h"
 
 namespace tarvex {
 
@@ -86,7 +87,7 @@ void EclipseForm::load() {
     skyPicture.setScale(-6, 3, 6, -3);
     tellAxes();
     clearPictures();
-    s.Rpl[3][0] = s.Lae;
+    s.Rpl[rowTerra][rowSun] = s.Lae;
 }
 
 void EclipseForm::unload() {
@@ -213,7 +214,7 @@ void EclipseForm::oneStep() {
 void EclipseForm::tellCautions() {
     const ModelState& s = lab.s;
     std::string text;
-    if (s.Lpl[0] < 0 || s.Lpl[s.IplSel] < 0)
+    if (s.Lpl[rowSun] < 0 || s.Lpl[s.IplSel] < 0)
         text = "Прямые восхождения больше 350 град показаны меньшими на 360. ";
     if (logSolstices.on() && !logWithoutRefraction.on())
         text += "Журнал равноденствий без \"++Test\": обратный путь прибавляет рефракцию еще раз. ";
@@ -422,7 +423,8 @@ void EclipseForm::drawDisks() {
         disksPicture.circle(oldShadow_.x, oldShadow_.y, oldShadow_.radius, black);
         disksPicture.as(oldShadow_.series).disc(oldShadow_.x, oldShadow_.y, oldShadow_.radius, shadowColor);
         disksPicture.circle(oldBody_.x, oldBody_.y, oldBody_.radius, bodyGreen);
-    } else if (s.Rpl[12][body] > s.Rpl[12][0]) {  // the farther disk first, so that the near one covers it
+    } else if (s.Rpl[rowObserver][body] >
+               s.Rpl[rowObserver][rowSun]) {  // the farther disk first, so that the near one covers it
         paint(oldBody_, bodyGreen);
         paint(oldSun_, sunColor);
     } else {

@@ -33,7 +33,7 @@ void ElementsFormCheck::start() {
     const bool moon = c.IplSel == rowXena && s.kodMoon == 1;
     c.IplJ = moon ? rowMoon : c.IplSel;
     c.Icentr = moon ? rowEarth : rowSun;
-    c.Iobs = form_.relativeToCentre.on() ? rowCentre : rowSun;
+    c.origin = form_.relativeToCentre.on() ? rowCentre : rowSun;
     s.IplSel = c.IplSel;
     s.IplJ = c.IplJ;
     s.Icentr = c.Icentr;
@@ -56,7 +56,7 @@ void ElementsFormCheck::start() {
     startOrbitCheck(s, c);
     check_ = c;
     s.kodStop = 0;
-    for (const int row : {int{rowSun}, c.IplSel, int{rowCentre}})
+    for (const int row : {rowPairCentre, c.IplSel, int{rowCentre}})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
     form_.perihelionShift.show(0);
     form_.nodeShift.show(0);
@@ -98,20 +98,20 @@ void ElementsFormCheck::OrbitCheckLoop() {
 }
 
 void ElementsFormCheck::nodePassed() {
-    form_.node.show(Fix(10000 * check_.AlfaUcur) / 10000);
-    form_.nodeShift.show(Fix((check_.AlfaUcur - check_.AlfaU1) * 36000000) / 10000);
+    form_.node.show(Fix(10000 * check_.AlfaU) / 10000);
+    form_.nodeShift.show(Fix((check_.AlfaU - check_.AlfaU1) * 36000000) / 10000);
 }
 
 void ElementsFormCheck::perihelionPassed() {
     const OrbitCheck& c = check_;
     const double Rr = lab.s.Rr[c.IplSel];
     form_.period.show(cut6(c.Tper));
-    form_.eccentricity.show(cut6(c.EksM));
+    form_.eccentricity.show(cut6(c.Eks));
     form_.meanSpeed.show(Fix((c.Vmin + c.Vmax) * 100 / 2) / 100);
     form_.meanRadius.show(thousandKm(Rr));
-    form_.perihelion.show(cut6(c.AlfaPcur));
+    form_.perihelion.show(cut6(c.AlfaP));
     form_.meanMotion.show(Fix(MK * sekG * (c.Vmin + c.Vmax) / 2 / Rr) / MK);
-    form_.perihelionShift.show(Fix((c.AlfaPcur - c.AlfaP1) * 36000000) / 10000);
+    form_.perihelionShift.show(Fix((c.AlfaP - c.AlfaP1) * 36000000) / 10000);
 }
 
 void ElementsFormCheck::display() {
@@ -123,17 +123,18 @@ void ElementsFormCheck::display() {
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
     }
     orbitCheckCentre(s, c);
-    for (const int row : {int{rowSun}, c.IplSel, int{rowCentre}})
+    for (const int row : {rowPairCentre, c.IplSel, int{rowCentre}})
         s.XOld[row] = s.X[row], s.YOld[row] = s.Y[row], s.ZOld[row] = s.Z[row];
-    drawPair(bodyColor(s, 0, strength(s.Z[0])), bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
+    drawPair(bodyColor(s, rowPairCentre, strength(s.Z[rowPairCentre])),
+             bodyColor(s, c.IplSel, strength(s.Z[c.IplSel])), centreColor);
     if (form_.viewState.on())
-        for (const int row : {0, c.IplSel}) form_.showStateRow(row);
+        for (const int row : {rowPairCentre, c.IplSel}) form_.showStateRow(row);
     form_.energyShift.show(Fix(ratio(10000 * MK * MK * (c.Esys - c.Esys0), c.Esys0)) / MK / MK / 100);
-    form_.greatestDistance.show(thousandKm(c.Lmax));
-    form_.leastDistance.show(thousandKm(c.Lmin));
+    form_.greatestDistance.show(thousandKm(c.Rmax));
+    form_.leastDistance.show(thousandKm(c.Rmin));
     form_.greatestSpeed.show(cut2(c.Vmax));
     form_.leastSpeed.show(cut2(c.Vmin));
-    form_.inclination.show(Fix(MK * c.BettaMax * kUgol) / MK);
+    form_.inclination.show(Fix(MK * c.Betta * kUgol) / MK);
     form_.longitude.show(s.LonPl[c.IplSel]);
     form_.checkTime.show(Fix(100 * c.Tstage / sekG) / 100);
 }
@@ -141,8 +142,9 @@ void ElementsFormCheck::display() {
 void ElementsFormCheck::drawPair(Color centre, Color planet, Color cross) {
     const ModelState& s = lab.s;
     const int p = check_.IplSel;
-    const double centreRadius = (check_.Icentr == rowEarth ? s.Diam[3] / 2 : s.RSol) / s.Mx;
-    drawBothViews(form_.orbitPicture, s.X[0] / s.Mx, s.Y[0] / s.Mx, s.Z[0] / s.Mx, centreRadius, centre);
+    const double centreRadius = (check_.Icentr == rowEarth ? s.Diam[rowEarthMoon] / 2 : s.RSol) / s.Mx;
+    drawBothViews(form_.orbitPicture, s.X[rowPairCentre] / s.Mx, s.Y[rowPairCentre] / s.Mx,
+                  s.Z[rowPairCentre] / s.Mx, centreRadius, centre);
     drawBothViews(form_.orbitPicture, s.X[p] / s.Mx, s.Y[p] / s.Mx, s.Z[p] / s.Mx, planetRadius, planet);
     if (form_.drawCentre.on())
         form_.orbitPicture.cross(s.X[rowCentre] / s.Mx, s.Y[rowCentre] / s.Mx, 1, cross);

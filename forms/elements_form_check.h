@@ -2,7 +2,7 @@
 // The orbit check of the parameter screen: the chosen planet and its centre as two bodies, measured and
 // shown.
 
-#include "initial/orbit_check.h"
+#include "numeric/orbit_check.h"
 #include "runtime/picture.h"
 
 namespace tarvex {

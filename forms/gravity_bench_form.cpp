@@ -124,7 +124,7 @@ void GravityBenchForm::takeRun(const GravityBench& b) {
             field->show(0);
             continue;
         }
-        PairGeometry(s, 0, body);
+        PairGeometry(s, rowSun, body);
         field->show(cut6(s.LonPl[body]));
     }
 }

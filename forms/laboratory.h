@@ -7,7 +7,7 @@
 #include "core/model_state.h"
 #include "core/name_table.h"
 #include "forms/pulsar_extras.h"
-#include "initial/orbit_check.h"
+#include "numeric/orbit_check.h"
 #include "numeric/motion.h"
 #include "numeric/run_loop.h"
 #include "numeric/run_state.h"

@@ -14,7 +14,7 @@ namespace tarvex {
 namespace {
 
 /// Rows of the pair while it is checked and drawn: the Earth takes the place of the Sun.
-constexpr int earthShown = rowSun, moonShown = rowMoon, centreShown = rowCentre;
+constexpr int earthShown = rowPairCentre, moonShown = rowMoon, centreShown = rowCentre;
 
 constexpr Color earthColor{0, 0, 250}, moonColor{0, 250, 0}, centreColor{250, 0, 0}, white{255, 255, 255},
     black{0, 0, 0};
@@ -212,7 +212,7 @@ void MoonForm::start() {
     c.cosA = check_.cosA, c.sinA = check_.sinA;
     s.IplSel = c.IplSel = c.IplJ = rowMoon;
     s.Icentr = c.Icentr = rowEarth;
-    c.Iobs = anglesFromBarycentre.on() ? centreShown : earthShown;
+    c.origin = anglesFromBarycentre.on() ? centreShown : earthShown;
     c.moonBench = true;
     c.NC0 = s.NC0 = stepsPerDisplay.int16();
     c.Dt = s.Dt = step.number();
@@ -262,28 +262,28 @@ void MoonForm::OrbitCheckLoop() {
 }
 
 void MoonForm::nodePassed() {
-    nodeMeasured.show(cut6(check_.AlfaUcur));
-    nodeChange.show(cut6(check_.AlfaUcur - check_.AlfaU1));
+    nodeMeasured.show(cut6(check_.AlfaU));
+    nodeChange.show(cut6(check_.AlfaU - check_.AlfaU1));
 }
 
 void MoonForm::perihelionPassed() {
     const ModelState& s = lab.s;
     const OrbitCheck& c = check_;
-    if (c.NObs == 2) {
+    if (c.NZamer == 2) {
         firstPeriod_ = c.Tper;
         firstPeriod.show(cut6(c.Tper));
-    } else if (c.NObs > 2) {
+    } else if (c.NZamer > 2) {
         period.show(cut6(c.Tper));
         periodChange.show(cut6(c.Tper - firstPeriod_));
     }
     axisChange.show(cut6((s.Rr[rowMoon] - s.R0sr[rowMoon]) / MK));
     axisMeasured.show(cut6(s.Rr[rowMoon] / MK));
-    eccentricityChange.show(cut6(100 * (c.EksM - s.Eks0[rowMoon])));
-    eccentricityMeasured.show(cut6(100 * c.EksM));
-    perigeeChange.show(cut6(c.AlfaPcur - c.AlfaP1));
-    perigeeMeasured.show(cut6(c.AlfaPcur));
-    inclinationMeasured.show(cut6(c.BettaMax * kUgol));
-    inclinationChange.show(cut6((c.BettaMax - s.Betta0[rowMoon]) * kUgol));
+    eccentricityChange.show(cut6(100 * (c.Eks - s.Eks0[rowMoon])));
+    eccentricityMeasured.show(cut6(100 * c.Eks));
+    perigeeChange.show(cut6(c.AlfaP - c.AlfaP1));
+    perigeeMeasured.show(cut6(c.AlfaP));
+    inclinationMeasured.show(cut6(c.Betta * kUgol));
+    inclinationChange.show(cut6((c.Betta - s.Betta0[rowMoon]) * kUgol));
 }
 
 void MoonForm::display() {
@@ -301,7 +301,7 @@ void MoonForm::display() {
     }
     drawPair(earthColor, moonColor, centreColor);
     elapsedYears.show(Fix(MK * check_.Tsec / sekG) / MK);
-    perigeesPassed.show(check_.NObs);
+    perigeesPassed.show(check_.NZamer);
     longitude.show(Fix(100 * s.LonPl[rowMoon]) / 100);
     s.RSol = s.Rcur;  // distance of the pair, m, in the cell of the Sun's radius, which is lost by it
     energyChange.show(percent(check_.Esys, check_.Esys0));

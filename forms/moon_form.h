@@ -5,7 +5,7 @@
 #include "forms/laboratory.h"
 #include "forms/moon_controls.h"
 #include "initial/moon_data.h"
-#include "initial/orbit_check.h"
+#include "numeric/orbit_check.h"
 
 namespace tarvex {
 

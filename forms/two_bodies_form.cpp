@@ -38,7 +38,7 @@ TwoBodiesForm::TwoBodiesForm(Laboratory& lab_)
         [this] {
             ModelState& s = lab.s;
             InitMassesSer0(s);
-            s.mSol = s.m[0];
+            s.mSol = s.m[rowSun];
             if (fromFile.on())
                 loadFromFile();
             else if (fromTheory.on())
@@ -94,8 +94,8 @@ void TwoBodiesForm::clearPictures() {
     showScale();
     orbitPicture.setBackground(white);
     drawGrid(orbitPicture, {.cell = grey, .axis = axis});
-    for (const int row : {0, 11, 14})
-        series_[row] = bodySeries(orbitPicture, row == 0 ? "m2" : row == 11 ? "m1" : "ЦМ");
+    for (const int row : {rowM2, rowM1, int{rowCentre}})
+        series_[row] = bodySeries(orbitPicture, row == rowM2 ? "m2" : row == rowM1 ? "m1" : "ЦМ");
     shiftPlots.setScale(0, 8, 24, -8);
     shiftPlots.clear();
     for (int x = 0; x <= 24; ++x) shiftPlots.line(x, -8, x, 8, grey);
@@ -152,9 +152,10 @@ void TwoBodiesForm::loadFromFile() {
 void TwoBodiesForm::loadFromTheory() {
     ModelState& s = lab.s;
     const std::int16_t i = theoryBody.int16();
-    if (i < 1 || i > 11 || i == 10) throw SubscriptFailure("нет теории тела № " + std::to_string(i));
+    if (i < 1 || i > rowMoon || i == rowXena)
+        throw SubscriptFailure("нет теории тела № " + std::to_string(i));
     mass1.show(cut12(s.m[i] / s.mSol));
-    mass2.show(cut12(s.m[i == 11 ? 13 : 0] / s.mSol));
+    mass2.show(cut12(s.m[i == rowMoon ? rowEarth : rowSun] / s.mSol));
     s.JD = dateOfTheory;
     s.Ipl = i;
     ElementsSer0(s);
@@ -186,35 +187,37 @@ void TwoBodiesForm::saveFile() {
 
 void TwoBodiesForm::setData() {
     ModelState& s = lab.s;
-    s.IplSel = 11;
+    s.IplSel = rowM1;
     s.kodMoon = 1;
     s.kodBary = codeOf(barycentricElements.on() ? CentralMass::AboutCentre : CentralMass::Pair);
-    s.AlfaL[11] = meanLongitude.number() / kUgol;
-    s.Eks0[11] = eccentricity.number();
-    s.AlfaP0[11] = periastronLongitude.number() / kUgol;
-    s.AlfaU0[11] = nodeLongitude.number() / kUgol;
-    s.R0sr[11] = semiMajorAxis.number() * MK;
-    s.Betta0[11] = inclination.number() / kUgol;
-    s.km[11] = mass1.number();
-    s.km[13] = mass2.number();
-    s.m[11] = s.mSol * s.km[11];
-    s.m[13] = s.mSol * s.km[13];
+    s.AlfaL[rowM1] = meanLongitude.number() / kUgol;
+    s.Eks0[rowM1] = eccentricity.number();
+    s.AlfaP0[rowM1] = periastronLongitude.number() / kUgol;
+    s.AlfaU0[rowM1] = nodeLongitude.number() / kUgol;
+    s.R0sr[rowM1] = semiMajorAxis.number() * MK;
+    s.Betta0[rowM1] = inclination.number() / kUgol;
+    s.km[cellMass1] = mass1.number();
+    s.km[cellMass2] = mass2.number();
+    s.m[cellMass1] = s.mSol * s.km[cellMass1];
+    s.m[cellMass2] = s.mSol * s.km[cellMass2];
     twoBodyInitialData(s);
     clearPictures();
     twoBodyCentre(s);
     drawBodies(m1Color, m2Color);
+    orbitPicture.text(-9.6, -6.4,
+                      "X1  Y1  Z1 (тыс.км)=  " +
+                          threeNumbers(s.X0[rowM1] / MK, s.Y0[rowM1] / MK, s.Z0[rowM1] / MK, "000000.00"),
+                      black);
+    orbitPicture.text(-9.6, -7.2,
+                      "X2  Y2  Z2 (тыс.км)=  " +
+                          threeNumbers(s.X0[rowM2] / MK, s.Y0[rowM2] / MK, s.Z0[rowM2] / MK, "000000.00"),
+                      black);
     orbitPicture.text(
-        -9.6, -6.4,
-        "X1  Y1  Z1 (тыс.км)=  " + threeNumbers(s.X0[11] / MK, s.Y0[11] / MK, s.Z0[11] / MK, "000000.00"),
-        black);
+        -9.6, -8,
+        "VX1 VY1 VZ1 (м/с)=  " + threeNumbers(s.VX0[rowM1], s.VY0[rowM1], s.VZ0[rowM1], "0000.0000"), black);
     orbitPicture.text(
-        -9.6, -7.2,
-        "X2  Y2  Z2 (тыс.км)=  " + threeNumbers(s.X0[0] / MK, s.Y0[0] / MK, s.Z0[0] / MK, "000000.00"),
-        black);
-    orbitPicture.text(
-        -9.6, -8, "VX1 VY1 VZ1 (м/с)=  " + threeNumbers(s.VX0[11], s.VY0[11], s.VZ0[11], "0000.0000"), black);
-    orbitPicture.text(
-        -9.6, -8.8, "VX2 VY2 VZ2 (м/с)=  " + threeNumbers(s.VX0[0], s.VY0[0], s.VZ0[0], "0000.0000"), black);
+        -9.6, -8.8,
+        "VX2 VY2 VZ2 (м/с)=  " + threeNumbers(s.VX0[rowM2], s.VY0[rowM2], s.VZ0[rowM2], "0000.0000"), black);
 }
 
 /// What a run reads where it begins or goes on after a stop.
@@ -252,7 +255,7 @@ void TwoBodiesForm::start() {
     b.kDt = stepDivider.int16();
     b.dAlfa = windowDegrees.number();
     b.exact = exactPassages.on();
-    b.origin = longitudesFromBarycentre.on() ? 14 : 0;
+    b.origin = longitudesFromBarycentre.on() ? int{rowCentre} : rowM2;
     scales_ = {.time = timeScale.number() * sekD,
                .Eks = eccentricityScale.number(),
                .AlfaP = periastronScale.number(),
@@ -264,7 +267,7 @@ void TwoBodiesForm::start() {
     ratio(1, b.Dt);
     s.VXsys = systemSpeedX.number();
     s.VYsys = systemSpeedY.number();
-    for (const int i : {0, 11}) {
+    for (const int i : {rowM2, rowM1}) {
         s.X[i] = s.X0[i], s.Y[i] = s.Y0[i], s.Z[i] = s.Z0[i];
         s.VX[i] = finite(s.VX0[i] + 1000 * s.VXsys), s.VY[i] = finite(s.VY0[i] + 1000 * s.VYsys),
         s.VZ[i] = s.VZ0[i];
@@ -276,7 +279,8 @@ void TwoBodiesForm::start() {
     orbitPicture.text(-9.6, -4.8, "E0sys (Дж)=               " + toText(b.E0sys), black);
     orbitPicture.text(-9.6, -5.6, "M0sys (кг*м^2/с) =   " + toText(b.MKD0sys), black);
     showStart();
-    for (const int i : {0, 11, 14}) s.XOld[i] = s.X[i], s.YOld[i] = s.Y[i], s.ZOld[i] = s.Z[i];
+    for (const int i : {rowM2, rowM1, int{rowCentre}})
+        s.XOld[i] = s.X[i], s.YOld[i] = s.Y[i], s.ZOld[i] = s.Z[i];
 }
 
 /// The baselines, with nothing measured yet.
@@ -357,15 +361,15 @@ void TwoBodiesForm::periastronPassed() {
     eccentricityShift.show(cut6(b.Eks - b.EksNach));
     periastronNow.show(cut6(b.AlfaP));
     periastronShift.show(cut6(b.AlfaP - b.AlfaPnach));
-    axisNow.show(cut6(s.Rr[11] / MK));
-    axisShift.show(cut6((s.Rr[11] - b.RsrNach) / MK));
+    axisNow.show(cut6(s.Rr[rowM1] / MK));
+    axisShift.show(cut6((s.Rr[rowM1] - b.RsrNach) / MK));
     const double x = plotX();
     if (plotEccentricity.on())
         shiftPlots.as(plotted_[dEks]).disc(x, ratio(b.Eks - b.EksNach, scales_.Eks), 0.06, blue);
     if (plotPeriastron.on())
         shiftPlots.as(plotted_[dAlfaP]).disc(x, ratio(b.AlfaP - b.AlfaPnach, scales_.AlfaP), 0.06, red);
     if (plotAxis.on())
-        shiftPlots.as(plotted_[dR]).disc(x, ratio((s.Rr[11] - b.RsrNach) / MK, scales_.Rsr), 0.06, green);
+        shiftPlots.as(plotted_[dR]).disc(x, ratio((s.Rr[rowM1] - b.RsrNach) / MK, scales_.Rsr), 0.06, green);
 }
 
 /// The plots that have a point at every step.
@@ -377,9 +381,9 @@ void TwoBodiesForm::stepDone() {
     const double x = plotX();
     if (p.radialSpeed)
         shiftPlots.as(plotted_[radialSpeed])
-            .disc(x, p.signVY * s.VY[11] / p.radialScale + delayLine, 0.03, red);
+            .disc(x, p.signVY * s.VY[rowM1] / p.radialScale + delayLine, 0.03, red);
     if (p.roemer)
-        shiftPlots.as(plotted_[roemer]).disc(x, s.Y[11] / Vsv / p.roemerScale + delayLine, 0.03, blue);
+        shiftPlots.as(plotted_[roemer]).disc(x, s.Y[rowM1] / Vsv / p.roemerScale + delayLine, 0.03, blue);
     if (p.delayBySpeed)
         shiftPlots.as(plotted_[delayBySpeed]).disc(x, b.dTv / p.delayBySpeedScale + delayLine, 0.03, green);
     if (p.delayByMass)
@@ -390,8 +394,8 @@ void TwoBodiesForm::display() {
     ModelState& s = lab.s;
     const TwoBody& b = lab.twoBody;
     elapsedYears.show(cut6(b.Tsec / sekG));
-    longitude.show(cut6(s.LonPl[11]));
-    const double received = s.Y[11] / Vsv + b.Tsec;
+    longitude.show(cut6(s.LonPl[rowM1]));
+    const double received = s.Y[rowM1] / Vsv + b.Tsec;
     if (lab.pulsar.pulses && received != lastReceived_)
         shiftPlots.as(plotted_[pulses])
             .disc(plotX(),
@@ -406,23 +410,25 @@ void TwoBodiesForm::display() {
         drawBodies(white, white);
         std::swap(s.X, s.XOld), std::swap(s.Y, s.YOld), std::swap(s.Z, s.ZOld);
     }
-    for (const int i : {0, 11, 14}) s.XOld[i] = s.X[i], s.YOld[i] = s.Y[i], s.ZOld[i] = s.Z[i];
+    for (const int i : {rowM2, rowM1, int{rowCentre}})
+        s.XOld[i] = s.X[i], s.YOld[i] = s.Y[i], s.ZOld[i] = s.Z[i];
     drawBodies(m1Color, m2Color);
 }
 
 void TwoBodiesForm::drawBodies(Color first, Color second) {
     const ModelState& s = lab.s;
-    const int from = showM1FromBarycentre.on() || showBothFromBarycentre.on() ? 14
-                     : showM1FromM2.on()                                      ? 0
-                                                                              : 15;
+    const int from = showM1FromBarycentre.on() || showBothFromBarycentre.on() ? int{rowCentre}
+                     : showM1FromM2.on()                                      ? rowM2
+                                                                              : int{rowOrigin};
     const auto mark = [&](int row, double radius, Color color) {
         drawBothViews(orbitPicture, (s.X[row] - s.X[from]) / s.Mx, (s.Y[row] - s.Y[from]) / s.Mx,
                       (s.Z[row] - s.Z[from]) / s.Mx, radius, color, series_[row]);
     };
-    mark(11, 0.08, first);
-    if (showBothFromBarycentre.on() || showBothFromOrigin.on() || showM1FromM2.on()) mark(0, 0.12, second);
+    mark(rowM1, 0.08, first);
+    if (showBothFromBarycentre.on() || showBothFromOrigin.on() || showM1FromM2.on())
+        mark(rowM2, 0.12, second);
     if (showBarycentre.on())
-        orbitPicture.cross((s.X[14] - s.X[from]) / s.Mx, (s.Y[14] - s.Y[from]) / s.Mx, 0.5,
+        orbitPicture.cross((s.X[rowCentre] - s.X[from]) / s.Mx, (s.Y[rowCentre] - s.Y[from]) / s.Mx, 0.5,
                            first == white ? white : centreColor);
 }
 
@@ -455,7 +461,7 @@ void TwoBodiesForm::endEffect() {
          "  сек = " + toText(cut6(years)) + " лет ");
     rate("dEks", b.Eks, b.EksNach, "  за год");
     rate("dAlfaP", b.AlfaP, b.AlfaPnach, "  град за год");
-    rate("dRsr", s.Rr[11] / MK, b.RsrNach / MK, "  тыс.км за год");
+    rate("dRsr", s.Rr[rowM1] / MK, b.RsrNach / MK, "  тыс.км за год");
     rate("dP", b.Period, b.PeriodNach, "  сек за год");
     if (b.Period > 0 && b.PeriodNach > 0) {
         const double base = 2 * Pi * sekG / b.PeriodNach, now = 2 * Pi * sekG / b.Period;

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "numeric/lane_kernels.h"
+#include "numeric/runge_kutta.h"
 
 namespace tarvex {
 
@@ -22,10 +24,7 @@ void rightHandSide(ModelState& s, Motion& motion) {
 /// K = h*dU and U = U0 + K*share, and the accelerations of the stage into A.
 TARVEX_KERNEL void endStage(double h, double share, const double* __restrict dU, const double* __restrict U0,
                             double* __restrict K, double* __restrict A, double* __restrict U) {
-    for (int k = 0; k < equations; ++k) {
-        K[k] = h * dU[k];
-        U[k] = K[k] * share + U0[k];
-    }
+    goFromStart(0, equations, h, share, dU, U0, K, U);
     for (int k = firstAcceleration; k < equations; ++k) A[k] = dU[k];
 }
 
@@ -36,11 +35,11 @@ TARVEX_KERNEL void endStep(double h, const RunState& run, double* __restrict K4,
     const double *A1 = run.A1.data(), *A2 = run.A2.data(), *A3 = run.A3.data();
     for (int k = 0; k < equations; ++k) {
         K4[k] = h * dU[k];
-        U[k] = (2 * K2[k] + K1[k] + 2 * K3[k] + K4[k]) / 6 + U0[k];
+        U[k] = sixfoldMean(K1[k], K2[k], K3[k], K4[k]) / 6 + U0[k];
     }
     for (int k = firstAcceleration; k < equations; ++k) {
         A4[k] = dU[k];
-        dU[k] = (2 * A2[k] + A1[k] + 2 * A3[k] + A4[k]) / 6;
+        dU[k] = sixfoldMean(A1[k], A2[k], A3[k], A4[k]) / 6;
     }
 }
 
@@ -49,26 +48,22 @@ TARVEX_KERNEL void endStep(double h, const RunState& run, double* __restrict K4,
 void rungeKuttaStep(ModelState& s, Motion& motion, RunState& run) {
     const double h = s.DtCur;
     double *const U = motion.U.data(), *const dU = motion.dU.data();
+    std::pair<decltype(run.K1)&, decltype(run.A1)&> stages[] = {
+        {run.K1, run.A1}, {run.K2, run.A2}, {run.K3, run.A3}};
     motion.NDiffur = 0;
-    run.Tstage = run.Tsec;
-    motion.dTstage = 0;
     std::copy(U, U + equations, run.U0.begin());
-
-    rightHandSide(s, motion);
-    endStage(h, 0.5, dU, run.U0.data(), run.K1.data(), run.A1.data(), U);
-
-    run.Tstage = h / 2 + run.Tsec;
-    motion.dTstage = h / 2;
-    rightHandSide(s, motion);
-    endStage(h, 0.5, dU, run.U0.data(), run.K2.data(), run.A2.data(), U);
-
-    rightHandSide(s, motion);
-    endStage(h, 1, dU, run.U0.data(), run.K3.data(), run.A3.data(), U);
-
-    run.Tstage = run.Tsec + h;
-    motion.dTstage = h;
-    rightHandSide(s, motion);
-    endStep(h, run, run.K4.data(), run.A4.data(), dU, U);
+    rungeKutta4(
+        h,
+        [&](double t) {
+            run.Tstage = run.Tsec + t;
+            motion.dTstage = t;
+            rightHandSide(s, motion);
+        },
+        [&](int stage, double share) {
+            auto& [K, A] = stages[stage - 1];
+            endStage(h, share, dU, run.U0.data(), K.data(), A.data(), U);
+        },
+        [&] { endStep(h, run, run.K4.data(), run.A4.data(), dU, U); });
 }
 
 std::array<double, equations> slopeAtEnd(ModelState& s, Motion& motion) {

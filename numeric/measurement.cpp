@@ -3,60 +3,22 @@
 #include <cmath>
 
 #include "core/arithmetic.h"
-#include "core/numbers.h"
-#include "theories/elements.h"
 #include "theories/geometry.h"
-#include "theories/longitudes.h"
-#include "theories/passages.h"
 
 namespace tarvex {
 
 namespace {
 
-constexpr int rowLongitude = 20;      ///< cell of LonPl that keeps the longitude of the last apse
-constexpr double straddles = 355;     ///< two longitudes further apart lie on both sides of 0, degrees
-constexpr double nearFullTurn = 359;  ///< small steps from here, so that the wrap is timed well, degrees
-
-double lessTurnAbove360(double a) { return a > 360 ? a - 360 : a; }
-
-void followPeriod(ModelState& s, RunState& run, Passage& seen) {
-    if (s.LonPl[s.IplSel] > run.LonOld) return;
-    takeWrap(run, run.NZamer, seen);
-}
-
-void followNode(ModelState& s, RunState& run, Passage& seen) {
-    const double now = s.Z[s.IplSel] - s.Z[s.Icentr];
-    if (Sgn(run.ZOldSel) != Sgn(now)) takeNode(s, run, Sgn(run.ZOldSel) <= 0, seen);
-    run.ZOldSel = now;
-}
-
-/// True when the body still approaches the apse of its window.
-bool stillApproaching(const ModelState& s, RunState& run) {
-    run.kodApsis = codeOf(ApseSearch::Idle);
-    if (run.kodPeri == 1) {
-        if (run.Rold >= s.Rcur) {
-            run.kodApsis = codeOf(ApseSearch::Approaching);
-            run.Rmin = s.Rcur;
-        }
-    } else if (run.Rold <= s.Rcur) {
-        run.kodApsis = codeOf(ApseSearch::Approaching);
-        run.Rmax = s.Rcur;
-    }
-    return run.kodApsis == codeOf(ApseSearch::Approaching);
-}
+constexpr int rowLongitude = 20;  ///< cell of LonPl that keeps the longitude of the last apse
+constexpr WatchRules runRules{
+    .seam = 355, .aphelia = true, .descending = true, .standingWraps = true, .standingApproaches = true};
 
 /// Longitude of perihelion in the plane of the orbit from the longitude at which the apse was passed.
 /// Leaves the distance and the latitude of the turned point in Rcur and LatPl, which scripts print.
 void perihelionInOrbit(ModelState& s, RunState& run) {
-    run.AlfaP = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
+    run.AlfaP = passedLongitude(run, runRules, s.LonPl[s.IplSel]);
     s.LonPl[rowLongitude] = run.AlfaP;
-    double u = run.AlfaP - run.AlfaU;
-    if (u <= 0) u += 360;
-    SpherToXYZ(s, rowWork, u, kUgol * std::abs(s.LatPl), s.Rcur);
-    s.Ipl = rowWork;
-    TiltYZ(s, run.Betta);
-    PairGeometry(s, rowOrigin, rowWork);
-    run.AlfaP = run.AlfaU + s.LonPl[rowWork];
+    run.AlfaP = longitudeInOrbit(s, run, run.AlfaP, std::abs(s.LatPl), s.Rcur);
     if (run.kodPeri == 0) run.AlfaP -= 180;
     if (run.AlfaP < 0) {
         run.AlfaP += 360;
@@ -64,6 +26,21 @@ void perihelionInOrbit(ModelState& s, RunState& run) {
         run.AlfaP -= 360;
     }
 }
+
+/// What the run does with what its watch has noticed.
+struct Noticed {
+    double distance() const { return s.Rcur; }
+    void wrapped() { takeWrap(run, run.NZamer, seen); }
+    void node(bool ascending) { takeNode(s, run, ascending, seen); }
+    void baseStep() { s.DtCur = s.Dt; }
+    void smallStep() { s.DtCur = ratio(s.Dt, s.kDt); }
+    void approaching() { (run.kodPeri == 1 ? run.Rmin : run.Rmax) = s.Rcur; }
+    void apse() { takeApse(s, run, seen); }
+
+    ModelState& s;
+    RunState& run;
+    Passage& seen;
+};
 
 }  // namespace
 
@@ -90,15 +67,12 @@ void startMeasurement(ModelState& s, RunState& run) {
     run.EksNach = run.Eks;
     run.RsrNach = s.Rr[i];
 
-    const auto addTurnBelow0 = [](double a) { return a < 0 ? a + 360 : a; };
-    run.PeriHi = lessTurnAbove360(run.AlfaP + firstHalfWidth);
-    run.PeriLo = addTurnBelow0(run.AlfaP - firstHalfWidth);
-    run.AfelHi = lessTurnAbove360(run.AlfaP + 180 + firstHalfWidth);
-    run.AfelLo = lessTurnAbove360(run.AlfaP + 180 - firstHalfWidth);
-    run.UzelHi = lessTurnAbove360(run.AlfaU + run.dAlfa);
-    run.UzelLo = addTurnBelow0(run.AlfaU - run.dAlfa);
-    run.Uzel2Hi = lessTurnAbove360(run.AlfaU + 180 + run.dAlfa);
-    run.Uzel2Lo = lessTurnAbove360(run.AlfaU + 180 - run.dAlfa);
+    windowAround(run.AlfaP, firstHalfWidth, run.PeriHi, run.PeriLo);
+    run.AfelHi = below360(run.AlfaP + 180 + firstHalfWidth);
+    run.AfelLo = below360(run.AlfaP + 180 - firstHalfWidth);
+    windowAround(run.AlfaU, run.dAlfa, run.UzelHi, run.UzelLo);
+    run.Uzel2Hi = below360(run.AlfaU + 180 + run.dAlfa);
+    run.Uzel2Lo = below360(run.AlfaU + 180 - run.dAlfa);
 }
 
 void look(ModelState& s) {
@@ -118,18 +92,14 @@ void takeWrap(RunState& run, std::int32_t turns, Passage& seen) {
 }
 
 void takeNode(const ModelState& s, RunState& run, bool ascending, Passage& seen) {
-    run.AlfaU = meanLongitude(run.LonOld, s.LonPl[s.IplSel], straddles);
-    const double upper = lessTurnAbove360(run.AlfaU + run.dAlfa);
-    const double lower = run.AlfaU - run.dAlfa < 0 ? run.AlfaU - run.dAlfa + 360 : run.AlfaU - run.dAlfa;
+    run.AlfaU = passedLongitude(run, runRules, s.LonPl[s.IplSel]);
     seen.node = true;
     seen.ascending = ascending;
-    if (seen.ascending) {
-        run.UzelHi = upper;
-        run.UzelLo = lower;
+    if (ascending) {
+        windowAround(run.AlfaU, run.dAlfa, run.UzelHi, run.UzelLo);
     } else {
-        run.Uzel2Hi = upper;
-        run.Uzel2Lo = lower;
-        run.AlfaU = lessTurnAbove360(run.AlfaU + 180);  // always told as the ascending node
+        windowAround(run.AlfaU, run.dAlfa, run.Uzel2Hi, run.Uzel2Lo);
+        run.AlfaU = below360(run.AlfaU + 180);  // always told as the ascending node
     }
     run.kodUzel = 1;
 }
@@ -154,8 +124,8 @@ void takeApse(ModelState& s, RunState& run, Passage& seen) {
         }
     }
     // The bounds lose a turn only above 360; a negative lower bound stays, and a window at 0 is half as wide.
-    const double upper = lessTurnAbove360(run.dAlfa + s.LonPl[rowLongitude]);
-    const double lower = lessTurnAbove360(s.LonPl[rowLongitude] - run.dAlfa);
+    const double upper = below360(run.dAlfa + s.LonPl[rowLongitude]);
+    const double lower = below360(s.LonPl[rowLongitude] - run.dAlfa);
     if (!seen.first && run.kodPeri == 0) {
         run.AfelHi = upper;
         run.AfelLo = lower;
@@ -172,28 +142,8 @@ Passage measurePass(ModelState& s, RunState& run) {
     run.LonOld = s.LonPl[s.IplSel];
     look(s);
     if (run.Betta < s.LatPl) run.Betta = s.LatPl;
-    followPeriod(s, run, seen);
-    followNode(s, run, seen);
-
-    const double longitude = s.LonPl[s.IplSel];
-    bool inside = false;
-    if (inWindow(longitude, run.PeriHi, run.PeriLo)) {
-        run.kodPeri = 1;
-        inside = true;
-    } else if (inWindow(longitude, run.AfelHi, run.AfelLo)) {
-        run.kodPeri = 0;
-        inside = run.NZamer != 0;  // before the first perihelion an aphelion is not sought
-    }
-    if (!inside) {
-        run.kodApsis = codeOf(ApseSearch::Idle);
-        s.DtCur = s.Dt;
-    } else if (run.kodApsis == codeOf(ApseSearch::Found)) {
-        s.DtCur = s.Dt;
-    } else {
-        s.DtCur = ratio(s.Dt, s.kDt);
-        if (!stillApproaching(s, run)) takeApse(s, run, seen);
-    }
-    run.Rold = s.Rcur;
+    Noticed user{s, run, seen};
+    watchOrbit(run, runRules, {s.LonPl[s.IplSel], s.Z[s.IplSel] - s.Z[s.Icentr]}, user);
     return seen;
 }
 
@@ -204,10 +154,9 @@ void endApse(RunState& run) {
 
 void refineStep(ModelState& s, const RunState& run) {
     const double longitude = s.LonPl[s.IplSel];
-    if (run.kodUzel != 1 &&
-        (inWindow(longitude, run.UzelHi, run.UzelLo) || inWindow(longitude, run.Uzel2Hi, run.Uzel2Lo)))
-        s.DtCur = ratio(s.Dt, s.kDt);
-    if (longitude > nearFullTurn) s.DtCur = ratio(s.Dt, s.kDt);
+    const bool atNode = run.kodUzel != 1 && (inWindow(longitude, run.UzelHi, run.UzelLo) ||
+                                             inWindow(longitude, run.Uzel2Hi, run.Uzel2Lo));
+    if (wantsSmallStep(longitude, atNode)) s.DtCur = ratio(s.Dt, s.kDt);
 }
 
 }  // namespace tarvex

@@ -1,6 +1,6 @@
 #pragma once
 // What an experiment keeps between its passes: the integrator's work, the clock, the measured orbit, its
-// windows and baselines, the energies (see Energy) and the record files.
+// baselines and windows (see OrbitWatch), the energies (see Energy) and the record files.
 
 #include <array>
 #include <cstdint>
@@ -11,6 +11,7 @@
 #include "core/model_state.h"
 #include "numeric/energy.h"
 #include "numeric/motion.h"
+#include "numeric/orbit_watch.h"
 #include "numeric/order8.h"
 #include "numeric/passage_watch.h"
 
@@ -41,7 +42,7 @@ struct RunBoxes {
     Imitator theory = Imitator::New0;  ///< of an imitator
 };
 
-struct RunState : Energy {
+struct RunState : Energy, OrbitWatch {
     // --- integrator: the step in parts, layout of U; A1..A4 use cells 33..65
     std::array<double, equations> U0{}, K1{}, K2{}, K3{}, K4{};
     std::array<double, equations> A1{}, A2{}, A3{}, A4{};
@@ -64,25 +65,12 @@ struct RunState : Energy {
     std::int32_t GodEnd = 2000;       ///< last year of the run
     double kmTest2 = 0, kmTest5 = 0;  ///< mass divisors of Venus and Jupiter, targets of the test criterion
 
-    // --- the measured orbit of IplSel
-    double Vpl = 0;               ///< speed, m/s
-    double LonOld = 0;            ///< longitude one step earlier, degrees
-    double Rold = 0;              ///< distance one step earlier, m
-    double ZOldSel = 0;           ///< Z relative to the origin one step earlier, m
-    double AlfaP = 0, AlfaU = 0;  ///< perihelion and ascending node, degrees
-    double Betta = 0;             ///< largest latitude since the last apse, rad
-    double Eks = 0;               ///< eccentricity
-    double Rmin = 0, Rmax = 0;    ///< last perihelion and aphelion distance, m
-    double Period = 0;            ///< days
-    double Tper0 = 0;             ///< time of the last wrap of the longitude, s
-    std::int32_t NZamer = 0;      ///< number of the measure; counts perihelia
-    std::int16_t kodApsis = 2;    ///< see ApseSearch
-    std::int16_t kodPeri = 0;     ///< 1 perihelion window, 0 aphelion window
-    std::int16_t kodUzel = 0;     ///< 1 once a node has been crossed since the last apse
-    double dAlfa = 1;             ///< half width of the windows, degrees
-    double PeriHi = 0, PeriLo = 0, AfelHi = 0, AfelLo = 0;  ///< apse windows, degrees
-    double UzelHi = 0, UzelLo = 0, Uzel2Hi = 0,
-           Uzel2Lo = 0;  ///< ascending and descending node windows, degrees
+    // --- the measured orbit of IplSel; more of it in OrbitWatch
+    double Vpl = 0;             ///< speed, m/s
+    double Rmin = 0, Rmax = 0;  ///< last perihelion and aphelion distance, m
+    double Period = 0;          ///< days
+    double Tper0 = 0;           ///< time of the last wrap of the longitude, s
+    std::int16_t kodUzel = 0;   ///< 1 once a node has been crossed since the last apse
     /// Baselines of the differences shown: degrees, degrees, rad, 1, m, days.
     double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0, PeriodNach = 0;
 

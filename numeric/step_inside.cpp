@@ -2,6 +2,7 @@
 
 #include "numeric/advance.h"
 #include "numeric/integrator.h"
+#include "numeric/runge_kutta.h"
 
 namespace tarvex {
 
@@ -29,7 +30,7 @@ Arc StepInside::ofRungeKutta(const OrbitPoint& before) {
     if (e_.seat != nullptr) e_.seat->show();
     std::array<double, equations> change;
     for (std::size_t k = 0; k < change.size(); ++k)
-        change[k] = (2 * run.K2[k] + run.K1[k] + 2 * run.K3[k] + run.K4[k]) / 6;
+        change[k] = sixfoldMean(run.K1[k], run.K2[k], run.K3[k], run.K4[k]) / 6;
     if (!slope_) slope_ = slopeAtEnd(e_.s, e_.motion);
     const auto [dr, dv] = bothBlocks(e_, change.data());
     return Arc::hermite(e_.s.DtCur, before, dr, dv, block(e_, run.A1.data(), 3 * bodies),

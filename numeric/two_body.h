@@ -2,16 +2,20 @@
 // Two bodies by themselves, a planet and the Sun or a binary pulsar, with the speed of gravity, a force along
 // the velocity and a drag near the periastron; the orbit of m1 is measured on the way.
 //
-// m1 is row 11 with mass m(11), m2 is row 0 with mass m(13), row 14 their centre of mass.
+// m1 and m2 stand in rows of their own meaning, rowM1 and rowM2 with the masses cellMass1 and cellMass2;
+// rowCentre is their centre of mass.
 
-#include <array>
-
-#include "core/model_state.h"
-#include "theories/passages.h"
+#include "numeric/pair_orbit.h"
 
 namespace tarvex {
 
-struct TwoBody {
+inline constexpr int rowM1 = 11, rowM2 = rowPairCentre;
+inline constexpr int cellMass1 = 11, cellMass2 = 13;  ///< of m and km: kg, and Suns
+
+/// m1 is the body whose orbit about m2 is measured; cells of U: m2, m1, their velocities.
+struct TwoBody : PairOrbit {
+    TwoBody() { Dt = DtCur = 60, kDt = NC0 = 100; }
+
     enum class Ft { ByRetardation, ByFormula, Given };  ///< how the force along the velocity arises
 
     // --- what acts; may be changed between batches
@@ -26,34 +30,22 @@ struct TwoBody {
     bool fromNode = false;        ///< kodNachalo: delays count from the node, not from the periastron
     double dTvSr = 0, dTmSr = 0;  ///< mean rates of the delays, s/s, taken off
 
-    // --- integration; cells 1..12: m2 X, Y, Z; m1; velocities of m2; of m1
-    std::array<double, 13> U{}, dU{}, U0{}, K1{}, K2{}, K3{}, K4{};
-    double Tsec = 0, Dt = 60, DtCur = 60;
-    int kDt = 100, NC0 = 100;
-    bool exact = false;       ///< base steps, with periastra, nodes and turns found inside them
+    // --- integration
     double drag = 0;          ///< kSopr while the longitude is in the drag window, else 0
     double Ft1 = 0, Fik = 0;  ///< force along the velocity of m1 and attraction at the last stage, N
 
     // --- measurement
-    int origin = 0;  ///< row of the longitudes: 0 or 14
-    double dAlfa = 1;
-    double LonOld = 0, Rold = 0, ZOldSel = 0;
-    double Rcur = 0;              ///< distance from the origin row, m
-    double distance = 0, R0 = 0;  ///< of the two bodies now and at the start, m
-    double V1 = 0, V2 = 0;
-    double Rmin = 0, Rmax = 0, Vmin = 0, Vmax = 0;
+    double Rcur = 0;                     ///< distance from the origin row, m
+    double distance = 0, R0 = 0;         ///< of the two bodies now and at the start, m
+    double V1 = 0, V2 = 0;               ///< speeds, m/s
     double VYmin = Vsv, VYmax = -Vsv;    ///< extremes of VY of m1 since the last periastron, m/s
     double Rem_min = MK, Rem_max = -MK;  ///< extremes of the Roemer delay, s
-    double Betta = 0;                    ///< greatest latitude since the last periastron, rad
-    int NZamer = 0;                      ///< periastra passed
-    std::int16_t kodApsis = codeOf(ApseSearch::Found);
-    double Tper0 = 0, Period = 0;          ///< s
-    double AlfaP = 0, AlfaU = 0, Eks = 0;  ///< degrees, degrees, 1
+    double Tper0 = 0, Period = 0;        ///< s
     double AlfaPnach = 0, AlfaUnach = 0, BettaNach = 0, EksNach = 0, RsrNach = 0,
-           PeriodNach = 0;  ///< baselines
-    double PeriHi = 0, PeriLo = 0, UzelHi = 0, UzelLo = 0, DragHi = 0, DragLo = 0;
-    double dTv = 0, dTm = 0;  ///< delays by the speed and by the mass of m2, s
-    double Tcount = 0;        ///< when the counting of the delays began, s
+           PeriodNach = 0;          ///< baselines
+    double DragHi = 0, DragLo = 0;  ///< longitudes at which the drag acts, degrees
+    double dTv = 0, dTm = 0;        ///< delays by the speed and by the mass of m2, s
+    double Tcount = 0;              ///< when the counting of the delays began, s
     double E0sys = 0, Esys = 0, MKD0sys = 0, MKDsys = 0;
 };
 
@@ -67,7 +59,7 @@ public:
     virtual void stepDone() {}
 };
 
-/// Prepares a run from rows 0, 11 (system velocity added) and the elements of row 11.
+/// Prepares a run from rows rowM1 and rowM2 (system velocity added) and the elements of rowM1.
 /// @param b  what acts, Dt, kDt, NC0, dAlfa, exact and origin are given
 /// Throws ArithmeticFailure when the bodies coincide or a divisor is zero.
 void startTwoBody(ModelState& s, TwoBody& b);
@@ -82,12 +74,12 @@ void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port);
 /// Takes the baselines of the differences anew.
 void takeBaselines(const ModelState& s, TwoBody& b);
 
-/// Row 14: centre of mass.
+/// Centre of mass of the two into rowCentre.
 void twoBodyCentre(ModelState& s);
 
-/// Rows 11 and 0 from the elements of row 11: relative orbit about m2 with the velocities about the common
-/// centre (CentralMass::Pair), or both about the common centre (CentralMass::AboutCentre); copied into the
-/// initial rows.
+/// Rows of both bodies from the elements of rowM1: relative orbit about m2 with the velocities about the
+/// common centre (CentralMass::Pair), or both about the common centre (CentralMass::AboutCentre); copied into
+/// the initial rows.
 void twoBodyInitialData(ModelState& s);
 
 }  // namespace tarvex
