@@ -14,7 +14,8 @@ struct InitialDataChoice {
 };
 
 /// X0..VZ0 and X..VZ of bodies 0..10 from elements and km; leaves m, kodMoon, kodBary and Ipl = 10.
-/// The mass of row 10 always becomes the Earth's divided by km(10), also for Xena: meant.
+/// The mass of row 10 always becomes the Earth's divided by km(10), also where that row is Xena, which so
+/// moves as a body of next to no mass.
 /// Throws ArithmeticFailure for a zero km or an orbit that is none.
 void initialDataFromElements(ModelState& s, const InitialDataChoice& choice);
 

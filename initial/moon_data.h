@@ -13,7 +13,7 @@ struct MoonTransformations {
     bool shiftMoon = false;          ///< Xl = Xl + Xz
     bool scaleMoonSpeed = false;     ///< VXl = VXl / (1 + ml / mz)
     bool earthSpeedByRatio = false;  ///< VXz = -VXl * ml / mz
-    bool earthSpeedByShare = false;  ///< VXz = +VXl * ml / (ml + mz), with a plus, as meant
+    bool earthSpeedByShare = false;  ///< VXz = +VXl * ml / (ml + mz), a trial: no balance
     bool shiftMoonSpeed = false;     ///< VXl = VXl + VXz
 };
 

@@ -61,7 +61,7 @@ void startEnergy(ModelState& s, const Motion& motion, Energy& energy, int last) 
     energy.Msys = 0;
     for (int i = 0; i <= last; ++i) energy.Msys += s.kodPl[i] * s.m[i];
     formCentre(s, energy.Msys, last);
-    for (int i = 0; i < bodies; ++i) energy.Rsol0[i] = finite(distance(s, 0, i));
+    for (int i = 0; i < bodies; ++i) energy.Rsol0[i] = finite(distance(s, rowSun, i));
     energy.EK0sys = finite(kinetic(s, last));
     energy.E0sys = energy.EK0sys;
     energy.MKD0sys = finite(moment(s, rowSun, 1, last));
@@ -80,8 +80,8 @@ void measureEnergy(ModelState& s, const Motion& motion, Energy& energy, int last
     double potential = 0;
     for (int i = 1; i <= last; ++i)
         if (s.kodPl[i] == 1)
-            potential +=
-                s.gamma * s.m[0] * s.m[i] * (ratio(1, energy.Rsol0[i]) - ratio(1, distance(s, 0, i)));
+            potential += s.gamma * s.m[rowSun] * s.m[i] *
+                         (ratio(1, energy.Rsol0[i]) - ratio(1, distance(s, rowSun, i)));
     if (motion.kodEpot == 1) {
         potential += betweenPlanets(s, last);
         if (motion.kodCMnow == 1) formCentre(s, energy.Msys, last);

@@ -13,6 +13,8 @@ namespace tarvex {
 
 namespace {
 
+constexpr int venus = 2, jupiter = 5;  ///< rows of the masses that a head of a file tells
+
 constexpr int rasHeadLines = 5, xyzHeadLines = 4;
 
 std::string startDate(const ModelState& s) {
@@ -76,8 +78,8 @@ void writeRasHead(const DataTree& tree, const ModelState& s, const Motion& motio
     file.line(run.ModelName + "    VXsys=  " + toText(s.VXsys) + "   VYsys= " + toText(s.VYsys) +
               "   VZsys= " + toText(s.VZsys) + "   Vgr= " + gravitySpeedText(motion) + " Vsv " +
               "  k1= " + toText(motion.kPgr1) + "  k2= " + toText(motion.kPgr2) +
-              "  m2=  " + toText(Fix(ratio(s.m[0], s.m[2]))) +
-              "     m5= " + toText(Fix(ratio(1000 * s.m[0], s.m[5])) / 1000));
+              "  m2=  " + toText(Fix(ratio(s.m[rowSun], s.m[venus]))) +
+              "     m5= " + toText(Fix(ratio(1000 * s.m[rowSun], s.m[jupiter])) / 1000));
     file.line(run.boxes.energy
                   ? " № замера     прошло дней          dEsys %       dMKDsys %      dEKsys %"
                   : " № замера     прошло дней   перигелий     восхождение     наклон   эксцентриситет    "

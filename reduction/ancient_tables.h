@@ -70,8 +70,8 @@ struct TableInUse {
 void openTable(TableInUse& t, int option, SpreadsheetOffice& office, const DataTree& tree);
 std::string tableFileName(const AncientTable& table);
 
-/// Zero point of the Almagest's precession at its start, degrees: the two reductions differ, and that is
-/// meant.
+/// Zero point of the Almagest's precession at its start, degrees: the observations and the eclipses
+/// have one each, on which their results so far rest.
 inline constexpr double almagestPrecReduction = 3.9, almagestPrecEclipse = 6.83;
 
 /// Writes the date to the table and reads Lpl(IplSel) and Bpl(IplSel), degrees of the ecliptic of date, and

@@ -25,7 +25,8 @@ void keepBase(const ModelState& s, ConvBase& base, int row) {
 
 Vec3 baseVector(const Base& v) { return {v[0], v[1], v[2]}; }
 
-/// The parallax of this system: the cosine of the latitude on X and Y, none on Z, as meant.
+/// The parallax of the converter: the observer's distance from the axis is shortened once more by the cosine
+/// of the body's latitude, and Z is not.  Both ways have it.
 void addObserver(ApparentSky& sky, ApparentPlace& p, const Vec3& observer, double sign) {
     const double cosB = std::cos(sky.sight.latitude / kUgol);
     p.position += Vec3{sign * cosB * observer.x, sign * cosB * observer.y, sign * observer.z};
@@ -114,7 +115,7 @@ void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame
         sky.precession = sky::eclipticPrecession(sky.T, 0);
         turn(Step::Precession);
     }
-    // the obliquity is that of the date also for J2000, as meant
+    // one obliquity, that of the date, serves J2000 too: the way back turns by the same angle
     if (frame.plane != ConvFrame::Plane::Ecliptic) turn(Step::Equator);
     if (frame.origin != ConvFrame::Origin::Sun) {
         sun.position = Vec3{} - earth.position;

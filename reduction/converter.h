@@ -42,7 +42,7 @@ void ConvPrepare(ModelState& s, ConvBase& base);
 void ConvBodyByTheory(ModelState& s, ConvBase& base, int body);
 
 /// From the base frame into `frame`: rows 0, 3 and `body` of X, Y, Z.  In the horizon frame s.TAU is the hour
-/// angle, not reduced.  The factor of the latitude on X and Y but not on Z of the parallax is meant.
+/// angle, not reduced.  The parallax has the factor of the latitude on X and Y, not on Z.
 void ConvFromBase(ModelState& s, const ConvBase& base, int body, const ConvFrame& frame);
 
 /// From `frame` into the base frame: row `body` of X, Y, Z holds the given vector, s.LonPl, s.LatPl and

@@ -347,7 +347,7 @@ Eclipse::Sky EclipseBack(ModelState& s, const Eclipse& e, bool withRefraction, b
     h.azimuth = e.azimuth[rowSun];
     h.altitude = e.altitude[rowSun];
     if (withRefraction)
-        h.altitude += Refraction(90 - h.altitude);  // added once more and not taken off: meant
+        h.altitude += Refraction(90 - h.altitude);  // raised once more: earlier results have it so
     seen.position = sky::equatorFromHorizon(h.azimuth, h.altitude, sky::latitudeOf(s.ObsB));
     sky.look(seen);
     back.position =

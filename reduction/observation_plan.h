@@ -28,7 +28,8 @@ struct PlanFileWords {
 /// @param file  number of the file of observations, empty for tables
 std::string planTestFileName(const ModelState& s, int body, const std::string& file, std::int32_t NOpyt);
 
-/// Writes the file of a test.  Xnul(7) is left divided by 1000, and that is meant: the fields restore it.
+/// Writes the file of a test.  Xnul(7) is left divided by 1000, as the file has it; whoever shows the levels
+/// restores it.
 /// Throws FileFailure.
 void savePlanTest(ModelState& s, ReductionState& r, PlanBlock& plan, const DataTree& tree,
                   const std::string& name, std::int32_t NOpyt, const PlanFileWords& words);

@@ -254,7 +254,8 @@ void Pass::reach(ApparentPlace& p, ChainStage stage, const char* label) {
     if (log) log(label, p.L, p.B, sky.sight.distance);
 }
 
-/// Refraction lowers the theory here, and the vector goes back to the geocentric distance: meant.
+/// Refraction lowers the theory, although the air raises what is seen: all residuals found so far have this
+/// sign.  The vector goes back to the geocentric distance.
 void Pass::refraction(ApparentPlace& p) {
     if (!c.parallax) sky.go(Step::Parallax, p);
     sky.keep(p);

@@ -55,7 +55,7 @@ void stepTable(Reduction x) {
     r.worldDate = shownWorldDate(s);
     s.kodKalend = r.kodKalendTab;
     s.TimeZone = r.TimeZoneTab;
-    DateFromJD(s, s.JD);  // the Egyptian calendar leaves JD shifted to its own midnight: meant
+    DateFromJD(s, s.JD);  // the Egyptian calendar leaves JD at its own midnight, from which its tables count
     s.Den = s.DenR, s.Mes = s.MesR, s.God = s.GodR;
     NormalizeLocalDate(s, r.date);
     try {

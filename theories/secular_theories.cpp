@@ -52,7 +52,9 @@ void plutoNew0(ModelState& s, double T) {
     s.AlfaU0[i] = 108.954 / kUgol;
     s.Betta0[i] = 17.147 / kUgol;
     s.Eks0[i] = 0.2488273;
-    s.W0sr[i] = 146.605 / kUgol / 100 / sekD;  // sekD and not sekG, unlike all other bodies: meant
+    // a day stands where the other bodies have the year, 365.25 times too much; no place or velocity comes
+    // from the mean motion, and saved parameters of this body compare with this value
+    s.W0sr[i] = 146.605 / kUgol / 100 / sekD;
 }
 
 void outerOrJPL0(ModelState& s, int i, double T) {
