@@ -86,7 +86,7 @@ struct ModelState {
     double JDut = 0;                  ///< JD without ET-UT
     double JDut0 = 0;                 ///< universal time of the reduction, the eclipses and the Moon bench
     std::int32_t God0 = 0, Mes0 = 0;  ///< year and month of the date of the elements
-    double Den0 = 0;                  ///< day with fraction of Form1
+    double Den0 = 0;                  ///< day with fraction of that date
     std::int32_t God = 0, Mes = 0;    ///< scratch of date commands and files
     double Den = 0;
     std::int32_t GodR = 0, MesR = 0;  ///< result of DateFromJD and NormalizeDate

@@ -16,16 +16,18 @@ struct InitialDataChoice {
 /// X0..VZ0 and X..VZ of bodies 0..10 from elements and km; leaves m, kodMoon, kodBary and Ipl = 10.
 /// The mass of row 10 always becomes the Earth's divided by km(10), also where that row is Xena, which so
 /// moves as a body of next to no mass.
-/// Throws ArithmeticFailure for a zero km or an orbit that is none.
+/// @throws ArithmeticFailure for a zero km or an orbit that is none
 void initialDataFromElements(ModelState& s, const InitialDataChoice& choice);
 
-/// Centre of mass of the ticked bodies by X0..Z0 into row 14.  Throws ArithmeticFailure for no mass.
+/// Centre of mass of the ticked bodies by X0..Z0, m, into row 14.
+/// @throws ArithmeticFailure for no mass
 void centreOfMass(ModelState& s);
 
 /// The same, then X0..Z0 and X..Z of all bodies (unticked ones as well) from that centre; row 14 becomes 0.
 void centreToOrigin(ModelState& s);
 
-/// The Sun's velocity that balances the momentum of the ticked planets.
+/// The Sun's initial velocity, m/s, that balances the momentum of the ticked planets.
+/// @throws ArithmeticFailure for a Sun without mass
 void sunFromMomentum(ModelState& s);
 
 /// Rows 11 and 13 of X0..VZ0 from the Moon's motion relative to the Earth (row 11): both about their common

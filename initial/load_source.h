@@ -15,7 +15,8 @@ void clearSunElements(ModelState& s);
 /// God0, Mes0, Den0 into JD, and on into JD0, JDepoha and JDstart.
 void enterDate(ModelState& s);
 
-/// Universal and ephemeris time of JD: JDut, JDet (with EtUt1900).  JD becomes JDet, but stays JDut for Ser0.
+/// Universal and ephemeris time of JD, days: JDut, JDet (with EtUt1900).  JD becomes JDet, but stays JDut for
+/// Ser0.
 void enterTime(ModelState& s, Source source);
 
 /// Masses, gamma, mSol, JDepoha and elements of bodies 1..9 by New0, JPL0 or Ser0 for JD; with kodMoon the
@@ -29,7 +30,8 @@ void loadEphemeris(ModelState& s, Ephemeris& e);
 /// Copies the Moon (row 11), its angles reduced to one turn, into row 10.
 void MoonRowToXena(ModelState& s);
 
-/// V0sr of bodies 1..10, m/s.
+/// V0sr of bodies 1..10, m/s: R0sr times W0sr.
+/// @throws ArithmeticFailure for one beyond numbers
 void meanSpeeds(ModelState& s);
 
 /// One typed row of the table of bodies: value(1) .. value(7) are asked for in order, each once, and stored

@@ -32,7 +32,7 @@ double moonElements(ModelState& s, MoonTheory theory);
 void moonInitialData(ModelState& s, const MoonTransformations& t);
 
 /// Angular momentum of the Moon (row 11) about the Earth (row 0) in the plane of the ecliptic, kg m^2/s: the
-/// moment m (x vy - y vx) of the relative motion, with the mass of the Moon.
+/// moment m (x vy - y vx) of the relative motion, with the mass of the Moon and not the reduced one.
 double moonAngularMomentum(const ModelState& s);
 /// Momentum of the pair along Y, kg m/s; the Earth stands in row 0, its mass in row 13.
 double pairMomentumY(const ModelState& s);

@@ -12,6 +12,7 @@ void resolveVelocity(ModelState& s, double V, double Alfa, double Betta, int sig
 
 /// Shows the initial state of bodies 0..10 with the system velocity: X..Z from X0..Z0, VX..VZ from VX0..VZ0
 /// plus VXsys..VZsys (km/s).  The initial state itself stays without it.
+/// @throws ArithmeticFailure for a speed beyond numbers; the bodies before it have got theirs
 void addSystemVelocity(ModelState& s);
 
 }  // namespace tarvex

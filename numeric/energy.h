@@ -20,7 +20,8 @@ struct Energy {
 
 /// Mass, centre of mass (row 14 with its velocity), distances from the Sun, energy and moment at Start.
 /// @param last  highest body that counts: 10 in the model, 9 in an imitator
-/// @throws ArithmeticFailure for a system without mass or a body at the place of the Sun
+/// @throws ArithmeticFailure for a system without mass, a body at the place of the Sun and values beyond
+/// numbers Source: the integrals of motion of point masses, energy and moment of momentum.
 void startEnergy(ModelState& s, const Motion& motion, Energy& energy, int last);
 
 /// Present centre of mass of the ticked bodies 0..last, and its velocity, into row 14.

@@ -86,8 +86,8 @@ void benchAddVelocity(ModelState& s, const GravityBench& b, double VX, double VY
 /// State of all bodies and their accelerations as the last right-hand side of a run left them for the bench.
 void benchRestore(ModelState& s, Motion& motion);
 
-/// Forces between the present positions; the iterations begin anew.
-/// Throws ArithmeticFailure for coinciding bodies and Vgr = 0.
+/// Forces between the present positions by Newton's law; the iterations begin anew.
+/// @throws ArithmeticFailure for coinciding bodies and Vgr = 0
 void benchPresent(const ModelState& s, const Motion& motion, GravityBench& b);
 
 /// One iteration: traces by the delays of the last one, forces, projections and the pressure.

@@ -21,7 +21,8 @@ struct Passage {
 /// Origin of the measurement by the ticked boxes, the last one wins: 15 the zero row, 0, 3, 14.
 int originRow(const RunBoxes& boxes);
 
-/// Elements at Start from ElemStart of IplSel, all baselines, and the first windows of dAlfa.
+/// Elements at Start from ElemStart of IplSel, all baselines, and the first windows: 45 degrees to both sides
+/// of the apses, dAlfa of the nodes.
 void startMeasurement(ModelState& s, RunState& run);
 
 // --- what a passage brings, in windows and exact alike; LonOld and LonPl enclose its longitude, Tsec is its
@@ -30,12 +31,14 @@ void startMeasurement(ModelState& s, RunState& run);
 /// LonPl of IplSel, the size of its latitude LatPl, rad, and Rcur, as seen from Icentr.
 /// @throws ArithmeticFailure for a body at the place of the origin or on its Z axis
 void look(ModelState& s);
-/// The longitude has wrapped: period since the last wrap.
+/// The longitude has wrapped: period since the last wrap, days.
 /// @param turns  turns counted by then; before the first one there is no period
 void takeWrap(RunState& run, std::int32_t turns, Passage& seen);
-/// A node has been crossed: AlfaU and its window.
+/// A node has been crossed: AlfaU, degrees, and its window.
 void takeNode(const ModelState& s, RunState& run, bool ascending, Passage& seen);
 /// The apse of kodPeri has been passed, its distance is in Rmin or Rmax: elements, baselines, windows.
+/// a = (Rmin + Rmax) / 2, e = 1 - Rmin / a; the perihelion by longitudeInOrbit().
+/// @throws ArithmeticFailure as longitudeInOrbit(), and for an orbit without size
 void takeApse(ModelState& s, RunState& run, Passage& seen);
 
 /// One pass: compares the new position of IplSel, seen from Icentr, with that of the step before, follows the

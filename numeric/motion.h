@@ -153,7 +153,8 @@ struct Motion {
 /// Right-hand side of the classical model: Newtonian pair forces with the exponent nR, retardation by kodDX
 /// and the pressure law kodPgr when kodVgr is 1.  With kodRelativity the post-Newtonian terms of DiffurOTO
 /// come on top, between present places: dU alone has them, the pair arrays are those of the forces.  Reads U,
-/// masses, ticks, codes, AX..AZ, the trace; writes dU, the pair arrays and the copies X..VZ of s.
+/// masses, ticks, codes, AX..AZ, the trace; writes dU, the pair arrays and the copies X..VZ of s; m, m/s, kg,
+/// s. Source: Newton's law of gravity; of the laws of pressure see numeric/laws.h.
 /// @throws ArithmeticFailure for Vgr = 0, two bodies at one place or with equal X and Y, a zero mass, an
 /// overflow;
 ///         nothing that is not a number stays behind

@@ -50,16 +50,16 @@ public:
 /// Prepares a check from rows IplSel, 0 and 14 of the state (positions and velocities, the system velocity
 /// already added) and the elements of row IplJ; kodPer, windows, extremes, energy.
 /// @param c  IplSel, IplJ, Icentr, Iobs, Dt, kDt, NC0, dAlfa, moonBench and exact are given
-/// Throws ArithmeticFailure when the bodies coincide.
+/// @throws ArithmeticFailure when the bodies coincide, and for kDt = 0
 void startOrbitCheck(ModelState& s, OrbitCheck& c);
 
-/// Right-hand side of the two bodies: Newton's law on U, into dU.
+/// Right-hand side of the two bodies: Newton's law on U, into dU, m/s and m/s^2; leaves Rcur of the state, m.
 /// The force takes the mass of the row in which the planet is shown, the acceleration that of the row of its
 /// data: for the Moon in row 10 they are two masses.
 void OrbitCheckDiffur(ModelState& s, OrbitCheck& c);
 
-/// NC0 steps with their measurement, then the energy.  A failure leaves the state of the last good step and
-/// passes to the caller.
+/// NC0 steps with their measurement, then the energy, J.
+/// @throws ArithmeticFailure for a step that is no number; the state is that of the last good step
 void runOrbitCheckBatch(ModelState& s, OrbitCheck& c, OrbitCheckPort& port);
 
 /// Row 14 of the state: centre of mass of the two bodies.

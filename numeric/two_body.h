@@ -61,14 +61,17 @@ public:
 
 /// Prepares a run from rows rowM1 and rowM2 (system velocity added) and the elements of rowM1.
 /// @param b  what acts, Dt, kDt, NC0, dAlfa, exact and origin are given
-/// Throws ArithmeticFailure when the bodies coincide or a divisor is zero.
+/// @throws ArithmeticFailure when the bodies coincide or a divisor is zero
 void startTwoBody(ModelState& s, TwoBody& b);
 
-/// Right-hand side on U into dU.
+/// Right-hand side on U into dU: Newton's law between the places where the pulls left (withVgr), the force Ft
+/// along the velocity, and the drag kSopr V^2; leaves Ft1 and Fik, N.
 void TwoBodyDiffur(ModelState& s, TwoBody& b);
 
-/// NC0 steps with their measurement, then the energy and the moment of momentum.  A failure leaves the state
-/// of the last good step and passes to the caller.
+/// NC0 steps with their measurement, then the energy, J, and the moment of momentum, kg m^2/s.
+/// @throws ArithmeticFailure for a Vgr of 0, a step that is no number, an m1 as fast as light; the state is
+/// that of
+///         the last good step
 void runTwoBodyBatch(ModelState& s, TwoBody& b, TwoBodyPort& port);
 
 /// Takes the baselines of the differences anew.

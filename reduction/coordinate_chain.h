@@ -44,8 +44,8 @@ inline double Refraction(double z) { return sky::refraction(z); }
 /// time. Source: Montenbruck, Pfleger, Astronomy on the Personal Computer (after Brown).
 void MoonInequalities(ModelState& s, double T);
 
-/// Adds the periodic terms with the amplitudes kLl to Lpl(11) and Bpl(11); the arguments come from the
-/// element rows of the Moon and of the Earth.
+/// Adds the periodic terms with the amplitudes kLl to Lpl(11) and Bpl(11), degrees; the arguments come from
+/// the element rows of the Moon and of the Earth.
 void MoonPerturbApply(ModelState& s);
 
 }  // namespace tarvex

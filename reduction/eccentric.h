@@ -29,6 +29,7 @@ struct Eccentric {
 /// Longitudes, distances and places of both models at the time T.
 /// Series to the second power of the eccentricities, counted from the aphelion, so that e1 cos M enters the
 /// radius with a plus.
+/// Never fails: series have a value for any eccentricity, though no sense from 1 on.
 /// Source: the expansions of the elliptic motion, and of the two circles, in powers of the eccentricity.
 void EccentricAt(Eccentric& p);
 

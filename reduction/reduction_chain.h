@@ -14,7 +14,9 @@ using StageLog = std::function<void(const char* label, double L, double B, doubl
 /// Called when rows 0, 3 and IplSel are heliocentric, ecliptic, of the date.
 using HeliocentricView = std::function<void()>;
 
-/// Place of body Ipl by the elements of the current experiment of the plan, at JDut0.
+/// Place, m, and velocity, m/s, of body Ipl by the elements of the current experiment of the plan, at JDut0;
+/// its row of elements is that of the plan then, the masses are those of Ser0.
+/// @throws ArithmeticFailure for an orbit that is none
 void PosByPlan(ModelState& s, const ReductionState& r, const PlanBlock& plan);
 
 /// One pass at s.JD (universal time): theory, visibility, the chain.  Elements, masses and the Earth-Moon
@@ -24,7 +26,8 @@ void PosByPlan(ModelState& s, const ReductionState& r, const PlanBlock& plan);
 void reduceTheory(ModelState& s, ReductionState& r, const PlanBlock& plan, const StageLog& log,
                   const HeliocentricView& view);
 
-/// dL, dB, dR of the theory in row IplSel against Ln, Bn.  Throws ArithmeticFailure.
+/// dL, dB, degrees, and dR, thousand km, of the theory in row IplSel against Ln, Bn.
+/// @throws ArithmeticFailure for differences beyond numbers
 void compareWithData(ModelState& s, ReductionState& r);
 
 }  // namespace tarvex

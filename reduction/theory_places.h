@@ -6,7 +6,8 @@
 
 namespace tarvex {
 
-// --- place and velocity of body Ipl by a theory at its own time; masses are the caller's
+// --- place, m, and velocity, m/s, of body Ipl by a theory at its own time; masses are the caller's.  They
+// leave JD at that time, and throw ArithmeticFailure as ElementsToState does.
 void PosByNew0(ModelState& s);      ///< at JDet, equinox of the date
 void PosByJPL0(ModelState& s);      ///< at JDet, J2000 (the Moon of the date)
 void PosBySer0(ModelState& s);      ///< at JDut0, J2000
@@ -14,7 +15,8 @@ void PosBySer0Plus(ModelState& s);  ///< at JDut0, J2000
 
 /// Adds to Lpl(b), degrees, the periodic terms of body b by its two perturbing bodies, from the element rows
 /// and the amplitudes kLp(1..2, b*10+1..b*10+8): PlanetPerturbColumns and PlanetPerturbFromColumns in turn.
-/// Throws SubscriptFailure for a body without a table (only 1..4 have one).
+/// @throws SubscriptFailure for a body without a table (only 1..4 have one) and a perturbing body that is
+/// none
 void PlanetPerturbApply(ModelState& s, int b);
 /// Copies the amplitudes of body b into the work columns 1..8.
 void PlanetPerturbColumns(ModelState& s, int b);

@@ -27,7 +27,7 @@ double pointCriterion(const PlanBlock& p, double y, CriterionForm form, bool rel
 /// Ymin and Ymax of Yu(1..Nplan), and Mcrit = (Ymax-Ymin)/10.
 void findExtremes(PlanBlock& p);
 
-/// The regression at the coded point u, also in Z(u).
+/// The regression at the coded point u, in the unit of the criterion, also in Z(u).
 double evaluatePoint(PlanBlock& p, int u);
 
 /// Yras(u) = the regression at every coded point.

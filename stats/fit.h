@@ -44,7 +44,8 @@ void formGroups(const SeriesData& d, const FitSettings& settings, int NCP, FitRe
 
 /// Weighted fit of the groups.  In Sigma the weight multiplies the residual before it is squared: a
 /// record of weight 2 counts there as twice as far off, not as two records.
-/// Throws ArithmeticFailure where the equations are singular.
+/// @throws ArithmeticFailure where the equations are singular
+/// Source: least squares by normal equations.
 void fitGroups(Equation equation, FitResult& fit);
 
 /// Unit of the shift of a parameter: caption, and scale of coefficient and Sigma; no scale for the weight.
@@ -54,7 +55,7 @@ struct ShiftUnit {
 };
 ShiftUnit shiftUnit(int Nparam);
 
-/// Shift per century at D centuries from the origin, in the parameter's own unit.
+/// Shift per century at D centuries from the origin, in the parameter's own unit: the derivative of the fit.
 double shiftAt(Equation equation, const FitResult& fit, double D);
 
 /// Results of all group sizes and the three criteria drawn from them.

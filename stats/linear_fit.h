@@ -18,6 +18,8 @@ struct LinearFit {
 
 /// Fits y by the columns of X.  Columns may be of very different size; a column is dependent on the others
 /// where its part of its own is below 1e-9.
+/// @throws ArithmeticFailure for points that are no numbers
+/// Source: the pseudoinverse by singular values; G. H. Golub, C. F. Van Loan, Matrix Computations.
 LinearFit linearFit(const Eigen::MatrixXd& X, const Eigen::VectorXd& y);
 
 }  // namespace tarvex

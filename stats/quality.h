@@ -14,7 +14,7 @@ struct FitQuality {
     std::optional<double> residualMeanSquare;  ///< none without degrees of freedom
     std::optional<double> R2;                  ///< none for a criterion that does not vary
 };
-/// Quality of the regression values Yras against the criterion Yu.
+/// Quality of the regression values Yras against the criterion Yu: R2 = 1 - residual / total sum of squares.
 FitQuality fitQuality(const PlanBlock& p);
 /// The same in one line for the form.
 std::string fitQualityText(const PlanBlock& p);

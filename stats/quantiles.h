@@ -3,6 +3,8 @@
 
 namespace tarvex {
 
+// Boost.Math computes them; it throws std::domain_error for arguments out of range.
+
 /// Quantile of Student's t.
 /// @param p        probability below it, 0..1 without the ends
 /// @param degrees  of freedom, above 0, not necessarily whole

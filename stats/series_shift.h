@@ -10,6 +10,8 @@ struct SeriesShift {
     double error = 0;  ///< one standard error, with the memory of the points; 0 where it is not known
 };
 
+/// The slope of the weighted line through all records of a series.
+/// @param param        1..6, see Param
 /// @param planetTerms  with the periodic terms that the planets force on the orbit of body d.Npl
 /// Throws ArithmeticFailure or SubscriptFailure for a series of too few records.
 SeriesShift seriesShift(const SeriesData& d, int param, bool planetTerms);

@@ -56,21 +56,29 @@ struct OrbitMotion {
 /// Iterates of Kepler's equation, the mean anomaly first.
 using KeplerIterates = std::array<double, 101>;
 
-// --- the steps from elements to a place and a velocity; each throws ArithmeticFailure where it has no number
+// --- the steps from elements to a place and a velocity; each throws ArithmeticFailure where it has no
+// number. Source: the textbook formulas of elliptic motion: Kepler's equation, r = a (1 - e^2) / (1 + e cos
+// v), and the turns by argument of latitude, inclination and node.
 
-/// Longitude reduced to a turn less the perihelion, with one turn added to a negative result and no more,
-/// rad.
+/// Mean anomaly, rad: the longitude reduced to a turn less the perihelion, with one turn added to a negative
+/// result and no more.
 double meanAnomaly(const Elements& e);
 /// Kepler's equation by at most 99 simple iterations to 1e-10 rad.
 /// @param M          mean anomaly, rad
-/// @param unmet      what is returned where the iterates do not meet
-/// @param iterates   filled as far as they go
+/// @param unmet      what is returned where the iterates do not meet, rad
+/// @param iterates   filled as far as they go, rad
+/// @return           rad
 double eccentricAnomaly(double M, double eccentricity, double unmet, KeplerIterates& iterates);
-/// @param E  eccentric anomaly, rad; throws for an eccentricity of 1 or above
+/// True anomaly, rad, by tan(v/2) = sqrt((1+e)/(1-e)) tan(E/2).
+/// @param E  eccentric anomaly, rad
+/// @throws ArithmeticFailure for an eccentricity of 1 or above
 double trueAnomaly(double E, double eccentricity);
 /// Length of the radius vector, m.
+/// @param anomaly  true anomaly, rad
+/// @throws ArithmeticFailure where an open orbit does not reach this anomaly
 double radiusOf(const Elements& e, double anomaly);
-/// Argument of latitude, rad.
+/// Argument of latitude, rad, not reduced.
+/// @param anomaly  true anomaly, rad
 double argumentOf(const Elements& e, double anomaly);
 
 /// Sines and cosines of the argument of latitude, the node and the inclination.
@@ -83,6 +91,7 @@ Orientation orientationOf(const Elements& e, double argument);
 /// @param radius  m
 Vec3 pointOf(const Orientation& o, double radius);
 /// A velocity across the radius in the plane of the orbit, m/s.
+/// @param transverse  its size, m/s
 Vec3 acrossOf(const Orientation& o, double transverse);
 
 /// Place by elements: all of these steps.
@@ -90,7 +99,8 @@ Vec3 acrossOf(const Orientation& o, double transverse);
 OrbitPlace positionOf(const Elements& e, double unmet = 0);
 /// Velocity at a place of the orbit.
 /// @param mu  gravitational constant times the mass that pulls, m^3/s^2
-/// Throws ArithmeticFailure for a zero orbit or radius and for the root of a negative number.
+/// @throws ArithmeticFailure for a zero orbit or radius and for the root of a negative number
+/// Source: the velocity of elliptic motion, sqrt(mu/p) (e sin v, 1 + e cos v) along the radius and across it.
 OrbitMotion velocityOf(const Elements& e, const OrbitPlace& place, double mu);
 
 /// Elements as the rows of the state hold them.
@@ -100,8 +110,9 @@ void setElements(ModelState& s, int row, const Elements& e);
 // --- the same on the shared rows
 
 /// Coordinates X, Y, Z of body Ipl, m, in the frame of its elements; leaves Mean, Anom, Rr, Uarg and Escr.
-/// Kepler's equation by at most 99 simple iterations; where they do not meet, Escr keeps its last value:
-/// meant. Throws ArithmeticFailure for an eccentricity of 1 or above and where a result is no number.
+/// Kepler's equation by at most 99 simple iterations; where they do not meet, at eccentricities near 1, Escr
+/// keeps its last value, so that the body goes on from where it was.
+/// @throws ArithmeticFailure for an eccentricity of 1 or above and where a result is no number
 void ElementsToXYZ(ModelState& s);
 
 /// Velocities VX, VY, VZ of body Ipl, m/s, from gamma and the masses; needs the values that ElementsToXYZ has

@@ -15,7 +15,8 @@ struct Direction {
 
 /// Longitude of a vector, degrees, 0..360: 90, or 270 for a negative y, where x is 0.
 double longitudeOf(const Vec3& d);
-/// Latitude, degrees, from z and the length in the plane.  Throws ArithmeticFailure where that length is 0.
+/// Latitude, degrees, from z and the length in the plane, both in one unit.  Throws ArithmeticFailure where
+/// that length is 0.
 double latitudeOf(double z, double inPlane);
 /// Direction and length of a vector.  Throws ArithmeticFailure for a vector along Z, and for one too long.
 Direction directionOf(const Vec3& d);
@@ -41,11 +42,12 @@ struct Sight {
 /// Throws ArithmeticFailure when both are on one line along Z (Rxycur = 0): the longitude is set by then.
 void PairGeometry(ModelState& s, int a, int b);
 
-/// X, Y, Z of a row from longitude L and latitude B, degrees, and distance R.
+/// X, Y, Z of a row, m, from longitude L and latitude B, degrees, and distance R, m.
 void SpherToXYZ(ModelState& s, int row, double L, double B, double R);
 
 /// Turns row Ipl about the line of nodes by angle a, rad, so that the longitude can be read in the orbit
-/// plane. Throws ArithmeticFailure at a right angle whose cosine is 0.
+/// plane: Y becomes the distance from the line of nodes in that plane, Z the height over it along Z.
+/// @throws ArithmeticFailure at a right angle whose cosine is 0
 void TiltYZ(ModelState& s, double a);
 
 }  // namespace tarvex

@@ -41,7 +41,7 @@ struct FoundPassages {
     const FoundPassage* end() const { return found.data() + count; }
 };
 
-/// The function whose zeros are the passages of a kind.
+/// The function whose zeros are the passages of a kind: Z, Y, r.v, or the rate of Z/R times R^3.
 double passingFunction(Passing what, const OrbitPoint& point);
 
 /// True when something may have been passed between the ends of a step.  A zero at its start counts, one at
@@ -50,6 +50,8 @@ bool maybePassed(const OrbitPoint& before, const OrbitPoint& after);
 
 /// Finds the passages between the ends of a step to the last bits of the share.
 /// @param track  motion inside the step, asked only where something has been passed
+/// @throws what the track does
+/// Source: G. E. Alefeld, F. A. Potra, Y. Shi, ACM Trans. Math. Softw. 21, 327 (1995), for the zeros.
 FoundPassages findPassages(const OrbitPoint& before, const OrbitPoint& after, Track& track);
 
 /// Latitude of a point, rad.
