@@ -112,8 +112,11 @@ std::vector<std::string> readScript(std::istream& in) {
     return lines;
 }
 
-std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
-    std::set<std::string> saved;
+namespace {
+
+/// Of scripts that a line plays only those count that stand there now; each is looked at once.
+void addSavedPictures(const std::vector<std::string>& lines, std::set<std::string>& saved,
+                      std::set<std::string>& scripts) {
     for (std::string_view rest : lines) {
         std::string_view word = takeWord(rest);
         if (word == "at") takeWord(rest), takeWord(rest), word = takeWord(rest);  // at yield N ...
@@ -125,7 +128,21 @@ std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
         }
         if (word == "Form6.Command7")
             saved.emplace("Form6");  // this command itself saves a picture of its form
+        if (word == "play" && scripts.emplace(trim(rest)).second) {
+            try {
+                addSavedPictures(readScript(std::filesystem::path(trim(rest))), saved, scripts);
+            } catch (const FileFailure&) {  // the line itself will tell
+            } catch (const LineFailure&) {
+            }
+        }
     }
+}
+
+}  // namespace
+
+std::set<std::string> savedPictures(const std::vector<std::string>& lines) {
+    std::set<std::string> saved, scripts;
+    addSavedPictures(lines, saved, scripts);
     return saved;
 }
 

@@ -29,7 +29,7 @@ std::vector<std::string> readScript(const std::filesystem::path& path);
 std::vector<std::string> readScript(std::istream& in);
 
 /// The pictures that can end in a file, "Form2.Picture1", "Form6" for all of a form or everyPicture: no other
-/// is worth drawing.
+/// is worth drawing.  Those of the scripts that it plays are among them.
 std::set<std::string> savedPictures(const std::vector<std::string>& lines);
 
 class Player {

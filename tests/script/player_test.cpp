@@ -375,8 +375,11 @@ TEST_F(PlayerTest, OnlyPicturesThatAScriptSavesAreDrawn) {
     EXPECT_EQ(test::readBytes(file).substr(0, 2), "BM");
     EXPECT_NE(bench().Picture1.canvas(), nullptr);
     EXPECT_EQ(bench().Picture2.canvas(), nullptr);
-    EXPECT_EQ(savedPictures({"at yield 3 save Form2.Picture1 a.png", "Form6.Command7", "print Form1.Text1"}),
-              (std::set<std::string>{"Form2.Picture1", "Form6"}));
+    const std::string within = (folder.path() / "a.tvx").string();
+    test::writeBytes(within, "save Form1.Picture1 b.png\nplay " + within + "\nplay nowhere.tvx\n");
+    EXPECT_EQ(savedPictures({"at yield 3 save Form2.Picture1 a.png", "Form6.Command7", "print Form1.Text1",
+                             "play " + within}),
+              (std::set<std::string>{"Form1.Picture1", "Form2.Picture1", "Form6"}));
 }
 
 }  // namespace tarvex
