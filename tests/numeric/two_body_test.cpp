@@ -35,7 +35,7 @@ TwoBody prepared(ModelState& s, double Dt, int origin = 0) {
     return b;
 }
 
-struct Watch final : TwoBodyPort {
+struct Followed final : TwoBodyPort {
     void periodMeasured() override { ++periods; }
     void periastronPassed() override { ++periastra; }
     int periods = 0, periastra = 0;
@@ -63,7 +63,7 @@ TEST(TwoBody, PlainOrbitShowsItsElements) {
         const double T = 2 * Pi * std::sqrt(a * a * a / s.gamma / (2.8 * solar));
         TwoBody b = prepared(s, T / 4000, c.origin);
         b.exact = c.exact;
-        Watch watch;
+        Followed watch;
         while (watch.periastra < 4) runTwoBodyBatch(s, b, watch);
         EXPECT_NEAR(b.Period / T, 1, c.parts);
         EXPECT_NEAR(b.Eks, e, c.parts);
@@ -86,7 +86,7 @@ TEST(TwoBody, DragShrinksTheOrbitAtTheAnalyticRate) {
     b.withVgr = true;
     b.source = TwoBody::Ft::Given;
     b.FtGiven = -1e-7 * s.gamma * s.m[11] * s.m[13] / a / a;
-    Watch watch;
+    Followed watch;
     const double before = semiMajorAxis(s, b);
     while (b.Tsec < 50 * T) runTwoBodyBatch(s, b, watch);
     const double rate = (semiMajorAxis(s, b) - before) / b.Tsec;
@@ -108,7 +108,7 @@ TEST(TwoBody, RetardationAndItsFormulaPushAlike) {
         b.byOtherSpeed = true;
         b.alsoOnM2 = true;
         b.Vgr = 100 * Vsv;
-        Watch watch;
+        Followed watch;
         const double start = b.MKD0sys;
         while (b.Tsec < 20 * T) runTwoBodyBatch(s, b, watch);
         gained.push_back((b.MKDsys - start) / start / b.Tsec);
@@ -120,7 +120,7 @@ TEST(TwoBody, RetardationAndItsFormulaPushAlike) {
 TEST(TwoBody, DelaysFollowTheSpeedAndTheMass) {
     ModelState s = binary(2e9, 0, 2);
     TwoBody b = prepared(s, 60);
-    Watch watch;
+    Followed watch;
     const double V1 = b.V1, d = b.distance;
     runTwoBodyBatch(s, b, watch);
     // the clock adds the step chosen for the next pass: one step of 500 may count otherwise
@@ -131,7 +131,7 @@ TEST(TwoBody, DelaysFollowTheSpeedAndTheMass) {
 TEST(TwoBody, FailuresKeepTheLastGoodState) {
     ModelState s = binary(2e9, 0.1, 1);
     TwoBody b = prepared(s, 60);
-    Watch watch;
+    Followed watch;
     const auto good = b.U;
     s.m[11] = 0;
     EXPECT_THROW(runTwoBodyBatch(s, b, watch), ArithmeticFailure);
