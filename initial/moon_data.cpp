@@ -48,7 +48,8 @@ void moonInitialData(ModelState& s, const MoonTransformations& t) {
         earth = 0;
         if (t.scaleMoonSpeed) moon /= byRatio + 1;
         if (t.earthSpeedByRatio) earth = -moon * byRatio;
-        if (t.earthSpeedByShare) earth = moon * byShare;  // a step for trying: this sign does not balance the pair
+        if (t.earthSpeedByShare)
+            earth = moon * byShare;  // a step for trying: this sign does not balance the pair
         if (t.shiftMoonSpeed) moon += earth;
     }
     setInitial(s, rowSun, {placeOf(s, rowEarthMoon), velocityOf(s, rowEarthMoon)});

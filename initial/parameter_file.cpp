@@ -23,7 +23,8 @@ std::string bodyLine(const ModelState& s, int i) {
     std::string line = Format(i, "00");
     for (const double v : {
              Fix(MK * s.AlfaL[i] * kUgol),
-             std::round(Fix(s.R0sr[i]) / 1000),  // cut in metres, rounded in kilometres, as files have it here and for Y
+             std::round(Fix(s.R0sr[i]) /
+                        1000),  // cut in metres, rounded in kilometres, as files have it here and for Y
              Fix(MK * s.W0sr[i] * sekG),
              Fix(MK * s.Eks0[i]),
              Fix(MK * s.Betta0[i] * kUgol),

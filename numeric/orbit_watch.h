@@ -26,9 +26,9 @@ struct OrbitWatch {
     std::int32_t NZamer = 0;      ///< number of the measure; counts perihelia
 
     // --- the search
-    double dAlfa = 1;           ///< half width of the windows
-    std::int16_t kodApsis = codeOf(ApseSearch::Found);  ///< see ApseSearch
-    std::int16_t kodPeri = 0;   ///< 1 perihelion window, 0 aphelion window
+    double dAlfa = 1;                                         ///< half width of the windows
+    std::int16_t kodApsis = codeOf(ApseSearch::Found);        ///< see ApseSearch
+    std::int16_t kodPeri = 0;                                 ///< 1 perihelion window, 0 aphelion window
     double PeriHi = 0, PeriLo = 0, AfelHi = 0, AfelLo = 0;    ///< windows of perihelion and aphelion
     double UzelHi = 0, UzelLo = 0, Uzel2Hi = 0, Uzel2Lo = 0;  ///< of the ascending and the descending node
 };
