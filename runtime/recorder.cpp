@@ -22,6 +22,11 @@ void Recorder::start() {
     on_ = true;
 }
 
+std::vector<std::string> Recorder::soFar() {
+    addTurn();
+    return lines_;
+}
+
 std::vector<std::string> Recorder::stop() {
     addTurn();
     on_ = false;

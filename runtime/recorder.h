@@ -23,6 +23,8 @@ public:
     bool on() const { return on_; }
     /// Not in the middle of a calculation.
     void start();
+    /// What is recorded now; the record goes on.
+    std::vector<std::string> soFar();
     /// Ends the record.
     std::vector<std::string> stop();
 

@@ -314,13 +314,17 @@ void Studio::record(Form& form) {
         recorder.start();
         return tell(form, "Идет запись сценария; Ctrl+R кончает ее");
     }
-    const auto save = [this, &form, lines = recorder.stop()](const QString& file) {
+    // what is not written goes on being recorded
+    const auto save = [this, &form, &recorder, lines = recorder.soFar()](const QString& file) {
         const bool done = write(file, false, lines);
-        if (done) rememberSession(file);
+        if (done) {
+            rememberSession(file);
+            recorder.stop();
+        }
         tell(form, (done ? "Сценарий сохранен: " : "Не удалось записать ") + file);
     };
     askWhereToSave(form, "Сохранить сценарий", "Сценарий.tvx", scripts, save,
-                   [this, &form] { tell(form, "Запись сценария отброшена"); });
+                   [this, &form] { tell(form, "Запись сценария идет дальше; Ctrl+R кончает ее"); });
 }
 
 std::vector<const Form*> Studio::shownForms() {

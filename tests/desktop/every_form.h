@@ -52,7 +52,8 @@ inline std::string textOf(const Control& control) {
 
 /// The time of day is not what a form and its twin share.
 inline std::string withoutClock(const std::string& text) {
-    return std::regex_replace(text, std::regex("\\d\\d:\\d\\d:\\d\\d"), "clock");
+    static const std::regex time("\\d\\d:\\d\\d:\\d\\d");
+    return std::regex_replace(text, time, "clock");
 }
 
 /// One form in its window, and the same form on a screen that only records, as the player has it.
