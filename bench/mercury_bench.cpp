@@ -2,13 +2,11 @@
 // worst apse against an independent solution.  The ways take turns; the time is the median of their rounds.
 // The windows, minutes long, go once.
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 
+#include "bench/timing.h"
 #include "tests/support/reference_orbit.h"
 #include "tests/support/test_run.h"
 
@@ -63,13 +61,6 @@ struct Result {
     std::vector<Apse> apses;
 };
 
-/// Processor time of this thread, so that other work on the machine does not count.
-double seconds() {
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
 void prepare(test::TestRun& t, const Way& way, int years) {
     t.settings.body = way.body;
     t.settings.step = way.step;
@@ -85,9 +76,8 @@ void go(const Way& way, int years, Result& result) {
     test::TestRun t;
     prepare(t, way, years);
     Apses port(t);
-    const double begun = seconds();
-    RunLoop(t.experiment(), port);
-    result.seconds.push_back(seconds() - begun);
+    const Experiment e = t.experiment();
+    result.seconds.push_back(bench::timed(1, [&] { RunLoop(e, port); }) / 1e9);
     result.steps = static_cast<double>(port.displays * t.s.NC0 + t.s.NC);
     result.apses = port.all;
 }
@@ -134,21 +124,13 @@ Drift compare(const std::vector<Apse>& measured, const std::vector<test::Referen
     return drift;
 }
 
-double median(std::vector<double> v) {
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
-}
+}  // namespace
 
-/// @param state  ranges: years, rounds
-void passages(benchmark::State& state) {
-    const int years = static_cast<int>(state.range(0));
-    const auto rounds = state.range(1);
+void bench::printPassages(int years, int rounds) {
     Result results[wayCount];
-    for (auto _ : state)
-        for (auto round = rounds; round > 0; --round)
-            for (std::size_t k = 0; k < wayCount; ++k)
-                if (ways[k].measuring != Measuring::Windows || round == rounds)
-                    go(ways[k], years, results[k]);
+    for (int round = rounds; round > 0; --round)
+        for (std::size_t k = 0; k < wayCount; ++k)
+            if (ways[k].measuring != Measuring::Windows || round == rounds) go(ways[k], years, results[k]);
     std::printf("%-28s %9s %10s %14s %13s %12s\n", "way", "s", "steps", "drift \"/cent.", "- reference",
                 "worst apse \"");
     std::vector<test::ReferenceApse> expected;
@@ -160,7 +142,5 @@ void passages(benchmark::State& state) {
                     results[k].steps, drift.perCentury, drift.perCentury - drift.ofReference, drift.worst);
     }
 }
-BENCHMARK(passages)->ArgNames({"years", "rounds"})->Args({200, 3})->Unit(benchmark::kSecond)->Iterations(1);
 
-}  // namespace
 }  // namespace tarvex

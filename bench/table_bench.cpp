@@ -1,30 +1,32 @@
-// One table: each right-hand side and each whole step against the literal equations, and a plan of nine
-// retarded experiments.  The program and the literal equations take turns; every figure is the median of its
-// rounds in processor time of this thread, so that other work on the machine does not count.  `passages`
-// prints the planets in the same way, `fullChain` and `tableDates` the reduction.
+// One table: each right-hand side and each whole step against the literal equations, plans of retarded
+// experiments one after another and abreast, the reduction, and the planets by each way of measuring.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 
+#include "bench/timing.h"
 #include "experiment/lane_runs.h"
 #include "tests/support/equations_oracle.h"
 #include "tests/support/test_run.h"
 
 namespace tarvex {
+
+using bench::median;
+using bench::timed;
+
 namespace {
 
-struct Row {
+struct LawRow {
     const char* name;
     bool relativistic;
     std::int16_t kodVgr, kodDX, kodPgr;
     double k1, k2, Vgr;  ///< Vgr in speeds of light
 };
 
-constexpr Row rows[] = {
+constexpr LawRow rows[] = {
     {"Newton", false, 0, 0, 0, 0, 0, 1},
     {"OTO", true, 0, 0, 0, 0, 0, 1},
     {"DX1", false, 1, 1, 0, 0, 0, 200},
@@ -35,24 +37,6 @@ constexpr Row rows[] = {
 
 constexpr int passes = 1000, literalSteps = 50;
 
-double nanoseconds() {
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return 1e9 * static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec);
-}
-
-template <class Work>
-double timed(int times, Work work) {
-    const double begun = nanoseconds();
-    for (int n = 0; n < times; ++n) work();
-    return (nanoseconds() - begun) / times;
-}
-
-double median(std::vector<double> v) {
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
-}
-
 struct OneBatch : RunPort {
     bool giveWay() override { return false; }
 };
@@ -61,10 +45,10 @@ struct OneBatch : RunPort {
 struct Twin {
     test::TestRun t;
     literal::Equations plain;
-    const Row& row;
+    const LawRow& row;
     StepSeat* seat;
 
-    explicit Twin(const Row& law, StepSeat* ofLanes = nullptr) : row(law), seat(ofLanes) {
+    explicit Twin(const LawRow& law, StepSeat* ofLanes = nullptr) : row(law), seat(ofLanes) {
         t.motion.kodDX = law.kodDX;
         t.motion.kodPgr = law.kodPgr;
         t.motion.kPgr1 = law.k1;
@@ -106,7 +90,7 @@ struct Twin {
     }
 };
 
-void printRow(const Row& row, int rounds) {
+void printRow(const LawRow& row, int rounds) {
     Twin twin(row);
     std::vector<double> side, literalSide, step, literalStep;
     twin.steps();
@@ -126,11 +110,11 @@ void printRow(const Row& row, int rounds) {
 
 /// Experiments of a year by one law with different speeds of gravity, on this core.
 struct Plan {
-    const Row& row;
+    const LawRow& row;
     int experiments;
 
     void one(int number, StepSeat* seat) const {
-        Row law = row;
+        LawRow law = row;
         law.Vgr = 180 + 10 * number;
         Twin twin(law, seat);
         for (int batch = 0; batch < 9; ++batch) twin.steps();
@@ -145,7 +129,7 @@ struct Plan {
     }
 };
 
-void printPlan(const Row& row, int experiments, int rounds) {
+void printPlan(const LawRow& row, int experiments, int rounds) {
     const Plan plan{row, experiments};
     std::vector<double> single, lanes;
     for (int round = 0; round < rounds; ++round) {
@@ -158,18 +142,53 @@ void printPlan(const Row& row, int experiments, int rounds) {
                 median(single) / median(lanes));
 }
 
-/// @param state  range: rounds
+}  // namespace
+
+namespace bench {
+
+double nanoseconds() {
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return 1e9 * static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec);
+}
+
+double median(std::vector<double> v) {
+    std::sort(v.begin(), v.end());
+    return v[v.size() / 2];
+}
+
+void printLaws(int rounds) {
+    std::printf("%-32s %8s %8s %7s %9s %9s %7s\n", "law", "side ns", "literal", "ratio", "step us", "literal",
+                "ratio");
+    for (const LawRow& row : rows) printRow(row, rounds);
+}
+
+void printPlans(int rounds) {
+    for (const int experiments : {4, 8, 9, 24})
+        for (const int law : {3, 4}) printPlan(rows[law], experiments, rounds);
+}
+
+}  // namespace bench
+
+namespace {
+
+/// @param state  ranges: rounds, years of the planets (the windows of 200 take seven minutes; 0: without
+/// them)
 void table(benchmark::State& state) {
-    const int rounds = static_cast<int>(state.range(0));
+    const int rounds = static_cast<int>(state.range(0)), years = static_cast<int>(state.range(1));
     for (auto _ : state) {
-        std::printf("%-32s %8s %8s %7s %9s %9s %7s\n", "law", "side ns", "literal", "ratio", "step us",
-                    "literal", "ratio");
-        for (const Row& row : rows) printRow(row, rounds);
-        for (const int experiments : {4, 8, 9, 24})
-            for (const int law : {3, 4}) printPlan(rows[law], experiments, std::max(5, rounds / 8));
+        bench::printLaws(rounds);
+        bench::printPlans(std::max(5, rounds / 8));
+        bench::printReduction(std::max(5, rounds / 8));
+        if (years > 0) bench::printPassages(years, 3);
     }
 }
-BENCHMARK(table)->ArgName("rounds")->Arg(41)->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK(table)
+    ->ArgNames({"rounds", "years"})
+    ->Args({41, 0})
+    ->Args({41, 200})
+    ->Unit(benchmark::kSecond)
+    ->Iterations(1);
 
 }  // namespace
 }  // namespace tarvex
